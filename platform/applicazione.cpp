@@ -1,0 +1,54 @@
+#include "platform/applicazione.h"
+
+#include "platform/aspetto.h"
+#include "platform/errore_esecuzione.h"
+#include "platform/stampante_qt.h"
+
+#include <QMessageBox>
+
+#include <cstdio>
+#include <cstdlib>
+
+Applicazione::Applicazione(int &argc, char **argv) : QApplication(argc, argv)
+{
+    setApplicationName(QStringLiteral("lumira"));
+    setQuitOnLastWindowClosed(false); // the forms say when the program has ended, not the windows
+    Aspetto_Applica(*this);
+    static SistemaStampaQt stampanti;
+    Stampa_Imposta(&stampanti);
+}
+
+bool Applicazione::notify(QObject *ricevente, QEvent *evento)
+{
+    try {
+        return QApplication::notify(ricevente, evento);
+    } catch (const ErroreEsecuzione &errore) {
+        // Timers beat on while the error box shows: what fails then adds nothing to what is told already.
+        static bool mostrato = false;
+        if (mostrato)
+            return false;
+        mostrato = true;
+        Errore_Fatale(errore);
+    }
+}
+
+void Programma_Termina(int stato)
+{
+    std::fflush(nullptr);
+    std::_Exit(stato);
+}
+
+void Errore_Fatale(const ErroreEsecuzione &errore)
+{
+    std::fprintf(stderr, "lumira: run-time error %s\n", errore.what());
+    std::fflush(stderr);
+    const QString testo = QStringLiteral("Run-time error '%1':\n\n%2");
+    Messaggio_Sistema(QStringLiteral("lumira"), testo.arg(errore.Numero()).arg(errore.Descrizione()));
+    Programma_Termina(1);
+}
+
+void Messaggio_Sistema(const QString &titolo, const QString &testo)
+{
+    QMessageBox box(QMessageBox::Warning, titolo, testo, QMessageBox::Ok);
+    box.exec();
+}

@@ -1,0 +1,31 @@
+// Folder listings, in the shape of the system's two: the directory query by path and attribute mask, and
+// the find records. Both come in the order of an NTFS volume: by name, without regard to case.
+#pragma once
+
+#include <QList>
+#include <QStringList>
+
+/// Attribute bits, as the file system keeps them.
+inline constexpr quint32 ATTRIBUTO_NASCOSTO = 2;
+inline constexpr quint32 ATTRIBUTO_CARTELLA = 16;
+
+/// What a find record holds of one entry. Times are counts of 100 ns since 1601.
+struct RecordTrovato
+{
+    QString cFileName;
+    quint32 dwFileAttributes = 0;
+    quint64 ftCreationTime = 0;
+    quint64 ftLastAccessTime = 0;
+    quint64 ftLastWriteTime = 0;
+};
+
+/// The find calls: every entry that matches, "." and ".." and hidden ones included.
+/// @param percorso folder and mask, e.g. "C:\MCTC\DIR_FAR\*.acc".
+/// @param[out] trovati the records. @return false when nothing matches or the folder cannot be listed.
+bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati);
+
+/// The directory query: names that match a path and an attribute mask. Mask 0 gives plain files, mask 16
+/// adds folders ("." and ".." among them); hidden entries stay out. A path that ends in a backslash lists
+/// the folder; a missing folder lists nothing.
+/// @throws ErroreEsecuzione 52 when the path is bad or its place cannot be reached.
+QStringList Cartella_Elenca(const QString &percorso, qint16 attributo);

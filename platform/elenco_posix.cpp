@@ -1,0 +1,128 @@
+// Listings on the POSIX directory calls.
+#include "platform/elenco.h"
+
+#include "platform/errore_esecuzione.h"
+#include "platform/percorsi.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <cerrno>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <sys/stat.h>
+
+namespace {
+
+/// 100 ns between 1601-01-01 and 1970-01-01.
+constexpr qint64 DAL_1601_AL_1970 = 116444736000000000;
+
+struct Richiesta
+{
+    QString cartella; // native, with a slash at its end, or empty
+    QString maschera;
+};
+
+Richiesta Richiesta_Di(const QString &percorso)
+{
+    const qsizetype barra = percorso.lastIndexOf(u'\\');
+    Richiesta richiesta;
+    richiesta.maschera = percorso.mid(barra + 1);
+    if (barra >= 0)
+        richiesta.cartella = Percorso_Nativo(percorso.left(barra + 1));
+    return richiesta;
+}
+
+/// A mask of the system: "*" and "?" without regard to case. "*.*" takes names without a point too. A mask
+/// with a three-letter extension also takes longer extensions that begin with it, as a volume does that
+/// keeps short names beside the long.
+QRegularExpression Espressione_Di(const QString &maschera)
+{
+    QString forma = QRegularExpression::escape(maschera == u"*.*" ? QStringLiteral("*") : maschera);
+    forma.replace(QStringLiteral("\\*"), QStringLiteral(".*"))
+        .replace(QStringLiteral("\\?"), QStringLiteral("."));
+    static const QRegularExpression TRE_LETTERE(QStringLiteral("\\*\\.[^.*?]{3}$"));
+    if (TRE_LETTERE.match(maschera).hasMatch())
+        forma += QStringLiteral("[^.]*");
+    return QRegularExpression(QRegularExpression::anchoredPattern(forma),
+                              QRegularExpression::CaseInsensitiveOption |
+                                  QRegularExpression::DotMatchesEverythingOption);
+}
+
+quint64 Tempo_1601(const timespec &tempo)
+{
+    return static_cast<quint64>(DAL_1601_AL_1970 + static_cast<qint64>(tempo.tv_sec) * 10000000 +
+                                tempo.tv_nsec / 100);
+}
+
+bool Prima_Su_Ntfs(const RecordTrovato &a, const RecordTrovato &b)
+{
+    const auto alto = [](QChar c) { return c.toUpper(); };
+    const auto minore = [&](QChar x, QChar y) { return alto(x) < alto(y); };
+    return std::lexicographical_compare(a.cFileName.cbegin(), a.cFileName.cend(), b.cFileName.cbegin(),
+                                        b.cFileName.cend(), minore);
+}
+
+RecordTrovato Record_Di(const QString &nome, const struct stat &stato)
+{
+    RecordTrovato trovato;
+    trovato.cFileName = nome;
+    if (S_ISDIR(stato.st_mode))
+        trovato.dwFileAttributes |= ATTRIBUTO_CARTELLA;
+    if (nome.startsWith(u'.') && nome != u"." && nome != u"..")
+        trovato.dwFileAttributes |= ATTRIBUTO_NASCOSTO;
+    trovato.ftCreationTime = Tempo_1601(stato.st_ctim);
+    trovato.ftLastAccessTime = Tempo_1601(stato.st_atim);
+    trovato.ftLastWriteTime = Tempo_1601(stato.st_mtim);
+    return trovato;
+}
+
+/// Lists a folder. @return 0, or the number of the system's error.
+int Elenca(const QString &cartella, const QRegularExpression &espressione, QList<RecordTrovato> &trovati)
+{
+    const QByteArray nome = QFile::encodeName(cartella.isEmpty() ? QStringLiteral(".") : cartella);
+    if (nome.contains('\0'))
+        return EINVAL;
+    const std::unique_ptr<DIR, int (*)(DIR *)> aperta(::opendir(nome.constData()), &::closedir);
+    if (!aperta)
+        return errno;
+    while (const dirent *voce = ::readdir(aperta.get())) {
+        const QString trovato = QFile::decodeName(voce->d_name);
+        struct stat stato;
+        if (espressione.match(trovato).hasMatch() &&
+            ::fstatat(::dirfd(aperta.get()), voce->d_name, &stato, 0) == 0)
+            trovati.append(Record_Di(trovato, stato));
+    }
+    std::sort(trovati.begin(), trovati.end(), Prima_Su_Ntfs);
+    return 0;
+}
+
+} // namespace
+
+bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati)
+{
+    trovati.clear();
+    const Richiesta richiesta = Richiesta_Di(percorso);
+    return Elenca(richiesta.cartella, Espressione_Di(richiesta.maschera), trovati) == 0 && !trovati.isEmpty();
+}
+
+QStringList Cartella_Elenca(const QString &percorso, qint16 attributo)
+{
+    const Richiesta richiesta = Richiesta_Di(percorso);
+    const QString maschera = richiesta.maschera.isEmpty() ? QStringLiteral("*") : richiesta.maschera;
+    QList<RecordTrovato> trovati;
+    const int errore = Elenca(richiesta.cartella, Espressione_Di(maschera), trovati);
+    if (errore != 0 && errore != ENOENT && errore != ENOTDIR)
+        Solleva(NumeroErrore::NomeFileErrato);
+
+    const quint32 fuori =
+        ATTRIBUTO_NASCOSTO | (static_cast<quint32>(attributo) & ATTRIBUTO_CARTELLA ? 0 : ATTRIBUTO_CARTELLA);
+    QStringList nomi;
+    for (const RecordTrovato &trovato : trovati) {
+        if ((trovato.dwFileAttributes & fuori) == 0)
+            nomi.append(trovato.cFileName);
+    }
+    return nomi;
+}

@@ -1,0 +1,73 @@
+// Listings by the find calls of Windows. The order is the volume's: an NTFS volume keeps its names sorted.
+#include "platform/elenco.h"
+
+#include "platform/errore_esecuzione.h"
+
+#include <qt_windows.h>
+
+namespace {
+
+quint64 Tempo_1601(const FILETIME &tempo)
+{
+    return quint64{tempo.dwHighDateTime} << 32 | tempo.dwLowDateTime;
+}
+
+RecordTrovato Record_Di(const WIN32_FIND_DATAW &dati)
+{
+    RecordTrovato trovato;
+    trovato.cFileName = QString::fromWCharArray(dati.cFileName);
+    trovato.dwFileAttributes = dati.dwFileAttributes;
+    trovato.ftCreationTime = Tempo_1601(dati.ftCreationTime);
+    trovato.ftLastAccessTime = Tempo_1601(dati.ftLastAccessTime);
+    trovato.ftLastWriteTime = Tempo_1601(dati.ftLastWriteTime);
+    return trovato;
+}
+
+/// Lists what matches. @return 0, or the number of the system's error.
+DWORD Elenca(const QString &percorso, QList<RecordTrovato> &trovati)
+{
+    // To the call a path would end at a NUL, and one past the longest would just not be there.
+    if (percorso.contains(QChar(0)) || percorso.size() >= MAX_PATH)
+        return ERROR_INVALID_NAME;
+    WIN32_FIND_DATAW dati;
+    const HANDLE ricerca = FindFirstFileW(reinterpret_cast<const wchar_t *>(percorso.utf16()), &dati);
+    if (ricerca == INVALID_HANDLE_VALUE)
+        return GetLastError();
+    do
+        trovati.append(Record_Di(dati));
+    while (FindNextFileW(ricerca, &dati) != FALSE);
+    FindClose(ricerca);
+    return 0;
+}
+
+/// Nothing matches, or the folder is missing, or a file stands in its place.
+bool Non_Trovato(DWORD errore)
+{
+    return errore == ERROR_FILE_NOT_FOUND || errore == ERROR_PATH_NOT_FOUND || errore == ERROR_DIRECTORY;
+}
+
+} // namespace
+
+bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati)
+{
+    trovati.clear();
+    return Elenca(percorso, trovati) == 0;
+}
+
+QStringList Cartella_Elenca(const QString &percorso, qint16 attributo)
+{
+    const bool cartella = percorso.isEmpty() || percorso.endsWith(u'\\');
+    QList<RecordTrovato> trovati;
+    const DWORD errore = Elenca(cartella ? percorso + u'*' : percorso, trovati);
+    if (errore != 0 && !Non_Trovato(errore))
+        Solleva(NumeroErrore::NomeFileErrato);
+
+    const quint32 fuori =
+        ATTRIBUTO_NASCOSTO | (static_cast<quint32>(attributo) & ATTRIBUTO_CARTELLA ? 0 : ATTRIBUTO_CARTELLA);
+    QStringList nomi;
+    for (const RecordTrovato &trovato : trovati) {
+        if ((trovato.dwFileAttributes & fuori) == 0)
+            nomi.append(trovato.cFileName);
+    }
+    return nomi;
+}

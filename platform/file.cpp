@@ -1,0 +1,54 @@
+#include "platform/file.h"
+
+#include "platform/codifica.h"
+#include "platform/errore_esecuzione.h"
+#include "platform/percorsi.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+void File_ScriviRighe(const QString &percorso, const QStringList &righe)
+{
+    QByteArray byte;
+    for (const QString &riga : righe)
+        byte += Testo_InAnsi(riga) + "\r\n";
+
+    QFile file(Percorso_Nativo(percorso));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        Solleva(QFileInfo(file).dir().exists() ? NumeroErrore::PermessoNegato
+                                               : NumeroErrore::PercorsoNonTrovato);
+    }
+    if (file.write(byte) != byte.size() || !file.flush())
+        Solleva(NumeroErrore::DiscoPieno);
+}
+
+void File_Elimina(const QString &percorso)
+{
+    QFile file(Percorso_Nativo(percorso));
+    if (!file.exists())
+        Solleva(NumeroErrore::FileNonTrovato);
+    if (!file.remove())
+        Solleva(NumeroErrore::PermessoNegato);
+}
+
+FileRighe::FileRighe(const QString &percorso)
+{
+    QFile file(Percorso_Nativo(percorso));
+    if (!file.exists())
+        Solleva(NumeroErrore::FileNonTrovato);
+    if (!file.open(QIODevice::ReadOnly))
+        Solleva(NumeroErrore::PermessoNegato);
+    m_testo = Testo_DaAnsi(file.readAll());
+}
+
+QString FileRighe::Leggi()
+{
+    const qsizetype inizio = m_posto;
+    while (!Fine() && m_testo[m_posto] != u'\r' && m_testo[m_posto] != u'\n')
+        ++m_posto;
+    const QString riga = m_testo.mid(inizio, m_posto - inizio);
+    if (!Fine())
+        m_posto += m_testo.mid(m_posto, 2) == u"\r\n" ? 2 : 1;
+    return riga;
+}

@@ -1,0 +1,28 @@
+// Plain file operations on the program's own paths, with the classic errors.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// Writes a text file anew under its final name: each line ended by CR LF, in the workstation's code page.
+/// @throws ErroreEsecuzione 76 when the folder does not exist, 70 when the file may not be written, 61 when
+/// the disk is full.
+void File_ScriviRighe(const QString &percorso, const QStringList &righe);
+
+/// Deletes a file. @throws ErroreEsecuzione 53 when there is none, 70 when it may not be deleted.
+void File_Elimina(const QString &percorso);
+
+/// A text file open for reading line by line: a line ends at CR, LF or CR LF, the last one also without.
+class FileRighe
+{
+public:
+    /// @throws ErroreEsecuzione 53 when there is no such file, 70 when it cannot be read.
+    explicit FileRighe(const QString &percorso);
+    bool Fine() const { return m_posto >= m_testo.size(); }
+    /// @return the next line, without its end.
+    QString Leggi();
+
+private:
+    QString m_testo;
+    qsizetype m_posto = 0;
+};

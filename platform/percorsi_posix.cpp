@@ -1,0 +1,48 @@
+#include "platform/percorsi.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+/// The entry of a folder that has this name, whatever its case; the name itself when there is none.
+QString Nome_SenzaCaso(const QString &cartella, const QString &nome)
+{
+    const QStringList voci = QDir(cartella.isEmpty() ? QStringLiteral(".") : cartella)
+                                 .entryList(QDir::AllEntries | QDir::Hidden | QDir::System, QDir::Unsorted);
+    for (const QString &voce : voci) {
+        if (voce.compare(nome, Qt::CaseInsensitive) == 0)
+            return voce;
+    }
+    return nome;
+}
+
+} // namespace
+
+QString Percorso_Nativo(const QString &percorso)
+{
+    QString nativo = percorso;
+    nativo.replace(u'\\', u'/');
+    if (nativo.isEmpty() || QFileInfo::exists(nativo))
+        return nativo;
+
+    QString fatto;
+    qsizetype inizio = 0;
+    while (inizio < nativo.size()) {
+        const qsizetype barra = nativo.indexOf(u'/', inizio);
+        const qsizetype fine = barra < 0 ? nativo.size() : barra;
+        const QString parte = nativo.mid(inizio, fine - inizio);
+        if (!parte.isEmpty())
+            fatto += QFileInfo::exists(fatto + parte) ? parte : Nome_SenzaCaso(fatto, parte);
+        if (barra >= 0)
+            fatto += u'/';
+        inizio = fine + 1;
+    }
+    return fatto;
+}
+
+QString Cartella_Programma()
+{
+    return QCoreApplication::applicationDirPath().replace(u'/', u'\\');
+}

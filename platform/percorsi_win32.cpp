@@ -1,0 +1,18 @@
+#include "platform/percorsi.h"
+
+#include <QCoreApplication>
+
+QString Percorso_Nativo(const QString &percorso)
+{
+    // The file system finds names in any case by itself. The toolkit's file classes cut paths at slashes.
+    return QString(percorso).replace(u'\\', u'/');
+}
+
+QString Cartella_Programma()
+{
+    QString cartella = QCoreApplication::applicationDirPath().replace(u'/', u'\\');
+    // A drive's own root is the one folder that comes with its backslash.
+    if (cartella.endsWith(u'\\'))
+        cartella.chop(1);
+    return cartella;
+}

@@ -1,0 +1,81 @@
+#include "platform/schermo.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QScreen>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double TWIP_PIXEL = 15.0;
+constexpr double TWIP_PUNTO = 20.0;
+constexpr double POSIZIONE_MASSIMA = 32767.0;
+constexpr double GRIGLIA_X = 15360.0;
+constexpr double GRIGLIA_Y = 11520.0;
+constexpr double PUNTI_DISEGNO = 10.0;
+
+QSize Pixel_Schermo()
+{
+    return QGuiApplication::primaryScreen()->geometry().size();
+}
+
+double Unita()
+{
+    return Twip_PerPixel(Pixel_Schermo());
+}
+
+} // namespace
+
+double Twip_PerPixel(QSize pixel)
+{
+    const int lato = std::max(pixel.width(), pixel.height());
+    return TWIP_PIXEL / std::max(1.0, std::ceil(lato * TWIP_PIXEL / POSIZIONE_MASSIMA));
+}
+
+qint32 Schermo_Larghezza()
+{
+    return Twip_DaPixel(Pixel_Schermo().width());
+}
+qint32 Schermo_Altezza()
+{
+    return Twip_DaPixel(Pixel_Schermo().height());
+}
+
+int Pixel_DaTwip(qint32 twip)
+{
+    return static_cast<int>(std::lround(twip / Unita()));
+}
+qint32 Twip_DaPixel(int pixel)
+{
+    return static_cast<qint32>(std::lround(pixel * Unita()));
+}
+double Pixel_DaPunti(double punti)
+{
+    return punti * TWIP_PUNTO / Unita();
+}
+
+double Punti_Normali()
+{
+    return PUNTI_DISEGNO * std::min(Schermo_Larghezza() / GRIGLIA_X, Schermo_Altezza() / GRIGLIA_Y);
+}
+
+void Schermo_Puntatore(PuntatoreSchermo puntatore)
+{
+    const bool clessidra = QApplication::overrideCursor() != nullptr;
+    if (puntatore == PuntatoreClessidra && !clessidra)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else if (puntatore == PuntatoreNormale && clessidra)
+        QApplication::restoreOverrideCursor();
+}
+
+void Eventi_Esegui()
+{
+    QCoreApplication::processEvents();
+}
+
+void Segnale_Acustico()
+{
+    QApplication::beep();
+}
