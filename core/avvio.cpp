@@ -1,0 +1,64 @@
+#include "core/avvio.h"
+
+#include "core/modGeneral.h"
+#include "core/modStr.h"
+
+namespace {
+
+struct FlagIni
+{
+    const char16_t *chiave;
+    Flag *flag;
+};
+
+/// The flags of section MCTC, in the order of their reading.
+constexpr FlagIni FLAG_MCTC[] = {
+    {u"IniFile",         &gIniFile        },
+    {u"Esce",            &gEsce           },
+    {u"ControlloVisivo", &gControlloVisivo},
+    {u"AllarmeAcustico", &gAllarmeAcustico},
+    {u"Alimentazione",   &gAlimentazione  },
+    {u"AltezzaFaroAuto", &gAltezzaFaroAuto},
+    {u"Modalita",        &gModalita       },
+};
+
+/// Only the exact text "1" counts.
+Flag Flag_Ini(const QString &sezione, const QString &chiave)
+{
+    return Flag_Da(Valore_Ini(gFileIni, sezione, chiave) == u"1");
+}
+
+} // namespace
+
+void Avvio_Percorsi(const QString &cartella)
+{
+    gAppPath = cartella + u'\\';
+    gFileIni = gAppPath + QStringLiteral("lumira.ini");
+    gDirImmagini = gAppPath + QStringLiteral("dati\\");
+    gDirModelli = gAppPath + QStringLiteral("dati\\");
+    gFileLingue = gAppPath + QStringLiteral("lingue.ini");
+    gFileLingueMctc = gAppPath + QStringLiteral("lingueMCTC.ini");
+}
+
+void Avvio_Impostazioni()
+{
+    if (Flag_Ini(QStringLiteral("GENERAL"), QStringLiteral("Debug")))
+        gDebug = Vero;
+    const QString utente = Valore_Ini(gFileIni, QStringLiteral("GENERAL"), QStringLiteral("User"));
+    gUser = Str_Token(utente, QStringLiteral(" "), 1);
+    if (gUser.isEmpty())
+        gUser = utente;
+    Avvio_Variante();
+    gLingua = Valore_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Lingua")).toUpper();
+    for (const FlagIni &voce : FLAG_MCTC)
+        *voce.flag = Flag_Ini(QStringLiteral("MCTC"), QString::fromUtf16(voce.chiave));
+    Imposta_Cartelle();
+    Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
+}
+
+void Avvio_Variante()
+{
+    const bool kp = gUser.toUpper() == u"KP";
+    gLogoFile = kp ? QStringLiteral("kp_logo.gif") : QString();
+    gSplashFile = kp ? QStringLiteral("splash_kp_net.jpg") : QString();
+}

@@ -1,0 +1,298 @@
+#include "core/frmMain.h"
+
+#include "core/modApp.h"
+#include "core/modCtl.h"
+#include "core/modFs.h"
+#include "core/modGeneral.h"
+#include "core/modStr.h"
+#include "dialogs/dlgPwd.h"
+#include "dialogs/frmAbout.h"
+#include "dialogs/frmMsg.h"
+#include "link/frmComm.h"
+#include "mctc/frmMctcO.h"
+#include "platform/applicazione.h"
+#include "platform/elenco.h"
+#include "platform/schermo.h"
+#include "report/frmEsito.h"
+#include "report/frmMctc2.h"
+#include "report/frmVerPerO.h"
+#include "setup/frmAnagOffO.h"
+#include "setup/frmSetupO.h"
+
+namespace {
+
+constexpr qint16 ULTIMO_PULSANTE = 8;
+constexpr qint16 PULSANTE_NASCOSTO = 8; // it has a caption and no place
+constexpr qint16 COLONNE_MENU = 3;
+constexpr qint16 RIGHE_MENU = 3;
+
+/// Entries of the menu that have an action.
+enum VoceMenu : qint16
+{
+    MenuSetup = 1,
+    MenuProva = 2,
+    MenuVerifica = 4,
+    MenuAnagrafica = 5,
+    MenuInformazioni = 6,
+    MenuUscita = 7,
+};
+
+/// Entries without an action in any state: they keep their place in the grid.
+constexpr qint16 VOCI_SPENTE[] = {0, 3};
+
+constexpr qint16 TESTO_CARTELLA_IMMAGINI = 4; // of lingue.ini
+
+/// Logo of a further customer variant, with a password of its own: a hook, no code assigns it today.
+constexpr const char16_t *LOGO_NORVO = u"norvo_logo.gif";
+
+} // namespace
+
+frmMain::frmMain() : Modulo(QStringLiteral("frmMain")), cmdMnu(QStringLiteral("cmdMnu")) {}
+
+frmMain::~frmMain() = default;
+
+void frmMain::Disegno()
+{
+    Massimizza();
+    Caption(QStringLiteral("lumira"));
+    imgLogo = std::make_unique<Immagine>(Finestra(), QStringLiteral("imgLogo"));
+    cmdMnu.Inizia(Finestra(), [this](Pulsante &pulsante, qint16 i) {
+        Collega(pulsante, [this, i] { cmdMnu_Click(i); });
+    });
+    cmdMnu.Carica(0);
+}
+
+void frmMain::Load()
+{
+    Mostra_Immagine();
+    Disponi_Menu();
+    Disattiva_Menu();
+}
+
+/// A customer without pictures of its own sees the program's name: no picture file is asked for.
+void frmMain::Mostra_Immagine()
+{
+    imgLogo->NomeAccessibile(QStringLiteral("lumira"));
+    if (!gSplashFile.isEmpty()) {
+        imgLogo->Picture(gDirImmagini + gSplashFile);
+        return;
+    }
+    imgLogo->FontSize(ScalaX(60));
+    imgLogo->Testo(QStringLiteral("lumira"));
+}
+
+void frmMain::Disponi_Menu()
+{
+    const qint16 altezza = ScalaY_16(1050);
+    const qint32 cima = gScreenH - RIGHE_MENU * altezza;
+    imgLogo->Posto(ScalaX(100), ScalaY(100), gScreenW - 200, cima - 200);
+    for (qint16 i = 0; i <= cmdMnu.UBound(); ++i)
+        cmdMnu[i].FontSize(ScalaX(20));
+    for (qint16 i = 1; i <= ULTIMO_PULSANTE; ++i)
+        cmdMnu.Carica(i);
+    const qint32 larghezza = gScreenW / COLONNE_MENU;
+    for (qint16 i = 0; i < PULSANTE_NASCOSTO; ++i) {
+        cmdMnu[i].Posto(i % COLONNE_MENU * larghezza, cima + i / COLONNE_MENU * altezza, larghezza, altezza);
+        cmdMnu[i].Visible(true);
+    }
+    Carica_Menu();
+    Carica_Password();
+}
+
+void frmMain::Carica_Menu()
+{
+    for (qint16 i = 0; i <= ULTIMO_PULSANTE; ++i)
+        cmdMnu[i].Caption(Testo_Mctc(i));
+}
+
+void frmMain::Carica_Password()
+{
+    const QString chiave = gLogoFile == LOGO_NORVO ? QStringLiteral("Pwd2") : QStringLiteral("Pwd");
+    gPwdCorrente = Pwd_Decifra(Valore_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), chiave));
+}
+
+void frmMain::Disattiva_Menu()
+{
+    for (const qint16 i : VOCI_SPENTE)
+        cmdMnu[i].Enabled(false);
+}
+
+void frmMain::cmdMnu_Click(qint16 Index)
+{
+    switch (Index) {
+    case MenuSetup:
+        Apri_Setup();
+        break;
+    case MenuProva:
+        Inizia_Prova();
+        break;
+    case MenuVerifica:
+        Apri_Verifica();
+        break;
+    case MenuAnagrafica:
+        Apri_Anagrafica();
+        break;
+    case MenuInformazioni:
+        Apri_Informazioni();
+        break;
+    case MenuUscita:
+        Scarica();
+        break;
+    default:
+        break;
+    }
+}
+
+/// A new form in its reference. One that is still open from before, by a double click on the menu say, stays
+/// open and is not heard any more: a vehicle is tested once.
+template <typename Form, typename Gestore>
+void frmMain::Rinnova(std::shared_ptr<Form> &riferimento, Gestore gestore)
+{
+    if (riferimento != nullptr)
+        riferimento->disconnect(this);
+    riferimento = Nuovo<Form>();
+    connect(riferimento.get(), &Form::Notifica, this, gestore);
+}
+
+void frmMain::Apri_Setup()
+{
+    Rinnova(formSetup, &frmMain::formSetup_Notifica);
+    formSetup->Mostra();
+}
+
+void frmMain::Apri_Verifica()
+{
+    Chiedi_Password(gPwdCorrente);
+    if (mPwdEsito == PwdGiusta)
+        Predefinito<frmVerPerO>().Mostra(Modale);
+}
+
+void frmMain::Apri_Anagrafica()
+{
+    formAnagOff = Nuovo<frmAnagOffO>();
+    formAnagOff->Mostra();
+}
+
+void frmMain::Apri_Informazioni()
+{
+    Predefinito<frmAbout>().Mostra(Modale);
+    Eventi_Esegui();
+}
+
+void frmMain::Chiedi_Password(const QString &password)
+{
+    Password_Chiedi(frmPwd, password, this, &frmMain::frmPwd_PwdReady);
+}
+
+void frmMain::frmPwd_PwdReady(quint8 &esito)
+{
+    mPwdEsito = esito;
+}
+
+// --- a test -----------------------------------------------------------------------------------------------
+
+void frmMain::Inizia_Prova()
+{
+    gTipoProva = 2;
+    if (gIniFile && Accettazioni_Presenti())
+        Apri_Lista();
+    else
+        Apri_Veicolo();
+}
+
+bool frmMain::Accettazioni_Presenti() const
+{
+    QStringList nomi;
+    return Fs_Esiste(gDirAcc, 0) && Fs_Elenco(gDirAcc, QStringLiteral("*.acc"), nomi, Falso, Vero) > -1;
+}
+
+void frmMain::Apri_Veicolo()
+{
+    gFileAcc.clear(); // of a vehicle tested before: this test has no file to answer to
+    Rinnova(formMctc2, &frmMain::formMctc2_Notifica);
+    formMctc2->Mostra();
+}
+
+void frmMain::Apri_Lista()
+{
+    Rinnova(formMctcO, &frmMain::formMctcO_Notifica);
+    formMctcO->Mostra();
+}
+
+void frmMain::Avvia_Prova(qint16)
+{
+    Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);
+    if (!File_Presente(gDirImmagini, ATTRIBUTO_CARTELLA)) {
+        Mostra_MsgTempo(Testo_Lingua(TESTO_CARTELLA_IMMAGINI));
+        Programma_Termina();
+    }
+    Rinnova(formComm, &frmMain::formComm_Notifica);
+    formComm->Carica();
+    formComm->Mostra(Modale);
+}
+
+// --- what the child forms report --------------------------------------------------------------------------
+
+void frmMain::Veicolo_Confermato(qint16 codice, const QVariant &valore)
+{
+    if (codice != 4)
+        return;
+    gTipoProva = Intero16(valore.toInt());
+    Avvia_Prova(gTipoProva);
+}
+
+void frmMain::formSetup_Notifica(qint16 &codice, QVariant &)
+{
+    switch (codice) {
+    case 1:
+        formSetup.reset();
+        break;
+    case 2:
+        Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
+        Carica_Menu();
+        break;
+    case 4:
+        Mostra_Immagine();
+        Disattiva_Menu();
+        break;
+    default:
+        break;
+    }
+}
+
+void frmMain::formMctc2_Notifica(qint16 &codice, QVariant &valore)
+{
+    if (codice == 1)
+        formSetup.reset(); // as in the handler of the setup form; the entry form never says it
+    Veicolo_Confermato(codice, valore);
+}
+
+void frmMain::formMctcO_Notifica(qint16 &codice, QVariant &valore)
+{
+    Veicolo_Confermato(codice, valore);
+}
+
+void frmMain::formComm_Notifica(qint16 &codice, QVariant &)
+{
+    if (codice == 6) {
+        gTipoProva = 4;
+        Calcola_Esito();
+        formEsito = Nuovo<frmEsito>();
+        formEsito->Mostra(Modale);
+        Eventi_Esegui();
+    }
+    Aggiorna();
+    Eventi_Esegui();
+}
+
+void frmMain::Unload()
+{
+    for (qint16 i = cmdMnu.UBound(); i >= 1; --i)
+        cmdMnu.Scarica(i);
+    // Every other form goes with the main window, the one loaded last first.
+    const Modulo *questo = this;
+    for (auto moduli = Moduli_Caricati(); moduli.size() > 1; moduli = Moduli_Caricati()) {
+        const auto ultimo = moduli.back().get() != questo ? moduli.back() : *(moduli.end() - 2);
+        ultimo->Scarica();
+    }
+}

@@ -1,0 +1,20 @@
+// The test limits of section PARAMETRI, read anew at every evaluation, and what else is read with them.
+#pragma once
+
+#include "platform/tipi.h"
+
+#include <QString>
+
+// Intensities in the unit of the result file: 100 times the instrument's figure.
+extern qint32 gLuxMaxAbb, gLuxMaxAnab, gLuxMinAbb, gLuxMinAnab;
+// Aim limits: loaded under the instrument's own names and compared with nothing, the aim being judged by
+// the instrument itself.
+extern float gDevVertAbb, gDevVertAnab, gDevOrizAbb, gDevOrizAnab;
+extern quint8 gSimmetrico;   ///< 1 when the vehicle's headlamps are symmetric, otherwise 0
+extern QString gSepDecimale; ///< decimal separator of the user's locale
+
+/// Reads the limits, the symmetric flag, the decimal separator and the password. A value that is no number
+/// gives the limit its default.
+/// @throws ErroreEsecuzione 6 when a limit does not fit its width, or the stored password is no scrambled
+/// text.
+void Carica_Limiti();

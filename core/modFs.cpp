@@ -1,0 +1,73 @@
+#include "core/modFs.h"
+
+#include "platform/elenco.h"
+#include "platform/errore_esecuzione.h"
+
+#include <QCoreApplication>
+
+Flag Fs_Esiste(const QString &percorso, qint16 attributo)
+{
+    if (percorso.isEmpty())
+        return Falso;
+    try {
+        return Flag_Da(!Cartella_Elenca(percorso, attributo).isEmpty());
+    } catch (const ErroreEsecuzione &) {
+        return Falso;
+    }
+}
+
+qint16 Fs_Elenco(QString &cartella, const QString &maschera, QStringList &nomi, Flag percorsoIntero,
+                 Flag filtroEstensione)
+{
+    if (!cartella.endsWith(u'\\'))
+        cartella += u'\\';
+    const QString estensione = Fs_Estensione(maschera).toUpper();
+    nomi.clear();
+    const QStringList trovati = Cartella_Elenca(cartella + maschera, 0);
+    for (const QString &nome : trovati) {
+        QCoreApplication::processEvents();
+        if (filtroEstensione && Fs_Estensione(nome).toUpper() != estensione)
+            continue;
+        nomi.append(percorsoIntero ? cartella + nome : nome);
+    }
+    return Intero16(nomi.size() - 1);
+}
+
+QString Fs_Nome(const QString &percorso)
+{
+    return percorso.mid(percorso.lastIndexOf(u'\\') + 1);
+}
+
+QString Fs_Estensione(const QString &nome)
+{
+    return nome.mid(nome.lastIndexOf(u'.') + 1);
+}
+
+QString Fs_Radice(const QString &percorso)
+{
+    const QString nome = Fs_Nome(percorso);
+    return nome.left(nome.indexOf(u'.'));
+}
+
+QString Fs_TagliaNul(QString &testo)
+{
+    testo = testo.left(testo.indexOf(QChar(0)));
+    return testo;
+}
+
+qint16 Fs_ElencoFirme(const QString &cartella, const QString &maschera, QStringList &firme)
+{
+    QList<RecordTrovato> trovati;
+    if (!Trova_File(cartella + maschera, trovati))
+        return -1;
+    firme.clear();
+    for (RecordTrovato &trovato : trovati) {
+        // Both halves move when a file is written; together they need not be a time, only a text that
+        // differs.
+        const auto accessoAlto = static_cast<qint32>(trovato.ftLastAccessTime >> 32);
+        const auto scritturaBassa = static_cast<qint32>(trovato.ftLastWriteTime & 0xFFFFFFFFu);
+        firme.append(Fs_TagliaNul(trovato.cFileName) + QStringLiteral(" - ") + QString::number(accessoAlto) +
+                     QString::number(scritturaBassa));
+    }
+    return Intero16(firme.size() - 1);
+}

@@ -1,0 +1,113 @@
+#include "core/modGeneral.h"
+
+#include "platform/codifica.h"
+#include "platform/elenco.h"
+#include "platform/localita.h"
+#include "platform/percorsi.h"
+#include "platform/profilo.h"
+
+#include <QFile>
+
+qint32 gScreenW = 0, gScreenH = 0;
+Flag gDebug = Falso;
+QString gAppPath, gFileIni, gDirImmagini, gDirModelli, gFileLingue, gFileLingueMctc;
+QString gUser, gLogoFile, gSplashFile, gLingua;
+Flag gIniFile = Falso, gEsce = Falso, gControlloVisivo = Falso, gAllarmeAcustico = Falso;
+Flag gAlimentazione = Falso, gAltezzaFaroAuto = Falso, gModalita = Falso;
+QString gDirAcc, gDirFar, gFileModelloAcc;
+QStringList gTabMctc;
+
+QStringList gTabLingua;
+QString gPwdCorrente;
+qint16 gTipoProva = 0;
+double gAltezzaFaro = 0;
+QString gFileAcc;
+Flag gCaricamento = Falso;
+
+namespace {
+
+/// Characters that a profile read offers, the closing NUL included.
+constexpr int MISURA_VALORE = 500;
+
+} // namespace
+
+Flag Leggi_Ini(const QString &file, const QString &sezione, const QString &chiave, QString &valore)
+{
+    valore = Profilo_Leggi(sezione, chiave, QString(), MISURA_VALORE, file);
+    return Flag_Da(!valore.isEmpty());
+}
+
+QString Valore_Ini(const QString &file, const QString &sezione, const QString &chiave)
+{
+    QString valore;
+    Leggi_Ini(file, sezione, chiave, valore);
+    return valore;
+}
+
+Flag Scrivi_Ini(const QString &file, const QString &sezione, const QString &chiave, const QString &valore)
+{
+    return Flag_Da(Profilo_Scrivi(sezione, chiave, valore, file));
+}
+
+Flag File_Presente(const QString &percorso, qint16 attributo)
+{
+    return Flag_Da(!Cartella_Elenca(percorso, attributo).isEmpty());
+}
+
+QString Locale_Info(qint32 tipo)
+{
+    const quint32 locale = Locale_Utente();
+    QByteArray testo;
+    // The buffer has the size of the date separator whatever is asked for: a text of one or two characters,
+    // which is all that the one caller needs.
+    const qint32 misura = Locale_Dato(locale, LOCALE_SEPARATORE_DATA, testo, 0);
+    testo = QByteArray(misura, '\0');
+    Locale_Dato(locale, tipo, testo, misura);
+    const qsizetype nul = testo.indexOf('\0');
+    return nul < 0 ? QString() : Testo_DaAnsi(testo.first(nul));
+}
+
+qint32 File_Leggi(const QString &percorso, QString &testo)
+{
+    QFile file(Percorso_Nativo(percorso));
+    if (!file.open(QIODevice::ReadOnly) || file.size() == 0)
+        return -1;
+    const QByteArray byte = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return -1;
+    testo += Testo_DaAnsi(byte);
+    return Intero32(byte.size());
+}
+
+QString Lingua_Id(qint16 id)
+{
+    return QStringLiteral("%1").arg(id, 3, 10, QChar(u'0'));
+}
+
+void Carica_Lingua(const QString &file, qint16 ultimo, QStringList &tabella)
+{
+    tabella.resize(ultimo + 1);
+    for (qint16 id = 0; id <= ultimo; ++id)
+        Leggi_Ini(file, gLingua, Lingua_Id(id), tabella[id]);
+}
+
+QString Testo_Mctc(qint16 id)
+{
+    return gTabMctc.value(id);
+}
+QString Testo_Lingua(qint16 id)
+{
+    return gTabLingua.value(id);
+}
+
+void Imposta_Cartelle()
+{
+    const auto cartella = [](const char16_t *locale, const char16_t *rete) {
+        const QString chiave = QString::fromUtf16(gModalita ? locale : rete);
+        return Valore_Ini(gFileIni, QStringLiteral("MCTC"), chiave) +
+               (gModalita ? QStringLiteral("DIR_FAR\\") : QStringLiteral("ESITO\\"));
+    };
+    gDirAcc = cartella(u"DirDati", u"ReteDati");
+    gDirFar = cartella(u"DirRisultati", u"ReteRisultati");
+    gFileModelloAcc = gDirModelli + QStringLiteral("ModelloAcc.acc");
+}

@@ -1,0 +1,52 @@
+// The entry point: start-up in its order, then the form loop until the main window is unloaded.
+#include "core/avvio.h"
+#include "core/frmMain.h"
+#include "core/modGeneral.h"
+#include "dialogs/frmMsg.h"
+#include "platform/applicazione.h"
+#include "platform/errore_esecuzione.h"
+#include "platform/istanza.h"
+#include "platform/percorsi.h"
+#include "platform/schermo.h"
+
+namespace {
+
+/// The text is fixed and in English: no text file may be there to provide another.
+void Esige_File(const QString &file)
+{
+    if (File_Presente(file, 0))
+        return;
+    Mostra_MsgTempo(QStringLiteral("Setup File not Found\r\n (") + file + u')');
+    Programma_Termina();
+}
+
+/// @return true when the main window is open.
+bool Avvia()
+{
+    gScreenW = Schermo_Larghezza();
+    gScreenH = Schermo_Altezza();
+    gDebug = Falso;
+    if (Istanza_Precedente())
+        return false;
+    Avvio_Percorsi(Cartella_Programma());
+    Esige_File(gFileIni);
+    // lingueMCTC.ini is not asked for: without it every text of the screen is empty and the program goes on.
+    Esige_File(gFileLingue);
+    Avvio_Impostazioni();
+    Predefinito<frmMain>().Mostra();
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    Applicazione applicazione(argc, argv);
+    try {
+        if (!Avvia())
+            return 0;
+    } catch (const ErroreEsecuzione &errore) {
+        Errore_Fatale(errore);
+    }
+    return Applicazione::exec();
+}

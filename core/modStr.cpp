@@ -1,0 +1,53 @@
+#include "core/modStr.h"
+
+#include "platform/codifica.h"
+
+QString Pwd_Decifra(const QString &cifrato)
+{
+    QByteArray byte = Testo_InAnsi(cifrato);
+    for (qsizetype i = 0; i < byte.size(); ++i)
+        byte[i] = static_cast<char>(Intero8(static_cast<quint8>(byte[i]) - 4 * (i + 1)));
+    return Testo_DaAnsi(byte);
+}
+
+QString Str_Sostituisci(const QString &testo, const QString &cercato, const QString &sostituto)
+{
+    QString copia = testo;
+    qsizetype posto = copia.indexOf(cercato);
+    while (posto >= 0 && !cercato.isEmpty()) {
+        Intero16(posto + 1);
+        copia.replace(posto, cercato.size(), sostituto);
+        posto = copia.indexOf(cercato, posto + 1);
+    }
+    return copia;
+}
+
+QString Str_Token(const QString &testo, const QString &separatore, qint16 numero)
+{
+    if (!testo.contains(separatore))
+        return {};
+    return testo.split(separatore).value(numero - 1);
+}
+
+qint16 Ini_Sezioni(const QString &testo, QStringList &nomi)
+{
+    // What stands between one "[" and the next holds one name at most.
+    const QStringList pezzi = testo.split(u'[').mid(1);
+    for (const QString &pezzo : pezzi) {
+        const qsizetype chiusa = pezzo.indexOf(u']');
+        if (chiusa >= 0)
+            nomi.append(pezzo.left(chiusa));
+    }
+    return Intero16(nomi.size() - 1);
+}
+
+qint16 Ini_Chiavi(const QString &testo, QStringList &nomi)
+{
+    for (qsizetype uguale = testo.indexOf(u'='); uguale >= 0; uguale = testo.indexOf(u'=', uguale + 1)) {
+        qsizetype inizio = uguale;
+        while (inizio > 0 && testo[inizio - 1] != u'\r' && testo[inizio - 1] != u'\n')
+            --inizio;
+        nomi.append(testo.mid(inizio, uguale - inizio));
+    }
+    return Intero16(nomi.size() - 1);
+}

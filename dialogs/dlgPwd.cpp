@@ -1,0 +1,138 @@
+#include "dialogs/dlgPwd.h"
+
+#include "core/modCtl.h"
+#include "core/modGeneral.h"
+#include "platform/schermo.h"
+
+#include <algorithm>
+
+#include <QKeyEvent>
+
+namespace {
+
+// How long the box stays, in ms.
+constexpr int SENZA_SCRITTURA = 4000;
+constexpr int DOPO_ERRATA = 2000;
+constexpr int DOPO_GIUSTA = 800;
+constexpr int DOPO_RINUNCIA = 1;
+
+constexpr qint16 TASTO_INVIO = 13;
+constexpr qint16 TASTO_ESC = 27;
+
+constexpr qint16 TESTO_TITOLO = 20;
+constexpr qint16 TESTO_ANNULLA = 106;
+
+} // namespace
+
+dlgPwd::dlgPwd() : Modulo(QStringLiteral("dlgPwd")), tmrPwd([this] { Esegui([this] { Scarica(); }); }) {}
+
+void dlgPwd::Disegno()
+{
+    Width(ScalaX(5600));
+    Height(ScalaX(2100));
+    Centra();
+    txtPwd = std::make_unique<CasellaTesto>(Finestra(), QStringLiteral("txtPwd"));
+    txtPwd->Posto(ScalaX(300), ScalaX(250), ScalaX(5000), ScalaX(550));
+    txtPwd->FontSize(Punti_Normali() * 1.4);
+    txtPwd->Nascosta(true);
+    Collega(
+        *txtPwd, [this] { txtPwd_Change(); }, [this](qint16 &tasto) { txtPwd_KeyPress(tasto); });
+    for (qint16 i = 0; i <= 1; ++i) {
+        cmd.Carica(i).Posto(ScalaX(300 + i * 2600), ScalaX(1150), ScalaX(2400), ScalaX(700));
+        cmd[i].Visible(true);
+    }
+}
+
+void dlgPwd::Load()
+{
+    m_conta = 0;
+    m_inserito.clear();
+    if (PwdType == 1)
+        PwdTitle = PwdTitle.toUpper();
+    Caption(PwdTitle);
+    txtPwd->NomeAccessibile(PwdTitle);
+    cmd[0].Caption(QStringLiteral("OK"));
+    cmd[1].Caption(Testo_Mctc(TESTO_ANNULLA));
+}
+
+void dlgPwd::Activate()
+{
+    txtPwd->SetFocus();
+    tmrPwd.Interval(SENZA_SCRITTURA);
+    tmrPwd.Enabled(true);
+    if (PwdDbg)
+        txtPwd->Text(PwdCurrent);
+}
+
+void dlgPwd::txtPwd_Change()
+{
+    m_conta = static_cast<quint8>(std::min(m_conta + 1, 255)); // a byte; all that counts is the second change
+    m_inserito = txtPwd->Text();
+    tmrPwd.Enabled(false);
+    if (m_inserito == PwdCurrent) {
+        txtPwd->Enabled(false);
+        tmrPwd.Interval(DOPO_GIUSTA);
+    } else if (m_conta >= 2) {
+        tmrPwd.Interval(DOPO_ERRATA);
+    }
+    tmrPwd.Enabled(true); // every keystroke starts the time again
+}
+
+void dlgPwd::txtPwd_KeyPress(qint16 &KeyAscii)
+{
+    if (KeyAscii == TASTO_ESC)
+        m_inserito.clear(); // also when the text was right until then
+    if (KeyAscii != TASTO_INVIO && KeyAscii != TASTO_ESC)
+        return;
+    Chiudi_Fra(KeyAscii == TASTO_ESC ? DOPO_RINUNCIA : DOPO_GIUSTA);
+    KeyAscii = 0;
+}
+
+/// A box that is closing is disabled and has lost the keyboard to a button: Escape counts there too, so that
+/// even a right password can still be taken back.
+bool dlgPwd::eventFilter(QObject *oggetto, QEvent *evento)
+{
+    const bool tasto = evento->type() == QEvent::KeyPress && Caricato() && !txtPwd->Enabled();
+    if (tasto && static_cast<QKeyEvent *>(evento)->key() == Qt::Key_Escape) {
+        qint16 esc = TASTO_ESC;
+        txtPwd_KeyPress(esc);
+        return true;
+    }
+    return Modulo::eventFilter(oggetto, evento);
+}
+
+void dlgPwd::Chiudi_Fra(int ms)
+{
+    tmrPwd.Enabled(false);
+    txtPwd->Enabled(false);
+    tmrPwd.Interval(ms);
+    tmrPwd.Enabled(true);
+}
+
+void dlgPwd::cmd_Click(qint16 Index)
+{
+    if (Index == 1)
+        Scarica();
+}
+
+void dlgPwd::Unload()
+{
+    quint8 esito = PwdErrata;
+    if (m_inserito.isEmpty())
+        esito = PwdNonInserita;
+    // After the empty case: a station whose stored password is empty is open.
+    if (m_inserito == PwdCurrent)
+        esito = PwdGiusta;
+    Q_EMIT PwdReady(esito);
+    tmrPwd.Enabled(false);
+}
+
+std::shared_ptr<dlgPwd> Password_Prepara(const QString &password)
+{
+    auto form = Nuovo<dlgPwd>();
+    form->PwdDbg = Falso;
+    form->PwdCurrent = password;
+    form->PwdType = 0;
+    form->PwdTitle = Testo_Mctc(TESTO_TITOLO);
+    return form;
+}

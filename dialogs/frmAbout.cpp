@@ -1,0 +1,95 @@
+#include "dialogs/frmAbout.h"
+
+#include "core/modCtl.h"
+#include "core/modGeneral.h"
+#include "platform/colori.h"
+
+namespace {
+
+constexpr qint16 TESTO_TITOLO = 6;
+
+// The form, in twips: it does not grow with the screen.
+constexpr qint32 FORM_LARGO = 9000;
+constexpr qint32 FORM_ALTO = 5250;
+constexpr qint32 SINISTRA = 2750;
+constexpr qint32 PASSO = 400;
+
+struct RigaAbout
+{
+    const char16_t *chiave; // in section DATIUSER
+    qint32 cima;
+    qint32 altezza;
+    double punti;
+};
+
+constexpr RigaAbout RIGHE[] = {
+    {u"NomeProgrUser",   420,  500, 24},
+    {u"VerSwUser",       950,  500, 24},
+    {u"NomeUser",        1320, 400, 16},
+    {u"IndirizzoUser",   1770, 400, 16},
+    {u"TelefonoFaxUser", 2220, 400, 16},
+    {u"MailUser",        2670, 300, 16},
+    {u"WebUser",         3070, 800, 16},
+};
+
+constexpr qint16 ULTIMA_RIGA = static_cast<qint16>(std::size(RIGHE)) - 1;
+
+} // namespace
+
+frmAbout::frmAbout() : Modulo(QStringLiteral("frmAbout")), lblAbout(QStringLiteral("lblAbout")) {}
+
+void frmAbout::Disegno()
+{
+    Width(FORM_LARGO);
+    Height(FORM_ALTO);
+    Centra();
+    lblAbout.Inizia(Finestra());
+    lblAbout.Carica(0).Posto(SINISTRA, RIGHE[0].cima, FORM_LARGO - SINISTRA - 300, RIGHE[0].altezza);
+    lblAbout[0].Visible(true);
+    cmd.Carica(0).Posto((FORM_LARGO - 2000) / 2, FORM_ALTO - 1100, 2000, 800);
+    cmd[0].Visible(true);
+    cmd[0].Default(true);
+    cmd[0].Cancel(true);
+}
+
+void frmAbout::Load()
+{
+    m_costruito = false;
+}
+
+/// The first painting builds the form.
+void frmAbout::Costruisci()
+{
+    m_costruito = true;
+    for (qint16 i = 1; i <= ULTIMA_RIGA; ++i) {
+        lblAbout.Carica(i).Top(RIGHE[0].cima + i * PASSO);
+        lblAbout[i].Visible(true);
+    }
+    for (qint16 i = 0; i <= ULTIMA_RIGA; ++i) {
+        const RigaAbout &riga = RIGHE[i];
+        lblAbout[i].Caption(
+            Valore_Ini(gFileIni, QStringLiteral("DATIUSER"), QString::fromUtf16(riga.chiave)));
+        lblAbout[i].Top(riga.cima);
+        lblAbout[i].Height(riga.altezza);
+        lblAbout[i].FontSize(riga.punti);
+        lblAbout[i].Allineamento(Qt::AlignLeft | Qt::AlignTop); // lines stand closer than they are high
+    }
+    lblAbout[0].ForeColor(COLORE_ROSSO);
+    lblAbout[1].ForeColor(COLORE_ROSSO);
+    lblAbout[1].Left(FORM_LARGO / 2 - 450);
+    lblAbout[1].Width(FORM_LARGO - lblAbout[1].Left() - 300);
+    cmd[0].Caption(QStringLiteral("Ok"));
+    Caption(Testo_Mctc(TESTO_TITOLO));
+}
+
+void frmAbout::Paint()
+{
+    if (!m_costruito)
+        Costruisci();
+    Disegna_Cornice(*this, 100, 100, Width() - 200, Height() - 1300);
+}
+
+void frmAbout::cmd_Click(qint16)
+{
+    Scarica();
+}

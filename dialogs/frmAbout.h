@@ -1,0 +1,24 @@
+// Who the supplier is and which program this is: seven lines of configuration.
+#pragma once
+
+#include "platform/modulo.h"
+
+class frmAbout : public Modulo
+{
+    Q_OBJECT
+
+public:
+    frmAbout();
+
+protected:
+    void Disegno() override;
+    void Load() override;
+    void Paint() override;
+    void cmd_Click(qint16 Index) override;
+
+private:
+    void Costruisci();
+
+    ArrayControlli<Etichetta> lblAbout;
+    bool m_costruito = false;
+};

@@ -1,0 +1,124 @@
+#include "dialogs/frmMsg.h"
+
+#include "core/modCtl.h"
+#include "core/modGeneral.h"
+#include "platform/aspetto.h"
+#include "platform/errore_esecuzione.h"
+#include "platform/schermo.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint16 TESTO_TITOLO = 124;
+constexpr qint16 TEMPO_MESSAGGIO = 2000; // ms
+
+// In twips, as the form's height is: it grows with the text, not with the screen.
+constexpr qint32 ALTEZZA_PULSANTE = 360; // leaves a line above it in the lowest form
+constexpr qint32 MARGINE_TESTO = 1000;
+constexpr qint32 SALITA_TESTO = 200; // the text stands that much above the middle
+constexpr double PUNTI_MINIMI = 8;
+
+/// Height of the form: room for one more line every 50 characters.
+qint32 Altezza_Per(const QString &testo)
+{
+    return Arrotonda(static_cast<double>(testo.size()) / 50) * 500 + 1500;
+}
+
+} // namespace
+
+frmMsg::frmMsg() : Modulo(QStringLiteral("frmMsg")), tmr([this] { Esegui([this] { Scarica(); }); }) {}
+
+void frmMsg::Disegno()
+{
+    Shape1 = std::make_unique<Forma>(Finestra(), QStringLiteral("Shape1"), Forma::Rettangolo);
+    PicMex = std::make_unique<Immagine>(Finestra(), QStringLiteral("PicMex"));
+    PicMex->Posto(200, 400, 480, 480);
+    PicMex->Avviso();
+    lbl.Carica(0).Visible(true);
+    cmd.Carica(0).Posto(0, 0, ScalaX(1575), ALTEZZA_PULSANTE);
+    cmd[0].Caption(QStringLiteral("Ok"));
+    cmd[0].Default(true);
+    cmd[0].Cancel(true);
+}
+
+void frmMsg::Load()
+{
+    lbl[0].Caption(Text);
+    Height(std::min(Altezza_Per(Text), gScreenH));
+    Width(ScalaX(9000));
+    PicMex->Posto(PicMex->Left(), PicMex->Top() - 200, 680, 680);
+    Caption(Testo_Mctc(TESTO_TITOLO));
+    PicMex->NomeAccessibile(Testo_Mctc(TESTO_TITOLO));
+    if (Mode == 0) {
+        tmr.Interval(Time);
+        tmr.Enabled(true);
+    } else {
+        cmd[0].Top(Height() - 2 * cmd[0].Height() - 100);
+        cmd[0].Left((Width() - cmd[0].Width()) / 2);
+        cmd[0].Visible(true);
+    }
+    Adatta_Testo();
+}
+
+/// The text takes the room round its middle; a long one is set smaller before the label cuts its end.
+void frmMsg::Adatta_Testo()
+{
+    const qint32 meta = Height() / 2 - SALITA_TESTO;
+    const qint32 fondo = cmd[0].Visible() ? cmd[0].Top() : Height();
+    const qint32 spazio = 2 * std::min(meta, fondo - meta);
+    lbl[0].Width(Width() - 2 * MARGINE_TESTO);
+    double punti = Punti_Normali();
+    lbl[0].FontSize(punti);
+    while (lbl[0].Altezza_Testo() > spazio && punti > PUNTI_MINIMI)
+        lbl[0].FontSize(punti -= 1);
+    const bool tagliato = lbl[0].Altezza_Testo() > spazio;
+    lbl[0].Allineamento(Qt::AlignHCenter | (tagliato ? Qt::AlignTop : Qt::AlignVCenter));
+    lbl[0].Height(std::min(lbl[0].Altezza_Testo(), spazio));
+}
+
+void frmMsg::Paint()
+{
+    Centra();
+    Shape1->Posto(0, 0, Width(), Height());
+    lbl[0].Left((Width() - lbl[0].Width()) / 2);
+    lbl[0].Top((Height() - lbl[0].Height()) / 2 - SALITA_TESTO);
+    if (TopMost != 0)
+        InPrimoPiano();
+}
+
+void frmMsg::Unload()
+{
+    tmr.Enabled(false);
+}
+
+void frmMsg::cmd_Click(qint16)
+{
+    Scarica();
+}
+
+void Mostra_Msg(qint16 modo, qint32 modalita, qint16 primoPiano, quint32 colore, qint16 tempo,
+                const QString &testo)
+{
+    try {
+        auto &form = Predefinito<frmMsg>();
+        form.Mode = modo;
+        form.TopMost = primoPiano;
+        form.Colour = colore;
+        form.Text = testo;
+        form.Time = tempo;
+        form.Mostra(static_cast<Modulo::Modalita>(modalita));
+    } catch (const ErroreEsecuzione &) {
+        return;
+    }
+}
+
+void Mostra_MsgTempo(const QString &testo)
+{
+    Mostra_Msg(0, Modulo::Modale, Falso, COLORE_MESSAGGIO, TEMPO_MESSAGGIO, testo);
+}
+
+void Mostra_MsgConferma(const QString &testo)
+{
+    Mostra_Msg(1, Modulo::Modale, Vero, COLORE_MESSAGGIO, 0, testo);
+}

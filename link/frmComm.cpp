@@ -1,0 +1,172 @@
+#include "link/frmComm.h"
+
+#include "core/modCtl.h"
+#include "core/modGeneral.h"
+#include "dialogs/dlgPwd.h"
+#include "link/seriale.h"
+#include "platform/applicazione.h"
+#include "platform/aspetto.h"
+#include "platform/schermo.h"
+#include "report/modReport.h"
+
+namespace {
+
+constexpr qint16 TESTO_INTERROMPI = 18; // of lingue.ini
+
+// The layout, in design units of a form of 8000 by 4000; every one goes through the x scale, as the form's
+// own height does.
+constexpr qint32 MARGINE = 150;
+constexpr qint32 LBL_ALTA = 700;
+constexpr qint32 HEX_ALTA = 460;
+constexpr qint32 LAMPADA = 700;
+constexpr double PUNTI_FISSI = 0.8; // of the normal size
+
+} // namespace
+
+frmComm::frmComm() : Modulo(QStringLiteral("frmComm")) {}
+
+frmComm::~frmComm() = default;
+
+void frmComm::Disegno()
+{
+    Image1 = std::make_unique<Immagine>(Finestra(), QStringLiteral("Image1"));
+    lbl.Carica(0).Allineamento(Qt::AlignCenter);
+    lbl[0].FontSize(Punti_Normali() * 1.2);
+    lbl[0].FontBold(true);
+    lblTx = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTx"));
+    lblRx = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblRx"));
+    lstDbg = std::make_unique<ElencoVoci>(Finestra(), QStringLiteral("lstDbg"));
+    shaComm = std::make_unique<Forma>(Finestra(), QStringLiteral("shaComm"), Forma::Cerchio);
+    cmd.Carica(0).Visible(true);
+    cmd[0].Cancel(true);
+    for (Controllo *fisso : {static_cast<Controllo *>(lblTx.get()), static_cast<Controllo *>(lblRx.get()),
+                             static_cast<Controllo *>(lstDbg.get())})
+    {
+        fisso->FontName(Carattere_Fisso());
+        fisso->FontSize(Punti_Normali() * PUNTI_FISSI);
+    }
+    lblTx->SpezzaOvunque();
+    lblRx->SpezzaOvunque();
+    lblTx->NomeAccessibile(QStringLiteral("TX"));
+    lblRx->NomeAccessibile(QStringLiteral("RX"));
+    lstDbg->NomeAccessibile(QStringLiteral("Debug"));
+    commApp = Crea_ControlloSeriale();
+    FinestraScambio &finestra = *this;
+    m_macchina = std::make_unique<MacchinaScambio>(finestra, *commApp);
+}
+
+void frmComm::Load()
+{
+    Width(ScalaX(8000));
+    Height(ScalaX(4000)); // by the x scale too: the form keeps its shape on every screen
+    Centra();
+    Image1->Posto(0, 0, Width(), Height());
+    lbl[0].Posto(0, 0, Width(), ScalaX(LBL_ALTA));
+    const qint32 margine = ScalaX(MARGINE);
+    const qint32 larghezza = Width() - 2 * margine;
+    lblTx->Posto(margine, ScalaX(750), larghezza, ScalaX(HEX_ALTA));
+    lblRx->Posto(margine, ScalaX(1250), larghezza, ScalaX(HEX_ALTA));
+    lstDbg->Posto(margine, ScalaX(1800), ScalaX(4600), ScalaX(2050));
+    shaComm->Posto(ScalaX(4950), ScalaX(2475), ScalaX(LAMPADA), ScalaX(LAMPADA));
+    cmd[0].Posto(ScalaX(5850), ScalaX(2325), ScalaX(2000), ScalaX(1000));
+
+    Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);
+    Report_Dati(0);
+    Report_Dati(1);
+    cmd[0].Caption(Testo_Lingua(TESTO_INTERROMPI));
+    m_macchina->Modo = static_cast<ModoScambio>(Modo);
+    m_macchina->Prepara();
+    Mostra_Lbl(m_macchina->MsgIniziale);
+    lbl[0].Visible(true);
+    m_macchina->Avvia();
+    cmd[0].SetFocus();
+}
+
+void frmComm::cmd_Click(qint16)
+{
+    Scarica();
+}
+
+void frmComm::Unload()
+{
+    m_macchina->Scarica();
+    qint16 codice = m_macchina->Esito;
+    QVariant valore = qint16{0};
+    Q_EMIT Notifica(codice, valore);
+}
+
+QVariant frmComm::Imposta_Default()
+{
+    return m_macchina->Imposta_Default();
+}
+
+void frmComm::Avvia_Default()
+{
+    Imposta_Default();
+}
+
+void frmComm::Chiedi_Pwd(const QString &password)
+{
+    Password_Chiedi(frmPwd, password, this, &frmComm::frmPwd_PwdReady);
+}
+
+void frmComm::frmPwd_PwdReady(quint8 &esito)
+{
+    PwdEsito = esito;
+}
+
+// --- what the machine shows -------------------------------------------------------------------------------
+
+void frmComm::Mostra_Titolo(const QString &testo)
+{
+    Caption(testo);
+    lbl[0].Visible(true);
+}
+
+void frmComm::Mostra_Lbl(const QString &testo)
+{
+    lbl[0].Caption(testo);
+}
+
+void frmComm::Mostra_Tx(const QString &esadecimale)
+{
+    lblTx->Caption(esadecimale);
+}
+
+void frmComm::Mostra_Rx(const QString &esadecimale)
+{
+    lblRx->Caption(esadecimale);
+}
+
+void frmComm::Aggiungi_Dbg(const QString &riga)
+{
+    lstDbg->AddItem(riga);
+}
+
+void frmComm::Colora_Sha(quint32 colore)
+{
+    shaComm->FillColor(colore);
+}
+
+void frmComm::Scarica_Modulo()
+{
+    Esegui([this] { Scarica(); });
+}
+
+void frmComm::Mostra_Errore(const QString &testo)
+{
+    m_errori.append(testo);
+    // From the loop, not from here: the batch of bytes that brought the error is taken whole first.
+    QMetaObject::invokeMethod(
+        this, [this] { Esegui([this] { Mostra_ErroriInCoda(); }); }, Qt::QueuedConnection);
+}
+
+void frmComm::Mostra_ErroriInCoda()
+{
+    if (m_boxAperto)
+        return;
+    m_boxAperto = true;
+    while (!m_errori.isEmpty())
+        Messaggio_Sistema(QStringLiteral("Err Rs232"), m_errori.takeFirst());
+    m_boxAperto = false;
+}

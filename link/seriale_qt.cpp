@@ -1,0 +1,303 @@
+// The serial control on Qt's serial port, for the systems that have no control of their own. It knows bytes
+// and devices, nothing of frames or sessions.
+#include "link/seriale.h"
+
+#include "platform/errore_esecuzione.h"
+#include "platform/percorsi.h"
+
+#include <QFileInfo>
+#include <QSerialPort>
+#include <QSignalBlocker>
+#include <QStringList>
+#include <QTimer>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include <poll.h>
+
+namespace {
+
+/// The classic error of a port that cannot be opened.
+constexpr int ERRORE_APERTURA = 8002;
+
+/// Pause before the line is watched again after an error that took no device away, in ms: long enough to
+/// cost no processor time if the error stays, shorter than a beat of the exchange.
+constexpr int RIPRESA = 100;
+
+struct VoceParita
+{
+    char16_t lettera;
+    QSerialPort::Parity parita;
+};
+
+constexpr VoceParita PARITA[] = {
+    {u'N', QSerialPort::NoParity   },
+    {u'E', QSerialPort::EvenParity },
+    {u'O', QSerialPort::OddParity  },
+    {u'M', QSerialPort::MarkParity },
+    {u'S', QSerialPort::SpaceParity},
+};
+
+struct VoceStop
+{
+    const char16_t *testo;
+    QSerialPort::StopBits stop;
+};
+
+constexpr VoceStop STOP[] = {
+    {u"1",   QSerialPort::OneStop       },
+    {u"1.5", QSerialPort::OneAndHalfStop},
+    {u"2",   QSerialPort::TwoStop       },
+};
+
+struct Formato
+{
+    qint32 velocita = 0;
+    QSerialPort::Parity parita = QSerialPort::NoParity;
+    QSerialPort::DataBits bit = QSerialPort::Data8;
+    QSerialPort::StopBits stop = QSerialPort::OneStop;
+};
+
+QSerialPort::Parity Parita_Di(const QString &testo)
+{
+    const QString lettera = testo.toUpper();
+    for (const VoceParita &voce : PARITA) {
+        if (lettera == QChar(voce.lettera))
+            return voce.parita;
+    }
+    Solleva(NumeroErrore::ValoreProprietaErrato);
+}
+
+QSerialPort::StopBits Stop_Di(const QString &testo)
+{
+    for (const VoceStop &voce : STOP) {
+        if (testo == QStringView(voce.testo))
+            return voce.stop;
+    }
+    Solleva(NumeroErrore::ValoreProprietaErrato);
+}
+
+/// A whole number between two limits, or error 380.
+qint32 Numero_Tra(const QString &testo, qint32 minimo, qint32 massimo)
+{
+    bool numero = false;
+    const int valore = testo.toInt(&numero);
+    if (!numero || valore < minimo || valore > massimo)
+        Solleva(NumeroErrore::ValoreProprietaErrato);
+    return valore;
+}
+
+/// The whole text is read before anything of it is used.
+Formato Formato_Di(const QString &testo)
+{
+    const QStringList pezzi = testo.split(u',');
+    if (pezzi.size() != 4)
+        Solleva(NumeroErrore::ValoreProprietaErrato);
+    Formato formato;
+    formato.velocita = Numero_Tra(pezzi[0], 1, std::numeric_limits<qint32>::max());
+    formato.parita = Parita_Di(pezzi[1]);
+    // Four data bits stop here as well: no driver of this system has them.
+    formato.bit = static_cast<QSerialPort::DataBits>(Numero_Tra(pezzi[2], 5, 8));
+    formato.stop = Stop_Di(pezzi[3]);
+    return formato;
+}
+
+/// The body does the one value that the link uses, and no other.
+void Pretendi(bool condizione)
+{
+    if (!condizione)
+        Solleva(NumeroErrore::ValoreProprietaErrato);
+}
+
+QString Percorso_Dispositivo(qint16 numero)
+{
+    const QString nome = QStringLiteral("\\porte\\COM%1").arg(numero);
+    const QFileInfo legame(Percorso_Nativo(Cartella_Programma() + nome));
+    // The device itself, so that two links to one device share its lock. A link to a device that is not
+    // plugged in stands for that device, and its opening fails.
+    if (legame.exists())
+        return legame.canonicalFilePath();
+    if (legame.isSymLink())
+        return legame.symLinkTarget();
+    return QStringLiteral("/dev/ttyS%1").arg(numero - 1);
+}
+
+class SerialeQt : public ControlloSeriale
+{
+public:
+    SerialeQt();
+    ~SerialeQt() override { Chiudi(); }
+    Q_DISABLE_COPY_MOVE(SerialeQt)
+
+    void CommPort(qint16 numero) override { m_numero = numero; }
+    bool PortOpen() const override { return m_aperta; }
+    void PortOpen(bool aperta) override;
+    void Settings(const QString &testo) override;
+    void InputLen(qint16 numero) override { Pretendi(numero == 0); }
+    void InputMode(qint16 modo) override { Pretendi(modo == 1); }
+    void RThreshold(qint16 soglia) override { m_soglia = soglia; }
+    void NullDiscard(bool scarta) override { Pretendi(!scarta); }
+    qint16 InBufferCount() const override;
+    QByteArray Input() override;
+    void OutBufferCount(qint16 numero) override;
+    void Output(const QByteArray &byte) override;
+    qint16 CommEvent() const override { return m_evento; }
+
+private:
+    void Apri();
+    void Chiudi();
+    void Chiudi_Dispositivo();
+    void Pretendi_Aperta() const;
+    void Raccogli();
+    void Solleva_Ricezione();
+    void Errore_Porta(QSerialPort::SerialPortError errore);
+    bool Dispositivo_Perso() const;
+
+    qint16 m_numero = 1;
+    bool m_aperta = false;
+    qint16 m_soglia = 0;   ///< 0, as a control is born: no event for what comes in
+    QByteArray m_ricevuti; ///< input buffer, without a limit of its own: nothing ever overflows
+    qint16 m_evento = 0;
+    QTimer m_annuncio;   ///< carries a receive event through the form loop
+    QTimer m_ripresa;    ///< watches the line again after an empty wake-up
+    QSerialPort m_porta; ///< open as long as PortOpen says so and the device is there
+};
+
+SerialeQt::SerialeQt()
+{
+    m_annuncio.setSingleShot(true);
+    m_ripresa.setSingleShot(true);
+    QObject::connect(&m_annuncio, &QTimer::timeout, &m_annuncio, [this] { Solleva_Ricezione(); });
+    QObject::connect(&m_ripresa, &QTimer::timeout, &m_ripresa, [this] { Raccogli(); });
+    // No line errors: this serial port tells of none, and they would change nothing.
+    QObject::connect(&m_porta, &QSerialPort::readyRead, &m_porta, [this] { Raccogli(); });
+    QObject::connect(&m_porta, &QSerialPort::errorOccurred, &m_porta,
+                     [this](QSerialPort::SerialPortError errore) { Errore_Porta(errore); });
+}
+
+void SerialeQt::PortOpen(bool aperta)
+{
+    if (aperta)
+        Apri();
+    else
+        Chiudi();
+}
+
+void SerialeQt::Apri()
+{
+    m_porta.setPortName(Percorso_Dispositivo(m_numero));
+    if (m_aperta || !m_porta.open(QIODevice::ReadWrite))
+        throw ErroreEsecuzione(ERRORE_APERTURA, QStringLiteral("Invalid port number"));
+    m_aperta = true;
+}
+
+void SerialeQt::Chiudi()
+{
+    m_aperta = false;
+    m_ricevuti.clear();
+    Chiudi_Dispositivo();
+}
+
+void SerialeQt::Chiudi_Dispositivo()
+{
+    if (!m_porta.isOpen())
+        return;
+    const QSignalBlocker muta(m_porta); // a device that has gone refuses the clearing
+    // The system waits on closing for what has not gone out yet, seconds if the line does not drain.
+    m_porta.clear();
+    m_porta.close();
+}
+
+void SerialeQt::Settings(const QString &testo)
+{
+    const Formato formato = Formato_Di(testo);
+    // A pseudo terminal has no line format and refuses some of these: that is no bad value.
+    m_porta.setBaudRate(formato.velocita);
+    m_porta.setParity(formato.parita);
+    m_porta.setDataBits(formato.bit);
+    m_porta.setStopBits(formato.stop);
+}
+
+void SerialeQt::Pretendi_Aperta() const
+{
+    if (!m_aperta)
+        Solleva(NumeroErrore::PortaNonAperta);
+}
+
+qint16 SerialeQt::InBufferCount() const
+{
+    constexpr qsizetype MASSIMO = std::numeric_limits<qint16>::max();
+    return static_cast<qint16>(std::min(m_ricevuti.size(), MASSIMO));
+}
+
+QByteArray SerialeQt::Input()
+{
+    Pretendi_Aperta();
+    return std::exchange(m_ricevuti, QByteArray());
+}
+
+void SerialeQt::OutBufferCount(qint16 numero)
+{
+    Pretendi(numero == 0);
+    Pretendi_Aperta();
+    if (m_porta.isOpen())
+        m_porta.clear(QSerialPort::Output);
+}
+
+void SerialeQt::Output(const QByteArray &byte)
+{
+    Pretendi_Aperta();
+    if (m_porta.isOpen())
+        m_porta.write(byte);
+}
+
+void SerialeQt::Raccogli()
+{
+    if (!m_porta.isOpen())
+        return;
+    m_ricevuti += m_porta.readAll();
+    if (m_soglia == 0 || m_ricevuti.size() < m_soglia)
+        return;
+    // The event is raised from the loop and not from inside the serial port, which would hold back the next
+    // one as long as a modal box in this one is open.
+    m_annuncio.start(0);
+}
+
+void SerialeQt::Solleva_Ricezione()
+{
+    // The handler of an event before may have taken these bytes too.
+    if (m_ricevuti.isEmpty() || !OnComm)
+        return;
+    m_evento = EventoRicezione;
+    const auto evento = OnComm; // the session may end in it, and take this control along
+    evento();
+}
+
+void SerialeQt::Errore_Porta(QSerialPort::SerialPortError errore)
+{
+    if (!m_aperta || errore == QSerialPort::NoError || !m_porta.isOpen())
+        return;
+    if (Dispositivo_Perso()) {
+        Chiudi_Dispositivo();
+        return;
+    }
+    // After a wake-up that brought nothing the serial port no longer watches the line, until somebody reads.
+    m_ripresa.start(RIPRESA);
+}
+
+/// True for an adapter pulled out, or a pseudo terminal whose other end is closed. Such a device reads as
+/// ready for ever: watching it would take the whole processor.
+bool SerialeQt::Dispositivo_Perso() const
+{
+    pollfd stato = {static_cast<int>(m_porta.handle()), 0, 0};
+    return poll(&stato, 1, 0) > 0 && (stato.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+}
+
+} // namespace
+
+std::unique_ptr<ControlloSeriale> Crea_ControlloSeriale()
+{
+    return std::make_unique<SerialeQt>();
+}

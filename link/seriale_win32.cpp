@@ -1,0 +1,472 @@
+// The serial control on the communications calls of Windows. Every call that may wait is an overlapped one,
+// whose end comes to the form loop. It knows bytes and devices, nothing of frames or sessions.
+#include "link/seriale.h"
+
+#include "platform/errore_esecuzione.h"
+
+#include <QList>
+#include <QStringList>
+#include <QTimer>
+#include <QWinEventNotifier>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include <qt_windows.h>
+
+namespace {
+
+/// The classic error of a port that cannot be opened.
+constexpr int ERRORE_APERTURA = 8002;
+
+/// Pause before the line is watched again after a wake-up that brought nothing, in ms: long enough to cost no
+/// processor time if that goes on, shorter than a beat of the exchange.
+constexpr int RIPRESA = 100;
+
+/// Buffers of the driver, in bytes: the defaults of the control.
+constexpr DWORD BUFFER_INGRESSO = 1024;
+constexpr DWORD BUFFER_USCITA = 512;
+
+struct VoceEvento
+{
+    DWORD bit;
+    EventoSeriale evento;
+};
+
+/// What ClearCommError tells.
+constexpr VoceEvento ERRORI_LINEA[] = {
+    {CE_BREAK,    ErroreBreak   },
+    {CE_FRAME,    ErroreFrame   },
+    {CE_OVERRUN,  ErroreOverrun },
+    {CE_RXOVER,   ErroreRxOver  },
+    {CE_RXPARITY, ErroreRxParity},
+};
+
+/// What WaitCommEvent tells of the modem lines.
+constexpr VoceEvento LINEE_MODEM[] = {
+    {EV_CTS,  EventoCts },
+    {EV_DSR,  EventoDsr },
+    {EV_RLSD, EventoCd  },
+    {EV_RING, EventoRing},
+};
+
+/// Received bytes have a watch of their own, the pending read.
+constexpr DWORD EVENTI_ATTESI = EV_BREAK | EV_ERR | EV_CTS | EV_DSR | EV_RLSD | EV_RING;
+
+/// The body does the one value that the link uses, and no other.
+void Pretendi(bool condizione)
+{
+    if (!condizione)
+        Solleva(NumeroErrore::ValoreProprietaErrato);
+}
+
+/// One overlapped call at a time, and its end on the form loop.
+class Operazione
+{
+public:
+    Operazione() : m_evento(CreateEventW(nullptr, TRUE, FALSE, nullptr)), m_avviso(m_evento)
+    {
+        QObject::connect(&m_avviso, &QWinEventNotifier::activated, &m_avviso, [this] { Arrivata(); });
+    }
+    ~Operazione()
+    {
+        m_avviso.setEnabled(false);
+        CloseHandle(m_evento);
+    }
+    Q_DISABLE_COPY_MOVE(Operazione)
+
+    /// @param chiamata the call, on the structure that it is given. @return false when it failed at once.
+    template <typename Chiamata>
+    bool Avvia(HANDLE porta, Chiamata chiamata)
+    {
+        m_porta = porta;
+        m_stato = {};
+        m_stato.hEvent = m_evento;
+        ResetEvent(m_evento);
+        m_inCorso = chiamata(&m_stato) != FALSE || GetLastError() == ERROR_IO_PENDING;
+        return m_inCorso;
+    }
+    bool InCorso() const { return m_inCorso; }
+    /// @param[out] trattati the bytes carried. @return true when the call had its end at once: then nothing
+    /// is raised for it.
+    bool Finita_Subito(DWORD &trattati)
+    {
+        if (!m_inCorso || GetOverlappedResult(m_porta, &m_stato, &trattati, FALSE) == FALSE)
+            return false;
+        m_inCorso = false;
+        ResetEvent(m_evento);
+        return true;
+    }
+    /// Gives the call up. The system uses its structure and its bytes until it has ended, so that is waited
+    /// for: it ends at once.
+    void Annulla()
+    {
+        if (!m_inCorso)
+            return;
+        DWORD trattati = 0;
+        CancelIoEx(m_porta, &m_stato);
+        GetOverlappedResult(m_porta, &m_stato, &trattati, TRUE);
+        m_inCorso = false;
+        ResetEvent(m_evento);
+    }
+
+    /// Raised at the end of a call, with the bytes that it has carried.
+    std::function<void(bool riuscita, DWORD trattati)> Finita;
+
+private:
+    void Arrivata()
+    {
+        DWORD trattati = 0;
+        const bool riuscita = m_inCorso && GetOverlappedResult(m_porta, &m_stato, &trattati, FALSE) != FALSE;
+        // A call given up meanwhile, or the next one under way already.
+        if (!m_inCorso || (!riuscita && GetLastError() == ERROR_IO_INCOMPLETE))
+            return;
+        m_inCorso = false;
+        ResetEvent(m_evento);
+        Finita(riuscita, trattati);
+    }
+
+    HANDLE m_porta = INVALID_HANDLE_VALUE;
+    HANDLE m_evento;
+    OVERLAPPED m_stato = {};
+    bool m_inCorso = false;
+    QWinEventNotifier m_avviso;
+};
+
+class SerialeWin32 : public ControlloSeriale
+{
+public:
+    SerialeWin32();
+    ~SerialeWin32() override { Chiudi(); }
+    Q_DISABLE_COPY_MOVE(SerialeWin32)
+
+    void CommPort(qint16 numero) override { m_numero = numero; }
+    bool PortOpen() const override { return m_aperta; }
+    void PortOpen(bool aperta) override;
+    void Settings(const QString &testo) override;
+    void InputLen(qint16 numero) override { Pretendi(numero == 0); }
+    void InputMode(qint16 modo) override { Pretendi(modo == 1); }
+    void RThreshold(qint16 soglia) override { m_soglia = soglia; }
+    void NullDiscard(bool scarta) override { Pretendi(!scarta); }
+    qint16 InBufferCount() const override;
+    QByteArray Input() override;
+    void OutBufferCount(qint16 numero) override;
+    void Output(const QByteArray &byte) override;
+    qint16 CommEvent() const override { return m_evento; }
+
+private:
+    void Apri();
+    void Chiudi();
+    void Chiudi_Dispositivo();
+    bool Dispositivo_Aperto() const { return m_porta != INVALID_HANDLE_VALUE; }
+    void Pretendi_Aperta() const;
+    bool Prepara_Dispositivo() const;
+    void Osserva();
+    void Leggi();
+    bool Chiedi();
+    void Accogli(DWORD numero);
+    void Attendi_Evento();
+    void Letti(bool riuscita, DWORD numero);
+    void Evento_Linea(bool riuscita);
+    void Manda();
+    void Mandati(bool riuscita, DWORD numero);
+    bool Stato_Linea(COMSTAT &stato);
+    void Annuncia(EventoSeriale evento);
+    void Solleva_Prossimo();
+
+    qint16 m_numero = 1;
+    bool m_aperta = false;
+    HANDLE m_porta = INVALID_HANDLE_VALUE; ///< there as long as PortOpen says so and the device is there
+    qint16 m_soglia = 0;                   ///< 0, as a control is born: no event for what comes in
+    QByteArray m_ricevuti;                 ///< input buffer, without a limit of its own
+    QByteArray m_uscita;                   ///< what the write under way has not taken yet
+    QByteArray m_inInvio;                  ///< what it has taken
+    QList<EventoSeriale> m_eventi;         ///< those not raised yet
+    qint16 m_evento = 0;
+    char m_pezzo[BUFFER_INGRESSO];
+    DWORD m_maschera = 0;
+    Operazione m_lettura;
+    Operazione m_attesa;
+    Operazione m_scrittura;
+    QTimer m_annuncio; ///< carries the events through the form loop
+    QTimer m_ripresa;  ///< watches the line again after an empty wake-up
+};
+
+SerialeWin32::SerialeWin32()
+{
+    m_annuncio.setSingleShot(true);
+    m_ripresa.setSingleShot(true);
+    QObject::connect(&m_annuncio, &QTimer::timeout, &m_annuncio, [this] { Solleva_Prossimo(); });
+    QObject::connect(&m_ripresa, &QTimer::timeout, &m_ripresa, [this] { Osserva(); });
+    m_lettura.Finita = [this](bool riuscita, DWORD numero) { Letti(riuscita, numero); };
+    m_attesa.Finita = [this](bool riuscita, DWORD) { Evento_Linea(riuscita); };
+    m_scrittura.Finita = [this](bool riuscita, DWORD numero) { Mandati(riuscita, numero); };
+}
+
+void SerialeWin32::PortOpen(bool aperta)
+{
+    if (aperta)
+        Apri();
+    else
+        Chiudi();
+}
+
+void SerialeWin32::Apri()
+{
+    // The long form of the name: the short one ends at COM9.
+    const QString nome = QStringLiteral("\\\\.\\COM%1").arg(m_numero);
+    if (!m_aperta) {
+        m_porta = CreateFileW(reinterpret_cast<const wchar_t *>(nome.utf16()), GENERIC_READ | GENERIC_WRITE,
+                              0, nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
+        m_aperta = Dispositivo_Aperto() && Prepara_Dispositivo();
+        if (m_aperta) {
+            Osserva();
+            return;
+        }
+        Chiudi_Dispositivo();
+    }
+    throw ErroreEsecuzione(ERRORE_APERTURA, QStringLiteral("Invalid port number"));
+}
+
+/// @return false when what was opened is no serial port.
+bool SerialeWin32::Prepara_Dispositivo() const
+{
+    COMMTIMEOUTS nessuna = {};
+    DCB formato = {};
+    formato.DCBlength = sizeof formato;
+    SetupComm(m_porta, BUFFER_INGRESSO, BUFFER_USCITA);
+    return GetCommState(m_porta, &formato) != FALSE && SetCommTimeouts(m_porta, &nessuna) != FALSE;
+}
+
+void SerialeWin32::Chiudi()
+{
+    m_aperta = false;
+    m_ricevuti.clear();
+    m_eventi.clear();
+    Chiudi_Dispositivo();
+}
+
+void SerialeWin32::Chiudi_Dispositivo()
+{
+    if (!Dispositivo_Aperto())
+        return;
+    m_ripresa.stop();
+    m_uscita.clear();
+    // Not every driver lets a wait for line events be cancelled; every one ends it when the mask changes.
+    SetCommMask(m_porta, 0);
+    // The system waits on closing for what has not gone out yet, seconds if the line does not drain.
+    PurgeComm(m_porta, PURGE_TXABORT | PURGE_TXCLEAR);
+    for (Operazione *operazione : {&m_attesa, &m_lettura, &m_scrittura})
+        operazione->Annulla();
+    CloseHandle(std::exchange(m_porta, INVALID_HANDLE_VALUE));
+}
+
+void SerialeWin32::Settings(const QString &testo)
+{
+    const QStringList pezzi = testo.split(u',');
+    Pretendi(pezzi.size() == 4 && !pezzi.contains(QString()));
+    DCB formato = {};
+    formato.DCBlength = sizeof formato;
+    if (Dispositivo_Aperto())
+        GetCommState(m_porta, &formato);
+    Pretendi(BuildCommDCBW(reinterpret_cast<const wchar_t *>(testo.utf16()), &formato) != FALSE);
+    // The control's own defaults: no flow control, DTR raised, RTS not; every byte passes, also a damaged
+    // one.
+    formato.fBinary = TRUE;
+    formato.fParity = formato.Parity != NOPARITY;
+    formato.fOutxCtsFlow = formato.fOutxDsrFlow = formato.fDsrSensitivity = FALSE;
+    formato.fOutX = formato.fInX = FALSE;
+    formato.fErrorChar = formato.fNull = formato.fAbortOnError = FALSE;
+    formato.fDtrControl = DTR_CONTROL_ENABLE;
+    formato.fRtsControl = RTS_CONTROL_DISABLE;
+    // A line that cannot do a format refuses it: that is no bad value.
+    if (Dispositivo_Aperto())
+        SetCommState(m_porta, &formato);
+}
+
+void SerialeWin32::Pretendi_Aperta() const
+{
+    if (!m_aperta)
+        Solleva(NumeroErrore::PortaNonAperta);
+}
+
+qint16 SerialeWin32::InBufferCount() const
+{
+    constexpr qsizetype MASSIMO = std::numeric_limits<qint16>::max();
+    return static_cast<qint16>(std::min(m_ricevuti.size(), MASSIMO));
+}
+
+QByteArray SerialeWin32::Input()
+{
+    Pretendi_Aperta();
+    return std::exchange(m_ricevuti, QByteArray());
+}
+
+void SerialeWin32::OutBufferCount(qint16 numero)
+{
+    Pretendi(numero == 0);
+    Pretendi_Aperta();
+    if (!Dispositivo_Aperto())
+        return;
+    m_uscita.clear();
+    PurgeComm(m_porta, PURGE_TXABORT | PURGE_TXCLEAR);
+    m_scrittura.Annulla();
+}
+
+void SerialeWin32::Output(const QByteArray &byte)
+{
+    Pretendi_Aperta();
+    if (!Dispositivo_Aperto())
+        return;
+    m_uscita += byte;
+    Manda();
+}
+
+void SerialeWin32::Manda()
+{
+    if (m_scrittura.InCorso() || m_uscita.isEmpty())
+        return;
+    m_inInvio = std::exchange(m_uscita, QByteArray());
+    const bool avviata = m_scrittura.Avvia(m_porta, [this](OVERLAPPED *stato) {
+        return WriteFile(m_porta, m_inInvio.constData(), static_cast<DWORD>(m_inInvio.size()), nullptr,
+                         stato);
+    });
+    if (!avviata)
+        Chiudi_Dispositivo();
+}
+
+void SerialeWin32::Mandati(bool riuscita, DWORD numero)
+{
+    if (!Dispositivo_Aperto())
+        return;
+    if (riuscita && numero < static_cast<DWORD>(m_inInvio.size()))
+        m_uscita.prepend(m_inInvio.mid(static_cast<qsizetype>(numero)));
+    Manda();
+}
+
+/// Watches the line, as far as it is not watched already.
+void SerialeWin32::Osserva()
+{
+    if (Dispositivo_Aperto() && !m_lettura.InCorso())
+        Leggi();
+    if (Dispositivo_Aperto() && !m_attesa.InCorso())
+        Attendi_Evento();
+}
+
+/// Takes all that waits, and then asks for the next byte.
+void SerialeWin32::Leggi()
+{
+    DWORD numero = 0;
+    do {
+        Accogli(numero);
+        if (!Chiedi()) {
+            // An adapter pulled out: the port stays open, as an empty line.
+            Chiudi_Dispositivo();
+            return;
+        }
+    } while (m_lettura.Finita_Subito(numero) && numero > 0);
+    if (!m_lettura.InCorso())
+        m_ripresa.start(RIPRESA);
+}
+
+bool SerialeWin32::Chiedi()
+{
+    COMSTAT stato = {};
+    if (!Stato_Linea(stato))
+        return false;
+    const DWORD numero = std::clamp<DWORD>(stato.cbInQue, 1, BUFFER_INGRESSO);
+    return m_lettura.Avvia(m_porta, [this, numero](OVERLAPPED *richiesta) {
+        return ReadFile(m_porta, m_pezzo, numero, nullptr, richiesta);
+    });
+}
+
+void SerialeWin32::Accogli(DWORD numero)
+{
+    m_ricevuti.append(m_pezzo, static_cast<qsizetype>(numero));
+    if (numero > 0 && m_soglia > 0 && m_ricevuti.size() >= m_soglia)
+        Annuncia(EventoRicezione);
+}
+
+void SerialeWin32::Letti(bool riuscita, DWORD numero)
+{
+    if (!Dispositivo_Aperto())
+        return;
+    if (!riuscita) {
+        Chiudi_Dispositivo();
+        return;
+    }
+    if (numero == 0) {
+        m_ripresa.start(RIPRESA);
+        return;
+    }
+    Accogli(numero);
+    Leggi();
+}
+
+void SerialeWin32::Attendi_Evento()
+{
+    m_maschera = 0;
+    if (SetCommMask(m_porta, EVENTI_ATTESI) == FALSE)
+        return; // a line without them: bytes come all the same
+    m_attesa.Avvia(m_porta, [this](OVERLAPPED *stato) { return WaitCommEvent(m_porta, &m_maschera, stato); });
+}
+
+void SerialeWin32::Evento_Linea(bool riuscita)
+{
+    COMSTAT stato = {};
+    if (!Dispositivo_Aperto() || !riuscita || !Stato_Linea(stato))
+        return; // what the read makes of a lost device holds
+    for (const VoceEvento &voce : LINEE_MODEM) {
+        if ((m_maschera & voce.bit) != 0)
+            Annuncia(voce.evento);
+    }
+    if (m_maschera != 0)
+        Attendi_Evento();
+    else
+        m_ripresa.start(RIPRESA);
+}
+
+/// Asks for the state of the line, and announces the errors on it: to be told is to have them cleared.
+bool SerialeWin32::Stato_Linea(COMSTAT &stato)
+{
+    DWORD errori = 0;
+    if (ClearCommError(m_porta, &errori, &stato) == FALSE)
+        return false;
+    for (const VoceEvento &voce : ERRORI_LINEA) {
+        if ((errori & voce.bit) != 0)
+            Annuncia(voce.evento);
+    }
+    return true;
+}
+
+/// Events are raised from the loop and not from inside a call's end, which would hold back the next one as
+/// long as a modal box in this one is open.
+void SerialeWin32::Annuncia(EventoSeriale evento)
+{
+    if (evento != EventoRicezione || !m_eventi.contains(EventoRicezione))
+        m_eventi.append(evento);
+    m_annuncio.start(0);
+}
+
+void SerialeWin32::Solleva_Prossimo()
+{
+    if (m_eventi.isEmpty())
+        return;
+    const EventoSeriale evento = m_eventi.takeFirst();
+    if (!m_eventi.isEmpty())
+        m_annuncio.start(0);
+    // The handler of an event before may have taken these bytes too.
+    if ((evento == EventoRicezione && m_ricevuti.isEmpty()) || !OnComm)
+        return;
+    m_evento = evento;
+    const auto procedura = OnComm; // the session may end in it, and take this control along
+    procedura();
+}
+
+} // namespace
+
+std::unique_ptr<ControlloSeriale> Crea_ControlloSeriale()
+{
+    return std::make_unique<SerialeWin32>();
+}

@@ -1,0 +1,77 @@
+#include "mctc/controllo_valori.h"
+
+#include "core/modGeneral.h"
+#include "mctc/campi_acc.h"
+#include "platform/errore_esecuzione.h"
+
+QStringList mErroriDati;
+std::array<qint16, RIGHE_ACC> gErroriCampiAcc{};
+
+namespace {
+
+/// Text of an error: an id of gTabMctc, or words that are the same in every language.
+struct TestoErrore
+{
+    qint16 Id;
+    QStringView Parole;
+};
+
+constexpr TestoErrore TESTI_ERRORE[] = {
+    {-1, u""                       }, // 0 ValoreBuono
+    {95, u""                       }, // 1 ValoreNonNumero
+    {94, u""                       }, // 2 ValoreNonData
+    {96, u""                       }, // 3 ValoreNonOra
+    {97, u""                       }, // 4 ValoreNonTesto
+    {-1, u"Valore non presente"    }, // 5 ValoreAssente
+    {-1, u"Errore di lunghezza"    }, // 6 ValoreLunghezza
+    {-1, u"Non è un valore valido"}, // 7 ValoreNonAmmesso
+    {-1, u"Targa non valida"       }, // 8 ValoreNonTarga
+};
+
+Vocabolario Valori_Ammessi(qint16 riga)
+{
+    if (riga == RIGA_DESCRIZIONE && Campo_Acc(RIGA_TIPO_VEICOLO).Value == CLASSE_PESANTE)
+        return DESCRIZIONI_PESANTI;
+    return REGOLE_ACC[static_cast<size_t>(riga)].Ammessi;
+}
+
+qint16 Riga_Controlla(qint16 riga)
+{
+    if (Campo_Acc(riga).ValueKind == ValoreNessuno)
+        return ValoreBuono;
+    const RegolaCampo &regola = REGOLE_ACC[static_cast<size_t>(riga)];
+    return Valore_Controlla(riga, regola.Controllo, regola.Massimo, Valori_Ammessi(riga),
+                            regola.Obbligatorio);
+}
+
+} // namespace
+
+qint16 Dati_Controlla(QStringList &righe)
+{
+    righe.clear();
+    for (qint16 riga = 0; riga <= ULTIMA_RIGA_ACC; ++riga) {
+        const qint16 errore = Riga_Controlla(riga);
+        gErroriCampiAcc[static_cast<size_t>(riga)] = errore;
+        if (errore != ValoreBuono)
+            righe.append(Errore_Testo(riga, errore));
+    }
+    return Intero16(righe.size());
+}
+
+qint16 Valore_Controlla(qint16 riga, TipoControllo tipo, qint16 massimo, Vocabolario ammessi,
+                        Flag obbligatorio)
+{
+    return Valore_Errore(Campo_Acc(riga).Value, tipo, massimo, ammessi, obbligatorio);
+}
+
+QString Errore_Testo(qint16 riga, qint16 errore)
+{
+    const CampoForm &campo = Campo_Acc(riga);
+    if (errore == ValoreBuono)
+        return {};
+    if (errore < 0 || errore >= static_cast<qint16>(std::size(TESTI_ERRORE)))
+        Solleva(NumeroErrore::IndiceFuoriIntervallo);
+    const TestoErrore &testo = TESTI_ERRORE[errore];
+    return QStringLiteral("Sezione:[") + campo.Section + QStringLiteral("] - Campo:") + campo.Key +
+           QStringLiteral(" - ") + (testo.Id >= 0 ? Testo_Mctc(testo.Id) : testo.Parole.toString());
+}

@@ -1,0 +1,17 @@
+#include "mctc/far.h"
+
+#include "core/modFs.h"
+#include "core/modGeneral.h"
+#include "core/risultato.h"
+#include "platform/file.h"
+
+QString gFileFar;
+
+void Far_Scrivi(const QString &percorsoAcc)
+{
+    gFileFar = gDirAcc + Fs_Radice(percorsoAcc) + QStringLiteral(".far");
+    QStringList righe{QStringLiteral("[Kandelo]")};
+    for (const RigaFar &riga : gRisultatoFar)
+        righe.append(riga.Chiave + u'=' + riga.Valore);
+    File_ScriviRighe(gFileFar, righe);
+}

@@ -1,0 +1,193 @@
+#include "mctc/formato_acc.h"
+
+namespace {
+
+using enum TipoControllo;
+
+constexpr QStringView PRENOTAZIONE = u"Prenotazione";
+constexpr QStringView LIBRETTO = u"DatiLibrettoVeicolo";
+constexpr QStringView PROTOCOLLO = u"IdentificazioneProtocollo";
+
+constexpr QStringView FRENATURA = u"Vis_DispositiviFrenatura";
+constexpr QStringView STERZO = u"Vis_Sterzo";
+constexpr QStringView VISIBILITA = u"Vis_Visibilita";
+constexpr QStringView IMPIANTO = u"Vis_ImpiantoElettrico";
+constexpr QStringView ASSI = u"Vis_AssiRuotePneumaticiSospensioni";
+constexpr QStringView TELAIO = u"Vis_TelaioElementiFissatiTelaio";
+constexpr QStringView ALTRI = u"Vis_AltriEquipaggiamenti";
+constexpr QStringView EFFETTI = u"Vis_EffettiNocivi";
+constexpr QStringView IDENTIFICAZIONE = u"Vis_IdentificazioneVeicolo";
+constexpr QStringView ESITO = u"EsitoComplessivo";
+
+constexpr QStringView REVISIONI[] = {u"ANNUALI", u"PERIODICHE", u"STRAORDINARIE"};
+constexpr QStringView SESSI[] = {u"M", u"F"};
+constexpr QStringView CLASSI[] = {u"LEGGERO", u"PESANTE"};
+// Also for a class that is missing or unknown.
+constexpr QStringView DESCRIZIONI[] = {u"AUTOVETTURA",   u"AUTOCARRO",         u"AUTOCARAVAN",
+                                       u"AUTOBUS",       u"PROMISCUO",         u"RIMORCHIO",
+                                       u"SEMIRIMORCHIO", u"USO SPECIALE",      u"TRASPORTO SPECIFICO",
+                                       u"MOTOCICLO",     u"TRICICLO",          u"QUADRICICLO",
+                                       u"CICLOMOTORE",   u"TRATTORE STRADALE", u"TRATTORE PER SEMIRIMORCHIO"};
+constexpr QStringView PESANTI[] = {
+    u"AUTOCARRO",           u"RIMORCHIO", u"SEMIRIMORCHIO",     u"USO SPECIALE",
+    u"TRASPORTO SPECIFICO", u"AUTOBUS",   u"TRATTORE STRADALE", u"TRATTORE PER SEMIRIMORCHIO"};
+// "NESSUNA" is how a file says that there is no second fuel.
+constexpr QStringView ALIMENTAZIONI[] = {u"BENZINA<86",
+                                         u"BENZINA NO CAT",
+                                         u"BENZINA CAT",
+                                         u"DIESEL ASPIRATO CON CORRETTORE",
+                                         u"DIESEL ASPIRATO SENZA CORRETTORE",
+                                         u"DIESEL TURBO COMPRESSO",
+                                         u"METANO",
+                                         u"GPL",
+                                         u"ELETTRICO",
+                                         u"MISCELA",
+                                         u"NESSUNA"};
+constexpr QStringView COMANDI_FRENO[] = {u"PEDALE", u"MANO"};
+constexpr QStringView SI_NO[] = {u"S", u"N"};
+// The two-letter codes are the ministry's own and mean nothing here.
+constexpr QStringView FRENI_SOCCORSO[] = {u"NON NOTO",      u"XX",     u"TT", u"LL", u"HH", u"HT",
+                                          u"STAZIONAMENTO", u"NESSUNO"};
+// Version and date together are the identity of the format.
+constexpr QStringView VERSIONI[] = {u"100"};
+constexpr QStringView DATE_FORMATO[] = {u"02111999"};
+// Regular, irregular, and a third letter that passes without a meaning of its own.
+constexpr QStringView GIUDIZI[] = {u"I", u"R", u"A"};
+constexpr QStringView ESITI[] = {u"SOSPESO", u"REGOLARE", u"RIPETERE", u"NEGATIVO", u"IN RIPARAZIONE"};
+
+// clang-format off
+
+// The number in a key is its point in the ministry's inspection list. Two keys are asked for with a blank at
+// their end. OrientVertAbbDx_41221 is left out on purpose: the exchange carries it and nobody judges it.
+constexpr RegolaVisivo VISIVI[] = {
+    {FRENATURA,       u"StatoMeccanicoFrenoServizio_111",              Testo,   0, GIUDIZI},
+    {FRENATURA,       u"EfficienzaFrenoServizio_112",                  Testo,   0, GIUDIZI},
+    {FRENATURA,       u"EquilibraturaFrenoServizio_113",               Testo,   0, GIUDIZI},
+    {FRENATURA,       u"StatoMeccanicoFrenoStaz_121",                  Testo,   0, GIUDIZI},
+    {FRENATURA,       u"EfficienzaFrenoStaz_122",                      Testo,   0, GIUDIZI},
+    {FRENATURA,       u"StatoMeccanicoFrenoRimSemirimorchio_141",      Testo,   0, GIUDIZI},
+    {FRENATURA,       u"EfficienzaFrenoRimSemirimorchio_142",          Testo,   0, GIUDIZI},
+    {STERZO,          u"StatoMeccanicoSterzo_21",                      Testo,   0, GIUDIZI},
+    {STERZO,          u"GiocoSterzo_22",                               Testo,   0, GIUDIZI},
+    {STERZO,          u"FissaggioSistemaSterzo_23",                    Testo,   0, GIUDIZI},
+    {STERZO,          u"CuscinettiRuota_24",                           Testo,   0, GIUDIZI},
+    {VISIBILITA,      u"CampoVisibilita_31",                           Testo,   0, GIUDIZI},
+    {VISIBILITA,      u"Vetri_32",                                     Testo,   0, GIUDIZI},
+    {VISIBILITA,      u"Retrovisori_33",                               Testo,   0, GIUDIZI},
+    {VISIBILITA,      u"Tergicristallo_34",                            Testo,   0, GIUDIZI},
+    {VISIBILITA,      u"Lavavetro_35",                                 Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"StatoFunzionamentoProiettoriAbbAnab_411",      Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"OrientVertAnabDx_41211",                       Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"OrientVertAnabSx_41212",                       Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"OrientOrizzAnabDx_41213",                      Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"OrientOrizzAnabSx_41214",                      Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"IllumLuxAnabDx_41215",                         Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"IllumLuxAnabSx_41216",                         Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"OrientVertAbbSx_41222 ",                       Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"OrientOrizzAbbDx_41223",                       Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"OrientOrizzAbbSx_41224",                       Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"IllumLuxAbbDx_41225",                          Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"IllumLuxAbbSx_41226",                          Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"CommutazioneAbbAnab_413",                      Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"LuciPosizione_421",                            Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"LuciArresto_422",                              Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"IndicatoriLuminosiDirezione_423",              Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"ProiettoriRetromarcia_424",                    Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"ProiettoriFendinebbia_425",                    Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"DispositivoIlluminazioneTarga_426",            Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"Catarifrangenti_427",                          Testo,   0, GIUDIZI},
+    {IMPIANTO,        u"LuciSegnalazionePericolo_428",                 Testo,   0, GIUDIZI},
+    {ASSI,            u"Assi_51",                                      Testo,   0, GIUDIZI},
+    {ASSI,            u"RuotePneumatici_52",                           Testo,   0, GIUDIZI},
+    {ASSI,            u"Sospensioni_53",                               Testo,   0, GIUDIZI},
+    {TELAIO,          u"StatoGeneraleTelaioElementiFissatiTelaio_611", Testo,   0, GIUDIZI},
+    {TELAIO,          u"TubiScaricoSilenziatori_612",                  Testo,   0, GIUDIZI},
+    {TELAIO,          u"SerbatoiTubiCarburante_613",                   Testo,   0, GIUDIZI},
+    {TELAIO,          u"SupportoRuotaScorta_614",                      Testo,   0, GIUDIZI},
+    {TELAIO,          u"SicurezzaDispositivoAccoppiamento_615",        Testo,   0, GIUDIZI},
+    {TELAIO,          u"StatoStrutturaleCarrozzeria_621",              Testo,   0, GIUDIZI},
+    {TELAIO,          u"PorteSerrature_622",                           Testo,   0, GIUDIZI},
+    {ALTRI,           u"FissaggioSedileConducente_71",                 Testo,   0, GIUDIZI},
+    {ALTRI,           u"FissaggioBatteria_72 ",                        Testo,   0, GIUDIZI},
+    {ALTRI,           u"AvvisatoreAcustico_73",                        Testo,   0, GIUDIZI},
+    {ALTRI,           u"DispositivoPlurifunzionaleSoccorso_74",        Testo,   0, GIUDIZI},
+    {ALTRI,           u"TriangoloSegnalazioneVeicoloFermo_75",         Testo,   0, GIUDIZI},
+    {ALTRI,           u"SicurezzaMontaggioCintureSicurezza_761",       Testo,   0, GIUDIZI},
+    {ALTRI,           u"StatoCintureSicurezza_762",                    Testo,   0, GIUDIZI},
+    {ALTRI,           u"FunzionamentoCintureSicurezza_763",            Testo,   0, GIUDIZI},
+    {EFFETTI,         u"Rumori_81",                                    Testo,   0, GIUDIZI},
+    {EFFETTI,         u"GasScarico_82",                                Testo,   0, GIUDIZI},
+    {EFFETTI,         u"EliminazioneDisturbiRadio_83",                 Testo,   0, GIUDIZI},
+    {IDENTIFICAZIONE, u"Targa_91",                                     Testo,   0, GIUDIZI},
+    {IDENTIFICAZIONE, u"Telaio_92",                                    Testo,   0, GIUDIZI},
+    {IDENTIFICAZIONE, u"DataControlli",                                Data,    0, {}},
+    {IDENTIFICAZIONE, u"OraInizioControlli",                           Ora,     0, {}},
+    {IDENTIFICAZIONE, u"OraFineControlli",                             Ora,     0, {}},
+    {IDENTIFICAZIONE, u"Operatore",                                    Testo,  50, {}},
+    {ESITO,           u"EsitoRevisione",                               Testo,   0, ESITI},
+    {ESITO,           u"DataEffettiva",                                Data,    0, {}},
+    {ESITO,           u"Note",                                         Testo, 320, {}},
+};
+
+// clang-format on
+
+} // namespace
+
+// clang-format off
+
+constinit const std::array<RegolaCampo, RIGHE_ACC> REGOLE_ACC = {{
+    {PRENOTAZIONE, u"DataAccettazione",     40, CampoTesto,      ValoreData,   Vero,    0, Data,     {}},             // 0
+    {PRENOTAZIONE, u"DataPrenotazione",     41, CampoTesto,      ValoreData,   Vero,    0, Data,     {}},             // 1
+    {PRENOTAZIONE, u"Ora",                  42, CampoTesto,      ValoreOra,    Vero,    0, Ora,      {}},             // 2
+    {PRENOTAZIONE, u"Operatore",            43, CampoTesto,      ValoreTesto,  Vero,   50, Testo,    {}},             // 3
+    {PRENOTAZIONE, u"Linea",                44, CampoTesto,      ValoreNumero, Vero,    2, Cifre,    {}},             // 4
+    {PRENOTAZIONE, u"TipoRevisione",        45, CampoTesto,      ValoreTesto,  Vero,    0, Testo,    REVISIONI},      // 5
+    {PRENOTAZIONE, u"CognomeDenominazione", 46, CampoTesto,      ValoreTesto,  Vero,   25, Testo,    {}},             // 6
+    {PRENOTAZIONE, u"Nome",                 47, CampoTesto,      ValoreTesto,  Falso,  20, Testo,    {}},             // 7
+    {PRENOTAZIONE, u"DataNascita",          48, CampoTesto,      ValoreData,   Falso,   0, Data,     {}},             // 8
+    {PRENOTAZIONE, u"Sesso",                -1, CampoTesto,      ValoreTesto,  Falso,   0, Testo,    SESSI},          // 9
+    {PRENOTAZIONE, u"LuogoNascita",         49, CampoTesto,      ValoreTesto,  Falso,  25, Testo,    {}},             // 10
+    {PRENOTAZIONE, u"ProvinciaNascita",     -1, CampoTesto,      ValoreTesto,  Falso,   2, Esatto,   {}},             // 11
+    {PRENOTAZIONE, u"Indirizzo",            10, CampoTesto,      ValoreTesto,  Vero,   30, Testo,    {}},             // 12
+    {PRENOTAZIONE, u"CAP",                  -1, CampoTesto,      ValoreTesto,  Vero,    5, Esatto,   {}},             // 13
+    {PRENOTAZIONE, u"Citta",                51, CampoTesto,      ValoreTesto,  Vero,   25, Testo,    {}},             // 14
+    {PRENOTAZIONE, u"Provincia",            -1, CampoTesto,      ValoreTesto,  Vero,    2, Esatto,   {}},             // 15
+    {PRENOTAZIONE, u"Telefono",             52, CampoTesto,      ValoreTesto,  Falso,  17, Testo,    {}},             // 16
+    {PRENOTAZIONE, u"Note",                 53, CampoTesto,      ValoreTesto,  Falso, 160, Testo,    {}},             // 17
+    {LIBRETTO,     u"TipoVeicolo",          55, CampoTesto,      ValoreTesto,  Vero,    0, Testo,    CLASSI},         // 18
+    {LIBRETTO,     u"DescrizioneVeicolo",   56, CampoTesto,      ValoreTesto,  Vero,    0, Testo,    DESCRIZIONI},    // 19
+    {LIBRETTO,     u"Telaio",               57, CampoTesto,      ValoreNumero, Vero,   20, Testo,    {}},             // 20
+    {LIBRETTO,     u"Fabbrica",             58, CampoTesto,      ValoreTesto,  Vero,   50, Testo,    {}},             // 21
+    {LIBRETTO,     u"Tipo",                 59, CampoTesto,      ValoreTesto,  Vero,   50, Testo,    {}},             // 22
+    {LIBRETTO,     u"TipoMotore",           60, CampoTesto,      ValoreTesto,  Falso,  50, Testo,    {}},             // 23
+    {LIBRETTO,     u"NumOmologazione",      61, CampoTesto,      ValoreTesto,  Vero,   50, Testo,    {}},             // 24
+    {LIBRETTO,     u"AnnoPrimaImm",         62, CampoTesto,      ValoreNumero, Vero,    4, Anno,     {}},             // 25
+    {LIBRETTO,     u"DataRilascio",         63, CampoTesto,      ValoreData,   Vero,    0, Data,     {}},             // 26
+    {LIBRETTO,     u"DataUltimaRev",        64, CampoTesto,      ValoreData,   Falso,   0, Data,     {}},             // 27
+    {LIBRETTO,     u"Alimentazione_1",      65, CampoTesto,      ValoreTesto,  Vero,    0, Testo,    ALIMENTAZIONI},  // 28
+    {LIBRETTO,     u"Alimentazione_2",      66, CampoTesto,      ValoreTesto,  Vero,    0, Testo,    ALIMENTAZIONI},  // 29
+    {LIBRETTO,     u"Km",                   67, CampoTesto,      ValoreNumero, Falso,   6, Cifre,    {}},             // 30
+    {LIBRETTO,     u"Tara",                 72, CampoTesto,      ValoreNumero, Falso,   5, Cifre,    {}},             // 31
+    {LIBRETTO,     u"MassaComplessiva",     68, CampoTesto,      ValoreNumero, Falso,   5, Cifre,    {}},             // 32
+    {LIBRETTO,     u"MassaRimorchiabile",   73, CampoTesto,      ValoreNumero, Falso,   5, Cifre,    {}},             // 33
+    {LIBRETTO,     u"Cilindrata",           69, CampoTesto,      ValoreNumero, Falso,   5, Cifre,    {}},             // 34
+    {LIBRETTO,     u"Decibel",              74, CampoTesto,      ValoreNumero, Falso,   3, Cifre,    {}},             // 35
+    {LIBRETTO,     u"PotMaxkW",             70, CampoTesto,      ValoreNumero, Falso,   6, Decimale, {}},             // 36
+    {LIBRETTO,     u"GiriMotoredB",         75, CampoTesto,      ValoreNumero, Falso,   4, Cifre,    {}},             // 37
+    {LIBRETTO,     u"PotFiscaleCV",         71, CampoTesto,      ValoreNumero, Falso,   3, Cifre,    {}},             // 38
+    {LIBRETTO,     u"NumTotalePosti",       76, CampoTesto,      ValoreNumero, Vero,    3, Cifre,    {}},             // 39
+    {LIBRETTO,     u"FrenoStazionamento",   77, CampoTesto,      ValoreTesto,  Vero,    0, Testo,    COMANDI_FRENO},  // 40
+    {LIBRETTO,     u"NumTotaleAssi",        78, CampoTesto,      ValoreNumero, Vero,    1, Cifre,    {}},             // 41
+    {LIBRETTO,     u"NumAssiStazionamento", 79, CampoTesto,      ValoreNumero, Vero,    1, Cifre,    {}},             // 42
+    {LIBRETTO,     u"Veicolo4WD",           86, CampoSpunta,     ValoreTesto,  Vero,    0, Testo,    SI_NO},          // 43
+    {LIBRETTO,     u"ImpiantoABS",          87, CampoSpunta,     ValoreTesto,  Vero,    0, Testo,    SI_NO},          // 44
+    {LIBRETTO,     u"FrenoSoccorso",        80, CampoTesto,      ValoreTesto,  Vero,    0, Testo,    FRENI_SOCCORSO}, // 45
+    {LIBRETTO,     u"Targa",                -1, CampoSoloValore, ValoreTesto,  Vero,   10, Targa,    {}},             // 46
+    {PROTOCOLLO,   u"Versione",             -1, CampoSoloValore, ValoreTesto,  Vero,    0, Testo,    VERSIONI},       // 47
+    {PROTOCOLLO,   u"Data",                 -1, CampoSoloValore, ValoreData,   Vero,    0, Testo,    DATE_FORMATO},   // 48
+}};
+
+// clang-format on
+
+constinit const std::span<const RegolaVisivo> REGOLE_VISIVI = VISIVI;
+constinit const Vocabolario DESCRIZIONI_PESANTI = PESANTI;

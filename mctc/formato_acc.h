@@ -1,0 +1,48 @@
+// The format of the exchange as tables: the 49 fields of an acceptance file, their vocabularies, and the keys
+// of the visual check. Constants only: no value of any file.
+#pragma once
+
+#include "core/campo_form.h"
+#include "mctc/regole_valore.h"
+
+#include <array>
+
+/// Fields of an acceptance file. A field's row number is its identity everywhere.
+inline constexpr qint16 RIGHE_ACC = 49;
+inline constexpr qint16 ULTIMA_RIGA_ACC = RIGHE_ACC - 1;
+
+inline constexpr qint16 RIGA_TIPO_VEICOLO = 18;
+inline constexpr qint16 RIGA_DESCRIZIONE = 19;
+
+/// One field: where it stands, how a form shows it, what it may hold.
+struct RegolaCampo
+{
+    QStringView Section;
+    QStringView Key;
+    qint16 LabelId; ///< id in gTabMctc; -1: no caption of its own
+    TipoCampo Kind;
+    TipoValore ValueKind;
+    Flag Obbligatorio;
+    qint16 Massimo; ///< length in characters, 0: none
+    TipoControllo Controllo;
+    Vocabolario Ammessi;
+};
+
+/// One key of the visual check. Every one of them may be empty.
+struct RegolaVisivo
+{
+    QStringView Section;
+    QStringView Key;
+    TipoControllo Controllo;
+    qint16 Massimo;
+    Vocabolario Ammessi;
+};
+
+extern const std::array<RegolaCampo, RIGHE_ACC> REGOLE_ACC;
+
+/// In the order of checking.
+extern const std::span<const RegolaVisivo> REGOLE_VISIVI;
+
+/// Vehicle class that narrows the descriptions, and the descriptions that it leaves.
+inline constexpr QStringView CLASSE_PESANTE = u"PESANTE";
+extern const Vocabolario DESCRIZIONI_PESANTI;

@@ -1,0 +1,124 @@
+#include "mctc/frmControlliMctc.h"
+
+#include "core/modCtl.h"
+#include "core/modGeneral.h"
+#include "platform/schermo.h"
+
+#include <array>
+
+namespace {
+
+constexpr qint16 ULTIMA_RIGA = 10;
+std::array<CampoForm, ULTIMA_RIGA + 1> gCampiLivelli;
+
+struct RigaLivello
+{
+    const char16_t *chiave;
+    quint8 controllo;
+    qint32 cima;
+    qint32 larghezza;
+};
+
+constexpr RigaLivello RIGHE[] = {
+    {u"NomeFile",     CampoCombo, 100,  800 },
+    {u"SezDuplicate", CampoCombo, 600,  800 },
+    {u"SezEstranee",  CampoCombo, 1100, 800 },
+    {u"SezMancanti",  CampoCombo, 1600, 800 },
+    {u"KeyDuplicate", CampoCombo, 2100, 800 },
+    {u"KeyEstranee",  CampoCombo, 2600, 800 },
+    {u"KeyMancanti",  CampoCombo, 3100, 800 },
+    {u"Spazi",        CampoCombo, 3600, 800 },
+    {u"Dati",         CampoCombo, 4100, 800 },
+    {u"Data",         CampoTesto, 4600, 2000},
+    {u"Versione",     CampoTesto, 5100, 2000},
+};
+
+constexpr qint16 TESTO_TITOLO = 158;
+constexpr qint16 TESTO_RIGA = 159;
+constexpr qint16 TESTI_LIVELLI[] = {112, 141};
+constexpr qint16 TESTO_ANNULLA = 106;
+
+// The layout, in design units. The rows begin at the top: the heading stands below them.
+constexpr qint32 FORM_LARGO = 4200;
+constexpr qint32 FORM_ALTO = 7400;
+constexpr qint32 SINISTRA = 1200;
+constexpr qint32 CASELLA_ALTA = 330;
+
+/// Item of the list that a stored level stands for; -1, none, for a class without a level of its own.
+qint16 Livello_Di(const CampoForm &campo)
+{
+    static const QStringList LIVELLI = {QStringLiteral("0"), QStringLiteral("1")};
+    return Intero16(LIVELLI.indexOf(campo.Value));
+}
+
+} // namespace
+
+frmControlliMctc::frmControlliMctc() : Modulo(QStringLiteral("frmControlliMctc")) {}
+
+void frmControlliMctc::Disegno()
+{
+    Width(ScalaX(FORM_LARGO));
+    Height(ScalaY(FORM_ALTO));
+    Centra();
+    lbl1 = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lbl1"));
+    lbl.Carica(0).Posto(0, 0, ScalaX(SINISTRA - 200), ScalaY(CASELLA_ALTA));
+    txt.Carica(0).Posto(0, 0, ScalaX(800), ScalaY(CASELLA_ALTA));
+    cbo.Carica(0).Posto(0, 0, ScalaX(800), ScalaY(CASELLA_ALTA));
+    for (qint16 i = 0; i <= 1; ++i)
+        cmd.Carica(i).Visible(true);
+}
+
+void frmControlliMctc::Load()
+{
+    Campi_Azzera(gCampiLivelli, ULTIMA_RIGA);
+    Campi_Imposta();
+    Campi_Crea(gCampiLivelli, ULTIMA_RIGA, *this);
+    Campi_Applica(gCampiLivelli, ULTIMA_RIGA, *this);
+    Mostra_Livelli();
+    cmd[0].SetFocus();
+}
+
+void frmControlliMctc::Campi_Imposta()
+{
+    for (size_t i = 0; i < gCampiLivelli.size(); ++i) {
+        CampoForm &campo = gCampiLivelli[i];
+        campo.LabelId = TESTO_RIGA;
+        campo.Kind = RIGHE[i].controllo;
+        campo.File = gFileIni;
+        campo.Section = QStringLiteral("LivelliMctc");
+        campo.Key = QString::fromUtf16(RIGHE[i].chiave);
+        campo.List = {Testo_Mctc(TESTI_LIVELLI[0]), Testo_Mctc(TESTI_LIVELLI[1])};
+        campo.CtlLeft = ScalaX_16(SINISTRA);
+        campo.CtlTop = ScalaY_16(RIGHE[i].cima);
+        campo.CtlWidth = ScalaX_16(RIGHE[i].larghezza);
+        campo.LabelLeft = ScalaX_16(100);
+        campo.LabelTop = campo.CtlTop;
+    }
+    lbl1->Posto(ScalaX(100), ScalaY(5600), ScalaX(FORM_LARGO - 200), ScalaY(400));
+    lbl1->Caption(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(TESTO_TITOLO));
+    cmd[0].Caption(QStringLiteral("Ok"));
+    cmd[0].Posto(ScalaX(2200), ScalaY(6200), ScalaX(1800), ScalaY(900));
+    cmd[1].Caption(Testo_Mctc(TESTO_ANNULLA));
+    cmd[1].Posto(ScalaX(200), ScalaY(6200), ScalaX(1800), ScalaY(900));
+    cmd[1].Cancel(true);
+}
+
+/// A stored level is chosen in its list; a class without one shows no selection.
+void frmControlliMctc::Mostra_Livelli()
+{
+    for (const CampoForm &campo : gCampiLivelli) {
+        if (campo.Kind == CampoCombo)
+            cbo[campo.CtlIndex].ListIndex(Livello_Di(campo));
+    }
+}
+
+void frmControlliMctc::cmd_Click(qint16)
+{
+    Scarica();
+}
+
+void frmControlliMctc::Unload()
+{
+    Campi_Scarica(*this);
+}

@@ -1,0 +1,51 @@
+// The worklist: watches the exchange folder for acceptance files, shows a line for each, checks the one that
+// the operator picks and hands it to the entry form.
+#pragma once
+
+#include "mctc/lista.h"
+#include "platform/modulo.h"
+#include "platform/temporizzatore.h"
+
+#include <QVariant>
+
+class frmMctc2;
+
+class frmMctcO : public Modulo
+{
+    Q_OBJECT
+
+public:
+    frmMctcO();
+    ~frmMctcO() override;
+
+Q_SIGNALS:
+    /// Code 4 with the value of the entry form, when its data were confirmed.
+    void Notifica(qint16 &codice, QVariant &valore);
+
+protected:
+    void Disegno() override;
+    void Load() override;
+    void Paint() override;
+    void Unload() override;
+    void cmd_Click(qint16 Index) override;
+
+private:
+    void Disponi();
+    void Campi_Imposta();
+    void Lista_Aggiorna(qint32 scelta);
+    void tmrLst_Timer();
+    void Esamina_Cartella();
+    void lstAuto_Click();
+    void Dipingi_Errori();
+    void Conferma();
+    void formMctc2b_Notifica(qint16 &codice, QVariant &valore);
+
+    QList<VoceLista> mVoci;
+    bool mOccupato = false;
+    QStringList mUltimoElenco;
+    QString mUltimoConteggio;
+    std::unique_ptr<ElencoVoci> lstAuto;
+    ArrayControlli<Etichetta> lblDes;
+    Temporizzatore tmrLst;
+    std::shared_ptr<frmMctc2> formMctc2b;
+};

@@ -1,0 +1,53 @@
+#include "mctc/lista.h"
+
+#include "core/modFs.h"
+#include "core/modGeneral.h"
+#include "mctc/campi_acc.h"
+#include "platform/errore_esecuzione.h"
+
+namespace {
+
+/// @param cartella ends in a backslash afterwards. @return the last index of nomi; -1 also for a folder that
+/// cannot be reached: a network folder comes and goes, and an empty list stays usable.
+qint16 Nomi_Elenca(QString &cartella, QStringList &nomi)
+{
+    try {
+        return Fs_Elenco(cartella, QStringLiteral("*.acc"), nomi, Falso, Vero);
+    } catch (const ErroreEsecuzione &) {
+        return -1;
+    }
+}
+
+} // namespace
+
+qint16 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
+{
+    QString conBarra = cartella;
+    QStringList nomi;
+    const qint16 ultima = Nomi_Elenca(conBarra, nomi);
+    if (ultima < 0)
+        return -1;
+    voci.clear();
+    for (const QString &nome : std::as_const(nomi)) {
+        VoceLista voce;
+        voce.NomeFile = nome.toUpper();
+        // Opened as listed: where names tell case apart, the upper-case name would cost a search of the
+        // folder for every file.
+        voce.Targa = Targa_Leggi(conBarra + nome);
+        voce.Stato = Testo_Mctc(112);
+        voci.append(voce);
+    }
+    return ultima;
+}
+
+qint16 Liste_Differenze(const QStringList &prima, const QStringList &dopo)
+{
+    if (prima.size() != dopo.size())
+        return 0;
+    qint16 differenza = -1;
+    for (qsizetype i = 0; i < prima.size(); ++i) {
+        if (prima[i] != dopo[i])
+            differenza = Intero16(differenza + 1);
+    }
+    return differenza;
+}

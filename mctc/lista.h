@@ -1,0 +1,26 @@
+// The entries of the worklist and the comparison of two listings of its folder. Knows no list box.
+#pragma once
+
+#include "platform/tipi.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+/// One file of the worklist.
+struct VoceLista
+{
+    QString NomeFile; ///< upper case, without folder
+    QString Targa;
+    QString Stato;    ///< not shown
+    QString Riserva1; ///< stays empty
+    QString Riserva2; ///< stays empty
+};
+
+/// Lists the acceptance files of a folder, in the order of the folder, each opened once for its plate.
+/// @param[out] voci left as it was when there is no file or the folder cannot be listed.
+/// @return the last index, -1 for none.
+qint16 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci);
+
+/// Compares two listings. @return -1 when they are the same, anything else when they differ.
+qint16 Liste_Differenze(const QStringList &prima, const QStringList &dopo);

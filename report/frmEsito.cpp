@@ -1,0 +1,290 @@
+#include "report/frmEsito.h"
+
+#include "core/limiti.h"
+#include "core/modCtl.h"
+#include "core/modGeneral.h"
+#include "core/risultato.h"
+#include "dialogs/frmMsg.h"
+#include "platform/aspetto.h"
+#include "platform/numeri.h"
+#include "platform/schermo.h"
+#include "report/modReport.h"
+#include "report/pagina.h"
+
+#include <array>
+
+namespace {
+
+constexpr int INTERVALLO_BEEP = 1000; // ms
+
+constexpr qint16 TESTO_STAMPA = 98;
+constexpr qint16 TESTO_ESCI = 7;
+constexpr qint16 TESTO_ALTEZZA = 118;
+constexpr qint16 TESTO_SIMMETRICO = 120;
+constexpr qint16 TESTO_ASIMMETRICO = 121;
+constexpr qint16 TESTO_REGOLARE = 126;
+constexpr qint16 TESTO_IRREGOLARE = 127;
+constexpr qint16 TESTO_SENZA_STAMPANTE = 58; // of lingue.ini
+
+constexpr qint16 ULTIMA_RIGA = 1;
+std::array<CampoForm, ULTIMA_RIGA + 1> gCampiEsito;
+
+constexpr qint16 CELLE_MIRA = 8;
+constexpr qint16 CELLE = 12;
+constexpr qint16 COLONNE = 4;
+
+/// The row of the result that each cell shows, in cell order.
+constexpr const char16_t *RIGHE_CELLE[CELLE] = {
+    u"VertAnabDx",     u"VertAnabSx",     u"VertAbbDx",     u"VertAbbSx",     //
+    u"OrizzAnabDx",    u"OrizzAnabSx",    u"OrizzAbbDx",    u"OrizzAbbSx",    //
+    u"IllumLuxAnabDx", u"IllumLuxAnabSx", u"IllumLuxAbbDx", u"IllumLuxAbbSx", //
+};
+
+/// Texts of lblPar: four column heads, three row heads.
+constexpr qint16 TESTI_PAR[] = {132, 131, 134, 133, 135, 136, 137};
+constexpr qint16 TESTI_DES[] = {130, 129};
+
+/// The buttons by index: print stands on the left, exit on the right; the other two have no use and no face.
+enum PulsanteEsito : qint16
+{
+    PulsanteEsci = 0,
+    PulsanteStampa = 1,
+    PulsanteLibero = 2,
+    PulsanteChiudi = 3,
+};
+
+// The layout, in design units.
+constexpr qint32 CELLA_LARGA = 1300;
+constexpr qint32 CELLA_ALTA = 800;
+constexpr qint32 CELLE_Y = 2370;
+constexpr qint32 PULSANTE_LARGO = 1575;
+constexpr qint32 PULSANTE_ALTO = 975;
+
+qint32 Meta_Schermo()
+{
+    return gScreenW / 2;
+}
+
+bool Regolare(const QString &riga)
+{
+    return Far_Valore(riga) == u"R";
+}
+
+/// Repeats the test of the evaluation, to colour what it has judged.
+bool Nei_Limiti(float valore, qint16 cella)
+{
+    const bool anabbagliante = cella < CELLE_MIRA + 2;
+    const auto minimo = static_cast<float>(anabbagliante ? gLuxMinAnab : gLuxMinAbb);
+    const auto massimo = static_cast<float>(anabbagliante ? gLuxMaxAnab : gLuxMaxAbb);
+    return valore > minimo && valore < massimo;
+}
+
+} // namespace
+
+frmEsito::frmEsito()
+    : Modulo(QStringLiteral("frmEsito")),
+      lblDes(QStringLiteral("lblDes")),
+      lblPar(QStringLiteral("lblPar")),
+      lblTab(QStringLiteral("lblTab")),
+      tmrBeep([] { Segnale_Acustico(); })
+{
+}
+
+frmEsito::~frmEsito() = default;
+
+void frmEsito::Disegno()
+{
+    lblTitolo = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTitolo"));
+    lblTitolo->Allineamento(Qt::AlignCenter);
+    lblTitolo->FontBold(true);
+    lblTitolo->FontSize(Punti_Normali() * 3);
+    txt.Carica(0).Posto(0, 0, ScalaX(3000), ScalaY(450));
+    txt[0].FontSize(Punti_Normali() * 1.4);
+    lbl.Carica(0).Posto(0, 0, ScalaX(4000), ScalaY(300));
+    for (ArrayControlli<Etichetta> *array : {&lblDes, &lblPar, &lblTab})
+        array->Inizia(Finestra());
+    for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_DES)); ++i) {
+        lblDes.Carica(i).FontBold(true);
+        lblDes[i].FontSize(Punti_Normali() * 1.2);
+    }
+    for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_PAR)); ++i) {
+        lblPar.Carica(i).Visible(true);
+        lblPar[i].Allineamento(i < COLONNE ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignVCenter);
+    }
+    for (qint16 i = 0; i < CELLE; ++i) {
+        lblTab.Carica(i).Allineamento(Qt::AlignCenter);
+        lblTab[i].FontSize(Punti_Normali() * 2);
+        lblTab[i].FontBold(true);
+        lblTab[i].Bordo();
+        lblTab[i].BackColor(COLORE_NERO);
+        lblTab[i].ForeColor(COLORE_BIANCO);
+        lblTab[i].Visible(true);
+    }
+    for (qint16 i = PulsanteEsci; i <= PulsanteChiudi; ++i)
+        cmd.Carica(i).FontSize(Punti_Normali() * 1.4);
+}
+
+void frmEsito::Load()
+{
+    Massimizza();
+    Campi_Azzera(gCampiEsito, ULTIMA_RIGA);
+    Disponi_Pulsanti();
+    Mostra_Verdetto();
+    Campi_Imposta();
+    Campi_Crea(gCampiEsito, ULTIMA_RIGA, *this);
+    Campi_Applica(gCampiEsito, ULTIMA_RIGA, *this);
+    Riempi();
+    cmd[PulsanteStampa].SetFocus();
+}
+
+void frmEsito::Disponi_Pulsanti()
+{
+    const qint32 cima = gScreenH - ScalaY(1500);
+    const qint32 posti[] = {gScreenW - ScalaX(2500), ScalaX(500), ScalaX(2500), gScreenW - ScalaX(4500)};
+    for (qint16 i = PulsanteEsci; i <= PulsanteChiudi; ++i)
+        cmd[i].Posto(posti[i], cima, ScalaX(PULSANTE_LARGO), ScalaY(PULSANTE_ALTO));
+    cmd[PulsanteEsci].Caption(Testo_Mctc(TESTO_ESCI));
+    cmd[PulsanteEsci].Visible(true);
+    cmd[PulsanteEsci].Cancel(true);
+    cmd[PulsanteStampa].Caption(Testo_Mctc(TESTO_STAMPA));
+    cmd[PulsanteStampa].Visible(true);
+    cmd[PulsanteChiudi].Enabled(false);
+}
+
+void frmEsito::Mostra_Verdetto()
+{
+    const bool regolare = Regolare(QStringLiteral("Esito"));
+    lblTitolo->Posto(ScalaX(300), ScalaY(200), gScreenW - 2 * ScalaX(300), ScalaY(1000));
+    lblTitolo->Caption(Testo_Mctc(regolare ? TESTO_REGOLARE : TESTO_IRREGOLARE));
+    lblTitolo->BackColor(regolare ? COLORE_VERDE : COLORE_ROSSO);
+    Caption(lblTitolo->Caption());
+}
+
+void frmEsito::Campi_Imposta()
+{
+    constexpr qint16 ETICHETTE[] = {TESTO_ALTEZZA, TESTO_ASIMMETRICO};
+    for (size_t i = 0; i < gCampiEsito.size(); ++i) {
+        CampoForm &campo = gCampiEsito[i];
+        campo.LabelId = ETICHETTE[i];
+        campo.Kind = CampoTesto;
+        campo.Editable = Falso;
+        campo.CtlLeft = ScalaX_16(500);
+        campo.CtlTop = ScalaY_16(2500 + static_cast<qint32>(i) * 1000);
+        campo.LabelLeft = campo.CtlLeft;
+        campo.LabelTop = Intero16(campo.CtlTop - ScalaY(300));
+    }
+}
+
+void frmEsito::Riempi()
+{
+    const bool simmetrico = Far_Valore(QStringLiteral("TipoAnab")) == u"#S";
+    txt[0].Text(Numero_Testo(gAltezzaFaro));
+    txt[1].Text(Testo_Mctc(simmetrico ? TESTO_SIMMETRICO : TESTO_ASIMMETRICO));
+    lblDes[0].Posto(ScalaX(500), ScalaY(1500), ScalaX(4000), ScalaY(400));
+    lblDes[0].Caption(Testo_Mctc(TESTI_DES[0]));
+    lblDes[0].Visible(true);
+    if (!Regolare(QStringLiteral("Esito")) && gAllarmeAcustico) {
+        tmrBeep.Interval(INTERVALLO_BEEP);
+        tmrBeep.Enabled(true);
+    }
+    Intestazioni_Tabella();
+    Celle_Mira();
+    Celle_Intensita();
+}
+
+void frmEsito::Intestazioni_Tabella()
+{
+    lblDes[1].Posto(Meta_Schermo() + ScalaX(300), ScalaY(1450), ScalaX(4000), ScalaY(340));
+    lblDes[1].Caption(Testo_Mctc(TESTI_DES[1]));
+    lblDes[1].Visible(true);
+    // Other languages than the Italian need two lines for a column head.
+    const qint32 cima = gLingua == u"IT" ? 2000 : 1800;
+    for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_PAR)); ++i) {
+        lblPar[i].Caption(Testo_Mctc(TESTI_PAR[i]));
+        if (i < COLONNE) {
+            lblPar[i].Posto(Meta_Schermo() + i * ScalaX(CELLA_LARGA), ScalaY(cima), ScalaX(CELLA_LARGA),
+                            ScalaY(CELLE_Y - cima - 20));
+        } else {
+            const qint32 larghezza = ScalaX(2200);
+            lblPar[i].Posto(Meta_Schermo() - larghezza - ScalaX(150),
+                            ScalaY((i - COLONNE) * CELLA_ALTA + CELLE_Y), larghezza, ScalaY(CELLA_ALTA));
+        }
+    }
+    for (qint16 i = 0; i < CELLE; ++i) {
+        lblTab[i].Posto(Meta_Schermo() + i % COLONNE * ScalaX(CELLA_LARGA),
+                        ScalaY(CELLE_Y + i / COLONNE * CELLA_ALTA), ScalaX(CELLA_LARGA), ScalaY(CELLA_ALTA));
+    }
+}
+
+void frmEsito::Celle_Mira()
+{
+    for (qint16 i = 0; i < CELLE_MIRA; ++i) {
+        const bool regolare = Regolare(QString::fromUtf16(RIGHE_CELLE[i]));
+        lblTab[i].Caption(regolare ? QStringLiteral("SI") : QStringLiteral("NO"));
+        Colora_Cella(i, regolare);
+    }
+}
+
+void frmEsito::Celle_Intensita()
+{
+    for (qint16 i = CELLE_MIRA; i < CELLE; ++i) {
+        const QString riga = Far_Valore(QString::fromUtf16(RIGHE_CELLE[i]));
+        if (riga.isEmpty()) {
+            lblTab[i].Caption(QStringLiteral(" -"));
+            continue;
+        }
+        const float valore = Numero_Singolo(riga);
+        lblTab[i].Caption(Numero_Testo(valore / 1000));
+        Colora_Cella(i, Nei_Limiti(valore, i));
+    }
+}
+
+void frmEsito::Colora_Cella(qint16 cella, bool regolare)
+{
+    lblTab[cella].ForeColor(regolare ? COLORE_VERDE : COLORE_ROSSO);
+}
+
+void frmEsito::Paint()
+{
+    Disegna_Cornice(*this, ScalaX(200), ScalaY(100), gScreenW - ScalaX(200), ScalaY(1300));
+    Disegna_Cornice(*this, ScalaX(200), ScalaY(1400), Meta_Schermo() - ScalaX(2600), ScalaY(5000));
+    Disegna_Cornice(*this, Meta_Schermo() - ScalaX(2500), ScalaY(1400), gScreenW - ScalaX(200), ScalaY(5000));
+}
+
+void frmEsito::cmd_Click(qint16 Index)
+{
+    switch (Index) {
+    case PulsanteEsci: {
+        qint16 codice = 5;
+        QVariant valore = 0;
+        Q_EMIT Notifica(codice, valore);
+        Scarica();
+        break;
+    }
+    case PulsanteStampa:
+        Stampa();
+        break;
+    case PulsanteChiudi:
+        Scarica();
+        break;
+    default:
+        break;
+    }
+}
+
+void frmEsito::Stampa()
+{
+    Report_Dati(2);
+    Report_Dati(3);
+    Schermo_Puntatore(PuntatoreClessidra);
+    const Flag stampato = Report_Invia();
+    if (!stampato)
+        Mostra_MsgTempo(Testo_Lingua(TESTO_SENZA_STAMPANTE));
+    Schermo_Puntatore(PuntatoreNormale);
+}
+
+void frmEsito::Unload()
+{
+    tmrBeep.Enabled(false);
+    Campi_Scarica(*this);
+}

@@ -1,0 +1,45 @@
+// The result screen: the verdict, the lamp data, a cell for every lamp and beam, the alarm of a vehicle that
+// failed, and the report. It reads the result record and changes nothing.
+#pragma once
+
+#include "platform/modulo.h"
+#include "platform/temporizzatore.h"
+
+#include <QVariant>
+
+class frmEsito : public Modulo
+{
+    Q_OBJECT
+
+public:
+    frmEsito();
+    ~frmEsito() override;
+
+Q_SIGNALS:
+    /// Code 5, value 0, when the exit button closes the form; nobody listens today.
+    void Notifica(qint16 &codice, QVariant &valore);
+
+protected:
+    void Disegno() override;
+    void Load() override;
+    void Paint() override;
+    void Unload() override;
+    void cmd_Click(qint16 Index) override;
+
+private:
+    void Disponi_Pulsanti();
+    void Mostra_Verdetto();
+    void Campi_Imposta();
+    void Riempi();
+    void Intestazioni_Tabella();
+    void Celle_Mira();
+    void Celle_Intensita();
+    void Stampa();
+    void Colora_Cella(qint16 cella, bool regolare);
+
+    std::unique_ptr<Etichetta> lblTitolo;
+    ArrayControlli<Etichetta> lblDes;
+    ArrayControlli<Etichetta> lblPar;
+    ArrayControlli<Etichetta> lblTab;
+    Temporizzatore tmrBeep;
+};

@@ -1,0 +1,303 @@
+#include "report/frmMctc2.h"
+
+#include "core/modCtl.h"
+#include "core/modGeneral.h"
+#include "dialogs/frmMsg.h"
+#include "platform/numeri.h"
+#include "platform/schermo.h"
+
+#include <array>
+
+namespace {
+
+constexpr qint16 ULTIMA_RIGA = 15; // row 15 stays as Campi_Azzera leaves it
+constexpr qint16 RIGHE_VEICOLO = 12;
+constexpr qint16 RIGA_ALTEZZA = 12;
+constexpr qint16 RIGA_INCLINAZIONE = 13;
+constexpr qint16 RIGA_SIMMETRICO = 14;
+
+constexpr qint16 TESTO_VALORE_ERRATO = 108;
+constexpr qint16 TESTO_SIMMETRICO = 120;
+constexpr qint16 TESTO_ASIMMETRICO = 121;
+constexpr qsizetype CIFRE_ALTEZZA = 3;
+
+std::array<CampoForm, ULTIMA_RIGA + 1> gCampiVeicolo;
+
+/// A row of the vehicle: where it comes from with an acceptance file, and in section VEICOLO without one.
+struct RigaVeicolo
+{
+    qint16 etichetta;
+    const char16_t *sezioneAcc;
+    const char16_t *chiaveAcc;
+    const char16_t *chiaveIni;
+};
+
+constexpr RigaVeicolo VEICOLO[RIGHE_VEICOLO] = {
+    {58,  u"DatiLibrettoVeicolo", u"Fabbrica",             u"Marca"       },
+    {45,  u"DatiLibrettoVeicolo", u"Tipo",                 u"Modello"     },
+    {60,  u"DatiLibrettoVeicolo", u"TipoMotore",           u"Allestimento"},
+    {37,  u"DatiLibrettoVeicolo", u"Targa",                u"Targa"       },
+    {57,  u"DatiLibrettoVeicolo", u"Telaio",               u"Telaio"      },
+    {62,  u"DatiLibrettoVeicolo", u"AnnoPrimaImm",         u"AnnoImm"     },
+    {47,  u"Prenotazione",        u"CognomeDenominazione", u"NomeCliente" },
+    {10,  u"Prenotazione",        u"Indirizzo",            u"Indirizzo"   },
+    {51,  u"Prenotazione",        u"Citta",                u"Citta"       },
+    {52,  u"Prenotazione",        u"Telefono",             u"Telefono"    },
+    {142, u"Prenotazione",        u"Operatore",            u"Operatore"   },
+    {53,  u"Prenotazione",        u"Note",                 u"Note"        },
+};
+
+struct RigaFaro
+{
+    qint16 etichetta;
+    quint8 controllo;
+    const char16_t *chiave; // in section IMPOSTAZIONI
+};
+
+constexpr RigaFaro FARO[] = {
+    {118, CampoTesto,  u"AltezzaFaro"     },
+    {119, CampoTesto,  u"InclinazioneFaro"},
+    {140, CampoSpunta, u"Simmetrico"      },
+};
+
+// The layout, in design units. Each column of six rows stands in three lines of two boxes above its frame;
+// the label stands on its box.
+constexpr qint32 COLONNE_X[] = {100, 7500};
+constexpr qint32 RIGA_0_Y = 400;
+constexpr qint32 PASSO_Y = 620;
+constexpr qint32 SECONDA_X = 4300; // second box of a line, from the column's left
+constexpr qint32 SECONDA_LARGA[] = {2600, 3200};
+constexpr qint32 CASELLA_ALTA = 330;
+constexpr qint32 ETICHETTA_ALTA = 215;
+constexpr qint32 FARO_X = 350;
+constexpr qint32 FARO_PASSO = 2200;
+constexpr qint32 FARO_Y = 2950;
+constexpr qint32 FARO_ALTO = 450;
+constexpr qint32 FARO_ETICHETTA_LARGA = 2000; // twips: it does not grow with the screen
+constexpr qint32 FARO_ETICHETTA_ALTA = 430;
+
+/// Rows 0 to 11 come from the acceptance file and are not to be changed.
+bool Da_Accettazione()
+{
+    return gIniFile && gTipoProva == 2;
+}
+
+void Riga_Veicolo(CampoForm &campo, const RigaVeicolo &riga, bool accettazione)
+{
+    campo.LabelId = riga.etichetta;
+    campo.Kind = CampoTesto;
+    campo.File = accettazione ? gFileAcc : gFileIni;
+    campo.Section = accettazione ? QString::fromUtf16(riga.sezioneAcc) : QStringLiteral("VEICOLO");
+    campo.Key = QString::fromUtf16(accettazione ? riga.chiaveAcc : riga.chiaveIni);
+    if (accettazione)
+        campo.Editable = Falso;
+}
+
+void Riga_Faro(CampoForm &campo, const RigaFaro &riga)
+{
+    campo.LabelId = riga.etichetta;
+    campo.Kind = riga.controllo;
+    campo.File = gFileIni;
+    campo.Section = QStringLiteral("IMPOSTAZIONI");
+    campo.Key = QString::fromUtf16(riga.chiave);
+}
+
+void Riga_Bloccata(CampoForm &campo)
+{
+    campo.Editable = Falso;
+    campo.LabelEnabledByEditable = 1;
+}
+
+/// A missing or odd value must not stop the load: it counts as not symmetric.
+qint16 Simmetrico_Memorizzato()
+{
+    const QString valore = Valore_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Simmetrico"));
+    return Numero_Pezzo(valore);
+}
+
+bool Altezza_Valida(const QString &testo)
+{
+    return testo.size() <= CIFRE_ALTEZZA && Numero_Valido(testo);
+}
+
+} // namespace
+
+frmMctc2::frmMctc2() : Modulo(QStringLiteral("frmMctc2")) {}
+
+void frmMctc2::Disegno()
+{
+    Massimizza();
+    lbl.Carica(0).Posto(0, 0, ScalaX(2000), ETICHETTA_ALTA);
+    lbl[0].FontSize(Punti_Normali() * 0.9);
+    txt.Carica(0).Posto(0, 0, ScalaX(2000), ScalaY(CASELLA_ALTA));
+    chk.Carica(0).Posto(0, 0, ScalaX(500), ScalaY(FARO_ALTO));
+    picSim = std::make_unique<Immagine>(Finestra(), QStringLiteral("picSim"));
+    lblFaro = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblFaro"));
+    for (qint16 i = 0; i <= 2; ++i)
+        cmd.Carica(i).Visible(true);
+}
+
+void frmMctc2::Load()
+{
+    Campi_Azzera(gCampiVeicolo, ULTIMA_RIGA);
+    Campi_Imposta();
+    Campi_Crea(gCampiVeicolo, ULTIMA_RIGA, *this);
+    for (const qint16 riga : {RIGA_ALTEZZA, RIGA_INCLINAZIONE, RIGA_SIMMETRICO}) {
+        lbl[riga].Width(FARO_ETICHETTA_LARGA);
+        lbl[riga].Height(FARO_ETICHETTA_ALTA);
+    }
+    Campi_Applica(gCampiVeicolo, ULTIMA_RIGA, *this);
+    Azzera_Inclinazione();
+    // Heights by the horizontal factor: on a wide screen the labels grow with the type.
+    for (qint16 i = 0; i <= lbl.UBound(); ++i)
+        lbl[i].Height(ScalaX(lbl[i].Height()));
+    cmd[0].SetFocus();
+}
+
+void frmMctc2::Campi_Imposta()
+{
+    gCaricamento = Vero;
+    const bool accettazione = Da_Accettazione();
+    for (size_t i = 0; i < RIGHE_VEICOLO; ++i)
+        Riga_Veicolo(gCampiVeicolo[i], VEICOLO[i], accettazione);
+    for (size_t i = 0; i < std::size(FARO); ++i)
+        Riga_Faro(gCampiVeicolo[RIGA_ALTEZZA + i], FARO[i]);
+    if (gAltezzaFaroAuto)
+        Riga_Bloccata(gCampiVeicolo[RIGA_ALTEZZA]);
+    if (gTipoProva == 1)
+        Riga_Bloccata(gCampiVeicolo[RIGA_INCLINAZIONE]);
+    gCampiVeicolo[RIGA_SIMMETRICO].ListIndexDefault = Simmetrico_Memorizzato();
+    Disponi_Righe();
+    Disponi_Pulsanti();
+    Mostra_Faro(gCampiVeicolo[RIGA_SIMMETRICO].ListIndexDefault == 1);
+    gCaricamento = Falso;
+}
+
+void frmMctc2::Disponi_Righe()
+{
+    const auto etichetta_sopra = [](CampoForm &campo, qint32 alta) {
+        campo.LabelLeft = campo.CtlLeft;
+        campo.LabelTop = Intero16(campo.CtlTop - ScalaX(alta));
+    };
+    for (size_t i = 0; i < RIGHE_VEICOLO; ++i) {
+        CampoForm &campo = gCampiVeicolo[i];
+        const bool seconda = i % 2 == 1;
+        campo.CtlLeft = ScalaX_16(COLONNE_X[i / 6] + (seconda ? SECONDA_X : 0));
+        campo.CtlTop = ScalaY_16(RIGA_0_Y + static_cast<qint32>(i % 6 / 2) * PASSO_Y);
+        campo.CtlWidth = seconda ? ScalaX_16(SECONDA_LARGA[i / 6]) : ScalaY_16(4000);
+        etichetta_sopra(campo, ETICHETTA_ALTA);
+    }
+    for (size_t i = 0; i < std::size(FARO); ++i) {
+        CampoForm &campo = gCampiVeicolo[RIGA_ALTEZZA + i];
+        campo.CtlLeft = ScalaX_16(FARO_X + static_cast<qint32>(i) * FARO_PASSO);
+        campo.CtlTop = ScalaY_16(FARO_Y);
+        campo.CtlWidth = ScalaX_16(1500);
+        etichetta_sopra(campo, FARO_ETICHETTA_ALTA);
+    }
+    picSim->Posto(ScalaX(2680), ScalaY(4800), ScalaX(10000), ScalaY(4700));
+    lblFaro->Posto(ScalaX(7700), ScalaY(2200), ScalaX(7100), ScalaY(2100));
+    lblFaro->FontSize(Punti_Normali() * 2);
+    lblFaro->Allineamento(Qt::AlignCenter);
+}
+
+void frmMctc2::Disponi_Pulsanti()
+{
+    const qint32 cima = gScreenH - ScalaY(1500);
+    const qint32 larghezza = ScalaX(2600);
+    cmd[0].Caption(Testo_Mctc(113));
+    cmd[0].Posto(gScreenW - ScalaX(500) - larghezza, cima, larghezza, ScalaY(975));
+    cmd[1].Caption(Testo_Mctc(114));
+    cmd[1].Posto(0, 0, 0, 0); // collapsed: it has a caption and no action
+    cmd[1].Visible(false);
+    cmd[2].Caption(Testo_Mctc(7));
+    cmd[2].Posto(ScalaX(500), cima, larghezza, ScalaY(975));
+    cmd[2].Cancel(true);
+    cmd[0].Default(true);
+    for (qint16 i = 0; i <= 2; ++i) {
+        cmd[i].FontSize(Punti_Normali() * 1.4);
+        if (gScreenW == 12000) { // the smallest screen, 800 pixels
+            cmd[i].Width(1000);
+            cmd[i].FontSize(ScalaX(14));
+        }
+    }
+}
+
+void frmMctc2::Mostra_Faro(bool simmetrico)
+{
+    picSim->Picture(gDirImmagini + (simmetrico ? QStringLiteral("faro1.jpg") : QStringLiteral("faro0.jpg")));
+    lblFaro->Caption(Testo_Mctc(simmetrico ? TESTO_SIMMETRICO : TESTO_ASIMMETRICO));
+    picSim->NomeAccessibile(lblFaro->Caption());
+}
+
+/// The inclination is never carried over from the vehicle before; the height is.
+void frmMctc2::Azzera_Inclinazione()
+{
+    const CampoForm &campo = gCampiVeicolo[RIGA_INCLINAZIONE];
+    txt[campo.CtlIndex].Text(QString());
+    Scrivi_Ini(gFileIni, campo.Section, campo.Key, QString());
+}
+
+void frmMctc2::Paint()
+{
+    Disegna_Cornice(*this, ScalaX(100), ScalaY(2000), ScalaX(7000), ScalaY(4500));
+    Disegna_Cornice(*this, ScalaX(7500), ScalaY(2000), ScalaX(15000), ScalaY(4500));
+}
+
+void frmMctc2::txt_KeyPress(qint16 Index, qint16 &KeyAscii)
+{
+    if (!gCampiVeicolo[static_cast<size_t>(Riga_Di(txt[Index]))].Editable)
+        KeyAscii = 0;
+}
+
+void frmMctc2::txt_Validate(qint16 Index, bool &Cancel)
+{
+    const qint16 riga = Riga_Di(txt[Index]);
+    const QString testo = txt[Index].Text();
+    if (riga == RIGA_ALTEZZA && !Altezza_Valida(testo)) {
+        Mostra_MsgTempo(Testo_Mctc(TESTO_VALORE_ERRATO));
+        Cancel = true;
+        return;
+    }
+    CampoForm &campo = gCampiVeicolo[static_cast<size_t>(riga)];
+    campo.Dirty = Vero;
+    campo.Value = testo;
+}
+
+void frmMctc2::chk_Click(qint16 Index)
+{
+    if (gCaricamento) {
+        gCaricamento = Falso;
+        return;
+    }
+    const qint16 riga = Riga_Di(chk[Index]);
+    CampoForm &campo = gCampiVeicolo[static_cast<size_t>(riga)];
+    campo.Value = QString::number(chk[Index].Value());
+    campo.Dirty = Vero;
+    if (riga == RIGA_SIMMETRICO)
+        Mostra_Faro(chk[Index].Value() == 1);
+}
+
+void frmMctc2::cmd_Click(qint16 Index)
+{
+    if (Index == 0)
+        Conferma();
+    else if (Index == 2)
+        Scarica();
+}
+
+void frmMctc2::Conferma()
+{
+    Campi_Salva(gCampiVeicolo, ULTIMA_RIGA);
+    const CampoForm &altezza = gCampiVeicolo[RIGA_ALTEZZA];
+    gAltezzaFaro =
+        Numero_Doppio(altezza.Dirty ? altezza.Value : Valore_Ini(gFileIni, altezza.Section, altezza.Key));
+    qint16 codice = 4;
+    QVariant valore = qint16{4};
+    Q_EMIT Notifica(codice, valore);
+    Scarica();
+}
+
+void frmMctc2::Unload()
+{
+    Campi_Scarica(*this);
+}

@@ -1,0 +1,40 @@
+// Vehicle and lamp entry: the operator sees (from an acceptance file) or types the vehicle, gives the lamp
+// data and confirms them to start the test.
+#pragma once
+
+#include "platform/modulo.h"
+
+#include <QVariant>
+
+class frmMctc2 : public Modulo
+{
+    Q_OBJECT
+
+public:
+    frmMctc2();
+
+Q_SIGNALS:
+    /// Code 4, value 4, once: the data are confirmed and the test is to run.
+    void Notifica(qint16 &codice, QVariant &valore);
+
+protected:
+    void Disegno() override;
+    void Load() override;
+    void Paint() override;
+    void Unload() override;
+    void txt_Validate(qint16 Index, bool &Cancel) override;
+    void txt_KeyPress(qint16 Index, qint16 &KeyAscii) override;
+    void chk_Click(qint16 Index) override;
+    void cmd_Click(qint16 Index) override;
+
+private:
+    void Campi_Imposta();
+    void Disponi_Righe();
+    void Disponi_Pulsanti();
+    void Mostra_Faro(bool simmetrico);
+    void Azzera_Inclinazione();
+    void Conferma();
+
+    std::unique_ptr<Immagine> picSim;
+    std::unique_ptr<Etichetta> lblFaro;
+};

@@ -1,0 +1,37 @@
+// Periodic verification: brings the instrument's identity up to date, in the instrument first and in
+// lumira.ini only if the instrument took it.
+#pragma once
+
+#include "platform/modulo.h"
+
+#include <QVariant>
+
+class frmComm;
+
+class frmVerPerO : public Modulo
+{
+    Q_OBJECT
+
+public:
+    frmVerPerO();
+    ~frmVerPerO() override;
+
+protected:
+    void Disegno() override;
+    void Load() override;
+    void Paint() override;
+    void Unload() override;
+    void txt_Validate(qint16 Index, bool &Cancel) override;
+    void txt_KeyPress(qint16 Index, qint16 &KeyAscii) override;
+    void cmd_Click(qint16 Index) override;
+
+private:
+    void Campi_Imposta();
+    void Scrivi_Strumento();
+    void Proponi_Scadenza();
+    void Collega_Strumento(quint8 modo);
+    void formComm_Notifica(qint16 &codice, QVariant &valore);
+
+    std::shared_ptr<frmComm> formComm;
+    Flag mScritto = Falso; // the last session ended with code 6
+};

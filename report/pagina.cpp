@@ -1,0 +1,243 @@
+#include "report/pagina.h"
+
+#include "core/modGeneral.h"
+#include "core/risultato.h"
+#include "platform/colori.h"
+#include "platform/errore_esecuzione.h"
+#include "report/modPrn.h"
+#include "report/modReport.h"
+
+namespace {
+
+struct Carattere
+{
+    const char16_t *nome;
+    qint16 punti;
+    Flag grassetto;
+};
+
+constexpr Carattere OFFICINA_PRIMA = {u"Arial", 10, Vero};
+constexpr Carattere OFFICINA_ALTRE = {u"Arial", 10, Falso};
+constexpr Carattere TITOLO = {u"Arial Black", 16, Falso};
+constexpr Carattere TITOLO_BLOCCO = {u"Courier New", 12, Vero};
+constexpr Carattere ETICHETTA = {u"Courier New", 10, Falso};
+constexpr Carattere VALORE = {u"Courier New", 10, Vero};
+constexpr Carattere SEGNO = {u"Courier New", 18, Vero};
+
+constexpr qint32 DOPO_ETICHETTA = 100; // twips between a label and its value
+constexpr qint32 SEGNO_SU = 130;       // a mark stands that much above the foot of its row
+constexpr qint16 SPESSORE_CORNICE = 2;
+
+constexpr qint16 TESTO_DESTRO = 150;
+constexpr qint16 TESTO_SINISTRO = 151;
+
+/// A tick table: its base row, heading, measured values and the result rows that its marks follow.
+struct TabellaSpunte
+{
+    qint32 base;
+    size_t titolo;
+    size_t luxDx, luxSx;       // rows of gRepMisure
+    const char16_t *chiavi[6]; // vertical, horizontal, intensity; right before left
+};
+
+constexpr TabellaSpunte ANABBAGLIANTI = {
+    20,
+    3,
+    REP_LUX_ANAB_DX,
+    REP_LUX_ANAB_SX,
+    {u"VertAnabDx", u"VertAnabSx", u"OrizzAnabDx", u"OrizzAnabSx", u"EsitoIllumLuxAnabDx",
+      u"EsitoIllumLuxAnabSx"},
+};
+constexpr TabellaSpunte ABBAGLIANTI = {
+    32,
+    4,
+    REP_LUX_ABB_DX,
+    REP_LUX_ABB_SX,
+    {u"VertAbbDx", u"VertAbbSx", u"OrizzAbbDx", u"OrizzAbbSx", u"EsitoIllumLuxAbbDx", u"EsitoIllumLuxAbbSx"},
+};
+
+constexpr qint32 RIGHE_SPUNTE = 3;
+constexpr qint32 RIGA_LUX = 2; // the row of a table that carries measured values
+
+/// The geometry of a page.
+struct Geometria
+{
+    qint16 W, MX, MY, RH, CX, X0, X1, X2;
+
+    Geometria(qint16 larghezza, qint16 altezza)
+        : W(larghezza),
+          MX(Intero16(larghezza / 20)),
+          MY(Intero16(altezza / 20)),
+          RH(Intero16(altezza / 65)),
+          CX(Intero16(larghezza / 2)),
+          X0(Intero16(larghezza - 5 * MX))
+    {
+        const double terzo = 4 * MX / 3.0;
+        X1 = Intero16(Arrotonda(X0 + terzo));
+        X2 = Intero16(Arrotonda(X0 + 2 * terzo));
+    }
+    /// Foot of a row.
+    qint16 Y(qint32 riga) const { return Intero16(qint32{riga} * RH + MY); }
+};
+
+void Scrivi(qint32 x, qint32 y, qint16 allineamento, const Carattere &carattere, const QString &testo)
+{
+    Prn_Testo(Intero16(x), Intero16(y), allineamento, PRN_SOPRA, COLORE_NERO, carattere.grassetto,
+              carattere.punti, QString::fromUtf16(carattere.nome), testo);
+}
+
+qint16 Larghezza(const Carattere &carattere, const QString &testo)
+{
+    qint16 altezza = 0;
+    qint16 larghezza = 0;
+    Prn_MisuraTesto(altezza, larghezza, carattere.grassetto, carattere.punti,
+                    QString::fromUtf16(carattere.nome), testo);
+    return larghezza;
+}
+
+/// A label with its colon, and the value behind it.
+void Scrivi_Voce(qint32 x, qint32 y, const QString &etichetta, const QString &valore)
+{
+    const QString didascalia = etichetta + u':';
+    Scrivi(x, y, PRN_SINISTRA, ETICHETTA, didascalia);
+    Scrivi(x + Larghezza(ETICHETTA, didascalia) + DOPO_ETICHETTA, y, PRN_SINISTRA, VALORE, valore);
+}
+
+/// The frame of the heading. Its lower edge leaves out the top margin: the page title stands below it.
+void Cornice(const Geometria &g)
+{
+    const qint16 fondo = Intero16(9 * g.RH);
+    const qint16 destra = Intero16(g.W - g.MX);
+    const auto lato = [](qint16 x1, qint16 y1, qint16 x2, qint16 y2) {
+        Prn_Linea(x1, y1, x2, y2, COLORE_NERO, SPESSORE_CORNICE, 0);
+    };
+    lato(g.MX, g.MY, destra, g.MY);
+    lato(g.MX, g.MY, g.MX, fondo);
+    lato(g.MX, fondo, destra, fondo);
+    lato(destra, g.MY, destra, fondo);
+}
+
+void Officina(const Geometria &g)
+{
+    for (size_t i = 0; i < gRepOfficina.size(); ++i) {
+        const auto riga = static_cast<qint32>(i + 1);
+        Scrivi(g.CX, g.MY + 50 + riga * g.RH, PRN_CENTRO, i == 0 ? OFFICINA_PRIMA : OFFICINA_ALTRE,
+               gRepOfficina[i]);
+    }
+}
+
+void Blocco(const Geometria &g, qint16 x, const std::array<QString, 5> &etichette,
+            const std::array<QString, 5> &valori)
+{
+    for (size_t i = 0; i < etichette.size(); ++i)
+        Scrivi_Voce(x, g.Y(13 + static_cast<qint32>(i)), etichette[i], valori[i]);
+}
+
+/// One lamp's line of a row: its measured value where there is one, its name, and the two empty boxes.
+void Riga_Faro(const Geometria &g, qint32 riga, qint16 faro, bool conLux, size_t lux)
+{
+    const qint16 y = g.Y(riga);
+    if (conLux)
+        Scrivi(g.CX, y, PRN_DESTRA, VALORE, gRepMisure[lux]);
+    Scrivi(g.X0, y, PRN_CENTRO, ETICHETTA, Testo_Mctc(faro));
+    Scrivi(g.X1, y, PRN_CENTRO, ETICHETTA, QStringLiteral("[ ]"));
+    Scrivi(g.X2, y, PRN_CENTRO, ETICHETTA, QStringLiteral("[ ]"));
+}
+
+/// The marks stand in the boxes of a test that was run; a form to fill in by hand keeps them blank.
+void Segni(const Geometria &g, const TabellaSpunte &tabella)
+{
+    if (gTipoProva != 2 && gTipoProva != 4)
+        return;
+    for (qint32 i = 0; i < static_cast<qint32>(std::size(tabella.chiavi)); ++i) {
+        // One row below the box it falls on; a lamp's two lines follow each other, a row of the table is
+        // three.
+        const qint32 riga = tabella.base + 3 + i / 2 * 3 + i % 2;
+        const bool regolare = Far_Valore(QString::fromUtf16(tabella.chiavi[i])) == u"R";
+        Scrivi(regolare ? g.X1 : g.X2, g.Y(riga) - SEGNO_SU, PRN_CENTRO, SEGNO, QStringLiteral("*"));
+    }
+}
+
+void Tabella(const Geometria &g, const TabellaSpunte &tabella)
+{
+    Scrivi(g.MX, g.Y(tabella.base), PRN_SINISTRA, TITOLO_BLOCCO, gRepTitoli[tabella.titolo]);
+    Scrivi(g.X1, g.Y(tabella.base + 1), PRN_CENTRO, VALORE, gRepVoci[8]);
+    Scrivi(g.X2, g.Y(tabella.base + 1), PRN_CENTRO, VALORE, gRepVoci[9]);
+    for (qint32 i = 0; i < RIGHE_SPUNTE; ++i) {
+        const qint32 riga = tabella.base + 2 + 3 * i;
+        const bool conLux = gTipoProva != 2 && i == RIGA_LUX;
+        Scrivi(g.MX, g.Y(riga), PRN_SINISTRA, ETICHETTA, gRepVoci[static_cast<size_t>(i)]);
+        Riga_Faro(g, riga, TESTO_DESTRO, conLux, tabella.luxDx);
+        Riga_Faro(g, riga + 1, TESTO_SINISTRO, conLux, tabella.luxSx);
+    }
+    Segni(g, tabella);
+}
+
+void Piede(const Geometria &g)
+{
+    const qint16 y = g.Y(47);
+    Scrivi_Voce(g.MX, y, gRepVoci[3], gRepMisure[REP_DATA]);
+
+    const QString inizio = gRepVoci[4] + u':';
+    const qint16 valoreInizio = Larghezza(VALORE, gRepMisure[REP_INIZIO]);
+    const qint16 etichettaInizio = Larghezza(ETICHETTA, inizio);
+    const double sinistra = g.CX - (valoreInizio + etichettaInizio) / 2.0;
+    Scrivi(Arrotonda(sinistra), y, PRN_SINISTRA, ETICHETTA, inizio);
+    Scrivi(Arrotonda(sinistra + etichettaInizio + DOPO_ETICHETTA), y, PRN_SINISTRA, VALORE,
+           gRepMisure[REP_INIZIO]);
+
+    const qint32 larghezzaFine =
+        Larghezza(ETICHETTA, gRepVoci[5] + u':') + Larghezza(VALORE, gRepMisure[REP_FINE]) + DOPO_ETICHETTA;
+    Scrivi_Voce(g.W - g.MX - larghezzaFine, y, gRepVoci[5], gRepMisure[REP_FINE]);
+
+    Scrivi_Voce(g.MX, g.Y(49), gRepVoci[6], gRepMisure[REP_OPERATORE]);
+    // Nothing after it: the space is for the pen.
+    Scrivi(g.CX, g.Y(49), PRN_SINISTRA, ETICHETTA, gRepVoci[7] + u':');
+}
+
+/// Runs a step of the print job; an error of it is passed over. @return true when it went well.
+template <typename P>
+bool Passo(P passo)
+{
+    try {
+        passo();
+        return true;
+    } catch (const ErroreEsecuzione &) {
+        return false;
+    }
+}
+
+} // namespace
+
+void Report_Stampa(qint16 &larghezza, qint16 &altezza)
+{
+    altezza = Intero16(qint32{altezza} * 10 / 10);
+    larghezza = Intero16(qint32{larghezza} * 197 / 200);
+    const Geometria g(larghezza, altezza);
+    Cornice(g);
+    Officina(g);
+    Scrivi(g.CX, g.Y(9), PRN_CENTRO, TITOLO, gRepTitoli[0]);
+    Scrivi(g.MX, g.Y(11), PRN_SINISTRA, TITOLO_BLOCCO, gRepTitoli[1]);
+    Scrivi(g.CX, g.Y(11), PRN_SINISTRA, TITOLO_BLOCCO, gRepTitoli[2]);
+    Blocco(g, g.MX, gRepStrumentoEt, gRepStrumentoVal);
+    Blocco(g, g.CX, gRepVeicoloEt, gRepVeicoloVal);
+    Tabella(g, ANABBAGLIANTI);
+    Scrivi(g.CX, g.Y(ANABBAGLIANTI.base), PRN_DESTRA, VALORE, gRepMisure[REP_TIPO_FARO]);
+    Tabella(g, ABBAGLIANTI);
+    Piede(g);
+}
+
+Flag Report_Invia()
+{
+    Flag pronta = Falso;
+    Passo([&pronta] { pronta = Prn_Inizializza(); });
+    // A queue may go between one question and the next.
+    const auto stampante = pronta ? Stampa_Corrente().Printer() : nullptr;
+    if (stampante == nullptr)
+        return Falso;
+    Prn_ImpostaOggetto(stampante);
+    Passo([] { Report_Stampa(gPrnWidth, gPrnHeight); });
+    const bool presa = Passo([] { gPrnOggetto->EndDoc(); });
+    gPrnOggetto.reset();
+    return Flag_Da(presa);
+}

@@ -1,0 +1,132 @@
+#include "setup/frmAnagOffO.h"
+
+#include "core/modCtl.h"
+#include "core/modGeneral.h"
+
+#include <array>
+
+namespace {
+
+constexpr qint16 ULTIMA_RIGA = 4;
+std::array<CampoForm, ULTIMA_RIGA + 1> gCampiOfficina;
+
+struct RigaOfficina
+{
+    qint16 etichetta;
+    const char16_t *chiave;
+};
+
+constexpr RigaOfficina RIGHE[] = {
+    {9,  u"Denominazione"},
+    {10, u"Indirizzo"    },
+    {11, u"Localita"     },
+    {52, u"TelFax"       },
+    {13, u"Web"          },
+};
+
+constexpr qint16 TESTO_TITOLO = 5;
+constexpr qint16 TESTO_ANNULLA = 106;
+
+// The form, in twips: it does not grow with the screen.
+constexpr qint32 FORM_LARGO = 7000;
+constexpr qint32 FORM_ALTO = 5300;
+constexpr qint16 SINISTRA = 100;
+constexpr qint16 ETICHETTA_SINISTRA = 180; // clear of the frame's line
+constexpr qint16 PRIMA_CIMA = 400;
+constexpr qint16 PASSO = 700;
+constexpr qint16 CASELLA_LARGA = 6300;
+constexpr qint32 CASELLA_ALTA = 380;
+constexpr qint16 ETICHETTA_SU = 220;
+constexpr double PUNTI_CASELLA = 10;
+constexpr double PUNTI_ETICHETTA = 8;
+
+} // namespace
+
+frmAnagOffO::frmAnagOffO() : Modulo(QStringLiteral("frmAnagOffO")) {}
+
+void frmAnagOffO::Disegno()
+{
+    Width(FORM_LARGO);
+    Height(FORM_ALTO);
+    Centra();
+    lbl.Carica(0).Posto(0, 0, CASELLA_LARGA, ETICHETTA_SU);
+    lbl[0].FontSize(PUNTI_ETICHETTA);
+    txt.Carica(0).Posto(0, 0, CASELLA_LARGA, CASELLA_ALTA);
+    txt[0].FontSize(PUNTI_CASELLA);
+    for (qint16 i = 0; i <= 1; ++i) {
+        cmd.Carica(i).FontSize(PUNTI_CASELLA);
+        cmd[i].Visible(true);
+    }
+}
+
+void frmAnagOffO::Load()
+{
+    Campi_Azzera(gCampiOfficina, ULTIMA_RIGA);
+    Campi_Imposta();
+    Campi_Crea(gCampiOfficina, ULTIMA_RIGA, *this);
+    Campi_Applica(gCampiOfficina, ULTIMA_RIGA, *this);
+    cmd[0].SetFocus();
+}
+
+void frmAnagOffO::Campi_Imposta()
+{
+    for (size_t i = 0; i < gCampiOfficina.size(); ++i) {
+        CampoForm &campo = gCampiOfficina[i];
+        campo.LabelId = RIGHE[i].etichetta;
+        campo.Kind = CampoTesto;
+        campo.File = gFileIni;
+        campo.Section = QStringLiteral("OFFICINA");
+        campo.Key = QString::fromUtf16(RIGHE[i].chiave);
+        campo.CtlLeft = SINISTRA;
+        campo.CtlTop = Intero16(PRIMA_CIMA + static_cast<qint32>(i) * PASSO);
+        campo.LabelLeft = ETICHETTA_SINISTRA;
+        campo.LabelTop = Intero16(campo.CtlTop - ETICHETTA_SU);
+    }
+    Caption(Testo_Mctc(TESTO_TITOLO));
+    cmd[0].Caption(QStringLiteral("Ok"));
+    cmd[0].Posto(FORM_LARGO - 1700, FORM_ALTO - 1000, 1500, 800);
+    cmd[1].Caption(Testo_Mctc(TESTO_ANNULLA));
+    cmd[1].Posto(200, FORM_ALTO - 1000, 1500, 800);
+    cmd[1].Cancel(true);
+}
+
+void frmAnagOffO::Paint()
+{
+    Disegna_Cornice(*this, ScalaX(100), ScalaY(100), Width() - 200, Height() - 1200);
+}
+
+void frmAnagOffO::txt_KeyPress(qint16 Index, qint16 &KeyAscii)
+{
+    if (!gCampiOfficina[static_cast<size_t>(Riga_Di(txt[Index]))].Editable)
+        KeyAscii = 0;
+}
+
+/// Any text is accepted, the empty one included: the report then has an empty line in its place.
+void frmAnagOffO::txt_Validate(qint16 Index, bool &)
+{
+    CampoForm &campo = gCampiOfficina[static_cast<size_t>(Riga_Di(txt[Index]))];
+    campo.Dirty = Vero;
+    campo.Value = txt[Index].Text();
+}
+
+void frmAnagOffO::cmd_Click(qint16 Index)
+{
+    if (Index == 0)
+        Salva();
+    Scarica();
+}
+
+void frmAnagOffO::Salva()
+{
+    Campi_Salva(gCampiOfficina, ULTIMA_RIGA);
+    // The language in force is kept whether or not anything changed.
+    Scrivi_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Lingua"), gLingua);
+    qint16 codice = 1;
+    QVariant valore = qint16{0};
+    Q_EMIT Notifica(codice, valore);
+}
+
+void frmAnagOffO::Unload()
+{
+    Campi_Scarica(*this);
+}

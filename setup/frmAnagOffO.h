@@ -1,0 +1,31 @@
+// The workshop's own data, printed at the head of the report.
+#pragma once
+
+#include "platform/modulo.h"
+
+#include <QVariant>
+
+class frmAnagOffO : public Modulo
+{
+    Q_OBJECT
+
+public:
+    frmAnagOffO();
+
+Q_SIGNALS:
+    /// Code 1, value 0, once after saving; nobody listens today.
+    void Notifica(qint16 &codice, QVariant &valore);
+
+protected:
+    void Disegno() override;
+    void Load() override;
+    void Paint() override;
+    void Unload() override;
+    void txt_Validate(qint16 Index, bool &Cancel) override;
+    void txt_KeyPress(qint16 Index, qint16 &KeyAscii) override;
+    void cmd_Click(qint16 Index) override;
+
+private:
+    void Campi_Imposta();
+    void Salva();
+};

@@ -1,0 +1,687 @@
+#include "setup/frmSetupO.h"
+
+#include "core/modCtl.h"
+#include "core/modFs.h"
+#include "core/modGeneral.h"
+#include "dialogs/dlgPwd.h"
+#include "dialogs/frmMsg.h"
+#include "link/frmComm.h"
+#include "mctc/frmControlliMctc.h"
+#include "platform/elenco.h"
+#include "platform/errore_esecuzione.h"
+#include "platform/numeri.h"
+#include "platform/schermo.h"
+#include "report/frmVerPerO.h"
+
+#include <array>
+
+namespace {
+
+constexpr qint16 ULTIMA_RIGA = 31;
+std::array<CampoForm, ULTIMA_RIGA + 1> gCampiSetup;
+
+/// Rows that the rules name.
+enum RigaSetup : qint16
+{
+    RigaOperatore = 5,
+    RigaLingua = 6,
+    PrimoLimite = 7,
+    PrimoLimiteLux = 11,
+    UltimoLimiteLux = 14,
+    UltimoLimite = 18,
+    RigaModalita = 19,
+    RigaRisultati = 20,
+    RigaDati = 21,
+    RigaIniFile = 22,
+    RigaAllarme = 25,
+    RigaAlimentazione = 26,
+    RigaAltezzaAuto = 27,
+    RigaSblocco = 28,
+    RigaCamReset = 29,
+    RigaStrumento = 30,
+    RigaPorta = 31,
+};
+
+/// Whether a row is locked when the form loads.
+enum Blocco
+{
+    Libera,
+    Bloccata,
+    SenzaRete
+};
+
+struct DatiRiga
+{
+    qint16 etichetta; // -1: none
+    quint8 controllo;
+    const char16_t *sezione;
+    const char16_t *chiave; // of a row with two keys, the one of the network folders
+    Blocco blocco;
+};
+
+constexpr DatiRiga RIGHE[ULTIMA_RIGA + 1] = {
+    {14,  CampoTesto,  u"LUMIRA",       u"Comm_Modello",       Bloccata },
+    {15,  CampoTesto,  u"LUMIRA",       u"Comm_Marca",         Bloccata },
+    {16,  CampoTesto,  u"LUMIRA",       u"Comm_NOmologazione", Bloccata },
+    {17,  CampoTesto,  u"LUMIRA",       u"Comm_NSerie",        Bloccata },
+    {18,  CampoTesto,  u"LUMIRA",       u"Comm_ScadRevisione", Bloccata },
+    {142, CampoTesto,  u"VEICOLO",      u"Operatore",          Libera   },
+    {33,  CampoCombo,  u"IMPOSTAZIONI", u"Lingua",             Libera   },
+    {25,  CampoTesto,  u"PARAMETRI",    u"DevOrizAnab",        Bloccata },
+    {-1,  CampoTesto,  u"PARAMETRI",    u"DevOrizAbb",         Bloccata },
+    {26,  CampoTesto,  u"PARAMETRI",    u"DevVertAnab",        Bloccata },
+    {-1,  CampoTesto,  u"PARAMETRI",    u"DevVertAbb",         Bloccata },
+    {27,  CampoTesto,  u"PARAMETRI",    u"LuxMaxAnab",         Bloccata },
+    {-1,  CampoTesto,  u"PARAMETRI",    u"LuxMaxAbb",          Bloccata },
+    {28,  CampoTesto,  u"PARAMETRI",    u"LuxMinAnab",         Bloccata },
+    {-1,  CampoTesto,  u"PARAMETRI",    u"LuxMinAbb",          Bloccata },
+    {29,  CampoTesto,  u"PARAMETRI",    u"IncVertMin80An",     Bloccata },
+    {-1,  CampoTesto,  u"PARAMETRI",    u"IncVertMin80Ab",     Bloccata },
+    {30,  CampoTesto,  u"PARAMETRI",    u"IncVertMax80An",     Bloccata },
+    {-1,  CampoTesto,  u"PARAMETRI",    u"IncVertMax80Ab",     Bloccata },
+    {22,  CampoCombo,  u"MCTC",         u"Modalita",           SenzaRete},
+    {23,  CampoTesto,  u"MCTC",         u"ReteRisultati",      SenzaRete},
+    {24,  CampoTesto,  u"MCTC",         u"ReteDati",           SenzaRete},
+    {88,  CampoSpunta, u"MCTC",         u"IniFile",            Libera   },
+    {89,  CampoSpunta, u"MCTC",         u"Esce",               Libera   },
+    {90,  CampoSpunta, u"MCTC",         u"ControlloVisivo",    Libera   },
+    {103, CampoSpunta, u"MCTC",         u"AllarmeAcustico",    Libera   },
+    {104, CampoSpunta, u"MCTC",         u"Alimentazione",      Libera   },
+    {105, CampoSpunta, u"MCTC",         u"AltezzaFaroAuto",    Libera   },
+    {93,  CampoSpunta, u"",             u"",                   Libera   }, // no setting: the switch of the limits
+    {138, CampoSpunta, u"IMPOSTAZIONI", u"CamReset",           Libera   },
+    {147, CampoCombo,  u"IMPOSTAZIONI", u"ModSeriale",         Libera   },
+    {157, CampoCombo,  u"COMM",         u"Num",                Libera   },
+};
+
+/// The folders of rows 20 and 21 have a key for each work mode.
+constexpr const char16_t *CHIAVI_RETE[] = {u"ReteRisultati", u"ReteDati"};
+constexpr const char16_t *CHIAVI_LOCALI[] = {u"DirRisultati", u"DirDati"};
+
+struct Lingua
+{
+    const char16_t *codice;
+    qint16 testo;
+};
+
+constexpr Lingua LINGUE[] = {
+    {u"it", 81},
+    {u"fr", 82},
+    {u"en", 83},
+    {u"es", 84},
+    {u"de", 85},
+};
+
+/// Flags that a save brings into force, by row.
+struct FlagRiga
+{
+    qint16 riga;
+    Flag *flag;
+};
+
+constexpr FlagRiga FLAG_RIGHE[] = {
+    {23, &gEsce           },
+    {24, &gControlloVisivo},
+    {25, &gAllarmeAcustico},
+    {26, &gAlimentazione  },
+    {27, &gAltezzaFaroAuto},
+};
+
+/// What a read of the instrument goes into, in the order of its writing: index in the block and row.
+constexpr qint16 ORDINE_LETTURA[] = {1, 0, 2, 3, 4, 5};
+
+constexpr qint16 PORTE = 20;
+constexpr qint16 TESTI_MODALITA[] = {91, 92};
+constexpr qint16 TESTI_COLONNE[] = {32, 31};
+constexpr qint16 TESTO_VERIFICA = 4;
+constexpr qint16 TESTO_VALORE_ERRATO = 108;
+constexpr qint16 TASTO_LIVELLI = 12; // F12: the check levels, which no menu shows
+
+// The layout, in design units.
+constexpr qint32 ETICHETTA_ALTA = 215;
+constexpr qint32 CASELLA_ALTA = 330;
+constexpr qint32 PASSO_SPUNTE = 600;
+
+struct Posto
+{
+    qint32 x, y, largo;
+};
+
+constexpr Posto POSTO_STRUMENTO = {200, 400, 2895};
+constexpr qint32 PASSO_STRUMENTO = 690;
+constexpr Posto POSTO_LINGUA = {5000, 400, 3495};
+constexpr qint32 PASSO_RETE = 1000;
+constexpr Posto POSTO_LIMITI = {4300, 5700, 1900};
+constexpr qint32 ETICHETTA_LIMITI = 300;
+constexpr qint32 SECONDA_COLONNA = 2300;
+constexpr qint32 PASSO_LIMITI = 620;
+constexpr Posto POSTO_SPUNTE = {10000, 600, 0};
+constexpr Posto POSTO_SBLOCCO = {300, 9480, 0};
+constexpr Posto POSTO_CAMRESET = {5600, 9480, 0};
+constexpr Posto POSTO_MODELLO = {12000, 6300, 2700};
+constexpr Posto POSTO_PORTA = {12000, 8300, 2700};
+
+CampoForm &Campo(qint16 riga)
+{
+    return gCampiSetup[static_cast<size_t>(riga)];
+}
+
+QString Testo_Blocco(const QStringList &testi, qint16 indice)
+{
+    if (indice >= testi.size())
+        Solleva(NumeroErrore::IndiceFuoriIntervallo);
+    return testi[indice];
+}
+
+/// Sets the keys of the two folder rows for a work mode: "0" stands for the network.
+void Chiavi_Cartelle(bool rete)
+{
+    for (qint16 i = 0; i < 2; ++i)
+        Campo(Intero16(RigaRisultati + i)).Key = QString::fromUtf16(rete ? CHIAVI_RETE[i] : CHIAVI_LOCALI[i]);
+}
+
+qint16 Lingua_Scelta()
+{
+    for (qint16 i = 0; i < static_cast<qint16>(std::size(LINGUE)); ++i) {
+        if (QString::fromUtf16(LINGUE[i].codice).toUpper() == gLingua)
+            return i;
+    }
+    return 0;
+}
+
+/// Only the last character of the stored number counts: port 12 shows as the second, port 10 as none (-1).
+qint16 Porta_Scelta()
+{
+    const QString numero = Valore_Ini(gFileIni, QStringLiteral("COMM"), QStringLiteral("Num"));
+    return Intero16(Numero_Pezzo(numero.right(1)) - 1);
+}
+
+void Liste_Imposta()
+{
+    CampoForm &lingua = Campo(RigaLingua);
+    lingua.List.clear();
+    for (const Lingua &voce : LINGUE)
+        lingua.List.append(Testo_Mctc(voce.testo));
+    lingua.ListIndexDefault = Lingua_Scelta();
+    CampoForm &modalita = Campo(RigaModalita);
+    modalita.List = {Testo_Mctc(TESTI_MODALITA[0]), Testo_Mctc(TESTI_MODALITA[1])};
+    modalita.ListIndexDefault = gModalita ? 1 : 0;
+    Campo(RigaStrumento).List = QStringList{QStringLiteral("QX5")};
+    CampoForm &porta = Campo(RigaPorta);
+    porta.List.clear();
+    for (qint16 i = 1; i <= PORTE; ++i)
+        porta.List.append(QStringLiteral("COM%1").arg(i));
+    porta.ListIndexDefault = Porta_Scelta();
+}
+
+void Colloca(CampoForm &campo, const Posto &posto, qint32 y)
+{
+    campo.CtlLeft = ScalaX_16(posto.x);
+    campo.CtlTop = ScalaY_16(y);
+    campo.CtlWidth = ScalaX_16(posto.largo);
+    campo.LabelLeft = campo.CtlLeft;
+    campo.LabelTop = Intero16(campo.CtlTop - ScalaX(ETICHETTA_ALTA) - 30);
+}
+
+void Colloca_Spunta(CampoForm &campo, const Posto &posto, qint32 y)
+{
+    Colloca(campo, posto, y);
+    campo.LabelLeft = Intero16(campo.CtlLeft + ScalaX(450));
+    campo.LabelTop = Intero16(campo.CtlTop + (ScalaY(CASELLA_ALTA) - ScalaX(ETICHETTA_ALTA)) / 2);
+}
+
+void Colloca_Limite(CampoForm &campo, qint16 riga)
+{
+    const qint32 linea = (riga - PrimoLimite) / 2;
+    const bool abbagliante = (riga - PrimoLimite) % 2 == 1;
+    Colloca(campo, POSTO_LIMITI, POSTO_LIMITI.y + linea * PASSO_LIMITI);
+    if (abbagliante)
+        campo.CtlLeft = ScalaX_16(POSTO_LIMITI.x + SECONDA_COLONNA);
+    campo.LabelLeft = ScalaX_16(ETICHETTA_LIMITI);
+    campo.LabelTop = Intero16(campo.CtlTop + (ScalaY(CASELLA_ALTA) - ScalaX(ETICHETTA_ALTA)) / 2);
+}
+
+void Righe_Colloca()
+{
+    for (qint16 riga = 0; riga <= RigaOperatore; ++riga)
+        Colloca(Campo(riga), POSTO_STRUMENTO, POSTO_STRUMENTO.y + riga * PASSO_STRUMENTO);
+    Colloca(Campo(RigaLingua), POSTO_LINGUA, POSTO_LINGUA.y);
+    for (qint16 riga = PrimoLimite; riga <= UltimoLimite; ++riga)
+        Colloca_Limite(Campo(riga), riga);
+    for (qint16 riga = RigaModalita; riga <= RigaDati; ++riga)
+        Colloca(Campo(riga), POSTO_LINGUA, POSTO_LINGUA.y + (riga - RigaModalita + 1) * PASSO_RETE);
+    for (qint16 riga = RigaIniFile; riga <= RigaAltezzaAuto; ++riga)
+        Colloca_Spunta(Campo(riga), POSTO_SPUNTE, POSTO_SPUNTE.y + (riga - RigaIniFile) * PASSO_SPUNTE - 300);
+    Colloca_Spunta(Campo(RigaSblocco), POSTO_SBLOCCO, POSTO_SBLOCCO.y);
+    Colloca_Spunta(Campo(RigaCamReset), POSTO_CAMRESET, POSTO_CAMRESET.y);
+    Colloca(Campo(RigaStrumento), POSTO_MODELLO, POSTO_MODELLO.y);
+    Colloca(Campo(RigaPorta), POSTO_PORTA, POSTO_PORTA.y);
+}
+
+void Riga_Imposta(CampoForm &campo, const DatiRiga &dati)
+{
+    campo.LabelId = dati.etichetta;
+    campo.Kind = dati.controllo;
+    campo.File = gFileIni;
+    campo.Section = QString::fromUtf16(dati.sezione);
+    campo.Key = QString::fromUtf16(dati.chiave);
+    if (dati.blocco == Bloccata || (dati.blocco == SenzaRete && !gIniFile)) {
+        campo.Editable = Falso;
+        campo.LabelEnabledByEditable = 1;
+    }
+}
+
+} // namespace
+
+frmSetupO::frmSetupO() : Modulo(QStringLiteral("frmSetupO")), lblDes(QStringLiteral("lblDes")) {}
+
+frmSetupO::~frmSetupO() = default;
+
+// --- loading ----------------------------------------------------------------------------------------------
+
+void frmSetupO::Disegno()
+{
+    Massimizza();
+    lbl.Carica(0).Posto(0, 0, ScalaX(3400), ETICHETTA_ALTA);
+    lbl[0].FontSize(Punti_Normali() * 0.9);
+    txt.Carica(0).Posto(0, 0, ScalaX(2000), ScalaY(CASELLA_ALTA));
+    cbo.Carica(0).Posto(0, 0, ScalaX(2000), ScalaY(CASELLA_ALTA));
+    chk.Carica(0).Posto(0, 0, ScalaX(400), ScalaY(CASELLA_ALTA));
+    lblDes.Inizia(Finestra());
+    for (qint16 i = 0; i <= 1; ++i) {
+        lblDes.Carica(i).Posto(ScalaX(POSTO_LIMITI.x + i * SECONDA_COLONNA), ScalaY(5250),
+                               ScalaX(POSTO_LIMITI.largo), ScalaY(300));
+        lblDes[i].FontBold(true);
+        lblDes[i].Visible(true);
+        cmd.Carica(i).FontSize(Punti_Normali() * 1.4);
+        cmd[i].Visible(true);
+    }
+    cmd[0].Posto(ScalaX(11500), ScalaY(10200), ScalaX(3500), ScalaY(1100));
+    cmd[1].Posto(ScalaX(6800), ScalaY(10200), ScalaX(4200), ScalaY(1100));
+}
+
+void frmSetupO::Load()
+{
+    Campi_Azzera(gCampiSetup, ULTIMA_RIGA);
+    Campi_Imposta();
+    Campi_Crea(gCampiSetup, ULTIMA_RIGA, *this);
+    // A port that shows as none is no item of the list: the list is filled first and cleared then.
+    const qint16 porta =
+        std::exchange(Campo(RigaPorta).ListIndexDefault, std::max<qint16>(0, Porta_Scelta()));
+    Campi_Applica(gCampiSetup, ULTIMA_RIGA, *this);
+    Campo(RigaPorta).ListIndexDefault = porta;
+    cbo[Campo(RigaPorta).CtlIndex].ListIndex(porta);
+    for (const qint16 riga : {RigaModalita, RigaRisultati, RigaDati})
+        lbl[riga].Width(ScalaX(3495));
+    for (qint16 i = 0; i <= lbl.UBound(); ++i)
+        lbl[i].Height(ScalaX(lbl[i].Height()));
+    cmd[0].SetFocus();
+}
+
+void frmSetupO::Campi_Imposta()
+{
+    gCaricamento = Vero;
+    for (qint16 riga = 0; riga <= ULTIMA_RIGA; ++riga)
+        Riga_Imposta(Campo(riga), RIGHE[riga]);
+    Chiavi_Cartelle(!gModalita);
+    Liste_Imposta();
+    for (qint16 riga = RigaIniFile; riga <= RigaAltezzaAuto; ++riga) {
+        CampoForm &campo = Campo(riga);
+        campo.ListIndexDefault = Numero_Pezzo(Valore_Ini(gFileIni, campo.Section, campo.Key));
+    }
+    Righe_Colloca();
+    cmd[0].Caption(QStringLiteral("Ok"));
+    Didascalie();
+    for (qint16 i = 0; i <= 1; ++i)
+        lblDes[i].Enabled(false);
+    gCaricamento = Falso;
+}
+
+void frmSetupO::Didascalie()
+{
+    for (qint16 i = 0; i <= 1; ++i)
+        lblDes[i].Caption(Testo_Mctc(TESTI_COLONNE[i]));
+    cmd[1].Caption(Testo_Mctc(TESTO_VERIFICA));
+}
+
+void frmSetupO::Activate()
+{
+    Aggiorna();
+}
+
+void frmSetupO::Paint()
+{
+    constexpr qint32 CORNICI[][4] = {
+        {100,   100,  3500,  4500 },
+        {100,   5000, 11000, 10000},
+        {4500,  100,  9000,  4500 },
+        {9500,  100,  13500, 4000 },
+        {11500, 6000, 15000, 7000 },
+        {11500, 8000, 15000, 9000 },
+    };
+    for (const auto &cornice : CORNICI)
+        Disegna_Cornice(*this, ScalaX(cornice[0]), ScalaY(cornice[1]), ScalaX(cornice[2]),
+                        ScalaY(cornice[3]));
+}
+
+// --- boxes ------------------------------------------------------------------------------------------------
+
+void frmSetupO::txt_KeyPress(qint16 Index, qint16 &KeyAscii)
+{
+    if (!Campo(Riga_Di(txt[Index])).Editable)
+        KeyAscii = 0;
+}
+
+void frmSetupO::txt_Validate(qint16 Index, bool &Cancel)
+{
+    const qint16 riga = Riga_Di(txt[Index]);
+    const QString testo = txt[Index].Text();
+    if (riga >= PrimoLimite && riga <= UltimoLimite && !Numero_Valido(testo)) {
+        Mostra_MsgTempo(Testo_Mctc(TESTO_VALORE_ERRATO));
+        Cancel = true;
+        return;
+    }
+    if (riga == RigaDati && !testo.isEmpty()) {
+        Convalida_Cartella(testo.endsWith(u'\\') ? testo : testo + u'\\');
+        return;
+    }
+    Campo(riga).Dirty = Vero;
+    Campo(riga).Value = testo;
+}
+
+/// The acceptance and the results folder are meant to be one and the same. So the text goes to the results
+/// key, at once, and the acceptance key is written with the value that it had in the table.
+void frmSetupO::Convalida_Cartella(const QString &testo)
+{
+    CampoForm &dati = Campo(RigaDati);
+    CampoForm &risultati = Campo(RigaRisultati);
+    txt[dati.CtlIndex].Text(testo);
+    Schermo_Puntatore(PuntatoreClessidra);
+    if (Fs_Esiste(testo, ATTRIBUTO_CARTELLA)) {
+        Chiavi_Cartelle(Campo(RigaModalita).Value == u"0");
+        Scrivi_Ini(gFileIni, dati.Section, dati.Key, dati.Value);
+        risultati.Value = testo;
+        Scrivi_Ini(gFileIni, risultati.Section, risultati.Key, risultati.Value);
+        risultati.Dirty = Vero;
+    } else {
+        dati.Dirty = Vero;
+        dati.Value = testo;
+    }
+    Schermo_Puntatore(PuntatoreNormale);
+}
+
+// --- lists ------------------------------------------------------------------------------------------------
+
+/// The lists take the mouse only: a key pressed by chance must not start a session with the instrument.
+void frmSetupO::cbo_KeyDown(qint16, qint16 &KeyCode)
+{
+    KeyCode = 0;
+}
+
+void frmSetupO::cbo_Click(qint16 Index)
+{
+    const qint16 riga = Riga_Di(cbo[Index]);
+    Campo(riga).Dirty = Vero;
+    Campo(riga).Value = cbo[Index].Text();
+    if (riga == RigaLingua)
+        Scegli_Lingua(Index);
+    else if (riga == RigaModalita)
+        Scegli_Modalita(Index);
+    else if (riga == RigaStrumento)
+        Scegli_Strumento(Index);
+    else if (riga == RigaPorta)
+        Campo(riga).ListIndexDefault = cbo[Index].ListIndex();
+    Aggiorna();
+}
+
+/// The language takes effect at once on the screen, and is kept only by the save.
+void frmSetupO::Scegli_Lingua(qint16 Index)
+{
+    CampoForm &campo = Campo(RigaLingua);
+    for (const Lingua &lingua : LINGUE) {
+        if (cbo[Index].Text() == Testo_Mctc(lingua.testo)) {
+            campo.Value = QString::fromUtf16(lingua.codice);
+            break;
+        }
+    }
+    gLingua = campo.Value.toUpper();
+    Avvisa(2);
+    Campi_Didascalie(gCampiSetup, ULTIMA_RIGA, *this);
+    Didascalie();
+}
+
+void frmSetupO::Scegli_Modalita(qint16 Index)
+{
+    Campo(RigaModalita).Value = QString::number(cbo[Index].ListIndex());
+    Chiavi_Cartelle(cbo[Index].ListIndex() == 0);
+    for (const qint16 riga : {RigaRisultati, RigaDati}) {
+        CampoForm &campo = Campo(riga);
+        Leggi_Ini(gFileIni, campo.Section, campo.Key, campo.Value);
+        txt[campo.CtlIndex].Text(campo.Value);
+    }
+}
+
+void frmSetupO::Scegli_Strumento(qint16 Index)
+{
+    if (cbo[Index].ListIndex() == 0)
+        Collega_Strumento(ModoLeggi);
+    Campo(RigaStrumento).Value = QString::number(cbo[Index].ListIndex());
+    Setup_Aggiorna();
+}
+
+// --- check boxes ------------------------------------------------------------------------------------------
+
+void frmSetupO::chk_Click(qint16 Index)
+{
+    if (gCaricamento) {
+        gCaricamento = Falso;
+        return;
+    }
+    const qint16 riga = Riga_Di(chk[Index]);
+    Campo(riga).Value = QString::number(chk[Index].Value());
+    Campo(riga).Dirty = Vero;
+    if (riga == RigaIniFile)
+        Blocca_Rete(chk[Index].Value() != 1);
+    else if (riga == RigaSblocco)
+        Sblocca_Limiti(Index);
+}
+
+void frmSetupO::Blocca_Rete(bool bloccata)
+{
+    for (const qint16 riga : {RigaRisultati, RigaDati}) {
+        CampoForm &campo = Campo(riga);
+        Testo_Blocca(txt[campo.CtlIndex], bloccata);
+        campo.Editable = Flag_Da(!bloccata);
+        lbl[Intero16(campo.CtlIndex + 2)].Enabled(!bloccata);
+    }
+    cbo[Campo(RigaModalita).CtlIndex].Enabled(!bloccata);
+    lbl[Campo(RigaDati).CtlIndex].Enabled(!bloccata);
+}
+
+/// The password opens the four lux limits only; clearing the box locks all twelve. The limits of the aim
+/// belong to the instrument and are never edited here.
+void frmSetupO::Sblocca_Limiti(qint16 Index)
+{
+    const bool sblocca = chk[Index].Value() == 1;
+    if (sblocca) {
+        Chiedi_Password(gPwdCorrente);
+        Aggiorna();
+        if (mPwdEsito != PwdGiusta) {
+            Spunta_Imposta(chk[Index], 0);
+            return;
+        }
+    }
+    const qint16 prima = sblocca ? PrimoLimiteLux : PrimoLimite;
+    const qint16 ultima = sblocca ? UltimoLimiteLux : UltimoLimite;
+    for (qint16 riga = prima; riga <= ultima; ++riga)
+        Blocca_Limite(riga, !sblocca);
+    for (qint16 i = 0; i <= 1; ++i)
+        lblDes[i].Enabled(sblocca);
+}
+
+void frmSetupO::Blocca_Limite(qint16 riga, bool bloccato)
+{
+    CampoForm &campo = Campo(riga);
+    Testo_Blocca(txt[campo.CtlIndex], bloccato);
+    lbl[riga].Enabled(!bloccato);
+    campo.Editable = Flag_Da(!bloccato);
+}
+
+// --- buttons ----------------------------------------------------------------------------------------------
+
+void frmSetupO::cmd_Click(qint16 Index)
+{
+    if (Index == 0)
+        Salva();
+    else
+        Mostra_Verifica();
+    Imposta_Cartelle();
+}
+
+void frmSetupO::Salva()
+{
+    // As if the operator had left the two folder boxes; a refusal changes nothing in what follows.
+    for (const qint16 riga : {RigaRisultati, RigaDati}) {
+        bool rifiutato = false;
+        txt_Validate(Campo(riga).CtlIndex, rifiutato);
+    }
+    for (qint16 riga = 0; riga <= ULTIMA_RIGA; ++riga) {
+        const CampoForm &campo = Campo(riga);
+        if (campo.Dirty && riga != RigaRisultati && riga != RigaDati && !campo.Section.isEmpty())
+            Scrivi_Ini(gFileIni, campo.Section, campo.Key, campo.Value);
+    }
+    for (qint16 riga = RigaOperatore; riga <= ULTIMA_RIGA; ++riga) {
+        if (Campo(riga).Dirty)
+            Salva_Effetti(riga);
+    }
+    Avvisa(1);
+    Scarica();
+}
+
+/// What a changed row means beyond its key.
+void frmSetupO::Salva_Effetti(qint16 riga)
+{
+    const CampoForm &campo = Campo(riga);
+    const Flag acceso = Flag_Da(campo.Value != u"0");
+    for (const FlagRiga &voce : FLAG_RIGHE) {
+        if (voce.riga == riga)
+            *voce.flag = acceso;
+    }
+    switch (riga) {
+    case RigaOperatore:
+        Scrivi_Operatore();
+        break;
+    case RigaModalita:
+        gModalita = acceso;
+        Imposta_Cartelle();
+        break;
+    case RigaIniFile:
+        gIniFile = acceso;
+        Avvisa(4);
+        break;
+    case RigaStrumento:
+        Scrivi_Ini(gFileIni, campo.Section, campo.Key, QStringLiteral("1"));
+        Avvisa(4);
+        break;
+    case RigaPorta:
+        // The number, over the entry's text that was written with the other rows.
+        Scrivi_Ini(gFileIni, campo.Section, campo.Key, QString::number(campo.ListIndexDefault + 1));
+        break;
+    default:
+        break;
+    }
+}
+
+void frmSetupO::Scrivi_Operatore()
+{
+    gDatiStrumento.clear();
+    for (qint16 riga = 0; riga <= RigaOperatore; ++riga)
+        gDatiStrumento.append(Valore_Ini(gFileIni, Campo(riga).Section, Campo(riga).Key));
+    Collega_Strumento(ModoScrivi);
+}
+
+void frmSetupO::Mostra_Verifica()
+{
+    Chiedi_Password(gPwdCorrente);
+    Aggiorna();
+    if (mPwdEsito == PwdGiusta)
+        Predefinito<frmVerPerO>().Mostra(Modale);
+}
+
+void frmSetupO::FunctionKey(qint16 numero)
+{
+    if (numero == TASTO_LIVELLI)
+        Nuovo<frmControlliMctc>()->Mostra(Modale);
+}
+
+void frmSetupO::Chiedi_Password(const QString &password)
+{
+    Password_Chiedi(frmPwd, password, this, &frmSetupO::frmPwd_PwdReady);
+}
+
+void frmSetupO::frmPwd_PwdReady(quint8 &esito)
+{
+    mPwdEsito = esito;
+}
+
+// --- the instrument ---------------------------------------------------------------------------------------
+
+void frmSetupO::Setup_Aggiorna()
+{
+    for (const qint16 riga : {RigaAlimentazione, RigaCamReset, RigaAltezzaAuto}) {
+        chk[Campo(riga).CtlIndex].Enabled(false);
+        lbl[riga].Enabled(false);
+    }
+    for (const qint16 riga : ORDINE_LETTURA)
+        txt[Campo(riga).CtlIndex].Text(Valore_Ini(gFileIni, Campo(riga).Section, Campo(riga).Key));
+}
+
+void frmSetupO::Collega_Strumento(quint8 modo)
+{
+    Sessione_Esegui(formComm, modo, this, &frmSetupO::formComm_Notifica);
+}
+
+void frmSetupO::formComm_Notifica(qint16 &codice, QVariant &)
+{
+    try {
+        // A session that wrote the operator has read nothing that could be taken over.
+        if (codice == ESITO_COMPLETATO && formComm->Modo == ModoLeggi)
+            Accetta_Strumento();
+        if (codice == ESITO_FALLITO) {
+            Setup_Aggiorna();
+            cbo[Campo(RigaStrumento).CtlIndex].ListIndex(0);
+        }
+        Eventi_Esegui();
+        Aggiorna();
+        Eventi_Esegui();
+    } catch (const ErroreEsecuzione &errore) {
+        Mostra_MsgConferma(QStringLiteral("Notifica sts: %1 %2").arg(codice).arg(errore.Descrizione()));
+    }
+}
+
+/// One read overwrites the whole local copy of identity and calibration.
+void frmSetupO::Accetta_Strumento()
+{
+    for (const qint16 riga : ORDINE_LETTURA) {
+        const CampoForm &campo = Campo(riga);
+        const QString testo = Testo_Blocco(gDatiStrumento, riga);
+        txt[campo.CtlIndex].Text(testo);
+        Scrivi_Ini(gFileIni, campo.Section, campo.Key, testo);
+    }
+    for (qint16 i = 0; i < static_cast<qint16>(CHIAVI_TARATURA.size()); ++i) {
+        Scrivi_Ini(gFileIni, QString::fromUtf16(SEZIONE_TARATURA),
+                   QString::fromUtf16(CHIAVI_TARATURA[static_cast<size_t>(i)]),
+                   Testo_Blocco(gDatiTaratura, i));
+    }
+}
+
+void frmSetupO::Avvisa(qint16 codice)
+{
+    QVariant valore = qint16{0};
+    Q_EMIT Notifica(codice, valore);
+}
+
+void frmSetupO::Unload()
+{
+    Campi_Scarica(*this);
+}

@@ -1,0 +1,65 @@
+// Setup: the instrument's identity, the language, the test limits, the link to the network software, the
+// serial port. It also reads the instrument into the configuration and writes the operator to it.
+#pragma once
+
+#include "platform/modulo.h"
+
+#include <QVariant>
+
+class dlgPwd;
+class frmComm;
+
+class frmSetupO : public Modulo
+{
+    Q_OBJECT
+
+public:
+    frmSetupO();
+    ~frmSetupO() override;
+
+Q_SIGNALS:
+    /// Value always 0. Code 1: saved, about to unload; 2: a language was chosen; 4: a row that concerns the
+    /// work mode was saved.
+    void Notifica(qint16 &codice, QVariant &valore);
+
+protected:
+    void Disegno() override;
+    void Load() override;
+    void Activate() override;
+    void Paint() override;
+    void Unload() override;
+    void txt_Validate(qint16 Index, bool &Cancel) override;
+    void txt_KeyPress(qint16 Index, qint16 &KeyAscii) override;
+    void cbo_KeyDown(qint16 Index, qint16 &KeyCode) override;
+    void cbo_Click(qint16 Index) override;
+    void chk_Click(qint16 Index) override;
+    void cmd_Click(qint16 Index) override;
+    void FunctionKey(qint16 numero) override;
+
+private:
+    void Campi_Imposta();
+    void Didascalie();
+    void Convalida_Cartella(const QString &testo);
+    void Scegli_Lingua(qint16 Index);
+    void Scegli_Modalita(qint16 Index);
+    void Scegli_Strumento(qint16 Index);
+    void Blocca_Rete(bool bloccata);
+    void Sblocca_Limiti(qint16 Index);
+    void Blocca_Limite(qint16 riga, bool bloccato);
+    void Salva();
+    void Salva_Effetti(qint16 riga);
+    void Scrivi_Operatore();
+    void Mostra_Verifica();
+    void Setup_Aggiorna();
+    void Chiedi_Password(const QString &password);
+    void Collega_Strumento(quint8 modo);
+    void frmPwd_PwdReady(quint8 &esito);
+    void formComm_Notifica(qint16 &codice, QVariant &valore);
+    void Accetta_Strumento();
+    void Avvisa(qint16 codice);
+
+    ArrayControlli<Etichetta> lblDes;
+    std::shared_ptr<frmComm> formComm;
+    std::shared_ptr<dlgPwd> frmPwd;
+    quint8 mPwdEsito = 0; // what the password box reported last
+};
