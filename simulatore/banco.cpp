@@ -1,0 +1,98 @@
+#include "simulatore/banco.h"
+
+#include "simulatore/trama.h"
+
+#include <QTextStream>
+
+#include <algorithm>
+
+namespace {
+
+/// Pause between two attempts to come back when the device is not there yet.
+constexpr int RIPROVA_MS = 1000;
+
+} // namespace
+
+Banco::Banco(Linea &linea, Strumento &strumento, Registro &registro, Collegamento &collegamento)
+    : m_linea(linea), m_strumento(strumento), m_registro(registro), m_collegamento(collegamento)
+{
+    m_orologio.start();
+    for (QTimer *timer : {&m_prossimo, &m_ritorno}) {
+        timer->setSingleShot(true);
+        timer->setTimerType(Qt::PreciseTimer);
+    }
+    QObject::connect(&m_prossimo, &QTimer::timeout, &m_prossimo, [this] { Manda_Dovuti(); });
+    QObject::connect(&m_ritorno, &QTimer::timeout, &m_ritorno, [this] { Riapri(); });
+    m_linea.Ricevuti = [this](const QByteArray &byte) {
+        for (const Invio &invio : m_strumento.Ricevi(byte))
+            Programma(invio);
+    };
+    m_linea.Lasciata = [this] {
+        m_registro.Annota(QStringLiteral("-- la stazione ha chiuso la porta"));
+        m_strumento.Linea_Lasciata();
+    };
+}
+
+bool Banco::Apri(QString &errore)
+{
+    if (!m_linea.Apri(errore))
+        return false;
+    if (!m_collegamento.Metti(m_linea.Nome(), errore)) {
+        m_linea.Chiudi();
+        return false;
+    }
+    // Not through the log, which may be a file: whoever started the program waits for this line.
+    QTextStream(stdout) << QStringLiteral("pronto: ") << m_linea.Nome() << Qt::endl;
+    return true;
+}
+
+void Banco::Programma(const Invio &invio)
+{
+    const qint64 quando = m_orologio.elapsed() + invio.ritardo;
+    const auto posto = std::upper_bound(m_coda.cbegin(), m_coda.cend(), quando,
+                                        [](qint64 q, const InAttesa &altro) { return q < altro.quando; });
+    m_coda.insert(posto, {quando, invio});
+    Arma();
+}
+
+void Banco::Arma()
+{
+    if (!m_coda.isEmpty())
+        m_prossimo.start(static_cast<int>(std::max<qint64>(0, m_coda.first().quando - m_orologio.elapsed())));
+}
+
+void Banco::Manda_Dovuti()
+{
+    while (!m_coda.isEmpty() && m_coda.first().quando <= m_orologio.elapsed())
+        Esegui(m_coda.takeFirst().invio);
+    Arma();
+}
+
+void Banco::Esegui(const Invio &invio)
+{
+    if (invio.riaggancio >= 0) {
+        Riaggancia(invio.riaggancio);
+        return;
+    }
+    const QString verso = m_linea.Scrivi(invio.byte) ? QStringLiteral("-> ") : QStringLiteral("-- perduta: ");
+    m_registro.Annota(verso + Trama_Hex(invio.byte) + QStringLiteral("  ") + invio.nota);
+}
+
+void Banco::Riaggancia(int ms)
+{
+    m_registro.Annota(QStringLiteral("-- linea staccata per %1 ms").arg(ms));
+    m_coda.clear();
+    m_collegamento.Togli();
+    m_linea.Chiudi();
+    m_strumento.Linea_Lasciata();
+    m_ritorno.start(ms);
+}
+
+void Banco::Riapri()
+{
+    QString errore;
+    if (Apri(errore))
+        return;
+    m_registro.Annota(QStringLiteral("-- ") + errore);
+    m_ritorno.start(RIPROVA_MS);
+}

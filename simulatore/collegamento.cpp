@@ -1,0 +1,43 @@
+#include "simulatore/collegamento.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <filesystem>
+#include <system_error>
+
+bool Collegamento::Metti(const QString &destinazione, QString &errore)
+{
+    if (m_percorso.isEmpty())
+        return true;
+    const QFileInfo posto(m_percorso);
+    if (posto.exists() && !posto.isSymLink()) {
+        errore = QStringLiteral("%1: esiste e non è un collegamento").arg(m_percorso);
+        return false;
+    }
+    posto.dir().mkpath(QStringLiteral("."));
+    const QFileInfo nuovo(m_percorso + QStringLiteral(".nuovo"));
+    QFile::remove(nuovo.filePath()); // left by a start that was cut short
+    QFile terminale(destinazione);
+    if (!terminale.link(nuovo.filePath())) {
+        errore = QStringLiteral("%1: %2").arg(m_percorso, terminale.errorString());
+        return false;
+    }
+    std::error_code codice;
+    std::filesystem::rename(nuovo.filesystemFilePath(), posto.filesystemFilePath(), codice);
+    if (codice) {
+        QFile::remove(nuovo.filePath());
+        errore = QStringLiteral("%1: %2").arg(m_percorso, QString::fromLocal8Bit(codice.message()));
+        return false;
+    }
+    m_destinazione = destinazione;
+    return true;
+}
+
+void Collegamento::Togli()
+{
+    if (!m_destinazione.isEmpty() && QFileInfo(m_percorso).symLinkTarget() == m_destinazione)
+        QFile::remove(m_percorso);
+    m_destinazione.clear();
+}

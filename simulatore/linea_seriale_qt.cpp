@@ -1,0 +1,43 @@
+// The real serial device: a cable to a station on another computer.
+#include "simulatore/linea.h"
+
+#include <QSerialPort>
+
+namespace {
+
+class LineaSeriale : public Linea
+{
+public:
+    LineaSeriale(const QString &dispositivo, qint32 velocita) : m_dispositivo(dispositivo)
+    {
+        m_porta.setPortName(dispositivo);
+        m_porta.setBaudRate(velocita);
+        QObject::connect(&m_porta, &QSerialPort::readyRead, &m_porta,
+                         [this] { Ricevuti(m_porta.readAll()); });
+    }
+
+    bool Apri(QString &errore) override
+    {
+        const bool aperta = m_porta.open(QIODevice::ReadWrite);
+        if (!aperta)
+            errore = QStringLiteral("%1: %2").arg(m_dispositivo, m_porta.errorString());
+        return aperta;
+    }
+    void Chiudi() override { m_porta.close(); }
+    QString Nome() const override { return m_porta.isOpen() ? m_dispositivo : QString(); }
+    bool Scrivi(const QByteArray &byte) override
+    {
+        return m_porta.isOpen() && m_porta.write(byte) == byte.size();
+    }
+
+private:
+    QString m_dispositivo;
+    QSerialPort m_porta;
+};
+
+} // namespace
+
+std::unique_ptr<Linea> Crea_LineaSeriale(const QString &dispositivo, qint32 velocita)
+{
+    return std::make_unique<LineaSeriale>(dispositivo, velocita);
+}

@@ -1,0 +1,22 @@
+#include "simulatore/registro.h"
+
+#include "platform/orologio.h"
+
+#include <cstdio>
+
+bool Registro::Apri(const QString &percorso, QString &errore)
+{
+    m_file.setFileName(percorso);
+    const bool aperto = percorso.isEmpty() ? m_file.open(stdout, QIODevice::WriteOnly)
+                                           : m_file.open(QIODevice::WriteOnly | QIODevice::Append);
+    if (!aperto)
+        errore = QStringLiteral("%1: %2").arg(percorso, m_file.errorString());
+    return aperto;
+}
+
+void Registro::Annota(const QString &testo)
+{
+    const QString ora = Orologio_Corrente().Adesso().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"));
+    m_file.write((ora + u' ' + testo + u'\n').toUtf8());
+    m_file.flush();
+}

@@ -1,0 +1,286 @@
+#include "simulatore/strumento.h"
+
+#include "link/protocollo.h"
+#include "platform/codifica.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace {
+
+constexpr qsizetype POSTO_CODICE = 4;
+constexpr qsizetype POSTO_CARICO = 5;
+constexpr qsizetype BYTE_CODA = 2; // check character and end byte
+constexpr char RIEMPITIVO = '\0';
+
+/// A write that could not be kept is answered with any byte but the one that means accepted.
+constexpr char NON_SCRITTO = '\0';
+
+/// Where the texts of a write go. The identity goes out in two frames, the operator alone in the second.
+struct DefScrittura
+{
+    CodiceComando comando;
+    Blocco blocco;
+    qsizetype primo;
+    qsizetype quanti;
+};
+
+// clang-format off
+constexpr DefScrittura SCRITTURE[] = {
+    {CodiceComando::ScriviDati1,    Blocco::Dati,     0,  5},
+    {CodiceComando::ScriviDati2,    Blocco::Dati,     5,  1},
+    {CodiceComando::ScriviTaratura, Blocco::Taratura, 0, 10},
+};
+// clang-format on
+
+/// The texts of a payload; what stands behind the last separator is none.
+QStringList Testi_Di(const QByteArray &carico)
+{
+    QStringList testi;
+    for (const QByteArray &pezzo : carico.split(static_cast<char>(BYTE_SEPARATORE)))
+        testi.append(Testo_DaAnsi(pezzo));
+    testi.removeLast();
+    return testi;
+}
+
+QString Testi_Nota(const QStringList &testi)
+{
+    QString nota;
+    for (const QString &testo : testi)
+        nota += QStringLiteral(" \"%1\"").arg(testo);
+    return nota;
+}
+
+const DefComando *Comando_Di(const QByteArray &trama)
+{
+    return Comando_DaCodice(static_cast<quint8>(trama[POSTO_CODICE]));
+}
+
+QByteArray Carico_Di(const QByteArray &trama)
+{
+    return trama.sliced(POSTO_CARICO).chopped(BYTE_CODA);
+}
+
+/// What is wrong with a command; empty when it is one of the instrument's and has its form.
+QString Comando_Difetto(const QByteArray &trama)
+{
+    if (QString difetto = Trama_Difetto(trama); !difetto.isEmpty())
+        return difetto;
+    const DefComando *comando = Comando_Di(trama);
+    if (comando == nullptr)
+        return QStringLiteral("comando sconosciuto");
+    const QByteArray carico = Carico_Di(trama);
+    if (comando->carico == CaricoComando::Nessuno && !carico.isEmpty())
+        return QStringLiteral("dati in un comando che non ne porta");
+    if (comando->carico == CaricoComando::TestiRiempitivo && !carico.endsWith(RIEMPITIVO))
+        return QStringLiteral("manca il riempitivo 00 prima del carattere di controllo");
+    return {};
+}
+
+QString Record_Nota(const Veicolo &veicolo)
+{
+    QString nota;
+    for (size_t i = 0; i < veicolo.record.size(); ++i)
+        nota +=
+            QStringLiteral(" %1=%2").arg(QString::fromUtf16(NOMI_RECORD[i]), Testo_DaAnsi(veicolo.record[i]));
+    return nota;
+}
+
+QString Stato_Nota(char stato)
+{
+    switch (stato) {
+    case '1':
+        return QStringLiteral("\"1\" a riposo");
+    case '2':
+        return QStringLiteral("\"2\" prova in corso");
+    default:
+        return QStringLiteral("\"4\" misura pronta");
+    }
+}
+
+} // namespace
+
+Strumento::Strumento(const QString &fileScenario, const QString &fileStato, quint32 seme,
+                     std::function<void(const QString &)> annota)
+    : m_fileScenario(fileScenario),
+      m_memoria(fileScenario, fileStato),
+      m_giornata(seme),
+      m_annota(std::move(annota))
+{
+    Veicolo_Nuovo();
+}
+
+QList<Invio> Strumento::Ricevi(const QByteArray &byte)
+{
+    QList<Invio> invii;
+    for (const char b : byte) {
+        if (m_assemblatore.Aggiungi(b))
+            invii += Comando_Ricevuto(m_assemblatore.Trama());
+    }
+    if (const QByteArray scartati = m_assemblatore.Scartati(); !scartati.isEmpty())
+        m_annota(QStringLiteral("-- fuori trama: ") + Trama_Hex(scartati));
+    return invii;
+}
+
+void Strumento::Linea_Lasciata()
+{
+    m_assemblatore.Azzera();
+    m_trattenuta.clear();
+    if (!A_Riposo())
+        return;
+    Scenario_Rileggi();
+    if (m_scenario.veicoli.isEmpty())
+        return;
+    m_indice = std::clamp<qsizetype>(m_indice, 0, m_scenario.veicoli.size() - 1);
+    m_veicolo = m_scenario.veicoli[m_indice];
+}
+
+QList<Invio> Strumento::Comando_Ricevuto(const QByteArray &trama)
+{
+    const QString riga = QStringLiteral("<- ") + Trama_Hex(trama) + QStringLiteral("  ");
+    if (const QString difetto = Comando_Difetto(trama); !difetto.isEmpty()) {
+        m_annota(riga + difetto + QStringLiteral(": nessuna risposta"));
+        return {};
+    }
+
+    const DefComando &comando = *Comando_Di(trama);
+    const QByteArray carico = Carico_Di(trama);
+    m_annota(riga + QString::fromUtf16(comando.nome) + Testi_Nota(Testi_Di(carico)));
+    const Risposta risposta = Risposta_Di(comando, carico);
+    if (risposta.trama.isEmpty()) {
+        m_annota(QStringLiteral("-- ") + risposta.nota);
+        return {};
+    }
+    return Risposta_Invia(comando, risposta);
+}
+
+QList<Invio> Strumento::Risposta_Invia(const DefComando &comando, const Risposta &risposta)
+{
+    const Guasto *guasto = Guasto_Dovuto(comando.codice, ++m_volte[comando.codice]);
+    QList<Invio> invii = {
+        {.ritardo = m_scenario.ritardo, .byte = risposta.trama, .nota = risposta.nota}
+    };
+    if (guasto != nullptr) {
+        invii = Guasto_Applica(*guasto, risposta, m_scenario.ritardo, comando.postoGenere);
+        if (invii.isEmpty())
+            m_annota(
+                QStringLiteral("-- guasto %1: %2 non parte").arg(Guasto_Nome(guasto->tipo), risposta.nota));
+        if (guasto->tipo == TipoGuasto::Unita)
+            m_trattenuta += risposta.trama;
+    }
+    if (!invii.isEmpty() && invii.first().riaggancio < 0)
+        invii.first().byte.prepend(std::exchange(m_trattenuta, QByteArray()));
+    return invii;
+}
+
+const Guasto *Strumento::Guasto_Dovuto(CodiceComando comando, int volta) const
+{
+    const auto colpisce = [comando, volta](const Guasto &g) {
+        return (!g.comando || *g.comando == comando) && volta >= g.daVolta && volta <= g.aVolta;
+    };
+    for (const QList<Guasto> *elenco : {&m_veicolo.guasti, &m_scenario.guasti}) {
+        const auto trovato = std::find_if(elenco->cbegin(), elenco->cend(), colpisce);
+        if (trovato != elenco->cend())
+            return &*trovato;
+    }
+    return nullptr;
+}
+
+Risposta Strumento::Risposta_Di(const DefComando &comando, const QByteArray &carico)
+{
+    // The operator does not measure while the station reads and writes settings: the polls of these sessions
+    // do not bring the next measure nearer.
+    const bool sessioneDati =
+        comando.codice != CodiceComando::Stato && comando.codice != CodiceComando::Misura;
+    if (sessioneDati && A_Riposo())
+        m_interrogazioni = 0;
+
+    switch (comando.codice) {
+    case CodiceComando::Stato:
+        return Risposta_Stato();
+    case CodiceComando::Misura:
+        return Risposta_Misura();
+    case CodiceComando::LeggiDati:
+        return Risposta_Testi(Blocco::Dati, QByteArrayLiteral("U"));
+    case CodiceComando::LeggiTaratura:
+        return Risposta_Testi(Blocco::Taratura, QByteArray());
+    case CodiceComando::ScriviDati1:
+    case CodiceComando::ScriviDati2:
+    case CodiceComando::ScriviTaratura:
+        return Risposta_Scrittura(comando.codice, carico);
+    }
+    Q_UNREACHABLE();
+}
+
+Risposta Strumento::Risposta_Stato()
+{
+    if (m_misurato)
+        Veicolo_Nuovo();
+    ++m_interrogazioni;
+    const char stato = Misura_Pronta() ? '4' : A_Riposo() ? '1' : '2';
+    return {Trama_Componi(QByteArray(1, stato)), Stato_Nota(stato)};
+}
+
+Risposta Strumento::Risposta_Misura()
+{
+    if (!Misura_Pronta())
+        return {{}, QStringLiteral("nessuna misura pronta: nessuna risposta")};
+    // A station that did not get the reply asks again, and gets the same measure.
+    m_misurato = true;
+    QByteArray corpo;
+    for (const QByteArray &record : m_veicolo.record)
+        corpo += record;
+    return {Trama_Componi(corpo), QStringLiteral("misura") + Record_Nota(m_veicolo)};
+}
+
+Risposta Strumento::Risposta_Testi(Blocco blocco, const QByteArray &testa)
+{
+    const QStringList testi = m_memoria.Leggi(blocco);
+    Risposta risposta = {Trama_Componi(testa + Componi_Dati(testi)),
+                         QStringLiteral("testi") + Testi_Nota(testi)};
+    if (risposta.trama.size() > MISURA_RX)
+        risposta.nota +=
+            QStringLiteral("  (%1 byte: la stazione ne tiene %2)").arg(risposta.trama.size()).arg(MISURA_RX);
+    return risposta;
+}
+
+Risposta Strumento::Risposta_Scrittura(CodiceComando comando, const QByteArray &carico)
+{
+    const auto *scrittura = std::find_if(std::begin(SCRITTURE), std::end(SCRITTURE),
+                                         [comando](const DefScrittura &s) { return s.comando == comando; });
+    const QStringList testi = Testi_Di(carico);
+    bool tenuti = true;
+    for (qsizetype i = 0; i < std::min(testi.size(), scrittura->quanti); ++i)
+        tenuti = m_memoria.Scrivi(scrittura->blocco, scrittura->primo + i, testi[i]) && tenuti;
+    const char esito = tenuti ? static_cast<char>(BYTE_SCRITTO) : NON_SCRITTO;
+    return {Trama_Componi(QByteArray(1, esito)),
+            tenuti ? QStringLiteral("scritto")
+                   : QStringLiteral("non scritto: il file di stato non si scrive")};
+}
+
+/// Reads the scenario anew; one with errors leaves the last good one in force.
+void Strumento::Scenario_Rileggi()
+{
+    for (const QString &errore : Scenario_Leggi(m_fileScenario, m_scenario))
+        m_annota(QStringLiteral("-- scenario: ") + errore);
+}
+
+void Strumento::Veicolo_Nuovo()
+{
+    Scenario_Rileggi();
+    m_interrogazioni = 0;
+    m_misurato = false;
+    m_volte.clear();
+    const qsizetype veicoli = m_scenario.veicoli.size();
+    if (veicoli == 0) {
+        m_indice = -1;
+        m_veicolo = m_giornata.Prossimo();
+    } else {
+        ++m_indice;
+        if (m_indice >= veicoli)
+            m_indice = m_scenario.ricomincia ? 0 : veicoli - 1;
+        m_veicolo = m_scenario.veicoli[m_indice];
+    }
+    m_annota(QStringLiteral("-- nuovo veicolo:") + Record_Nota(m_veicolo));
+}
