@@ -1,0 +1,147 @@
+// The times that docs/prestazioni.md tells: profile reads, a language table, the check of an acceptance file,
+// the poll of a full exchange folder, one evaluation.
+#include "core/avvio.h"
+#include "core/modApp.h"
+#include "core/modFs.h"
+#include "core/modGeneral.h"
+#include "link/protocollo.h"
+#include "mctc/campi_acc.h"
+#include "mctc/lista.h"
+#include "mctc/modMctc.h"
+#include "platform/profilo.h"
+#include "report/modReport.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QThread>
+
+namespace {
+
+/// A station in a temporary folder, as an installation delivers it.
+class Stazione
+{
+public:
+    Stazione()
+    {
+        const QString sorgente = QStringLiteral(LUMIRA_SORGENTE);
+        for (const char16_t *nome : {u"lumira.ini", u"lingue.ini", u"lingueMCTC.ini"})
+            Copia(sorgente + QStringLiteral("/impianto/"), QString::fromUtf16(nome),
+                  m_cartella.path() + u'/');
+        QDir().mkpath(m_cartella.filePath(QStringLiteral("dati")));
+        QDir().mkpath(m_cartella.filePath(QStringLiteral("DIR_FAR")));
+        Copia(sorgente + QStringLiteral("/dati/"), QStringLiteral("ModelloAcc.acc"),
+              m_cartella.filePath(QStringLiteral("dati/")));
+        Avvio_Percorsi(m_cartella.path().replace(u'/', u'\\'));
+        for (const char16_t *chiave : {u"DirDati", u"DirRisultati"})
+            Scrivi_Ini(gFileIni, QStringLiteral("MCTC"), QString::fromUtf16(chiave), gAppPath);
+        Avvio_Impostazioni();
+        Accettazione(QStringLiteral("12345678.acc"));
+        // Files as old as those of a workshop: what was written this very instant is read again each time.
+        QThread::msleep(50);
+    }
+
+    void Accettazione(const QString &nome) const
+    {
+        QFile::copy(m_cartella.filePath(QStringLiteral("dati/ModelloAcc.acc")),
+                    m_cartella.filePath(QStringLiteral("DIR_FAR/") + nome));
+    }
+
+private:
+    static void Copia(const QString &da, const QString &nome, const QString &a)
+    {
+        QFile::copy(da + nome, a + nome);
+    }
+    QTemporaryDir m_cartella;
+};
+
+const Stazione &La_Stazione()
+{
+    static const Stazione stazione;
+    return stazione;
+}
+
+void Leggi_Ini_Invariato(benchmark::State &stato)
+{
+    La_Stazione();
+    QString valore;
+    for (auto giro : stato) {
+        (void)giro;
+        Leggi_Ini(gFileIni, QStringLiteral("PARAMETRI"), QStringLiteral("LuxMaxAnab"), valore);
+        benchmark::DoNotOptimize(valore);
+    }
+}
+
+void Carica_Lingua_160(benchmark::State &stato)
+{
+    La_Stazione();
+    for (auto giro : stato) {
+        (void)giro;
+        Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
+    }
+}
+
+void Acc_Controlla_Completo(benchmark::State &stato)
+{
+    La_Stazione();
+    gControlloVisivo = Vero;
+    Campi_Azzera(gCampiAcc, ULTIMA_RIGA_ACC);
+    Campi_ImpostaAcc();
+    const QString file = gDirAcc + QStringLiteral("12345678.acc");
+    QString rapporto;
+    for (auto giro : stato) {
+        (void)giro;
+        Acc_Apri(file);
+        if (Acc_Controlla(file, rapporto) != AccBuona)
+            stato.SkipWithError("the file does not pass");
+    }
+}
+
+void Sondaggio_10000(benchmark::State &stato)
+{
+    const Stazione stazione;
+    for (int i = 0; i < 10000; ++i)
+        stazione.Accettazione(QStringLiteral("%1.acc").arg(20000000 + i));
+    QStringList prima;
+    QStringList dopo;
+    Fs_ElencoFirme(gDirAcc, QStringLiteral("*.acc"), prima);
+    for (auto giro : stato) {
+        (void)giro;
+        Fs_ElencoFirme(gDirAcc, QStringLiteral("*.acc"), dopo);
+        benchmark::DoNotOptimize(Liste_Differenze(prima, dopo));
+    }
+}
+
+void Calcola_Esito_Uno(benchmark::State &stato)
+{
+    const Stazione stazione;
+    Report_Dati(0);
+    Report_Dati(1);
+    gModalita = Falso; // the acceptance file stays for the next round
+    gFileAcc = gDirAcc + QStringLiteral("12345678.acc");
+    for (MisuraFaro &misura : gMisure)
+        misura = {500, QStringLiteral("O"), QStringLiteral("O")};
+    for (auto giro : stato) {
+        (void)giro;
+        Calcola_Esito();
+    }
+}
+
+BENCHMARK(Leggi_Ini_Invariato)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Carica_Lingua_160)->Unit(benchmark::kMillisecond);
+BENCHMARK(Acc_Controlla_Completo)->Unit(benchmark::kMillisecond);
+BENCHMARK(Sondaggio_10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Calcola_Esito_Uno)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication applicazione(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

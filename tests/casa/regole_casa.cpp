@@ -1,0 +1,317 @@
+#include "tests/casa/regole_casa.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <functional>
+
+namespace {
+
+/// Places in the order of the one way in. Nothing of the house includes what stands beside it.
+enum Livello
+{
+    Piattaforma,
+    Moduli,
+    Form,
+    FormPrincipale,
+    Avvio,
+    Accanto,
+};
+
+QString Cartella_Di(const QString &file)
+{
+    return file.section(u'/', 0, 0);
+}
+
+Livello Livello_Di(const QString &file)
+{
+    const QString nome = QFileInfo(file).completeBaseName();
+    const QString cartella = Cartella_Di(file);
+    if (cartella == u"platform")
+        return Piattaforma;
+    if (!QStringList{QStringLiteral("core"), QStringLiteral("link"), QStringLiteral("mctc"),
+                     QStringLiteral("report"), QStringLiteral("setup"), QStringLiteral("dialogs")}
+             .contains(cartella))
+        return Accanto;
+    if (nome == u"modMain")
+        return Avvio;
+    if (nome == u"frmMain")
+        return FormPrincipale;
+    return nome.startsWith(u"frm") || nome.startsWith(u"dlg") ? Form : Moduli;
+}
+
+/// Header and bodies of one thing: the path without extension and without the name of a system.
+QString Unita_Di(const QString &file)
+{
+    static const QRegularExpression CODA(QStringLiteral("(_posix|_win32|_qt)?\\.(h|cpp)$"));
+    return QString(file).remove(CODA);
+}
+
+/// What a file includes: files of the tree by their path, headers of the system by their name.
+struct Inclusioni
+{
+    QStringList file;
+    QStringList sistema;
+};
+
+QMap<QString, Inclusioni> Inclusioni_Di(const Sorgenti &sorgenti)
+{
+    static const QRegularExpression RIGA(
+        QStringLiteral("^[ \\t]*#[ \\t]*include[ \\t]*([<\"])([^>\"]+)[>\"]"),
+        QRegularExpression::MultilineOption);
+    QMap<QString, Inclusioni> inclusioni;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        Inclusioni &sue = inclusioni[sorgente.key()];
+        for (auto righe = RIGA.globalMatch(Spoglia(sorgente.value(), true)); righe.hasNext();) {
+            const QRegularExpressionMatch riga = righe.next();
+            const QString nome = riga.captured(2);
+            const QString vicino = QFileInfo(sorgente.key()).path() + u'/' + nome;
+            if (riga.captured(1) == u"<")
+                sue.sistema.append(nome.section(u'/', -1));
+            else if (sorgenti.contains(nome))
+                sue.file.append(nome);
+            else if (sorgenti.contains(vicino))
+                sue.file.append(vicino);
+        }
+    }
+    return inclusioni;
+}
+
+using Grafo = QMap<QString, QSet<QString>>;
+
+/// All that can be reached from a place in one step or more.
+QSet<QString> Raggiunti(const Grafo &grafo, const QString &da)
+{
+    QSet<QString> raggiunti;
+    QStringList attesa = grafo.value(da).values();
+    while (!attesa.isEmpty()) {
+        const QString posto = attesa.takeLast();
+        if (raggiunti.contains(posto))
+            continue;
+        raggiunti.insert(posto);
+        attesa += grafo.value(posto).values();
+    }
+    return raggiunti;
+}
+
+/// The text at namespace scope: what stands inside other braces, and inside parentheses, is cut out, and a
+/// body of a procedure ends a statement.
+QString Livello_Esterno(const QString &testo)
+{
+    static const QRegularExpression PREPROCESSORE(QStringLiteral("^[ \\t]*#(?:[^\\n]*\\\\\\n)*[^\\n]*"),
+                                                  QRegularExpression::MultilineOption);
+    static const QRegularExpression SPAZIO(QStringLiteral("(?:inline\\s+)?namespace(?:\\s+[\\w:]+)?\\s*$|"
+                                                          "extern\\s*\"\"\\s*$"));
+    static const QRegularExpression CORPO(
+        QStringLiteral("\\(\\)(?:\\s*(?:const|noexcept|override|final|mutable))*\\s*\\{\\}"));
+    const QString spoglio = Spoglia(testo, false).remove(PREPROCESSORE);
+    QString esterno;
+    QList<bool> graffe; // true: of a namespace
+    int dentro = 0;     // braces and parentheses that hide what they hold
+    for (const QChar c : spoglio) {
+        if (c == u'{' || c == u'(') {
+            const bool spazio = c == u'{' && dentro == 0 && SPAZIO.match(esterno).hasMatch();
+            graffe.append(spazio);
+            if (!spazio && dentro++ == 0)
+                esterno += c;
+            if (spazio)
+                esterno += u';';
+        } else if ((c == u'}' || c == u')') && !graffe.isEmpty()) {
+            if (!graffe.takeLast() && --dentro == 0)
+                esterno += c;
+        } else if (dentro == 0) {
+            esterno += c;
+        }
+    }
+    return esterno.replace(CORPO, QStringLiteral("();"));
+}
+
+/// Variables of the program's state that one statement defines or, with extern, declares.
+QStringList Nomi_Globali(const QString &istruzione)
+{
+    static const QRegularExpression NOME(
+        QStringLiteral("\\b(g[A-Z]\\w*)\\s*(?:\\[[^\\]]*\\]|\\{\\}|\\(\\))*\\s*$"));
+    QStringList nomi;
+    const QStringList pezzi = istruzione.split(u',');
+    for (const QString &pezzo : pezzi) {
+        const QRegularExpressionMatch nome = NOME.match(pezzo.section(u'=', 0, 0));
+        const bool primo = &pezzo == &pezzi.first();
+        // A name alone is a statement of something else, such as a macro: a definition begins with a type.
+        if (nome.hasMatch() && !(primo && pezzo.left(nome.capturedStart()).trimmed().isEmpty()))
+            nomi.append(nome.captured(1));
+    }
+    return nomi;
+}
+
+} // namespace
+
+Sorgenti Sorgenti_Leggi(const QString &radice)
+{
+    Sorgenti sorgenti;
+    const QDir casa(radice);
+    QDirIterator file(radice, {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
+                      QDirIterator::Subdirectories);
+    while (file.hasNext()) {
+        const QString percorso = file.next();
+        const QString relativo = casa.relativeFilePath(percorso);
+        if (relativo.startsWith(u"build") || relativo.startsWith(u'.'))
+            continue;
+        QFile aperto(percorso);
+        if (aperto.open(QIODevice::ReadOnly))
+            sorgenti.insert(relativo, QString::fromUtf8(aperto.readAll()));
+    }
+    return sorgenti;
+}
+
+QString Spoglia(const QString &testo, bool conLetterali)
+{
+    static const QRegularExpression PEZZO(
+        QStringLiteral(
+            "//[^\\n]*|/\\*.*?\\*/|\"(?:\\\\.|[^\"\\\\\\n])*\"|(?<![0-9])'(?:\\\\.|[^'\\\\\\n])*'"),
+        QRegularExpression::DotMatchesEverythingOption);
+    QString spoglio;
+    qsizetype da = 0;
+    for (auto trovati = PEZZO.globalMatch(testo); trovati.hasNext();) {
+        const QRegularExpressionMatch pezzo = trovati.next();
+        spoglio += testo.mid(da, pezzo.capturedStart() - da);
+        const bool commento = pezzo.capturedView().startsWith(u'/');
+        spoglio += commento ? QStringLiteral(" ") : conLetterali ? pezzo.captured() : QStringLiteral("\"\"");
+        da = pezzo.capturedEnd();
+    }
+    return spoglio + testo.mid(da);
+}
+
+QStringList Anelli(const Sorgenti &sorgenti)
+{
+    Grafo grafo;
+    const QMap<QString, Inclusioni> inclusioni = Inclusioni_Di(sorgenti);
+    for (auto i = inclusioni.cbegin(); i != inclusioni.cend(); ++i) {
+        const QString unita = Unita_Di(i.key());
+        for (const QString &altro : i->file) {
+            if (Unita_Di(altro) != unita)
+                grafo[unita].insert(Unita_Di(altro));
+        }
+    }
+    QMap<QString, QSet<QString>> raggiunti;
+    for (auto i = grafo.cbegin(); i != grafo.cend(); ++i)
+        raggiunti.insert(i.key(), Raggiunti(grafo, i.key()));
+
+    QStringList anelli;
+    QSet<QString> visti;
+    for (auto i = raggiunti.cbegin(); i != raggiunti.cend(); ++i) {
+        QStringList anello;
+        for (const QString &altro : *i) {
+            if (raggiunti.value(altro).contains(i.key()))
+                anello.append(altro);
+        }
+        anello.sort();
+        if (!anello.isEmpty() && !visti.contains(i.key()))
+            anelli.append(anello.join(QStringLiteral(" <-> ")));
+        visti += QSet<QString>(anello.cbegin(), anello.cend());
+    }
+    return anelli;
+}
+
+QStringList Finestre_NeiModuli(const Sorgenti &sorgenti, const QSet<QString> &finestre)
+{
+    Grafo grafo;
+    QMap<QString, QString> diretta; // file: the window's header that it includes itself
+    const QMap<QString, Inclusioni> inclusioni = Inclusioni_Di(sorgenti);
+    for (auto i = inclusioni.cbegin(); i != inclusioni.cend(); ++i) {
+        grafo[i.key()] = QSet<QString>(i->file.cbegin(), i->file.cend());
+        for (const QString &nome : i->sistema) {
+            if (finestre.contains(nome))
+                diretta.insert(i.key(), nome);
+        }
+    }
+
+    QStringList falli;
+    for (auto i = grafo.cbegin(); i != grafo.cend(); ++i) {
+        if (Livello_Di(i.key()) != Moduli)
+            continue;
+        if (diretta.contains(i.key()))
+            falli.append(i.key() + QStringLiteral(" includes ") + diretta.value(i.key()));
+        // These two make the controls and the drawings of the forms, through the types of platform/.
+        const QString unita = Unita_Di(i.key());
+        if (unita == u"core/modCtl" || unita == u"report/modPrn")
+            continue;
+        const QSet<QString> raggiunti = Raggiunti(grafo, i.key());
+        for (const QString &altro : raggiunti) {
+            if (diretta.contains(altro))
+                falli.append(i.key() + QStringLiteral(" reaches ") + altro);
+        }
+    }
+    falli.sort();
+    return falli;
+}
+
+QStringList Sistemi_FuoriPosto(const Sorgenti &sorgenti)
+{
+    static const QRegularExpression CONDIZIONE(
+        QStringLiteral("^[ \\t]*#[ \\t]*(?:if|ifdef|ifndef|elif|elifdef|elifndef)\\b[^\\n]*\\b"
+                       "(_?WIN(?:32|64)|__(?:unix|linux|APPLE|MINGW32|MINGW64|CYGWIN)(?:__)?|Q_OS_\\w+)\\b"),
+        QRegularExpression::MultilineOption);
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        if (Cartella_Di(sorgente.key()) == u"platform" || sorgente.key().startsWith(u"link/seriale_"))
+            continue;
+        const QString testo = Spoglia(sorgente.value(), false).replace(QStringLiteral("\\\n"), QString());
+        for (auto righe = CONDIZIONE.globalMatch(testo); righe.hasNext();)
+            falli.append(sorgente.key() + QStringLiteral(": ") + righe.next().captured(1));
+    }
+    return falli;
+}
+
+QStringList Inclusioni_InSalita(const Sorgenti &sorgenti)
+{
+    QStringList falli;
+    const QMap<QString, Inclusioni> inclusioni = Inclusioni_Di(sorgenti);
+    for (auto i = inclusioni.cbegin(); i != inclusioni.cend(); ++i) {
+        for (const QString &altro : i->file) {
+            if (Livello_Di(altro) > Livello_Di(i.key()))
+                falli.append(i.key() + QStringLiteral(" includes ") + altro);
+        }
+    }
+    return falli;
+}
+
+QStringList Globali_Doppie(const Sorgenti &sorgenti)
+{
+    static const QRegularExpression ALTRO(QStringLiteral("^(?:using|typedef|friend|return|template)\\b"));
+    QMap<QString, QStringList> definite, dichiarate;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        if (Cartella_Di(sorgente.key()) == u"tests")
+            continue;
+        const QStringList istruzioni = Livello_Esterno(sorgente.value()).split(u';');
+        for (const QString &intera : istruzioni) {
+            const QString istruzione = intera.trimmed();
+            if (ALTRO.match(istruzione).hasMatch())
+                continue;
+            QMap<QString, QStringList> &dove = istruzione.startsWith(u"extern") ? dichiarate : definite;
+            for (const QString &nome : Nomi_Globali(istruzione))
+                dove[nome].append(sorgente.key());
+        }
+    }
+
+    QStringList falli;
+    const auto fallo = [&falli](const QString &nome, const char *quale, const QStringList &file) {
+        falli.append(nome + QLatin1String(quale) + file.join(QStringLiteral(", ")));
+    };
+    for (auto i = definite.cbegin(); i != definite.cend(); ++i) {
+        if (i->size() > 1)
+            fallo(i.key(), " is defined more than once: ", *i);
+        const QStringList testate = dichiarate.value(i.key());
+        if (!testate.isEmpty() && Unita_Di(testate.first()) != Unita_Di(i->first()))
+            fallo(i.key(), " is not defined beside its header: ", testate + *i);
+    }
+    for (auto i = dichiarate.cbegin(); i != dichiarate.cend(); ++i) {
+        if (i->size() > 1)
+            fallo(i.key(), " is declared more than once: ", *i);
+        if (!i->first().endsWith(u".h"))
+            fallo(i.key(), " is declared outside a header: ", *i);
+    }
+    return falli;
+}

@@ -1,0 +1,34 @@
+// The rules of the house that a reader of the source can check by machine. Each check takes the texts of a
+// tree and returns its faults, one line each.
+#pragma once
+
+#include <QMap>
+#include <QSet>
+#include <QStringList>
+
+/// Text of each source file, by its path from the root of the tree.
+using Sorgenti = QMap<QString, QString>;
+
+/// Reads the .h and .cpp files of a tree, all but those of hidden folders and of build folders.
+Sorgenti Sorgenti_Leggi(const QString &radice);
+
+/// The text without its comments, and with its literals emptied if they are not wanted.
+QString Spoglia(const QString &testo, bool conLetterali);
+
+/// A file stands for its unit: header and bodies together. Units that include each other, in a ring of any
+/// length.
+QStringList Anelli(const Sorgenti &sorgenti);
+
+/// Modules that include a header of a window, or reach one through what they include.
+/// @param finestre names of the toolkit's headers that need a display, e.g. QWidget.
+QStringList Finestre_NeiModuli(const Sorgenti &sorgenti, const QSet<QString> &finestre);
+
+/// Conditions on the operating system outside platform/ and the bodies of the serial control.
+QStringList Sistemi_FuoriPosto(const Sorgenti &sorgenti);
+
+/// Includes against the one way in: platform, modules, forms, frmMain, modMain.
+QStringList Inclusioni_InSalita(const Sorgenti &sorgenti);
+
+/// State of the program (gName) that is defined or declared more than once, declared outside a header, or
+/// defined elsewhere than beside its header.
+QStringList Globali_Doppie(const Sorgenti &sorgenti);

@@ -1,0 +1,325 @@
+// The rules of the house, on the source of the program. Each rule is first shown a small tree that breaks it.
+#include "tests/casa/regole_casa.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+struct File
+{
+    const char *nome;
+    const char *testo;
+};
+
+/// A small tree of its own.
+class Alberello
+{
+public:
+    explicit Alberello(std::initializer_list<File> file)
+    {
+        for (const File &uno : file) {
+            const QString percorso = m_cartella.filePath(QString::fromLatin1(uno.nome));
+            QDir().mkpath(QFileInfo(percorso).path());
+            QFile nuovo(percorso);
+            if (!nuovo.open(QIODevice::WriteOnly) || nuovo.write(uno.testo) < 0)
+                qFatal("cannot write %s", uno.nome);
+        }
+    }
+    Sorgenti Leggi() const { return Sorgenti_Leggi(m_cartella.path()); }
+
+private:
+    QTemporaryDir m_cartella;
+};
+
+/// The headers of the toolkit's libraries that need a display, as they are installed.
+QSet<QString> Finestre_DelToolkit()
+{
+    QSet<QString> finestre;
+    const QStringList cartelle = QStringLiteral(LUMIRA_FINESTRE).split(u'|');
+    for (const QString &cartella : cartelle) {
+        const QStringList nomi = QDir(cartella).entryList(QDir::Files);
+        finestre += QSet<QString>(nomi.cbegin(), nomi.cend());
+    }
+    return finestre;
+}
+
+} // namespace
+
+class TestCasa : public QObject
+{
+    Q_OBJECT
+
+    Sorgenti m_casa;
+
+    static void Senza_Falli(const QStringList &falli)
+    {
+        QVERIFY2(falli.isEmpty(), qPrintable(u'\n' + falli.join(u'\n')));
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_casa = Sorgenti_Leggi(QStringLiteral(LUMIRA_SORGENTE));
+        for (const char16_t *file : {u"core/modGeneral.h", u"core/modMain.cpp", u"platform/profilo_posix.cpp",
+                                     u"link/seriale.h", u"mctc/modMctc.cpp"})
+            QVERIFY2(m_casa.contains(QString::fromUtf16(file)), qPrintable(QString::fromUtf16(file)));
+    }
+
+    void leggeUnAlbero()
+    {
+        const Alberello albero{
+            {"core/a.h",             "a"},
+            {"core/sotto/b.cpp",     "b"},
+            {"core/CMakeLists.txt",  "c"},
+            {"build/dev/core/d.cpp", "d"},
+            {".git/e.h",             "e"},
+        };
+        QCOMPARE(albero.Leggi(), (Sorgenti{
+                                     {QStringLiteral("core/a.h"),         QStringLiteral("a")},
+                                     {QStringLiteral("core/sotto/b.cpp"), QStringLiteral("b")}
+        }));
+    }
+
+    void anelliSiVedono()
+    {
+        const Alberello due{
+            {"core/a.h", "#include \"core/b.h\"\n"    },
+            {"core/b.h", "  #  include \"core/a.h\"\n"},
+        };
+        QCOMPARE(Anelli(due.Leggi()), QStringList{QStringLiteral("core/a <-> core/b")});
+
+        const Alberello treInGiro{
+            {"core/a.h", "#include \"core/b.h\"\n"},
+            {"core/b.h", "#include \"core/c.h\"\n"},
+            {"core/c.h", "#include \"core/a.h\"\n"},
+            {"core/d.h", "#include \"core/a.h\"\n"},
+        };
+        QCOMPARE(Anelli(treInGiro.Leggi()), QStringList{QStringLiteral("core/a <-> core/b <-> core/c")});
+
+        const Alberello attraversoICorpi{
+            {"core/a.h",         ""                       },
+            {"core/a_posix.cpp", "#include \"core/b.h\"\n"},
+            {"core/b.h",         ""                       },
+            {"core/b.cpp",       "#include \"core/a.h\"\n"},
+        };
+        QCOMPARE(Anelli(attraversoICorpi.Leggi()), QStringList{QStringLiteral("core/a <-> core/b")});
+    }
+    void anelliNonSiInventano()
+    {
+        const Alberello albero{
+            {"core/a.h",         "#include \"core/b.h\"\n#include \"core/c.h\"\n"                },
+            {"core/a.cpp",       "#include \"core/a.h\"\n#include <a.h>\n#include \"a.moc\"\n"   },
+            {"core/b.h",         "#include \"core/c.h\"\n// #include \"core/a.h\"\n"             },
+            {"core/c.h",         "/*\n#include \"core/a.h\"\n*/\nconst char *c = \"core/a.h\";\n"},
+            {"core/c_win32.cpp", "#include \"core/c.h\"\n"                                       },
+        };
+        QCOMPARE(Anelli(albero.Leggi()), QStringList());
+    }
+    void nessunAnello() { Senza_Falli(Anelli(m_casa)); }
+
+    void finestreNeiModuliSiVedono()
+    {
+        const QSet<QString> finestre = {QStringLiteral("QWidget"), QStringLiteral("QPainter")};
+        const Alberello albero{
+            {"core/modA.cpp",        "#include <QWidget>\n"               },
+            {"core/modCtl.cpp",      "#include <QtWidgets/QWidget>\n"     },
+            {"link/scambio.cpp",     "#include \"platform/controlli.h\"\n"},
+            {"mctc/lista.h",         "#include \"link/lontano.h\"\n"      },
+            {"link/lontano.h",       "#include \"platform/controlli.h\"\n"},
+            {"platform/controlli.h", "#include \"platform/base.h\"\n"     },
+            {"platform/base.h",      "#include <QPainter>\n"              },
+        };
+        QCOMPARE(Finestre_NeiModuli(albero.Leggi(), finestre),
+                 (QStringList{QStringLiteral("core/modA.cpp includes QWidget"),
+                              QStringLiteral("core/modCtl.cpp includes QWidget"),
+                              QStringLiteral("link/lontano.h reaches platform/base.h"),
+                              QStringLiteral("link/scambio.cpp reaches platform/base.h"),
+                              QStringLiteral("mctc/lista.h reaches platform/base.h")}));
+    }
+    void finestreAlLoroPostoPassano()
+    {
+        const QSet<QString> finestre = {QStringLiteral("QWidget")};
+        const Alberello albero{
+            {"platform/controlli.h", "#include <QWidget>\n"                       },
+            {"core/modCtl.h",        "#include \"platform/controlli.h\"\n"        },
+            {"report/modPrn.cpp",    "#include \"platform/controlli.h\"\n"        },
+            {"core/frmMain.cpp",     "#include <QWidget>\n"                       },
+            {"core/modMain.cpp",     "#include \"platform/controlli.h\"\n"        },
+            {"dialogs/dlgPwd.h",     "#include \"platform/controlli.h\"\n"        },
+            {"core/modA.cpp",        "#include <QString>\n// #include <QWidget>\n"},
+        };
+        QCOMPARE(Finestre_NeiModuli(albero.Leggi(), finestre), QStringList());
+    }
+    void nessunaFinestraNeiModuli()
+    {
+        const QSet<QString> finestre = Finestre_DelToolkit();
+        for (const char16_t *nome :
+             {u"QWidget", u"QLabel", u"QApplication", u"QPainter", u"QPixmap", u"QPrinter"})
+            QVERIFY2(finestre.contains(QString::fromUtf16(nome)), qPrintable(QString::fromUtf16(nome)));
+        QVERIFY(!finestre.contains(QStringLiteral("QString")));
+        Senza_Falli(Finestre_NeiModuli(m_casa, finestre));
+    }
+
+    void sistemiFuoriPostoSiVedono_data()
+    {
+        QTest::addColumn<QByteArray>("testo");
+        QTest::addColumn<QString>("nome");
+        const auto riga = [](const char *testo, const char *nome) {
+            QTest::newRow(QByteArray(testo).simplified().constData())
+                << QByteArray(testo) << QString::fromLatin1(nome);
+        };
+        riga("#ifdef _WIN32\n", "_WIN32");
+        riga("#ifndef WIN32\n", "WIN32");
+        riga("# if defined(Q_OS_WIN)\n", "Q_OS_WIN");
+        riga("#if 0\n#elif !defined Q_OS_LINUX\n", "Q_OS_LINUX");
+        riga("\t#if A && \\\n  defined(__linux__)\n", "__linux__");
+        riga("#ifdef __APPLE__\n", "__APPLE__");
+        riga("#ifdef __unix__\n", "__unix__");
+        riga("#ifdef _WIN64\n", "_WIN64");
+    }
+    void sistemiFuoriPostoSiVedono()
+    {
+        QFETCH(QByteArray, testo);
+        QFETCH(QString, nome);
+        for (const char *file :
+             {"core/a.cpp", "link/protocollo.h", "simulatore/main.cpp", "tests/core/t.cpp"}) {
+            const Alberello albero{
+                {file, testo.constData()}
+            };
+            QCOMPARE(Sistemi_FuoriPosto(albero.Leggi()),
+                     QStringList{QString::fromLatin1(file) + QStringLiteral(": ") + nome});
+        }
+        const Alberello alLoroPosto{
+            {"platform/a.cpp",         testo.constData()},
+            {"link/seriale_win32.cpp", testo.constData()},
+        };
+        QCOMPARE(Sistemi_FuoriPosto(alLoroPosto.Leggi()), QStringList());
+    }
+    void altreCondizioniPassano()
+    {
+        const Alberello albero{
+            {"core/a.cpp", "#ifdef NDEBUG\n#endif\n// #ifdef _WIN32\nint _WIN32;\n#define X _WIN32\n"},
+        };
+        QCOMPARE(Sistemi_FuoriPosto(albero.Leggi()), QStringList());
+    }
+    void nessunSistemaFuoriPosto() { Senza_Falli(Sistemi_FuoriPosto(m_casa)); }
+
+    void inclusioniInSalitaSiVedono_data()
+    {
+        QTest::addColumn<QString>("chi");
+        QTest::addColumn<QString>("cosa");
+        const auto riga = [](const char *chi, const char *cosa) {
+            QTest::addRow("%s, %s", chi, cosa) << QString::fromLatin1(chi) << QString::fromLatin1(cosa);
+        };
+        riga("platform/a.cpp", "core/modGeneral.h");
+        riga("platform/a.cpp", "dialogs/frmMsg.h");
+        riga("core/modA.cpp", "link/frmComm.h");
+        riga("mctc/lista.h", "dialogs/dlgPwd.h");
+        riga("core/modCtl.cpp", "core/frmMain.h");
+        riga("link/frmComm.cpp", "core/frmMain.h");
+        riga("core/frmMain.cpp", "core/modMain.h");
+        riga("core/modA.cpp", "simulatore/trama.h");
+        riga("core/modMain.cpp", "tests/comuni/prova.h");
+    }
+    void inclusioniInSalitaSiVedono()
+    {
+        QFETCH(QString, chi);
+        QFETCH(QString, cosa);
+        const QByteArray da = chi.toLatin1(), a = cosa.toLatin1();
+        const QByteArray inclusione = "#include \"" + a + "\"\n";
+        const Alberello albero{
+            {da.constData(), inclusione.constData()},
+            {a.constData(),  ""                    },
+        };
+        QCOMPARE(Inclusioni_InSalita(albero.Leggi()), QStringList{chi + QStringLiteral(" includes ") + cosa});
+
+        const QByteArray inversa = "#include \"" + da + "\"\n";
+        const Alberello inDiscesa{
+            {a.constData(),  inversa.constData()},
+            {da.constData(), ""                 },
+        };
+        QCOMPARE(Inclusioni_InSalita(inDiscesa.Leggi()), QStringList());
+    }
+    void nessunaInclusioneInSalita() { Senza_Falli(Inclusioni_InSalita(m_casa)); }
+
+    void globaliDoppieSiVedono_data()
+    {
+        QTest::addColumn<QByteArray>("testata");
+        QTest::addColumn<QByteArray>("corpo");
+        QTest::addColumn<QByteArray>("altro");
+        QTest::addColumn<QString>("fallo");
+        QTest::newRow("defined in two bodies")
+            << QByteArray("extern int gA;") << QByteArray("int gA;") << QByteArray("int gA = 0;")
+            << QStringLiteral("gA is defined more than once: core/a.cpp, core/b.cpp");
+        QTest::newRow("hidden in a namespace")
+            << QByteArray("extern int gA;") << QByteArray("int gA;")
+            << QByteArray("namespace {\nstruct S { int x; };\nS gA{1};\n}")
+            << QStringLiteral("gA is defined more than once: core/a.cpp, core/b.cpp");
+        QTest::newRow("second of a list")
+            << QByteArray("extern int gA;") << QByteArray("int gB = 1, gA;")
+            << QByteArray("std::array<int, 3> gA;")
+            << QStringLiteral("gA is defined more than once: core/a.cpp, core/b.cpp");
+        QTest::newRow("an array, behind a procedure")
+            << QByteArray("extern int gA[3];")
+            << QByteArray("void f(int x) const\n{\n    x = 1;\n}\nint gA[3];")
+            << QByteArray("static int gA[] = {1, 2};")
+            << QStringLiteral("gA is defined more than once: core/a.cpp, core/b.cpp");
+        QTest::newRow("declared twice")
+            << QByteArray("extern int gA;\nextern int gA;") << QByteArray("int gA;") << QByteArray("")
+            << QStringLiteral("gA is declared more than once: core/a.h, core/a.h");
+        QTest::newRow("declared in a body")
+            << QByteArray("") << QByteArray("int gA;") << QByteArray("extern int gA;")
+            << QStringLiteral("gA is not defined beside its header: core/b.cpp, core/a.cpp\n"
+                              "gA is declared outside a header: core/b.cpp");
+        QTest::newRow("defined away from its header")
+            << QByteArray("extern int gA;") << QByteArray("") << QByteArray("int gA;")
+            << QStringLiteral("gA is not defined beside its header: core/a.h, core/b.cpp");
+    }
+    void globaliDoppieSiVedono()
+    {
+        QFETCH(QByteArray, testata);
+        QFETCH(QByteArray, corpo);
+        QFETCH(QByteArray, altro);
+        const Alberello albero{
+            {"core/a.h",   testata.constData()},
+            {"core/a.cpp", corpo.constData()  },
+            {"core/b.cpp", altro.constData()  },
+        };
+        QTEST(Globali_Doppie(albero.Leggi()).join(u'\n'), "fallo");
+    }
+    void usoDiUnaGlobaleNonDefinisce()
+    {
+        const Alberello albero{
+            {"core/a.h",    "extern QString gA, gC;\nextern int gB; // int gB;\n"                               },
+            {"core/a.cpp",  "QString gA, gC;\nint gB = 0;\n"                                                    },
+            {"core/b.cpp",  "const int &altra = gB;\nint copia = gB, x;\n"
+                           "int f(int y)\n{\n    int gB = 1;\n    gA = u\"int gB;\";\n    return gB;\n}\n"
+                           "struct S\n{\n    int gB;\n};\nusing gA;\nint g(int gB);\n"},
+            {"tests/t.cpp", "int gB;\n"                                                                         },
+        };
+        QCOMPARE(Globali_Doppie(albero.Leggi()), QStringList());
+    }
+    /// The check knows the forms in which the program's own state is defined.
+    void unaGlobaleInPiuSiVedrebbe()
+    {
+        for (const char16_t *nome :
+             {u"gFileIni", u"gScreenH", u"gAlimentazione", u"gAltezzaFaro", u"gTabMctc", u"gRisultatoFar"})
+        {
+            Sorgenti casa = m_casa;
+            casa.insert(QStringLiteral("mctc/inPiu.cpp"),
+                        QStringLiteral("Flag %1;").arg(QString::fromUtf16(nome)));
+            const QStringList falli = Globali_Doppie(casa);
+            QCOMPARE(falli.size(), 1);
+            QVERIFY2(
+                falli[0].startsWith(QString::fromUtf16(nome) + QStringLiteral(" is defined more than once")),
+                qPrintable(falli[0]));
+        }
+    }
+    void nessunaGlobaleDoppia() { Senza_Falli(Globali_Doppie(m_casa)); }
+};
+
+QTEST_GUILESS_MAIN(TestCasa)
+#include "tst_casa.moc"

@@ -1,0 +1,207 @@
+// Paths and folder contents.
+#include "core/modFs.h"
+
+#include "core/modGeneral.h"
+#include "tests/comuni/stazione_prova.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QTest>
+#include <QTimer>
+
+class TestModFs : public QObject
+{
+    Q_OBJECT
+
+    const StazioneProva m_stazione;
+
+    QString Percorso(const char16_t *nome) const { return m_stazione.Percorso(QString::fromUtf16(nome)); }
+    bool Tempi(const char16_t *nome, const QDateTime &tempo) const
+    {
+        QFile file(m_stazione.Nativo(QString::fromUtf16(nome)));
+        return file.open(QIODevice::ReadWrite) && file.setFileTime(tempo, QFileDevice::FileAccessTime) &&
+               file.setFileTime(tempo, QFileDevice::FileModificationTime);
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        for (const char16_t *nome :
+             {u"L\\b.acc", u"L\\A.ACC", u"L\\x.accetta", u"L\\y.acc.old", u"L\\senza", u"S\\sotto\\z.acc"})
+            m_stazione.Scrivi(QString::fromUtf16(nome), "testo");
+    }
+
+    void nomeEstensioneRadice_data()
+    {
+        QTest::addColumn<QString>("percorso");
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<QString>("estensione");
+        QTest::addColumn<QString>("radice");
+        const auto riga = [](const char16_t *percorso, const char16_t *nome, const char16_t *estensione,
+                             const char16_t *radice) {
+            QTest::newRow(qPrintable(u'<' + QString::fromUtf16(percorso) + u'>'))
+                << QString::fromUtf16(percorso) << QString::fromUtf16(nome) << QString::fromUtf16(estensione)
+                << QString::fromUtf16(radice);
+        };
+        riga(u"12345678.acc", u"12345678.acc", u"acc", u"12345678");
+        riga(u"AB.CD.ACC", u"AB.CD.ACC", u"ACC", u"AB");
+        riga(u"C:\\MCTC\\12345678.ACC", u"12345678.ACC", u"ACC", u"12345678");
+        riga(u"C:\\M.CTC\\12345678", u"12345678", u"CTC\\12345678", u"12345678");
+        riga(u"C:\\M.CTC\\AB.CD.acc", u"AB.CD.acc", u"acc", u"AB");
+        riga(u"senza", u"senza", u"senza", u"senza");
+        riga(u"C:\\MCTC\\", u"", u"C:\\MCTC\\", u"");
+        riga(u"punto.", u"punto.", u"", u"punto");
+        riga(u".acc", u".acc", u"acc", u"");
+        riga(u"C:/MCTC/a.acc", u"C:/MCTC/a.acc", u"acc", u"C:/MCTC/a");
+        riga(u"", u"", u"", u"");
+    }
+    void nomeEstensioneRadice()
+    {
+        QFETCH(QString, percorso);
+        QTEST(Fs_Nome(percorso), "nome");
+        QTEST(Fs_Estensione(percorso), "estensione");
+        QTEST(Fs_Radice(percorso), "radice");
+    }
+
+    void tagliaNul()
+    {
+        QString testo = QStringLiteral("abc") + QChar(0) + QStringLiteral("de") + QChar(0);
+        QCOMPARE(Fs_TagliaNul(testo), QStringLiteral("abc"));
+        QCOMPARE(testo, QStringLiteral("abc"));
+        QCOMPARE(Fs_TagliaNul(testo), QStringLiteral("abc"));
+        QString solo = QString(260, QChar(0));
+        QCOMPARE(Fs_TagliaNul(solo), QString());
+        QCOMPARE(solo, QString());
+    }
+
+    void esiste()
+    {
+        QCOMPARE(Fs_Esiste(Percorso(u"L\\b.acc"), 0), Vero);
+        QCOMPARE(Fs_Esiste(Percorso(u"l\\B.ACC"), 0), Vero);
+        QCOMPARE(Fs_Esiste(Percorso(u"L\\manca.acc"), 0), Falso);
+        QCOMPARE(Fs_Esiste(Percorso(u"manca\\b.acc"), 0), Falso);
+        QCOMPARE(Fs_Esiste(Percorso(u"L\\*.acc"), 0), Vero);
+        QCOMPARE(Fs_Esiste(Percorso(u"L"), 16), Vero);
+        QCOMPARE(Fs_Esiste(Percorso(u"L"), 0), Falso);
+        QCOMPARE(Fs_Esiste(Percorso(u"manca"), 16), Falso);
+    }
+
+    /// A folder with its backslash is there under attribute 0 only when it holds a plain file.
+    void esisteUnaCartellaConLaBarra()
+    {
+        QVERIFY(QDir(m_stazione.Nativo(QString())).mkpath(QStringLiteral("vuota")));
+        QCOMPARE(Fs_Esiste(Percorso(u"L\\"), 0), Vero);
+        QCOMPARE(Fs_Esiste(Percorso(u"S\\"), 0), Falso);
+        QCOMPARE(Fs_Esiste(Percorso(u"vuota\\"), 0), Falso);
+        QCOMPARE(Fs_Esiste(Percorso(u"vuota\\"), 16), Vero);
+        QCOMPARE(Fs_Esiste(Percorso(u"manca\\"), 16), Falso);
+    }
+
+    /// An empty path is no question: asked, it would list the current folder.
+    void percorsoVuotoNonEsiste()
+    {
+        const QString prima = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(m_stazione.Nativo(QStringLiteral("L"))));
+        QCOMPARE(File_Presente(QString(), 0), Vero);
+        QCOMPARE(Fs_Esiste(QString(), 0), Falso);
+        QCOMPARE(Fs_Esiste(QString(), 16), Falso);
+        QVERIFY(QDir::setCurrent(prima));
+    }
+
+    void unErroreDaFalso()
+    {
+        const QString troppoLungo = Percorso(u"") + QString(5000, u'a') + QStringLiteral("\\x");
+        QCOMPARE(Fs_Esiste(troppoLungo, 0), Falso);
+    }
+
+    void elencoConFiltro()
+    {
+        QString cartella = Percorso(u"L");
+        QStringList nomi = {QStringLiteral("prima")};
+        QCOMPARE(Fs_Elenco(cartella, QStringLiteral("*.acc"), nomi, Falso, Vero), qint16{1});
+        QCOMPARE(nomi, (QStringList{QStringLiteral("A.ACC"), QStringLiteral("b.acc")}));
+        QCOMPARE(cartella, Percorso(u"L\\"));
+    }
+
+    void elencoSenzaFiltroPrendeEstensioniPiuLunghe()
+    {
+        QString cartella = Percorso(u"L\\");
+        QStringList nomi;
+        QCOMPARE(Fs_Elenco(cartella, QStringLiteral("*.acc"), nomi, Falso, Falso), qint16{2});
+        QCOMPARE(nomi, (QStringList{QStringLiteral("A.ACC"), QStringLiteral("b.acc"),
+                                    QStringLiteral("x.accetta")}));
+        QCOMPARE(cartella, Percorso(u"L\\"));
+    }
+
+    void elencoConPercorsoIntero()
+    {
+        QString cartella = Percorso(u"L");
+        QStringList nomi;
+        QCOMPARE(Fs_Elenco(cartella, QStringLiteral("b.*"), nomi, Vero, Falso), qint16{0});
+        QCOMPARE(nomi, QStringList{Percorso(u"L\\b.acc")});
+    }
+
+    void elencoVuoto()
+    {
+        for (const char16_t *nome : {u"manca", u"S"}) {
+            QString cartella = Percorso(nome);
+            QStringList nomi;
+            QCOMPARE(Fs_Elenco(cartella, QStringLiteral("*"), nomi, Falso, Falso), qint16{-1});
+            QVERIFY(cartella.endsWith(u'\\'));
+        }
+    }
+
+    void elencoLasciaCorrereGliEventi()
+    {
+        int eventi = 0;
+        QTimer::singleShot(0, this, [&eventi] { ++eventi; });
+        QString cartella = Percorso(u"L");
+        QStringList nomi;
+        Fs_Elenco(cartella, QStringLiteral("*.acc"), nomi, Falso, Vero);
+        QCOMPARE(eventi, 1);
+    }
+
+    void firmeSenzaRisultatoLascianoLArray()
+    {
+        QStringList firme = {QStringLiteral("prima")};
+        QCOMPARE(Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("*.xyz"), firme), qint16{-1});
+        QCOMPARE(Fs_ElencoFirme(Percorso(u"manca\\"), QStringLiteral("*"), firme), qint16{-1});
+        QCOMPARE(firme, QStringList{QStringLiteral("prima")});
+    }
+
+    /// Name, " - ", then the high half of the time of access and the low half of that of writing, both
+    /// signed.
+    void formaDellaFirma()
+    {
+        // 133444736001230000 steps since 1601: 31070023 times 2^32 and 3330262192, with a sign -964705104.
+        QVERIFY(Tempi(u"L\\b.acc", QDateTime::fromMSecsSinceEpoch(1'700'000'000'123, Qt::UTC)));
+        QStringList firme;
+        QCOMPARE(Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("b.acc"), firme), qint16{0});
+        QCOMPARE(firme, QStringList{QStringLiteral("b.acc - 31070023-964705104")});
+    }
+
+    void firmeDiUnaCartellaFermaSonoUguali()
+    {
+        QStringList prima, dopo;
+        QCOMPARE(Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("*.acc"), prima), qint16{2});
+        QCOMPARE(Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("*.acc"), dopo), qint16{2});
+        QCOMPARE(prima, dopo);
+    }
+
+    void laFirmaDiUnFileRiscrittoCambia()
+    {
+        const QDateTime tempo = QDateTime::fromMSecsSinceEpoch(1'700'000'000'000, Qt::UTC);
+        QStringList prima, dopo;
+        QVERIFY(Tempi(u"L\\b.acc", tempo));
+        Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("*.acc"), prima);
+        QVERIFY(Tempi(u"L\\b.acc", tempo.addMSecs(1)));
+        Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("*.acc"), dopo);
+        QCOMPARE(dopo.size(), prima.size());
+        QCOMPARE(dopo[0], prima[0]);
+        QVERIFY(dopo[1] != prima[1]);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestModFs)
+#include "tst_modFs.moc"

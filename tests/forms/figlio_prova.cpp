@@ -1,0 +1,73 @@
+#include "tests/forms/figlio_prova.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace {
+
+constexpr int PAZIENZA = 60000; // ms
+
+/// Configuration of a display without a screen of its own. Its events arrive at once, as on some window
+/// systems.
+QByteArray Configurazione(QSize schermo)
+{
+    return QStringLiteral("{\"synchronousWindowSystemEvents\":true,\"screens\":[{\"name\":\"prova\",\"x\":0,"
+                          "\"y\":0,\"width\":%1,\"height\":%2,"
+                          "\"logicalDpi\":96,\"logicalBaseDpi\":96,\"dpr\":1}]}")
+        .arg(schermo.width())
+        .arg(schermo.height())
+        .toLatin1();
+}
+
+} // namespace
+
+EsitoFiglio Figlio_Esegui(const QStringList &argomenti, QSize schermo)
+{
+    QTemporaryDir cartella;
+    QProcess figlio;
+    QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
+    QString piattaforma = QStringLiteral("offscreen");
+    if (schermo.isValid()) {
+        QFile file(cartella.filePath(QStringLiteral("schermo.json")));
+        if (!file.open(QIODevice::WriteOnly) || file.write(Configurazione(schermo)) < 0)
+            return {};
+        piattaforma += QStringLiteral(":configfile=") + file.fileName();
+    }
+    ambiente.insert(QStringLiteral("QT_QPA_PLATFORM"), piattaforma);
+    figlio.setProcessEnvironment(ambiente);
+    figlio.start(QCoreApplication::applicationFilePath(), argomenti);
+    EsitoFiglio esito;
+    if (!figlio.waitForFinished(PAZIENZA)) {
+        figlio.kill();
+        figlio.waitForFinished();
+    } else {
+        esito.Finito = figlio.exitStatus() == QProcess::NormalExit;
+    }
+    esito.Stato = figlio.exitCode();
+    esito.Uscita = QString::fromUtf8(figlio.readAllStandardOutput());
+    esito.Errori = QString::fromUtf8(figlio.readAllStandardError());
+    return esito;
+}
+
+QList<QSize> Schermi_Prova()
+{
+    return {
+        {800,  600 },
+        {1024, 768 },
+        {1280, 720 },
+        {1366, 768 },
+        {1280, 1024},
+        {1600, 1200},
+        {1920, 1080},
+        {1920, 1200},
+        {2184, 1365},
+        {2185, 1366},
+        {2560, 1440},
+        {3440, 1440},
+        {3840, 2160},
+        {5120, 2880},
+        {7680, 4320},
+    };
+}

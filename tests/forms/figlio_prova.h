@@ -1,0 +1,22 @@
+// A test that starts itself again as a process of its own: on a screen of another size, or to see how the
+// program ends.
+#pragma once
+
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+struct EsitoFiglio
+{
+    bool Finito = false; ///< it ended by itself, in time and not by a signal
+    int Stato = -1;
+    QString Uscita;
+    QString Errori;
+};
+
+/// Starts the running executable with other arguments and waits for its end.
+/// @param schermo size of its screen in pixels; invalid: as the present one.
+EsitoFiglio Figlio_Esegui(const QStringList &argomenti, QSize schermo = QSize());
+
+/// The sizes of screen that the tests go through, the smallest and the largest among them.
+QList<QSize> Schermi_Prova();

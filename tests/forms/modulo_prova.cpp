@@ -1,0 +1,137 @@
+#include "tests/forms/modulo_prova.h"
+
+#include <QCoreApplication>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+constexpr int PAZIENZA = 15000; // ms
+
+} // namespace
+
+void ModuloProva::Annota(const char *gestore)
+{
+    Registro.append(QString::fromLatin1(gestore));
+}
+
+void ModuloProva::Annota(const char *gestore, qint16 indice)
+{
+    Registro.append(QStringLiteral("%1 %2").arg(QLatin1String(gestore)).arg(indice));
+}
+
+void ModuloProva::Disegno()
+{
+    Annota("Disegno");
+    Width(9000);
+    Height(6000);
+    if (AlDisegno)
+        AlDisegno();
+}
+
+void ModuloProva::Load()
+{
+    Annota("Load");
+    if (AlLoad)
+        AlLoad();
+}
+
+void ModuloProva::Activate()
+{
+    Annota("Activate");
+    if (AlActivate)
+        AlActivate();
+}
+
+void ModuloProva::Paint()
+{
+    ++Dipinture;
+    if (AlPaint)
+        AlPaint();
+}
+
+void ModuloProva::Unload()
+{
+    Annota("Unload");
+    if (AlUnload)
+        AlUnload();
+}
+
+void ModuloProva::txt_Validate(qint16 Index, bool &Cancel)
+{
+    Annota("txt_Validate", Index);
+    Cancel = Trattieni;
+    if (AlValidate)
+        AlValidate(Index);
+}
+
+void ModuloProva::txt_Change(qint16 Index)
+{
+    Annota("txt_Change", Index);
+    if (AlChange)
+        AlChange(Index);
+}
+
+void ModuloProva::txt_KeyPress(qint16 Index, qint16 &KeyAscii)
+{
+    Annota("txt_KeyPress", Index);
+    if (AlKeyPress)
+        AlKeyPress(Index, KeyAscii);
+}
+
+void ModuloProva::cbo_Click(qint16 Index)
+{
+    Annota("cbo_Click", Index);
+    if (AlCombo)
+        AlCombo(Index);
+}
+
+void ModuloProva::cbo_KeyDown(qint16 Index, qint16 &KeyCode)
+{
+    Annota("cbo_KeyDown", Index);
+    if (AlKeyDown)
+        AlKeyDown(Index, KeyCode);
+}
+
+void ModuloProva::chk_Click(qint16 Index)
+{
+    Annota("chk_Click", Index);
+    if (AlSpunta)
+        AlSpunta(Index);
+}
+
+void ModuloProva::cmd_Click(qint16 Index)
+{
+    Annota("cmd_Click", Index);
+    if (AlClick)
+        AlClick(Index);
+}
+
+void ModuloProva::FunctionKey(qint16 numero)
+{
+    Annota("FunctionKey", numero);
+    if (AlFunzione)
+        AlFunzione(numero);
+}
+
+bool Attiva(const Modulo &modulo)
+{
+    return modulo.Finestra() != nullptr && QTest::qWaitForWindowActive(modulo.Finestra());
+}
+
+void Scarica_Tutti()
+{
+    while (!Moduli_Caricati().empty())
+        Moduli_Caricati().back()->Scarica();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+ReteModale::ReteModale()
+{
+    QTimer::singleShot(PAZIENZA, &m_contesto, [this] {
+        m_scattata = true;
+        Scarica_Tutti();
+    });
+}
+
+ReteModale::~ReteModale() = default;

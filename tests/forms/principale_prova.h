@@ -1,0 +1,23 @@
+// The main function of the tests of forms: the program's own application object, with a watch over its error
+// box, which would otherwise wait for somebody to close it.
+#pragma once
+
+#include "platform/applicazione.h"
+
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+
+template <typename Prova>
+int Principale_Prova(int argc, char **argv)
+{
+    Applicazione applicazione(argc, argv);
+    QTimer guardia;
+    QObject::connect(&guardia, &QTimer::timeout, &guardia, [] {
+        if (const auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
+            qFatal("%s", qPrintable(box->text()));
+    });
+    guardia.start(200);
+    Prova prova;
+    return QTest::qExec(&prova, argc, argv);
+}

@@ -1,0 +1,933 @@
+#include "platform/controlli.h"
+
+#include "platform/aspetto.h"
+#include "platform/errore_esecuzione.h"
+#include "platform/schermo.h"
+#include "tests/forms/principale_prova.h"
+
+#include <QAccessible>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+class tst_controlli : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void postoInTwip();
+    void unaMisuraAllaVolta();
+    void viciniSenzaFessure();
+    void visibileEAbilitato();
+    void nomeTagENomeAccessibile();
+    void carattereInPunti();
+    void carattereMaiSottoUnPixel();
+    void distruttoPortaViaIlWidget();
+    void distruttoSparisceDalleTecnologieAssistive();
+    void senzaFinestraNonFaNulla();
+
+    void etichettaMostraIlTestoComeE();
+    void etichettaColori();
+    void etichettaBordo();
+    void etichettaAltezzaDelTesto();
+    void etichettaSpezzaOvunque();
+    void etichettaAllineamento();
+
+    void testoChangeSoloSeCambia();
+    void testoLungoMostraIlPrincipio();
+    void testoBloccato();
+    void testoSfondo();
+    void coloriTengonoIlCarattere();
+    void testoNascosto();
+
+    void comboNientePrescelto();
+    void comboPerTesto();
+    void comboPerIndice();
+    void comboClickSoloDellOperatore();
+    void comboClickAncheSullaStessaVoce();
+
+    void spuntaDalProgrammaSollevaClick();
+    void spuntaSiPremeOvunque();
+
+    void pulsanteClick();
+
+    void elencoVoci();
+    void elencoIndiceDalProgramma();
+    void elencoIndiceErrato_data();
+    void elencoIndiceErrato();
+    void elencoClicDelMouseUnaVolta();
+    void elencoTrascinato();
+    void elencoTasti();
+    void elencoFuocoNonSceglie();
+    void elencoSvuotatoNonSceglie();
+    void elencoTabulazione();
+
+    void immagineCheManca();
+    void immagineNonValida();
+    void immagineInAltraGrafia();
+    void immagineSenzaDistorsione();
+    void immagineTestoEAvviso();
+
+    void formaColore();
+
+private:
+    static int Errore_Di(const std::function<void()> &procedura);
+    QColor Punto(const Controllo &controllo, int x, int y) const;
+
+    std::unique_ptr<QWidget> m_finestra;
+};
+
+void tst_controlli::init()
+{
+    m_finestra = std::make_unique<QWidget>();
+    m_finestra->setFixedSize(600, 400);
+    m_finestra->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_finestra.get()));
+}
+
+void tst_controlli::cleanup()
+{
+    m_finestra.reset();
+}
+
+int tst_controlli::Errore_Di(const std::function<void()> &procedura)
+{
+    try {
+        procedura();
+    } catch (const ErroreEsecuzione &errore) {
+        return errore.Numero();
+    }
+    return 0;
+}
+
+QColor tst_controlli::Punto(const Controllo &controllo, int x, int y) const
+{
+    return controllo.Widget()->grab().toImage().pixelColor(x, y);
+}
+
+// --- every control ----------------------------------------------------------------------------------------
+
+void tst_controlli::postoInTwip()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.Posto(1500, 750, 3000, 300);
+    QCOMPARE(etichetta.Widget()->geometry(), QRect(100, 50, 200, 20));
+    etichetta.Posto(-150, -15, 30, 15);
+    QCOMPARE(etichetta.Widget()->geometry(), QRect(-10, -1, 2, 1));
+}
+
+void tst_controlli::unaMisuraAllaVolta()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.Posto(150, 150, 150, 150);
+    etichetta.Left(300);
+    QCOMPARE(etichetta.Widget()->geometry(), QRect(20, 10, 10, 10));
+    etichetta.Top(450);
+    QCOMPARE(etichetta.Widget()->geometry(), QRect(20, 30, 10, 10));
+    etichetta.Width(600);
+    QCOMPARE(etichetta.Widget()->geometry(), QRect(20, 30, 40, 10));
+    etichetta.Height(750);
+    QCOMPARE(etichetta.Widget()->geometry(), QRect(20, 30, 40, 50));
+    QCOMPARE(etichetta.Left(), 300);
+    QCOMPARE(etichetta.Top(), 450);
+    QCOMPARE(etichetta.Width(), 600);
+    QCOMPARE(etichetta.Height(), 750);
+}
+
+// Places that are no whole pixels: each is rounded, and still no line of the ground shows between two cells.
+void tst_controlli::viciniSenzaFessure()
+{
+    for (qint32 passo = 301; passo <= 330; ++passo) {
+        Etichetta prima(m_finestra.get(), QStringLiteral("prima"));
+        Etichetta dopo(m_finestra.get(), QStringLiteral("dopo"));
+        for (qint32 i = 0; i < 12; ++i) {
+            prima.Posto(i * passo, i * passo, passo, passo);
+            dopo.Posto((i + 1) * passo, (i + 1) * passo, passo, passo);
+            QCOMPARE(prima.Widget()->geometry().right() + 1, dopo.Widget()->geometry().left());
+            QCOMPARE(prima.Widget()->geometry().bottom() + 1, dopo.Widget()->geometry().top());
+        }
+    }
+}
+
+void tst_controlli::visibileEAbilitato()
+{
+    Pulsante pulsante(m_finestra.get(), QStringLiteral("cmd"));
+    pulsante.Visible(false);
+    QVERIFY(!pulsante.Visible());
+    pulsante.Visible(true);
+    QVERIFY(pulsante.Visible());
+    QVERIFY(pulsante.Widget()->isVisible());
+    QVERIFY(pulsante.Enabled());
+    pulsante.Enabled(false);
+    QVERIFY(!pulsante.Enabled());
+    m_finestra->hide();
+    QVERIFY(pulsante.Visible()); // its own state, whatever its window's
+}
+
+void tst_controlli::nomeTagENomeAccessibile()
+{
+    CasellaTesto casella(m_finestra.get(), QStringLiteral("txt_3"));
+    QCOMPARE(casella.Widget()->objectName(), QStringLiteral("txt_3"));
+    QCOMPARE(casella.Tag(), QString());
+    casella.Tag(QStringLiteral("12"));
+    QCOMPARE(casella.Tag(), QStringLiteral("12"));
+    casella.NomeAccessibile(QStringLiteral("Targa"));
+    const QAccessibleInterface *accesso = QAccessible::queryAccessibleInterface(casella.Widget());
+    QCOMPARE(accesso->text(QAccessible::Name), QStringLiteral("Targa"));
+}
+
+void tst_controlli::carattereInPunti()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    QCOMPARE(etichetta.FontSize(), Punti_Normali());
+    etichetta.FontSize(12);
+    QCOMPARE(etichetta.FontSize(), 12.0);
+    QCOMPARE(etichetta.Widget()->font().pixelSize(), 16); // 240 twips at 15 a pixel
+    QVERIFY(!etichetta.Widget()->font().bold());
+    etichetta.FontBold(true);
+    etichetta.FontName(QStringLiteral("Courier New"));
+    QVERIFY(etichetta.Widget()->font().bold());
+    QCOMPARE(etichetta.Widget()->font().family(), QStringLiteral("Courier New"));
+    QCOMPARE(etichetta.Widget()->font().pixelSize(), 16);
+}
+
+void tst_controlli::carattereMaiSottoUnPixel()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.FontSize(0);
+    QCOMPARE(etichetta.Widget()->font().pixelSize(), 1);
+}
+
+void tst_controlli::distruttoPortaViaIlWidget()
+{
+    auto pulsante = std::make_unique<Pulsante>(m_finestra.get(), QStringLiteral("cmd"));
+    const QPointer<QWidget> widget = pulsante->Widget();
+    int clic = 0;
+    pulsante->Click = [&] {
+        ++clic;
+        pulsante.reset(); // the very button that is being pressed
+    };
+    QTest::mouseClick(widget, Qt::LeftButton);
+    QCOMPARE(clic, 1);
+    QVERIFY(widget == nullptr || widget->isHidden());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QTRY_VERIFY(widget == nullptr);
+}
+
+// A widget that stayed known under its address would hide the next one that is made there.
+void tst_controlli::distruttoSparisceDalleTecnologieAssistive()
+{
+    auto pulsante = std::make_unique<Pulsante>(m_finestra.get(), QStringLiteral("cmd"));
+    const QAccessible::Id numero =
+        QAccessible::uniqueId(QAccessible::queryAccessibleInterface(pulsante->Widget()));
+    QVERIFY(QAccessible::accessibleInterface(numero) != nullptr);
+    pulsante.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(QAccessible::accessibleInterface(numero) == nullptr);
+}
+
+void tst_controlli::senzaFinestraNonFaNulla()
+{
+    QWidget *finestra = m_finestra.get();
+    Etichetta lbl(finestra, QStringLiteral("lbl"));
+    CasellaTesto txt(finestra, QStringLiteral("txt"));
+    CasellaCombinata cbo(finestra, QStringLiteral("cbo"));
+    CasellaSpunta chk(finestra, QStringLiteral("chk"));
+    Pulsante cmd(finestra, QStringLiteral("cmd"));
+    ElencoVoci lst(finestra, QStringLiteral("lst"));
+    Immagine img(finestra, QStringLiteral("img"));
+    Forma sha(finestra, QStringLiteral("sha"), Forma::Cerchio);
+    m_finestra.reset();
+
+    lbl.Posto(1, 2, 3, 4);
+    QCOMPARE(lbl.Left(), 1);
+    lbl.Caption(QStringLiteral("a"));
+    lbl.ForeColor(0);
+    lbl.Bordo();
+    lbl.Allineamento(Qt::AlignCenter);
+    lbl.SpezzaOvunque();
+    QCOMPARE(lbl.Caption(), QString());
+    QCOMPARE(lbl.Altezza_Testo(), 0);
+    txt.Text(QStringLiteral("a"));
+    txt.Locked(true);
+    txt.BackColor(0);
+    txt.Nascosta(true);
+    txt.SetFocus();
+    txt.NomeAccessibile(QStringLiteral("a"));
+    QCOMPARE(txt.Text(), QString());
+    QVERIFY(!txt.Locked() && !txt.Visible() && !txt.Enabled());
+    cbo.AddItem(QStringLiteral("a"));
+    cbo.Text(QStringLiteral("a"));
+    cbo.ListIndex(5);
+    cbo.Clear();
+    QCOMPARE(cbo.ListIndex(), qint16{-1});
+    QCOMPARE(cbo.Text(), QString());
+    chk.Value(1);
+    QCOMPARE(chk.Value(), qint16{0});
+    cmd.Caption(QStringLiteral("a"));
+    cmd.Enabled(true);
+    cmd.Visible(true);
+    cmd.FontSize(9);
+    cmd.FontBold(true);
+    cmd.FontName(QStringLiteral("a"));
+    QCOMPARE(cmd.Caption(), QString());
+    lst.AddItem(QStringLiteral("a"));
+    lst.ListIndex(5);
+    lst.Clear();
+    QCOMPARE(lst.ListCount(), 0);
+    QCOMPARE(lst.ListIndex(), -1);
+    QCOMPARE(lst.List(0), QString());
+    QCOMPARE(lst.Tabulazione(100), 0);
+    img.Avviso();
+    img.Testo(QStringLiteral("a"));
+    sha.FillColor(7);
+    QCOMPARE(sha.FillColor(), quint32{7});
+}
+
+// --- Etichetta --------------------------------------------------------------------------------------------
+
+void tst_controlli::etichettaMostraIlTestoComeE()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    const QString testo = QStringLiteral("<b>Targa</b> & \"telaio\"");
+    etichetta.Caption(testo);
+    QCOMPARE(etichetta.Caption(), testo);
+    QCOMPARE(qobject_cast<QLabel *>(etichetta.Widget())->textFormat(), Qt::PlainText);
+}
+
+void tst_controlli::etichettaColori()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.Posto(0, 0, 3000, 1500);
+    etichetta.FontSize(60);
+    etichetta.Caption(QStringLiteral("\u2588\u2588"));
+    etichetta.Allineamento(Qt::AlignCenter);
+    etichetta.ForeColor(0x00FF8000); // blue, green, red
+    etichetta.BackColor(0x000000FF);
+    etichetta.Visible(true);
+    QCOMPARE(Punto(etichetta, 1, 1), QColor(0xFF, 0, 0));
+    const QImage vista = etichetta.Widget()->grab().toImage();
+    bool trovato = false;
+    for (int x = 0; x < vista.width(); ++x)
+        trovato = trovato || vista.pixelColor(x, vista.height() / 2) == QColor(0, 0x80, 0xFF);
+    QVERIFY(trovato);
+}
+
+void tst_controlli::etichettaBordo()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.Posto(0, 0, 1500, 750);
+    etichetta.BackColor(0x00FFFFFF);
+    etichetta.Visible(true);
+    QCOMPARE(Punto(etichetta, 0, 20), QColor(Qt::white));
+    etichetta.Bordo();
+    QVERIFY(Punto(etichetta, 0, 20) != QColor(Qt::white));
+    QVERIFY(Punto(etichetta, 99, 20) != QColor(Qt::white));
+    QVERIFY(Punto(etichetta, 50, 49) != QColor(Qt::white));
+    QCOMPARE(Punto(etichetta, 50, 20), QColor(Qt::white));
+}
+
+void tst_controlli::etichettaAltezzaDelTesto()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.Posto(0, 0, 3000, 0);
+    etichetta.Caption(QStringLiteral("una riga"));
+    const qint32 una = etichetta.Altezza_Testo();
+    QVERIFY(una >= Punti_Normali() * 20);
+    etichetta.Caption(QStringLiteral("una riga\r\nun'altra\r\nun'altra ancora"));
+    QVERIFY(etichetta.Altezza_Testo() > 2 * una);
+    etichetta.Caption(QStringLiteral("parola ").repeated(40));
+    QVERIFY(etichetta.Altezza_Testo() > 5 * una); // it is broken at the width of the label
+}
+
+void tst_controlli::etichettaSpezzaOvunque()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.Posto(0, 0, 1500, 1500);
+    etichetta.Allineamento(Qt::AlignLeft | Qt::AlignTop);
+    etichetta.Caption(QStringLiteral("0A").repeated(50));
+    etichetta.Visible(true);
+    const auto scritto_in_fondo = [&] {
+        const QImage vista = etichetta.Widget()->grab().toImage();
+        for (int x = 0; x < vista.width(); ++x) {
+            for (int y = 50; y < vista.height(); ++y) {
+                if (vista.pixelColor(x, y) != vista.pixelColor(0, vista.height() - 1))
+                    return true;
+            }
+        }
+        return false;
+    };
+    QVERIFY(!scritto_in_fondo());
+    etichetta.SpezzaOvunque();
+    QVERIFY(scritto_in_fondo());
+}
+
+void tst_controlli::etichettaAllineamento()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.Posto(0, 0, 6000, 450);
+    etichetta.Caption(QStringLiteral("X"));
+    etichetta.Visible(true);
+    const auto prima_colonna_scritta = [&] {
+        const QImage vista = etichetta.Widget()->grab().toImage();
+        for (int x = 0; x < vista.width(); ++x) {
+            for (int y = 0; y < vista.height(); ++y) {
+                if (vista.pixelColor(x, y) != vista.pixelColor(vista.width() / 4, 0))
+                    return x;
+            }
+        }
+        return -1;
+    };
+    const int sinistra = prima_colonna_scritta();
+    QVERIFY(sinistra >= 0 && sinistra < 10);
+    etichetta.Allineamento(Qt::AlignRight | Qt::AlignVCenter);
+    QVERIFY(prima_colonna_scritta() > 350);
+}
+
+// --- CasellaTesto -----------------------------------------------------------------------------------------
+
+void tst_controlli::testoChangeSoloSeCambia()
+{
+    CasellaTesto casella(m_finestra.get(), QStringLiteral("txt"));
+    QStringList cambi;
+    casella.Change = [&] { cambi.append(casella.Text()); };
+    casella.Text(QStringLiteral("AB"));
+    casella.Text(QStringLiteral("AB"));
+    casella.Text(QString());
+    casella.Visible(true);
+    casella.SetFocus();
+    QTest::keyClicks(casella.Widget(), QStringLiteral("xy"));
+    QCOMPARE(cambi,
+             QStringList({QStringLiteral("AB"), QString(), QStringLiteral("x"), QStringLiteral("xy")}));
+}
+
+void tst_controlli::testoLungoMostraIlPrincipio()
+{
+    CasellaTesto casella(m_finestra.get(), QStringLiteral("txt"));
+    casella.Posto(0, 0, 900, 450);
+    casella.Text(QStringLiteral("C:\\cartella\\lunga\\").repeated(5));
+    QCOMPARE(qobject_cast<QLineEdit *>(casella.Widget())->cursorPosition(), 0);
+}
+
+void tst_controlli::testoBloccato()
+{
+    CasellaTesto casella(m_finestra.get(), QStringLiteral("txt"));
+    casella.Visible(true);
+    casella.Text(QStringLiteral("AB"));
+    QVERIFY(!casella.Locked());
+    casella.Locked(true);
+    QVERIFY(casella.Locked());
+    casella.SetFocus();
+    QTest::keyClicks(casella.Widget(), QStringLiteral("xy"));
+    QTest::keyClick(casella.Widget(), Qt::Key_Delete);
+    QCOMPARE(casella.Text(), QStringLiteral("AB"));
+    QVERIFY((casella.Widget()->focusPolicy() & Qt::TabFocus) == 0);
+    QVERIFY(casella.Enabled()); // its text may be read, selected and copied
+    casella.Locked(false);
+    QTest::keyClick(casella.Widget(), Qt::Key_Delete);
+    QCOMPARE(casella.Text(), QStringLiteral("B"));
+    QVERIFY((casella.Widget()->focusPolicy() & Qt::TabFocus) != 0);
+}
+
+void tst_controlli::testoSfondo()
+{
+    CasellaTesto casella(m_finestra.get(), QStringLiteral("txt"));
+    casella.Posto(0, 0, 3000, 450);
+    casella.Visible(true);
+    for (const quint32 colore : {COLORE_SISTEMA_GRIGIO, COLORE_SISTEMA_FINESTRA, quint32{0x00FF00}}) {
+        casella.BackColor(colore);
+        QCOMPARE(Punto(casella, 100, 5), Colore_Da(colore));
+    }
+}
+
+void tst_controlli::coloriTengonoIlCarattere()
+{
+    CasellaTesto casella(m_finestra.get(), QStringLiteral("txt"));
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    casella.Visible(true);
+    etichetta.Visible(true);
+    for (const quint32 colore : {COLORE_SISTEMA_GRIGIO, COLORE_ROSSO}) {
+        casella.FontSize(21);
+        casella.FontBold(true);
+        casella.BackColor(colore);
+        QCOMPARE(casella.Widget()->font().pixelSize(), 28);
+        QVERIFY(casella.Widget()->font().bold());
+        etichetta.FontSize(21);
+        etichetta.FontBold(true);
+        etichetta.BackColor(colore);
+        etichetta.ForeColor(colore);
+        QCOMPARE(etichetta.Widget()->font().pixelSize(), 28);
+        QVERIFY(etichetta.Widget()->font().bold());
+    }
+}
+
+void tst_controlli::testoNascosto()
+{
+    CasellaTesto casella(m_finestra.get(), QStringLiteral("txt"));
+    casella.Text(QStringLiteral("segreta"));
+    casella.Nascosta(true);
+    QCOMPARE(casella.Text(), QStringLiteral("segreta"));
+    QVERIFY(!qobject_cast<QLineEdit *>(casella.Widget())->displayText().contains(QStringLiteral("segreta")));
+    casella.Nascosta(false);
+    QCOMPARE(qobject_cast<QLineEdit *>(casella.Widget())->displayText(), QStringLiteral("segreta"));
+}
+
+// --- CasellaCombinata -------------------------------------------------------------------------------------
+
+void tst_controlli::comboNientePrescelto()
+{
+    CasellaCombinata combo(m_finestra.get(), QStringLiteral("cbo"));
+    QCOMPARE(combo.ListIndex(), qint16{-1});
+    combo.AddItem(QStringLiteral("COM1"));
+    combo.AddItem(QStringLiteral("COM2"));
+    QCOMPARE(combo.ListIndex(), qint16{-1});
+    QCOMPARE(combo.Text(), QString());
+    combo.ListIndex(1);
+    combo.AddItem(QStringLiteral("COM3"));
+    QCOMPARE(combo.Text(), QStringLiteral("COM2"));
+    combo.Clear();
+    QCOMPARE(combo.ListIndex(), qint16{-1});
+    combo.AddItem(QStringLiteral("COM1"));
+    QCOMPARE(combo.ListIndex(), qint16{-1});
+}
+
+void tst_controlli::comboPerTesto()
+{
+    CasellaCombinata combo(m_finestra.get(), QStringLiteral("cbo"));
+    combo.AddItem(QStringLiteral("COM1"));
+    combo.AddItem(QStringLiteral("COM10"));
+    combo.Text(QStringLiteral("COM10"));
+    QCOMPARE(combo.ListIndex(), qint16{1});
+    combo.Text(QStringLiteral("COM1"));
+    QCOMPARE(combo.ListIndex(), qint16{0});
+    combo.Text(QStringLiteral("com10"));
+    QCOMPARE(combo.ListIndex(), qint16{-1});
+}
+
+void tst_controlli::comboPerIndice()
+{
+    CasellaCombinata combo(m_finestra.get(), QStringLiteral("cbo"));
+    combo.AddItem(QStringLiteral("COM1"));
+    combo.AddItem(QStringLiteral("COM2"));
+    combo.ListIndex(1);
+    QCOMPARE(combo.Text(), QStringLiteral("COM2"));
+    QCOMPARE(Errore_Di([&] { combo.ListIndex(2); }), 380);
+    QCOMPARE(Errore_Di([&] { combo.ListIndex(-2); }), 380);
+    QCOMPARE(combo.ListIndex(), qint16{1});
+    combo.ListIndex(-1);
+    QCOMPARE(combo.Text(), QString());
+}
+
+void tst_controlli::comboClickSoloDellOperatore()
+{
+    CasellaCombinata combo(m_finestra.get(), QStringLiteral("cbo"));
+    combo.Visible(true);
+    int clic = 0;
+    combo.Click = [&] { ++clic; };
+    combo.AddItem(QStringLiteral("COM1"));
+    combo.AddItem(QStringLiteral("COM2"));
+    combo.ListIndex(0);
+    combo.Text(QStringLiteral("COM2"));
+    combo.Clear();
+    combo.AddItem(QStringLiteral("COM1"));
+    combo.AddItem(QStringLiteral("COM2"));
+    QCOMPARE(clic, 0);
+    combo.SetFocus();
+    QTest::keyClick(combo.Widget(), Qt::Key_Down);
+    QTest::keyClick(combo.Widget(), Qt::Key_Down);
+    QCOMPARE(clic, 2);
+    QCOMPARE(combo.ListIndex(), qint16{1});
+}
+
+void tst_controlli::comboClickAncheSullaStessaVoce()
+{
+    CasellaCombinata combo(m_finestra.get(), QStringLiteral("cbo"));
+    combo.Posto(150, 150, 3000, 450);
+    combo.Visible(true);
+    combo.AddItem(QStringLiteral("QX5"));
+    combo.AddItem(QStringLiteral("altro"));
+    combo.ListIndex(0);
+    QList<qint16> scelte;
+    combo.Click = [&] { scelte.append(combo.ListIndex()); };
+    auto *widget = qobject_cast<QComboBox *>(combo.Widget());
+    for (const int riga : {0, 1, 1}) {
+        QTest::keyClick(widget, Qt::Key_F4);
+        QTRY_VERIFY(widget->view()->isVisible());
+        widget->view()->setCurrentIndex(widget->model()->index(riga, 0));
+        QTest::keyClick(widget->view(), Qt::Key_Return);
+        QTRY_VERIFY(!widget->view()->isVisible());
+    }
+    QCOMPARE(scelte, QList<qint16>({0, 1, 1}));
+}
+
+// --- CasellaSpunta ----------------------------------------------------------------------------------------
+
+void tst_controlli::spuntaDalProgrammaSollevaClick()
+{
+    CasellaSpunta spunta(m_finestra.get(), QStringLiteral("chk"));
+    QList<qint16> stati;
+    spunta.Click = [&] { stati.append(spunta.Value()); };
+    spunta.Value(0);
+    spunta.Value(1);
+    spunta.Value(1);
+    spunta.Value(0);
+    QCOMPARE(stati, QList<qint16>({1, 0}));
+    for (const qint16 altro : {qint16{2}, qint16{-1}, qint16{32767}}) {
+        spunta.Value(1);
+        spunta.Value(altro); // only 1 is a tick
+        QCOMPARE(spunta.Value(), qint16{0});
+    }
+}
+
+void tst_controlli::spuntaSiPremeOvunque()
+{
+    CasellaSpunta spunta(m_finestra.get(), QStringLiteral("chk"));
+    spunta.Posto(150, 150, 900, 450);
+    spunta.Visible(true);
+    int clic = 0;
+    spunta.Click = [&] { ++clic; };
+    const QRect posto = spunta.Widget()->rect();
+    qint16 atteso = 0;
+    for (const QPoint punto : {QPoint(2, 2), posto.center(), posto.bottomRight()}) {
+        QTest::mouseClick(spunta.Widget(), Qt::LeftButton, {}, punto);
+        atteso = atteso == 0 ? 1 : 0;
+        QCOMPARE(spunta.Value(), atteso);
+    }
+    QTest::keyClick(spunta.Widget(), Qt::Key_Space);
+    QCOMPARE(spunta.Value(), qint16{0});
+    QCOMPARE(clic, 4);
+    spunta.Enabled(false);
+    QTest::mouseClick(spunta.Widget(), Qt::LeftButton);
+    QCOMPARE(clic, 4);
+}
+
+// --- Pulsante ---------------------------------------------------------------------------------------------
+
+void tst_controlli::pulsanteClick()
+{
+    Pulsante pulsante(m_finestra.get(), QStringLiteral("cmd"));
+    QTest::mouseClick(pulsante.Widget(), Qt::LeftButton); // nobody bound
+    int clic = 0;
+    pulsante.Click = [&] { ++clic; };
+    pulsante.Visible(true);
+    pulsante.Caption(QStringLiteral("Ok"));
+    QCOMPARE(pulsante.Caption(), QStringLiteral("Ok"));
+    QTest::mouseClick(pulsante.Widget(), Qt::LeftButton);
+    pulsante.SetFocus();
+    QTest::keyClick(pulsante.Widget(), Qt::Key_Space);
+    QCOMPARE(clic, 2);
+    pulsante.Enabled(false);
+    QTest::mouseClick(pulsante.Widget(), Qt::LeftButton);
+    QCOMPARE(clic, 2);
+    QVERIFY(!pulsante.Default() && !pulsante.Cancel());
+    pulsante.Default(true);
+    pulsante.Cancel(true);
+    QVERIFY(pulsante.Default() && pulsante.Cancel());
+}
+
+// --- ElencoVoci -------------------------------------------------------------------------------------------
+
+namespace {
+
+void Riempi(ElencoVoci &elenco)
+{
+    elenco.Posto(150, 150, 4500, 3000);
+    elenco.Visible(true);
+    for (const char16_t *voce : {u"AB123CD\tVERDI", u"EF456GH\tROSSI", u"IJ789KL\tBIANCHI"})
+        elenco.AddItem(QString::fromUtf16(voce));
+}
+
+void Clic_Riga(const ElencoVoci &elenco, int riga)
+{
+    const auto *lista = qobject_cast<QListWidget *>(elenco.Widget());
+    QTest::mouseClick(lista->viewport(), Qt::LeftButton, {},
+                      lista->visualItemRect(lista->item(riga)).center());
+}
+
+} // namespace
+
+void tst_controlli::elencoVoci()
+{
+    ElencoVoci elenco(m_finestra.get(), QStringLiteral("lst"));
+    QCOMPARE(elenco.ListCount(), 0);
+    QCOMPARE(elenco.ListIndex(), -1);
+    Riempi(elenco);
+    QCOMPARE(elenco.ListCount(), 3);
+    QCOMPARE(elenco.ListIndex(), -1);
+    QCOMPARE(elenco.List(0), QStringLiteral("AB123CD\tVERDI"));
+    QCOMPARE(elenco.List(2), QStringLiteral("IJ789KL\tBIANCHI"));
+    QCOMPARE(elenco.List(3), QString());
+    QCOMPARE(elenco.List(-1), QString());
+    elenco.Clear();
+    QCOMPARE(elenco.ListCount(), 0);
+}
+
+void tst_controlli::elencoIndiceDalProgramma()
+{
+    ElencoVoci elenco(m_finestra.get(), QStringLiteral("lst"));
+    Riempi(elenco);
+    QList<qint32> scelte;
+    elenco.Click = [&] { scelte.append(elenco.ListIndex()); };
+    elenco.ListIndex(1);
+    elenco.ListIndex(1); // also the line that is chosen already
+    elenco.ListIndex(-1);
+    elenco.ListIndex(0);
+    QCOMPARE(scelte, QList<qint32>({1, 1, 0})); // -1 takes the choice away and raises nothing
+    QVERIFY(qobject_cast<QListWidget *>(elenco.Widget())->item(0)->isSelected());
+    elenco.ListIndex(-1);
+    QCOMPARE(elenco.ListIndex(), -1);
+    QVERIFY(qobject_cast<QListWidget *>(elenco.Widget())->selectedItems().isEmpty());
+}
+
+void tst_controlli::elencoIndiceErrato_data()
+{
+    QTest::addColumn<int>("indice");
+    for (const int indice : {-2, 3, 40000})
+        QTest::addRow("%d", indice) << indice;
+}
+
+void tst_controlli::elencoIndiceErrato()
+{
+    QFETCH(int, indice);
+    ElencoVoci elenco(m_finestra.get(), QStringLiteral("lst"));
+    Riempi(elenco);
+    elenco.ListIndex(1);
+    QCOMPARE(Errore_Di([&] { elenco.ListIndex(indice); }), 380);
+    QCOMPARE(elenco.ListIndex(), 1);
+}
+
+void tst_controlli::elencoClicDelMouseUnaVolta()
+{
+    ElencoVoci elenco(m_finestra.get(), QStringLiteral("lst"));
+    Riempi(elenco);
+    QList<qint32> scelte;
+    elenco.Click = [&] { scelte.append(elenco.ListIndex()); };
+    Clic_Riga(elenco, 1);
+    QCOMPARE(scelte, QList<qint32>({1}));
+    Clic_Riga(elenco, 1); // the line that is chosen already
+    Clic_Riga(elenco, 0);
+    QCOMPARE(scelte, QList<qint32>({1, 1, 0}));
+    const auto *lista = qobject_cast<QListWidget *>(elenco.Widget());
+    QTest::mouseClick(lista->viewport(), Qt::LeftButton, {}, QPoint(20, lista->viewport()->height() - 2));
+    QCOMPARE(scelte.size(), 3); // below the last line there is nothing to choose
+}
+
+// The line counts on which the button is let go; any button chooses.
+void tst_controlli::elencoTrascinato()
+{
+    ElencoVoci elenco(m_finestra.get(), QStringLiteral("lst"));
+    Riempi(elenco);
+    QList<qint32> scelte;
+    elenco.Click = [&] { scelte.append(elenco.ListIndex()); };
+    const auto *lista = qobject_cast<QListWidget *>(elenco.Widget());
+    const auto punto = [lista](int riga) { return lista->visualItemRect(lista->item(riga)).center(); };
+    QTest::mousePress(lista->viewport(), Qt::LeftButton, {}, punto(0));
+    QCOMPARE(scelte.size(), 0);
+    QTest::mouseMove(lista->viewport(), punto(2));
+    QTest::mouseRelease(lista->viewport(), Qt::LeftButton, {}, punto(2));
+    QCOMPARE(scelte.size(), 1);
+    QTest::mouseClick(lista->viewport(), Qt::RightButton, {}, punto(1));
+    QCOMPARE(elenco.ListIndex(), 1);
+    QCOMPARE(scelte.last(), 1);
+    QCOMPARE(scelte.size(), 2);
+}
+
+void tst_controlli::elencoTasti()
+{
+    ElencoVoci elenco(m_finestra.get(), QStringLiteral("lst"));
+    Riempi(elenco);
+    QList<qint32> scelte;
+    elenco.Click = [&] { scelte.append(elenco.ListIndex()); };
+    elenco.SetFocus();
+    for (const Qt::Key tasto : {Qt::Key_Down, Qt::Key_Down, Qt::Key_End, Qt::Key_Down, Qt::Key_Home})
+        QTest::keyClick(elenco.Widget(), tasto);
+    QCOMPARE(scelte, QList<qint32>({0, 1, 2, 0})); // behind the last line there is none
+    QTest::keyClick(elenco.Widget(), Qt::Key_E);
+    QCOMPARE(elenco.ListIndex(), 1);
+    QCOMPARE(scelte.last(), 1);
+}
+
+// Coming to the list is no choice: in the worklist a choice opens a vehicle.
+void tst_controlli::elencoFuocoNonSceglie()
+{
+    CasellaTesto casella(m_finestra.get(), QStringLiteral("txt"));
+    casella.Visible(true);
+    ElencoVoci elenco(m_finestra.get(), QStringLiteral("lst"));
+    Riempi(elenco);
+    int clic = 0;
+    elenco.Click = [&] { ++clic; };
+    casella.SetFocus();
+    QTest::keyClick(casella.Widget(), Qt::Key_Tab);
+    QVERIFY(elenco.Widget()->hasFocus());
+    QCOMPARE(elenco.ListIndex(), -1);
+    QCOMPARE(clic, 0);
+    casella.SetFocus();
+    elenco.SetFocus();
+    QWidget altra;
+    altra.show();
+    QVERIFY(QTest::qWaitForWindowActive(&altra));
+    m_finestra->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_finestra.get()));
+    QCOMPARE(elenco.ListIndex(), -1);
+    QCOMPARE(clic, 0);
+    QTest::keyClick(elenco.Widget(), Qt::Key_Down);
+    QCOMPARE(elenco.ListIndex(), 0);
+    QCOMPARE(clic, 1);
+}
+
+void tst_controlli::elencoSvuotatoNonSceglie()
+{
+    ElencoVoci elenco(m_finestra.get(), QStringLiteral("lst"));
+    Riempi(elenco);
+    elenco.ListIndex(2);
+    elenco.SetFocus();
+    int clic = 0;
+    elenco.Click = [&] { ++clic; };
+    elenco.Clear();
+    Riempi(elenco);
+    QCOMPARE(elenco.ListIndex(), -1);
+    QCOMPARE(clic, 0);
+}
+
+void tst_controlli::elencoTabulazione()
+{
+    ElencoVoci elenco(m_finestra.get(), QStringLiteral("lst"));
+    elenco.Posto(0, 0, 6000, 3000);
+    elenco.Visible(true);
+    elenco.AddItem(QStringLiteral("I\tM"));
+    const qint32 posto = elenco.Tabulazione(120);
+    const int pixel = 120 * elenco.Widget()->fontMetrics().averageCharWidth() / 4;
+    QCOMPARE(posto, Twip_DaPixel(pixel));
+
+    const auto *lista = qobject_cast<QListWidget *>(elenco.Widget());
+    QApplication::processEvents(); // the lines find their places
+    const QImage vista = lista->viewport()->grab().toImage();
+    const QRect riga = lista->visualItemRect(lista->item(0));
+    const auto scritto = [&](int da, int a) {
+        for (int x = da; x < a; ++x) {
+            for (int y = riga.top(); y <= riga.bottom(); ++y) {
+                if (vista.pixelColor(x, y) != QColor(Qt::white))
+                    return true;
+            }
+        }
+        return false;
+    };
+    QVERIFY(scritto(0, 20));
+    QVERIFY(!scritto(20, pixel - 2));
+    QVERIFY(scritto(pixel, pixel + 20));
+    QCOMPARE(elenco.List(0), QStringLiteral("I\tM"));
+}
+
+// --- Immagine ---------------------------------------------------------------------------------------------
+
+namespace {
+
+/// A folder with a red picture of 40 by 20 pixels and a file that is none.
+class Cartella
+{
+public:
+    Cartella()
+    {
+        QImage immagine(40, 20, QImage::Format_RGB32);
+        immagine.fill(Qt::red);
+        immagine.save(m_cartella.filePath(QStringLiteral("Faro0.png")));
+        QFile testo(m_cartella.filePath(QStringLiteral("testo.jpg")));
+        if (testo.open(QIODevice::WriteOnly))
+            testo.write("nessuna immagine");
+    }
+    QString Percorso(const QString &nome) const { return m_cartella.filePath(nome).replace(u'/', u'\\'); }
+
+private:
+    QTemporaryDir m_cartella;
+};
+
+} // namespace
+
+void tst_controlli::immagineCheManca()
+{
+    const Cartella cartella;
+    Immagine immagine(m_finestra.get(), QStringLiteral("img"));
+    QCOMPARE(Errore_Di([&] { immagine.Picture(cartella.Percorso(QStringLiteral("manca.jpg"))); }), 53);
+    QCOMPARE(Errore_Di([&] { immagine.Picture(cartella.Percorso(QString())); }), 53); // a folder
+    QCOMPARE(Errore_Di([&] { immagine.Picture(QString()); }), 53);
+}
+
+void tst_controlli::immagineNonValida()
+{
+    const Cartella cartella;
+    Immagine immagine(m_finestra.get(), QStringLiteral("img"));
+    QCOMPARE(Errore_Di([&] { immagine.Picture(cartella.Percorso(QStringLiteral("testo.jpg"))); }), 481);
+}
+
+void tst_controlli::immagineInAltraGrafia()
+{
+    const Cartella cartella;
+    Immagine immagine(m_finestra.get(), QStringLiteral("img"));
+    immagine.Posto(0, 0, 1500, 1500);
+    immagine.Visible(true);
+    immagine.Picture(cartella.Percorso(QStringLiteral("FARO0.PNG")));
+    QCOMPARE(Punto(immagine, 50, 50), QColor(Qt::red));
+}
+
+void tst_controlli::immagineSenzaDistorsione()
+{
+    const Cartella cartella;
+    Immagine immagine(m_finestra.get(), QStringLiteral("img"));
+    immagine.Visible(true);
+    immagine.Picture(cartella.Percorso(QStringLiteral("Faro0.png")));
+    immagine.Posto(0, 0, 3000, 3000); // 200 by 200: the picture is 200 by 100 in its middle
+    const QColor rosso(Qt::red);
+    QCOMPARE(Punto(immagine, 2, 100), rosso);
+    QCOMPARE(Punto(immagine, 197, 100), rosso);
+    QCOMPARE(Punto(immagine, 100, 53), rosso);
+    QVERIFY(Punto(immagine, 100, 47) != rosso);
+    QVERIFY(Punto(immagine, 100, 153) != rosso);
+    immagine.Posto(0, 0, 6000, 1500); // it follows its place
+    QCOMPARE(Punto(immagine, 200, 2), rosso);
+    QVERIFY(Punto(immagine, 90, 50) != rosso);
+}
+
+void tst_controlli::immagineTestoEAvviso()
+{
+    Immagine immagine(m_finestra.get(), QStringLiteral("img"));
+    immagine.Posto(0, 0, 680, 680);
+    immagine.Testo(QStringLiteral("lumira"));
+    QCOMPARE(qobject_cast<QLabel *>(immagine.Widget())->text(), QStringLiteral("lumira"));
+    immagine.Avviso();
+    const QPixmap segno = qobject_cast<QLabel *>(immagine.Widget())->pixmap(Qt::ReturnByValue);
+    QVERIFY(!segno.isNull());
+    QVERIFY(segno.width() <= immagine.Widget()->width() && segno.height() <= immagine.Widget()->height());
+}
+
+// --- Forma ------------------------------------------------------------------------------------------------
+
+void tst_controlli::formaColore()
+{
+    Forma cerchio(m_finestra.get(), QStringLiteral("sha"), Forma::Cerchio);
+    Forma rettangolo(m_finestra.get(), QStringLiteral("Shape1"), Forma::Rettangolo);
+    for (Forma *forma : {&cerchio, &rettangolo}) {
+        forma->Posto(0, 0, 1500, 1500);
+        forma->Visible(true);
+        QCOMPARE(Punto(*forma, 50, 50), QColor(Qt::white));
+        forma->FillColor(COLORE_VERDE);
+        QCOMPARE(forma->FillColor(), COLORE_VERDE);
+        QCOMPARE(Punto(*forma, 50, 50), QColor(Qt::green));
+    }
+    QCOMPARE(Punto(rettangolo, 5, 5), QColor(Qt::green));
+    QVERIFY(Punto(cerchio, 5, 5) != QColor(Qt::green));
+}
+
+int main(int argc, char **argv)
+{
+    return Principale_Prova<tst_controlli>(argc, argv);
+}
+
+#include "tst_controlli.moc"

@@ -1,0 +1,429 @@
+// The result screen: verdict, lamp data, the twelve cells and their colours, the alarm, the way out.
+#include "report/frmEsito.h"
+
+#include "core/limiti.h"
+#include "core/modCtl.h"
+#include "core/modGeneral.h"
+#include "core/risultato.h"
+#include "tests/forms/banco_form.h"
+#include "tests/forms/figlio_prova.h"
+#include "tests/forms/principale_prova.h"
+
+#include <QFile>
+#include <QLocale>
+#include <QTest>
+
+namespace {
+
+const QColor VERDE(0, 255, 0);
+const QColor ROSSO(255, 0, 0);
+
+/// The row of the result that each cell shows.
+constexpr const char *RIGHE[] = {
+    "VertAnabDx",     "VertAnabSx",     "VertAbbDx",     "VertAbbSx",     //
+    "OrizzAnabDx",    "OrizzAnabSx",    "OrizzAbbDx",    "OrizzAbbSx",    //
+    "IllumLuxAnabDx", "IllumLuxAnabSx", "IllumLuxAbbDx", "IllumLuxAbbSx", //
+};
+constexpr int CELLE_MIRA = 8, CELLE = 12;
+
+void Imposta_Riga(const char *riga, const QString &valore)
+{
+    Far_Imposta(QString::fromLatin1(riga), valore);
+}
+
+/// A vehicle that passes.
+void Risultato_Buono()
+{
+    Far_Azzera();
+    for (int i = 0; i < CELLE; ++i)
+        Imposta_Riga(RIGHE[i], i < CELLE_MIRA ? QStringLiteral("R") : QStringLiteral("45600"));
+    Imposta_Riga("Esito", QStringLiteral("R"));
+    Imposta_Riga("TipoAnab", QStringLiteral("#A"));
+}
+
+} // namespace
+
+class tst_frmEsito : public QObject
+{
+    Q_OBJECT
+
+private:
+    void Apri()
+    {
+        form = Nuovo<frmEsito>();
+        form->Mostra();
+        QVERIFY(Attiva(*form));
+    }
+    QLabel *Cella(int i) const { return Membro_Di<QLabel>(*form, "lblTab", i); }
+
+    std::unique_ptr<BancoForm> banco;
+    std::shared_ptr<frmEsito> form;
+
+private Q_SLOTS:
+    void init()
+    {
+        banco = std::make_unique<BancoForm>();
+        Risultato_Buono();
+        Carica_Limiti();
+        gAltezzaFaro = 65;
+    }
+    void cleanup()
+    {
+        banco.reset();
+        form.reset();
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+    }
+
+    // --- verdict ------------------------------------------------------------------------------------------
+
+    void verdetto_data()
+    {
+        QTest::addColumn<QString>("esito");
+        QTest::addColumn<bool>("regolare");
+        QTest::newRow("R") << QStringLiteral("R") << true;
+        QTest::newRow("I") << QStringLiteral("I") << false;
+        QTest::newRow("minuscolo") << QStringLiteral("r") << false;
+        QTest::newRow("vuoto") << QString() << false;
+    }
+    void verdetto()
+    {
+        QFETCH(QString, esito);
+        QFETCH(bool, regolare);
+        Imposta_Riga("Esito", esito);
+        Apri();
+        QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(regolare ? 126 : 127));
+        QCOMPARE(Sfondo_Di(Widget_Di(*form, "lblTitolo")), regolare ? VERDE : ROSSO);
+        QCOMPARE(form->Caption(), Testo_Mctc(regolare ? 126 : 127));
+    }
+
+    // --- lamp ---------------------------------------------------------------------------------------------
+
+    void datiDelFaro_data()
+    {
+        QTest::addColumn<double>("altezza");
+        QTest::addColumn<bool>("virgola");
+        QTest::addColumn<QString>("testo");
+        QTest::newRow("intera") << 65.0 << false << QStringLiteral("65");
+        QTest::newRow("punto") << 1.5 << false << QStringLiteral("1.5");
+        QTest::newRow("virgola") << 1.5 << true << QStringLiteral("1,5");
+    }
+    void datiDelFaro()
+    {
+        QFETCH(double, altezza);
+        QFETCH(bool, virgola);
+        QFETCH(QString, testo);
+        if (virgola)
+            QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+        gAltezzaFaro = altezza;
+        Apri();
+        QCOMPARE(Testo_Di(*form, "txt_0"), testo);
+        QCOMPARE(Testo_Di(*form, "lbl_0"), Testo_Mctc(118));
+    }
+
+    void tipoDelFaro_data()
+    {
+        QTest::addColumn<QString>("tipo");
+        QTest::addColumn<qint16>("testo");
+        QTest::newRow("simmetrico") << QStringLiteral("#S") << qint16{120};
+        QTest::newRow("asimmetrico") << QStringLiteral("#A") << qint16{121};
+        QTest::newRow("altro") << QStringLiteral("S") << qint16{121};
+    }
+    void tipoDelFaro()
+    {
+        QFETCH(QString, tipo);
+        QFETCH(qint16, testo);
+        Imposta_Riga("TipoAnab", tipo);
+        Apri();
+        QCOMPARE(Testo_Di(*form, "txt_1"), Testo_Mctc(testo));
+        QCOMPARE(Testo_Di(*form, "lbl_1"), Testo_Mctc(121));
+    }
+
+    void caselleNonSiScrivono()
+    {
+        Apri();
+        Scrivi(*form, "txt_0", QStringLiteral("99"));
+        QCOMPARE(Testo_Di(*form, "txt_0"), QStringLiteral("65"));
+        QCOMPARE(Widget_Di(*form, "txt_0")->y(), Posto_Twip(0, ScalaY(2500), 0, 0).y());
+        QCOMPARE(Widget_Di(*form, "lbl_1")->y(), Posto_Twip(0, ScalaY(3500) - ScalaY(300), 0, 0).y());
+    }
+
+    // --- the table ----------------------------------------------------------------------------------------
+
+    /// Each aim cell shows its own row, and the others do not follow it.
+    void celleDellaMira_data()
+    {
+        QTest::addColumn<QString>("valore");
+        QTest::newRow("I") << QStringLiteral("I");
+        QTest::newRow("vuota") << QString();
+        QTest::newRow("minuscola") << QStringLiteral("r");
+        QTest::newRow("R e blank") << QStringLiteral("R ");
+    }
+    void celleDellaMira()
+    {
+        QFETCH(QString, valore);
+        for (int guasta = 0; guasta < CELLE_MIRA; ++guasta) {
+            Risultato_Buono();
+            Imposta_Riga(RIGHE[guasta], valore);
+            Apri();
+            for (int i = 0; i < CELLE_MIRA; ++i) {
+                QCOMPARE(Cella(i)->text(), i == guasta ? QStringLiteral("NO") : QStringLiteral("SI"));
+                QVERIFY(Ha_Colore(Cella(i), i == guasta ? ROSSO : VERDE));
+                QVERIFY(!Ha_Colore(Cella(i), i == guasta ? VERDE : ROSSO));
+            }
+            form->Scarica();
+        }
+    }
+
+    void celleDellIntensita_data()
+    {
+        QTest::addColumn<int>("cella");
+        QTest::addColumn<QString>("valore");
+        QTest::addColumn<QString>("testo");
+        QTest::addColumn<bool>("regolare");
+        const auto riga = [](int cella, const char *valore, const char *testo, bool regolare) {
+            QTest::addRow("%s %s", RIGHE[cella], valore)
+                << cella << QString::fromLatin1(valore) << QString::fromLatin1(testo) << regolare;
+        };
+        for (const int anabbagliante : {8, 9}) {
+            riga(anabbagliante, "12300", "12.3", true);
+            riga(anabbagliante, "3700", "3.7", false);
+            riga(anabbagliante, "3750", "3.75", false); // the limits themselves are outside
+            riga(anabbagliante, "3800", "3.8", true);
+            riga(anabbagliante, "89900", "89.9", true);
+            riga(anabbagliante, "90000", "90", false);
+            riga(anabbagliante, "-100", "-0.1", false);
+        }
+        for (const int abbagliante : {10, 11}) {
+            riga(abbagliante, "20000", "20", false);
+            riga(abbagliante, "20100", "20.1", true);
+            riga(abbagliante, "149900", "149.9", true);
+            riga(abbagliante, "150000", "150", false);
+            riga(abbagliante, "0", "0", false);
+        }
+    }
+    void celleDellIntensita()
+    {
+        QFETCH(int, cella);
+        QFETCH(QString, valore);
+        QFETCH(QString, testo);
+        QFETCH(bool, regolare);
+        Imposta_Riga(RIGHE[cella], valore);
+        Apri();
+        for (int i = CELLE_MIRA; i < CELLE; ++i) {
+            QCOMPARE(Cella(i)->text(), i == cella ? testo : QStringLiteral("45.6"));
+            QVERIFY(Ha_Colore(Cella(i), i == cella && !regolare ? ROSSO : VERDE));
+            QVERIFY(!Ha_Colore(Cella(i), i == cella && !regolare ? VERDE : ROSSO));
+        }
+    }
+
+    /// The cells follow the limits in force, not those of the delivery.
+    void limitiInVigore()
+    {
+        gLuxMaxAnab = 12300;
+        gLuxMinAbb = 45500;
+        Imposta_Riga("IllumLuxAnabDx", QStringLiteral("12299"));
+        Imposta_Riga("IllumLuxAnabSx", QStringLiteral("12300"));
+        Imposta_Riga("IllumLuxAbbDx", QStringLiteral("45500"));
+        Imposta_Riga("IllumLuxAbbSx", QStringLiteral("45501"));
+        Apri();
+        QVERIFY(Ha_Colore(Cella(8), VERDE));
+        QVERIFY(Ha_Colore(Cella(9), ROSSO));
+        QVERIFY(Ha_Colore(Cella(10), ROSSO));
+        QVERIFY(Ha_Colore(Cella(11), VERDE));
+    }
+
+    void separatoreDelLocale()
+    {
+        QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+        Imposta_Riga("IllumLuxAnabDx", QStringLiteral("12300"));
+        Apri();
+        QCOMPARE(Cella(8)->text(), QStringLiteral("12,3"));
+        QVERIFY(Ha_Colore(Cella(8), VERDE));
+    }
+
+    /// Neither green nor red: nothing was measured, nothing is judged.
+    void faroNonProvato()
+    {
+        Imposta_Riga("IllumLuxAbbSx", QString());
+        Imposta_Riga("VertAbbSx", QString());
+        Apri();
+        QCOMPARE(Cella(11)->text(), QStringLiteral(" -"));
+        QVERIFY(!Ha_Colore(Cella(11), VERDE) && !Ha_Colore(Cella(11), ROSSO));
+        QCOMPARE(Cella(3)->text(), QStringLiteral("NO"));
+        QVERIFY(Ha_Colore(Cella(3), ROSSO));
+    }
+
+    void intestazioni()
+    {
+        Apri();
+        const qint16 colonneERighe[] = {132, 131, 134, 133, 135, 136, 137};
+        for (int i = 0; i < 7; ++i)
+            QCOMPARE(Membro_Di<QLabel>(*form, "lblPar", i)->text(), Testo_Mctc(colonneERighe[i]));
+        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(130));
+        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(129));
+    }
+
+    void postiDellaTabella_data()
+    {
+        QTest::addColumn<QString>("lingua");
+        QTest::addColumn<qint32>("cimaColonne");
+        QTest::newRow("italiano") << QStringLiteral("IT") << 2000;
+        QTest::newRow("inglese") << QStringLiteral("EN") << 1800;
+    }
+    /// Each head stands over its column or beside its row, and so every figure under its own lamp.
+    void postiDellaTabella()
+    {
+        QFETCH(QString, lingua);
+        QFETCH(qint32, cimaColonne);
+        gLingua = lingua;
+        Apri();
+        const qint32 meta = gScreenW / 2;
+        for (int i = 0; i < CELLE; ++i) {
+            const QRect posto = Posto_Twip(meta + i % 4 * ScalaX(1300), ScalaY(2370 + i / 4 * 800),
+                                           ScalaX(1300), ScalaY(800));
+            QCOMPARE(Cella(i)->geometry(), posto);
+        }
+        for (int i = 0; i < 4; ++i) {
+            const QRect testa = Membro_Di<QWidget>(*form, "lblPar", i)->geometry();
+            QCOMPARE(testa.left(), Cella(i)->geometry().left());
+            QCOMPARE(testa.top(), Posto_Twip(0, ScalaY(cimaColonne), 0, 0).y());
+        }
+        for (int i = 4; i < 7; ++i) {
+            const QRect testa = Membro_Di<QWidget>(*form, "lblPar", i)->geometry();
+            QCOMPARE(testa.top(), Cella(4 * (i - 4))->geometry().top());
+            QVERIFY(testa.right() < Cella(0)->geometry().left());
+        }
+        QCOMPARE(Widget_Di(*form, "lblDes_0")->pos(), Posto_Twip(ScalaX(500), ScalaY(1500), 0, 0).topLeft());
+        QCOMPARE(Widget_Di(*form, "lblDes_1")->pos(),
+                 Posto_Twip(meta + ScalaX(300), ScalaY(1450), 0, 0).topLeft());
+    }
+
+    void corniciDipinte()
+    {
+        Apri();
+        const qint32 meta = gScreenW / 2;
+        QVERIFY(Ha_Cornice(*form, ScalaX(200), ScalaY(100), gScreenW - ScalaX(200), ScalaY(1300)));
+        QVERIFY(Ha_Cornice(*form, ScalaX(200), ScalaY(1400), meta - ScalaX(2600), ScalaY(5000)));
+        QVERIFY(Ha_Cornice(*form, meta - ScalaX(2500), ScalaY(1400), gScreenW - ScalaX(200), ScalaY(5000)));
+    }
+
+    // --- the alarm ----------------------------------------------------------------------------------------
+
+    void allarme_data()
+    {
+        QTest::addColumn<QString>("esito");
+        QTest::addColumn<Flag>("acustico");
+        QTest::addColumn<bool>("suona");
+        QTest::newRow("regolare, acceso") << QStringLiteral("R") << Vero << false;
+        QTest::newRow("regolare, spento") << QStringLiteral("R") << Falso << false;
+        QTest::newRow("irregolare, acceso") << QStringLiteral("I") << Vero << true;
+        QTest::newRow("irregolare, spento") << QStringLiteral("I") << Falso << false;
+    }
+    void allarme()
+    {
+        QFETCH(QString, esito);
+        QFETCH(Flag, acustico);
+        QFETCH(bool, suona);
+        Imposta_Riga("Esito", esito);
+        gAllarmeAcustico = acustico;
+        Apri();
+        QCOMPARE(Orologio_Banco().Armate(), suona ? 1 : 0);
+        Orologio_Banco().Avanza(60000);
+        QCOMPARE(Orologio_Banco().Armate(), suona ? 1 : 0); // nothing stops it but the form's end
+        Premi(*form, "cmd_0");
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+    }
+
+    // --- buttons ------------------------------------------------------------------------------------------
+
+    void pulsanti()
+    {
+        Apri();
+        const qint32 cima = gScreenH - ScalaY(1500);
+        const qint32 posti[] = {gScreenW - ScalaX(2500), ScalaX(500), ScalaX(2500), gScreenW - ScalaX(4500)};
+        for (int i = 0; i < 4; ++i)
+            QCOMPARE(Membro_Di<QWidget>(*form, "cmd", i)->geometry(),
+                     Posto_Twip(posti[i], cima, ScalaX(1575), ScalaY(975)));
+        QVERIFY(!Abilitato(*form, "cmd_3"));
+        Widget_Di<QPushButton>(*form, "cmd_2")->click(); // no action
+        QVERIFY(form->Caricato());
+    }
+
+    void esciNotificaCodice5_data()
+    {
+        QTest::addColumn<bool>("tastiera");
+        QTest::newRow("mouse") << false;
+        QTest::newRow("tastiera") << true;
+    }
+    void esciNotificaCodice5()
+    {
+        QFETCH(bool, tastiera);
+        Apri();
+        bool caricato = false;
+        const auto notifiche = Ascolta(*form);
+        connect(form.get(), &frmEsito::Notifica, this, [&] { caricato = form->Caricato(); });
+        if (tastiera)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        else
+            Premi(*form, "cmd_0");
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {5, 0}
+        }));
+        QVERIFY(caricato); // first the notification, then the unloading
+        QVERIFY(!form->Caricato());
+    }
+
+    void chiusuraDellaFinestraNonNotifica()
+    {
+        Apri();
+        const auto notifiche = Ascolta(*form);
+        form->Finestra()->close();
+        QVERIFY(!form->Caricato());
+        QVERIFY(notifiche->isEmpty());
+    }
+
+    /// The screen reads and changes nothing.
+    void risultatoNonToccato()
+    {
+        Imposta_Riga("Esito", QStringLiteral("I"));
+        const auto prima = gRisultatoFar;
+        const QByteArray ini = banco->Stazione.Leggi(QStringLiteral("lumira.ini"));
+        Apri();
+        Premi(*form, "cmd_0");
+        for (size_t i = 0; i < prima.size(); ++i)
+            QCOMPARE(gRisultatoFar[i].Valore, prima[i].Valore);
+        QCOMPARE(banco->Stazione.Leggi(QStringLiteral("lumira.ini")), ini);
+    }
+
+    void senzaTestiLeCelleRestano()
+    {
+        QVERIFY(QFile::remove(banco->Stazione.Nativo(QStringLiteral("lingueMCTC.ini"))));
+        gTabMctc.fill(QString());
+        Apri();
+        QVERIFY(Testo_Di(*form, "lblTitolo").isEmpty());
+        QCOMPARE(Cella(0)->text(), QStringLiteral("SI"));
+    }
+
+    void suOgniSchermo_data()
+    {
+        QTest::addColumn<QSize>("schermo");
+        for (const QSize schermo : Schermi_Prova())
+            QTest::addRow("%d x %d", schermo.width(), schermo.height()) << schermo;
+    }
+    /// The layout holds on every screen of a workshop, each one in a process of its own.
+    void suOgniSchermo()
+    {
+        QFETCH(QSize, schermo);
+        const EsitoFiglio esito =
+            Figlio_Esegui({QStringLiteral("postiDellaTabella"), QStringLiteral("pulsanti"),
+                           QStringLiteral("corniciDipinte")},
+                          schermo);
+        QVERIFY2(esito.Finito && esito.Stato == 0, qPrintable(esito.Uscita));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return Principale_Prova<tst_frmEsito>(argc, argv);
+}
+#include "tst_frmEsito.moc"

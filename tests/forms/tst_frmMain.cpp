@@ -1,0 +1,638 @@
+// The main window: its menu and picture, and the flow of a test from the menu to the result screen, on a line
+// of the test's own.
+#include "core/frmMain.h"
+
+#include "core/limiti.h"
+#include "core/modCtl.h"
+#include "core/modGeneral.h"
+#include "core/risultato.h"
+#include "dialogs/dlgPwd.h"
+#include "mctc/frmMctcO.h"
+#include "platform/applicazione.h"
+#include "platform/schermo.h"
+#include "report/frmMctc2.h"
+#include "setup/frmSetupO.h"
+#include "tests/forms/banco_form.h"
+#include "tests/forms/figlio_prova.h"
+#include "tests/forms/principale_prova.h"
+#include "tests/forms/seriale_prova.h"
+
+#include <QDir>
+#include <QFile>
+#include <QListWidget>
+#include <QTest>
+
+#include <cstdio>
+
+namespace {
+
+constexpr qint64 TICK = 200; // ms
+
+const QByteArray MISURA = Risposta_Misura("0123O#", "0456OO", "0789OO", "0999##");
+const QString FILE_ACC = QStringLiteral("12345678.acc");
+const QString FILE_FAR = QStringLiteral("DIR_FAR\\12345678.far");
+
+/// Argument of the process that shows how the program ends without its pictures.
+const char *const SENZA_DATI = "senza-dati";
+
+/// Answers a measure to every session.
+void Strumento_Pronto()
+{
+    Linee_Prepara([](LineaProva &linea) { linea.Copione({Risposta_Stato('4'), MISURA}); });
+}
+
+/// Steps of the director: a session that goes to its end, and a result screen that is looked at and closed.
+void Sessione_Completa(Regia &regia, const std::function<void(Modulo &)> &guarda = {})
+{
+    regia.Quando("frmComm", [](Modulo &) { Orologio_Banco().Avanza(2 * TICK + 2000); })
+        .Quando("frmEsito", [guarda](Modulo &esito) {
+            if (guarda)
+                guarda(esito);
+            Premi(esito, "cmd_0");
+        });
+}
+
+} // namespace
+
+class tst_frmMain : public QObject
+{
+    Q_OBJECT
+
+private:
+    void Apri()
+    {
+        form = Nuovo<frmMain>();
+        form->Mostra();
+        QVERIFY(Attiva(*form));
+    }
+    QPushButton *Voce(int i) const { return Membro_Di<QPushButton>(*form, "cmdMnu", i); }
+    QString Nativo(const QString &nome) const { return banco->Stazione.Nativo(nome); }
+    bool Esiste(const QString &nome) const { return QFile::exists(Nativo(nome)); }
+    void Premi_Prova() const { Premi(*form, "cmdMnu_2"); }
+    /// The worklist with its one clean file picked and confirmed: the entry form shows.
+    void Scegli_DallaLista() const
+    {
+        banco->Stazione.Accettazione(FILE_ACC);
+        Premi_Prova();
+        const auto lista = Modulo_Aperto("frmMctcO");
+        QVERIFY(lista != nullptr);
+        Widget_Di<QListWidget>(*lista, "lstAuto")->setCurrentRow(0);
+        Premi(*lista, "cmd_0");
+        QVERIFY(Modulo_Aperto("frmMctc2") != nullptr);
+    }
+    static void Conferma_Veicolo() { Premi(*Modulo_Aperto("frmMctc2"), "cmd_0"); }
+    static void Scrivi_Password(Modulo &dialogo, const QString &password)
+    {
+        QTest::keyClicks(Widget_Di<QLineEdit>(dialogo, "txtPwd"), password);
+        Orologio_Banco().Avanza(4000);
+    }
+
+    std::unique_ptr<BancoForm> banco;
+    std::shared_ptr<frmMain> form;
+
+private Q_SLOTS:
+    void init()
+    {
+        banco = std::make_unique<BancoForm>();
+        Strumento_Pronto();
+        Far_Azzera();
+    }
+    void cleanup()
+    {
+        banco.reset();
+        form.reset();
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+    }
+
+    // --- menu ---------------------------------------------------------------------------------------------
+
+    void menu()
+    {
+        Apri();
+        for (int i = 0; i <= 8; ++i) {
+            QCOMPARE(Voce(i)->text(), Testo_Mctc(static_cast<qint16>(i)));
+            QVERIFY(!Voce(i)->text().isEmpty());
+            QCOMPARE(Voce(i)->isVisible(), i != 8);
+            QCOMPARE(Voce(i)->isEnabled(), i != 0 && i != 3);
+        }
+    }
+
+    void menuSullaGriglia_data()
+    {
+        QTest::addColumn<qint32>("larghezza");
+        QTest::addColumn<qint32>("altezza");
+        QTest::newRow("il presente") << Schermo_Larghezza() << Schermo_Altezza();
+        QTest::newRow("non divisibile per tre") << 11999 << 11000;
+    }
+    void menuSullaGriglia()
+    {
+        QFETCH(qint32, larghezza);
+        QFETCH(qint32, altezza);
+        gScreenW = larghezza;
+        gScreenH = altezza;
+        Apri();
+        const qint32 h = ScalaY(1050);
+        const qint32 t = altezza - 3 * h;
+        const qint32 w = larghezza / 3;
+        for (int i = 0; i <= 7; ++i)
+            QCOMPARE(Voce(i)->geometry(), Posto_Twip(i % 3 * w, t + i / 3 * h, w, h));
+        QCOMPARE(Widget_Di(*form, "imgLogo")->geometry(),
+                 Posto_Twip(ScalaX(100), ScalaY(100), larghezza - 200, t - 200));
+        for (int i = 0; i <= 8; ++i) // all in the type of the first
+            QCOMPARE(Voce(i)->font().pixelSize(), qRound(Pixel_DaPunti(ScalaX(20))));
+    }
+
+    void vociSenzaAzione()
+    {
+        Apri();
+        for (const char *voce : {"cmdMnu_0", "cmdMnu_3"})
+            Premi(*form, voce);
+        for (int i : {0, 3, 8})
+            Q_EMIT Voce(i)->clicked();
+        QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMain")));
+    }
+
+    void senzaTestiDidascalieVuote()
+    {
+        QVERIFY(QFile::remove(Nativo(QStringLiteral("lingueMCTC.ini"))));
+        Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
+        Apri();
+        for (int i = 0; i <= 8; ++i)
+            QVERIFY(Voce(i)->text().isEmpty());
+        QVERIFY(Voce(2)->isVisible());
+    }
+
+    // --- picture and password -----------------------------------------------------------------------------
+
+    void figuraDelCliente_data()
+    {
+        QTest::addColumn<QString>("splash");
+        QTest::addColumn<bool>("figura");
+        QTest::newRow("KP") << QStringLiteral("splash_kp_net.jpg") << true;
+        QTest::newRow("altro cliente") << QString() << false;
+    }
+    /// A customer without pictures of its own sees the program's name.
+    void figuraDelCliente()
+    {
+        QFETCH(QString, splash);
+        QFETCH(bool, figura);
+        gSplashFile = splash;
+        if (!figura)
+            QVERIFY(QFile::remove(Nativo(QStringLiteral("dati\\splash_kp_net.jpg"))));
+        Apri();
+        auto *logo = Widget_Di<QLabel>(*form, "imgLogo");
+        QCOMPARE(!logo->pixmap().isNull(), figura);
+        QCOMPARE(logo->text(), figura ? QString() : QStringLiteral("lumira"));
+        QVERIFY(logo->isVisible());
+    }
+
+    void figuraMancanteFinisceIlProgramma()
+    {
+        QVERIFY(QFile::remove(Nativo(QStringLiteral("dati\\splash_kp_net.jpg"))));
+        form = Nuovo<frmMain>();
+        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 53);
+    }
+
+    void passwordPerVariante_data()
+    {
+        QTest::addColumn<QString>("logo");
+        QTest::addColumn<QString>("password");
+        QTest::newRow("KP") << QStringLiteral("kp_logo.gif") << QStringLiteral("ab");
+        QTest::newRow("altro") << QString() << QStringLiteral("ab");
+        QTest::newRow("norvo") << QStringLiteral("norvo_logo.gif") << QStringLiteral("cd");
+    }
+    void passwordPerVariante()
+    {
+        QFETCH(QString, logo);
+        QFETCH(QString, password);
+        gLogoFile = logo;
+        banco->Stazione.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Pwd"), QStringLiteral("ej"));
+        banco->Stazione.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Pwd2"), QStringLiteral("gl"));
+        Apri();
+        QCOMPARE(gPwdCorrente, password);
+    }
+
+    void passwordNonDecifrabileFinisceIlProgramma()
+    {
+        banco->Stazione.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Pwd"),
+                                QStringLiteral("aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa"));
+        form = Nuovo<frmMain>();
+        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 6);
+    }
+
+    // --- the beginning of a test --------------------------------------------------------------------------
+
+    void primaFinestraDellaProva_data()
+    {
+        QTest::addColumn<Flag>("lista");
+        QTest::addColumn<QString>("file"); // in the folder; empty: none; "-": not even the folder
+        QTest::addColumn<QString>("finestra");
+        const QString veicolo = QStringLiteral("frmMctc2");
+        const QString elenco = QStringLiteral("frmMctcO");
+        QTest::newRow("senza lista") << Falso << FILE_ACC << veicolo;
+        QTest::newRow("cartella vuota") << Vero << QString() << veicolo;
+        QTest::newRow("cartella mancante") << Vero << QStringLiteral("-") << veicolo;
+        QTest::newRow("altra estensione") << Vero << QStringLiteral("12345678.far") << veicolo;
+        QTest::newRow("estensione piu lunga") << Vero << QStringLiteral("12345678.accx") << veicolo;
+        QTest::newRow("un file") << Vero << FILE_ACC << elenco;
+        QTest::newRow("estensione maiuscola") << Vero << QStringLiteral("12345678.ACC") << elenco;
+        QTest::newRow("nome non idoneo") << Vero << QStringLiteral("x.acc") << elenco;
+    }
+    void primaFinestraDellaProva()
+    {
+        QFETCH(Flag, lista);
+        QFETCH(QString, file);
+        QFETCH(QString, finestra);
+        gIniFile = lista;
+        if (file == u"-")
+            QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR"))).removeRecursively());
+        else if (!file.isEmpty())
+            banco->Stazione.Accettazione(file);
+        gTipoProva = 4;
+        Apri();
+        Premi_Prova();
+        QCOMPARE(Nomi_Caricati(), QStringList({QStringLiteral("frmMain"), finestra}));
+        QCOMPARE(gTipoProva, qint16{2});
+        // It stands in front and does not block the menu.
+        QVERIFY(Modulo_Aperto(finestra.toLatin1().constData()) != nullptr);
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+    }
+
+    void cartellaDellaLetturaIrraggiungibile()
+    {
+        gDirAcc = QStringLiteral("Z:\\non\\esiste\\");
+        Apri();
+        Premi_Prova();
+        QVERIFY(Modulo_Aperto("frmMctc2") != nullptr);
+    }
+
+    // --- the flow -----------------------------------------------------------------------------------------
+
+    void provaCompletaDallaLista()
+    {
+        Apri();
+        Scegli_DallaLista();
+        gTabLingua.clear();
+        QStringList caricati;
+        Regia regia;
+        Sessione_Completa(regia, [&](Modulo &esito) {
+            caricati = Nomi_Caricati();
+            // Everything is done before the result shows: the record, the file, the end of the acceptance.
+            QCOMPARE(Testo_Di(esito, "lblTitolo"), Testo_Mctc(126));
+            QCOMPARE(Testo_Di(esito, "lblTab_8"), QStringLiteral("78.9"));
+            QCOMPARE(gTipoProva, qint16{4});
+            QVERIFY(banco->Stazione.Leggi(FILE_FAR).contains("\r\nEsito=R\r\n"));
+            QVERIFY(!Esiste(QStringLiteral("DIR_FAR\\") + FILE_ACC));
+        });
+        Conferma_Veicolo();
+        QVERIFY(regia.Finita());
+        // The forms behind it go when their own handlers have ended.
+        QCOMPARE(caricati, QStringList({QStringLiteral("frmMain"), QStringLiteral("frmMctc2"),
+                                        QStringLiteral("frmComm"), QStringLiteral("frmEsito")}));
+        QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMain")));
+        QCOMPARE(gTabLingua.size(), ULTIMO_TESTO_LINGUA + 1);
+        QVERIFY(form->Finestra()->isVisible());
+        QCOMPARE(gAltezzaFaro, 65.0);
+    }
+
+    void provaAManoSenzaFile()
+    {
+        gIniFile = Falso;
+        Apri();
+        Premi_Prova();
+        Regia regia;
+        Sessione_Completa(regia);
+        Conferma_Veicolo();
+        QVERIFY(regia.Finita());
+        QCOMPARE(Far_Valore(QStringLiteral("Esito")), QStringLiteral("R"));
+        QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR")))
+                    .isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+    }
+
+    /// In network mode the file stays for the network software to take.
+    void inReteLAccettazioneResta()
+    {
+        gModalita = Falso;
+        Imposta_Cartelle();
+        banco->Stazione.Scrivi(QStringLiteral("ESITO\\12345678.acc"),
+                               banco->Stazione.Leggi(QStringLiteral("dati\\ModelloAcc.acc")));
+        Apri();
+        Premi_Prova();
+        const auto lista = Modulo_Aperto("frmMctcO");
+        Widget_Di<QListWidget>(*lista, "lstAuto")->setCurrentRow(0);
+        Premi(*lista, "cmd_0");
+        Regia regia;
+        Sessione_Completa(regia);
+        Conferma_Veicolo();
+        QVERIFY(regia.Finita());
+        QVERIFY(Esiste(QStringLiteral("ESITO\\12345678.far")));
+        QVERIFY(Esiste(QStringLiteral("ESITO\\12345678.acc")));
+    }
+
+    void misuraFallitaNienteRisultato_data()
+    {
+        QTest::addColumn<bool>("interrotta");
+        QTest::newRow("interrotta dall'operatore") << true;
+        QTest::newRow("strumento muto") << false;
+    }
+    void misuraFallitaNienteRisultato()
+    {
+        QFETCH(bool, interrotta);
+        Linee_Prepara({});
+        Apri();
+        Scegli_DallaLista();
+        Regia regia;
+        regia.Quando("frmComm", [interrotta](Modulo &comm) {
+            if (interrotta)
+                Premi(comm, "cmd_0");
+            else
+                Orologio_Banco().Avanza(30000);
+        });
+        Conferma_Veicolo();
+        QVERIFY(regia.Finita());
+        QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMain")));
+        QVERIFY(!Esiste(FILE_FAR));
+        QVERIFY(Esiste(QStringLiteral("DIR_FAR\\") + FILE_ACC));
+        QVERIFY(Far_Valore(QStringLiteral("Esito")).isEmpty());
+        QVERIFY(form->Finestra()->isVisible());
+    }
+
+    void seconaProvaDopoLaPrima()
+    {
+        Apri();
+        for (int i = 0; i < 2; ++i) {
+            Scegli_DallaLista();
+            Regia regia;
+            Sessione_Completa(regia);
+            Conferma_Veicolo();
+            QVERIFY(regia.Finita());
+            QVERIFY(Esiste(FILE_FAR));
+            QVERIFY(QFile::remove(Nativo(FILE_FAR)));
+        }
+    }
+
+    void altriCodiciIgnorati()
+    {
+        Apri();
+        gIniFile = Falso;
+        Premi_Prova();
+        const auto veicolo = Modulo_Aperto<frmMctc2>("frmMctc2");
+        gIniFile = Vero;
+        banco->Stazione.Accettazione(FILE_ACC);
+        Premi_Prova();
+        const auto lista = Modulo_Aperto<frmMctcO>("frmMctcO");
+        for (qint16 codice : {qint16{0}, qint16{1}, qint16{2}, qint16{5}, qint16{6}, qint16{7}}) {
+            QVariant valore = 4;
+            Q_EMIT veicolo->Notifica(codice, valore);
+            Q_EMIT lista->Notifica(codice, valore);
+        }
+        QCOMPARE(gTipoProva, qint16{2});
+        QVERIFY(Linea_Corrente() == nullptr);
+        QCOMPARE(Nomi_Caricati().size(), 3);
+    }
+
+    /// The value that comes with code 4 says how the test was started.
+    void valoreDellaConferma()
+    {
+        Linee_Prepara({});
+        gIniFile = Falso;
+        Apri();
+        Premi_Prova();
+        Regia regia;
+        regia.Quando("frmComm", [](Modulo &comm) { Premi(comm, "cmd_0"); });
+        qint16 codice = 4;
+        QVariant valore = qint16{3};
+        Q_EMIT Modulo_Aperto<frmMctc2>("frmMctc2")->Notifica(codice, valore);
+        QVERIFY(regia.Finita());
+        QCOMPARE(gTipoProva, qint16{3}); // a failed session leaves it
+    }
+
+    /// However the test was started, its result is that of a confirmed vehicle.
+    void fineDellaMisuraTipo4()
+    {
+        gIniFile = Falso;
+        Apri();
+        Premi_Prova();
+        Regia regia;
+        Sessione_Completa(regia, [](Modulo &) { QCOMPARE(gTipoProva, qint16{4}); });
+        qint16 codice = 4;
+        QVariant valore = qint16{3};
+        Q_EMIT Modulo_Aperto<frmMctc2>("frmMctc2")->Notifica(codice, valore);
+        QVERIFY(regia.Finita());
+        QCOMPARE(gTipoProva, qint16{4});
+    }
+
+    /// Two presses of the button open two forms; the main window listens to the second alone.
+    void dueVolteProvaUnaSolaMisura()
+    {
+        gIniFile = Falso;
+        Apri();
+        Premi_Prova();
+        const auto primo = Modulo_Aperto("frmMctc2");
+        Premi_Prova();
+        const auto secondo = Modulo_Aperto("frmMctc2");
+        QVERIFY(primo != secondo);
+        Premi(*primo, "cmd_0");
+        QVERIFY(!primo->Caricato());
+        QVERIFY(Linea_Corrente() == nullptr);
+        Regia regia;
+        Sessione_Completa(regia);
+        Premi(*secondo, "cmd_0");
+        QVERIFY(regia.Finita());
+    }
+
+    void senzaCartellaDatiMessaggioEFine()
+    {
+        const EsitoFiglio esito = Figlio_Esegui({QString::fromLatin1(SENZA_DATI)});
+        QVERIFY2(esito.Finito, qPrintable(esito.Errori));
+        QCOMPARE(esito.Stato, 0);
+        QVERIFY2(esito.Uscita.contains(Testo_Lingua(4)), qPrintable(esito.Uscita));
+    }
+
+    // --- the other entries --------------------------------------------------------------------------------
+
+    void vociSenzaAttesa_data()
+    {
+        QTest::addColumn<int>("voce");
+        QTest::addColumn<QString>("finestra");
+        QTest::newRow("impostazioni") << 1 << QStringLiteral("frmSetupO");
+        QTest::newRow("anagrafica") << 5 << QStringLiteral("frmAnagOffO");
+    }
+    void vociSenzaAttesa()
+    {
+        QFETCH(int, voce);
+        QFETCH(QString, finestra);
+        Apri();
+        QTest::mouseClick(Voce(voce), Qt::LeftButton);
+        QCOMPARE(Nomi_Caricati(), QStringList({QStringLiteral("frmMain"), finestra}));
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+    }
+
+    void informazioni()
+    {
+        Apri();
+        Regia regia;
+        regia.Quando("frmAbout", [](Modulo &about) {
+            QCOMPARE(QApplication::activeModalWidget(), about.Finestra());
+            Premi(about, "cmd_0");
+        });
+        Premi(*form, "cmdMnu_6");
+        QVERIFY(regia.Finita());
+        QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMain")));
+    }
+
+    /// Only the right password opens the periodic verification, and a wrong one says nothing.
+    void verificaConPassword()
+    {
+        Apri();
+        QVERIFY(!gPwdCorrente.isEmpty());
+        Regia errata;
+        errata.Quando("dlgPwd", [](Modulo &dialogo) {
+            QCOMPARE(dialogo.Caption(), Testo_Mctc(20));
+            QVERIFY(Testo_Di(dialogo, "txtPwd").isEmpty());
+            Scrivi_Password(dialogo, QStringLiteral("zz"));
+        });
+        Premi(*form, "cmdMnu_4");
+        QVERIFY(errata.Finita());
+        QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMain")));
+
+        bool verifica = false;
+        Regia giusta;
+        giusta.Quando("dlgPwd", [](Modulo &dialogo) { Scrivi_Password(dialogo, gPwdCorrente); })
+            .Quando("frmVerPerO", [&verifica](Modulo &aperta) {
+                verifica = QApplication::activeModalWidget() == aperta.Finestra();
+                Premi(aperta, "cmd_1");
+            });
+        Premi(*form, "cmdMnu_4");
+        QVERIFY(giusta.Finita());
+        QVERIFY(verifica);
+
+        // The right one does not stay for the next time.
+        Regia nessuna;
+        nessuna.Quando("dlgPwd", [](Modulo &dialogo) { Scrivi_Password(dialogo, QString()); });
+        Premi(*form, "cmdMnu_4");
+        QVERIFY(nessuna.Finita());
+        QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMain")));
+    }
+
+    // --- what setup reports -------------------------------------------------------------------------------
+
+    void linguaCambiataSubito()
+    {
+        Apri();
+        Premi(*form, "cmdMnu_1");
+        const QString prima = Voce(2)->text();
+        gLingua = QStringLiteral("EN");
+        qint16 codice = 2;
+        QVariant valore = 0;
+        Q_EMIT Modulo_Aperto<frmSetupO>("frmSetupO")->Notifica(codice, valore);
+        QCOMPARE(gTabMctc.size(), ULTIMO_TESTO_MCTC + 1);
+        QCOMPARE(Voce(1)->text(), QStringLiteral("Settings"));
+        QCOMPARE(Voce(2)->text(), QStringLiteral("Headlamp test"));
+        QVERIFY(Voce(2)->text() != prima);
+        QVERIFY(!Voce(0)->isEnabled() && Voce(2)->isEnabled());
+    }
+
+    void modoCambiatoFiguraEMenu()
+    {
+        Apri();
+        auto *logo = Widget_Di<QLabel>(*form, "imgLogo");
+        logo->clear();
+        Premi(*form, "cmdMnu_1");
+        Voce(0)->setEnabled(true);
+        Voce(3)->setEnabled(true);
+        qint16 codice = 4;
+        QVariant valore = 0;
+        Q_EMIT Modulo_Aperto<frmSetupO>("frmSetupO")->Notifica(codice, valore);
+        QVERIFY(!logo->pixmap().isNull());
+        QVERIFY(!Voce(0)->isEnabled() && !Voce(3)->isEnabled());
+        QVERIFY(Linea_Corrente() ==
+                nullptr); // the same code from the entry form starts a test; not from here
+    }
+
+    /// Code 1 lets the setup form go: the object ends with its window.
+    void setupRilasciato()
+    {
+        Apri();
+        Premi(*form, "cmdMnu_1");
+        std::weak_ptr<frmSetupO> setup = Modulo_Aperto<frmSetupO>("frmSetupO");
+        qint16 codice = 1;
+        QVariant valore = 0;
+        Q_EMIT setup.lock()->Notifica(codice, valore);
+        setup.lock()->Scarica();
+        QVERIFY(setup.expired());
+    }
+
+    // --- the end ------------------------------------------------------------------------------------------
+
+    void uscitaScaricaTutto_data()
+    {
+        QTest::addColumn<bool>("pulsante");
+        QTest::newRow("pulsante") << true;
+        QTest::newRow("finestra") << false;
+    }
+    /// Every form goes with the main window, the one loaded last first, the main window last.
+    void uscitaScaricaTutto()
+    {
+        QFETCH(bool, pulsante);
+        Apri();
+        banco->Stazione.Accettazione(FILE_ACC);
+        Premi_Prova();
+        Premi(*form, "cmdMnu_1");
+        Premi(*form, "cmdMnu_5");
+        QStringList chiuse;
+        for (const auto &modulo : Moduli_Caricati()) {
+            connect(modulo->Finestra(), &QObject::destroyed, this,
+                    [&chiuse, nome = modulo->objectName()] { chiuse.append(nome); });
+        }
+        if (pulsante)
+            Premi(*form, "cmdMnu_7");
+        else
+            form->Finestra()->close();
+        QVERIFY(Nomi_Caricati().isEmpty());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QTRY_COMPARE(chiuse, QStringList({QStringLiteral("frmAnagOffO"), QStringLiteral("frmSetupO"),
+                                          QStringLiteral("frmMctcO"), QStringLiteral("frmMain")}));
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+    }
+
+    void uscitaDiUnaFinestraSola()
+    {
+        Apri();
+        Premi(*form, "cmdMnu_7");
+        QVERIFY(Nomi_Caricati().isEmpty());
+    }
+};
+
+namespace {
+
+/// The folder of the pictures goes while the entry form is open; the confirmation then ends the program.
+int Prova_SenzaDati(int argc, char **argv)
+{
+    const Applicazione applicazione(argc, argv);
+    const BancoForm banco;
+    gIniFile = Falso;
+    const auto form = Nuovo<frmMain>();
+    form->Mostra();
+    Premi(*form, "cmdMnu_2");
+    gTabLingua.clear(); // the start of a test loads its texts before anything else
+    QDir(banco.Stazione.Nativo(QStringLiteral("dati"))).removeRecursively();
+    Regia regia;
+    regia.Quando("frmMsg", [](Modulo &msg) {
+        std::printf("%s\n", qPrintable(Testo_Di(msg, "lbl_0")));
+        Orologio_Banco().Avanza(2000);
+    });
+    Premi(*Modulo_Aperto("frmMctc2"), "cmd_0");
+    return 99; // it never comes back
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc > 1 && qstrcmp(argv[1], SENZA_DATI) == 0)
+        return Prova_SenzaDati(argc, argv);
+    return Principale_Prova<tst_frmMain>(argc, argv);
+}
+#include "tst_frmMain.moc"

@@ -1,0 +1,715 @@
+// The worklist: the list and its poll, the check of a picked file, the hand-over to the entry form.
+#include "mctc/frmMctcO.h"
+
+#include "core/modCtl.h"
+#include "core/modGeneral.h"
+#include "dialogs/frmMsg.h"
+#include "report/frmMctc2.h"
+#include "tests/forms/banco_form.h"
+#include "tests/forms/figlio_prova.h"
+#include "tests/forms/principale_prova.h"
+
+#include <QCheckBox>
+#include <QDir>
+#include <QEventLoop>
+#include <QFile>
+#include <QListWidget>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+constexpr qint64 BATTITO = 2000; // ms
+
+const QColor ROSSO(255, 0, 0);
+const QColor BIANCO(255, 255, 255);
+
+} // namespace
+
+class tst_frmMctcO : public QObject
+{
+    Q_OBJECT
+
+private:
+    // --- the folder ---------------------------------------------------------------------------------------
+
+    QByteArray Buono() const { return banco->Stazione.Leggi(QStringLiteral("dati\\ModelloAcc.acc")); }
+
+    void Scrivi_File(const QString &nome, const QByteArray &byte) const
+    {
+        banco->Stazione.Scrivi(QStringLiteral("DIR_FAR\\") + nome, byte);
+    }
+    QString File_Nativo(const QString &nome) const
+    {
+        return banco->Stazione.Nativo(QStringLiteral("DIR_FAR\\") + nome);
+    }
+    void Togli_File(const QString &nome) const { QVERIFY(QFile::remove(File_Nativo(nome))); }
+    /// A file written again under its name: the time of its writing moves on, as it does in a workshop.
+    void Riscrivi_File(const QString &nome, const QByteArray &byte)
+    {
+        Scrivi_File(nome, byte);
+        ++scritture;
+        QFile file(File_Nativo(nome));
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(60 * scritture),
+                                 QFileDevice::FileModificationTime));
+    }
+    QByteArray Con(const QByteArray &riga, const QByteArray &altra) const
+    {
+        const QByteArray buono = Buono();
+        if (!buono.contains("\r\n" + riga + "\r\n"))
+            qFatal("no line %s in the template", riga.constData());
+        return QByteArray(buono).replace("\r\n" + riga + "\r\n", "\r\n" + altra + "\r\n");
+    }
+
+    // --- the form -----------------------------------------------------------------------------------------
+
+    void Apri()
+    {
+        form = Nuovo<frmMctcO>();
+        form->Mostra();
+        QVERIFY(Attiva(*form));
+    }
+    QListWidget *Lista() const { return Widget_Di<QListWidget>(*form, "lstAuto"); }
+    QStringList Righe() const
+    {
+        QStringList righe;
+        for (int i = 0; i < Lista()->count(); ++i)
+            righe.append(Lista()->item(i)->text());
+        return righe;
+    }
+    void Clicca_Riga(int riga) const
+    {
+        QTest::mouseClick(Lista()->viewport(), Qt::LeftButton, Qt::KeyboardModifiers(),
+                          Lista()->visualItemRect(Lista()->item(riga)).center());
+    }
+    /// Waits for the report of a faulty file, keeps its text and closes it with its button.
+    void Leggi_Rapporto(Regia &regia)
+    {
+        regia.Quando("frmMsg", [this](Modulo &msg) {
+            rapporto = Testo_Di(msg, "lbl_0");
+            QCOMPARE(Predefinito<frmMsg>().Mode, qint16{1});
+            QCOMPARE(Predefinito<frmMsg>().TopMost, qint16{-1});
+            Premi(msg, "cmd_0");
+        });
+    }
+    static void Battito() { Orologio_Banco().Avanza(BATTITO); }
+    /// A beat inside a loop, as the program runs, and a press of the confirmation that comes in while the
+    /// beat lists the folder. @return the number of the run-time error; 0 for none.
+    int Battito_ConConferma()
+    {
+        int errore = -1;
+        QEventLoop ciclo;
+        QTimer::singleShot(0, &ciclo, [&] {
+            QMetaObject::invokeMethod(
+                this, [this] { Premi(*form, "cmd_0"); }, Qt::QueuedConnection);
+            errore = Errore_Di([] { Battito(); });
+            ciclo.quit();
+        });
+        ciclo.exec();
+        return errore;
+    }
+    bool Conferma_Abilitata() const { return Abilitato(*form, "cmd_0"); }
+    bool Esci_Abilitato() const { return Abilitato(*form, "cmd_1"); }
+
+    std::unique_ptr<BancoForm> banco;
+    std::shared_ptr<frmMctcO> form;
+    QString rapporto;
+    int scritture = 0;
+
+private Q_SLOTS:
+    void init()
+    {
+        banco = std::make_unique<BancoForm>();
+        gTipoProva = 2;
+        rapporto.clear();
+    }
+    void cleanup()
+    {
+        banco.reset();
+        form.reset();
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+    }
+
+    // --- opening ------------------------------------------------------------------------------------------
+
+    void apertura()
+    {
+        Scrivi_File(QStringLiteral("20000000.acc"), Buono());
+        Scrivi_File(QStringLiteral("10000000.Acc"), Con("Targa=AB123CD", "Targa=EF456GH"));
+        gFileAcc = QStringLiteral("prima");
+        Apri();
+        QCOMPARE(form->Caption(), Testo_Mctc(2));
+        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(36));
+        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(37));
+        QCOMPARE(Testo_Di(*form, "cmd_0"), Testo_Mctc(107));
+        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(106));
+        QVERIFY(gFileAcc.isEmpty());
+        // Names in capitals, the plate behind a tab, in the folder's own order.
+        QCOMPARE(Righe(), QStringList({QStringLiteral("10000000.ACC\tEF456GH"),
+                                       QStringLiteral("20000000.ACC\tAB123CD")}));
+        QCOMPARE(Orologio_Banco().Armate(), 1);
+    }
+
+    /// Opening the list checks no file, nor does the keyboard's coming to it.
+    void nienteSceltoAllApertura()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        for (int i = 0; i < 4; ++i) {
+            QCOMPARE(Lista()->currentRow(), -1);
+            QVERIFY(gFileAcc.isEmpty());
+            QVERIFY(Testo_Di(*form, "txt_6").isEmpty());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        QVERIFY(!Conferma_Abilitata());
+        QVERIFY(Esci_Abilitato());
+    }
+
+    void altreEstensioniFuoriDallaLista()
+    {
+        Scrivi_File(QStringLiteral("12345678.accx"), Buono());
+        Scrivi_File(QStringLiteral("12345678.far"), Buono());
+        Scrivi_File(QStringLiteral("1.acc"), "[x]\r\n");
+        Apri();
+        QCOMPARE(Righe(), QStringList(QStringLiteral("1.ACC\t"))); // unfit ones are shown, not hidden
+    }
+
+    void corniciDipinte()
+    {
+        Apri();
+        QVERIFY(Ha_Cornice(*form, ScalaX(100), ScalaY(200), ScalaX(7000), ScalaY(2500)));
+        QVERIFY(Ha_Cornice(*form, ScalaX(100), ScalaY(2700), ScalaX(7000), ScalaY(9500)));
+        QVERIFY(Ha_Cornice(*form, ScalaX(8000), ScalaY(500), ScalaX(15000), ScalaY(10800)));
+    }
+
+    /// Every row of the file has its place inside its frame, and none lies on another.
+    void righeNelleCornici()
+    {
+        Apri();
+        const auto cornice = [](qint32 x1, qint32 y1, qint32 x2, qint32 y2) {
+            return Posto_Twip(ScalaX(x1), ScalaY(y1), ScalaX(x2) - ScalaX(x1), ScalaY(y2) - ScalaY(y1))
+                .adjusted(1, 1, 0, 0); // the lines themselves stay free
+        };
+        const QRect sinistra = cornice(100, 2700, 7000, 9500);
+        const QRect destra = cornice(8000, 500, 15000, 10800);
+        QList<QWidget *> caselle;
+        for (int i = 0; i <= 43; ++i) // rows 0 to 45 without the two check boxes
+            caselle.append(Membro_Di<QWidget>(*form, "txt", i));
+        for (int i = 0; i <= 1; ++i)
+            caselle.append(Membro_Di<QWidget>(*form, "chk", i));
+        for (qsizetype i = 0; i < caselle.size(); ++i) {
+            QVERIFY(caselle[i]->isVisible());
+            QVERIFY2((i < 18 ? sinistra : destra).contains(caselle[i]->geometry()),
+                     qPrintable(caselle[i]->objectName()));
+            for (qsizetype j = 0; j < i; ++j)
+                QVERIFY(!caselle[i]->geometry().intersects(caselle[j]->geometry()));
+        }
+    }
+
+    // --- picking a file -----------------------------------------------------------------------------------
+
+    void fileBuono()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Clicca_Riga(0);
+        QCOMPARE(gFileAcc, gDirAcc + QStringLiteral("12345678.ACC"));
+        QVERIFY(Conferma_Abilitata());
+        QVERIFY(Esci_Abilitato());
+        QCOMPARE(Testo_Di(*form, "txt_0"),
+                 QStringLiteral("21/11/2026")); // dates and times as people read them
+        QCOMPARE(Testo_Di(*form, "txt_2"), QStringLiteral("09.30.00"));
+        QCOMPARE(Testo_Di(*form, "txt_6"), QStringLiteral("VERDI"));
+        QCOMPARE(Testo_Di(*form, "txt_43"), QStringLiteral("HH"));
+        QVERIFY(!Widget_Di<QCheckBox>(*form, "chk_0")->isChecked());
+        QVERIFY(Widget_Di<QCheckBox>(*form, "chk_1")->isChecked());
+        QVERIFY(!Abilitato(*form, "chk_0"));
+        for (int i = 0; i <= 43; ++i) {
+            QVERIFY(Membro_Di<QLineEdit>(*form, "txt", i)->isReadOnly());
+            QCOMPARE(Sfondo_Di(Membro_Di<QWidget>(*form, "txt", i)), BIANCO);
+        }
+        QVERIFY(Modulo_Aperto("frmMsg") == nullptr);
+    }
+
+    /// The keys of the list pick a file as the mouse does.
+    void fileSceltoDaTastiera()
+    {
+        Scrivi_File(QStringLiteral("10000000.acc"), Buono());
+        Scrivi_File(QStringLiteral("20000000.acc"), Con("Nome=NICOL\xD2", "Nome=ADA"));
+        Apri();
+        QTest::keyClick(Lista(), Qt::Key_Down);
+        QCOMPARE(gFileAcc, gDirAcc + QStringLiteral("10000000.ACC"));
+        QTest::keyClick(Lista(), Qt::Key_Down);
+        QCOMPARE(gFileAcc, gDirAcc + QStringLiteral("20000000.ACC"));
+        QCOMPARE(Testo_Di(*form, "txt_7"), QStringLiteral("ADA"));
+    }
+
+    void fileGuastoMostraIlRapporto()
+    {
+        Scrivi_File(QStringLiteral("10000000.acc"), Con("CAP=47121", "CAP=123"));
+        Scrivi_File(QStringLiteral("20000000.acc"), Buono());
+        Apri();
+        Regia regia;
+        Leggi_Rapporto(regia);
+        Clicca_Riga(0);
+        QVERIFY(regia.Finita());
+        QCOMPARE(rapporto,
+                 Testo_Mctc(110) + QStringLiteral(": \r\nSezione:[Prenotazione] - Campo:CAP - Errore "
+                                                  "di lunghezza\r\n"));
+        QVERIFY(!Conferma_Abilitata());
+        QVERIFY(Esci_Abilitato());
+        // It stays listed, it stays the file at hand, and it cannot go into a test.
+        QCOMPARE(Lista()->count(), 2);
+        QCOMPARE(gFileAcc, gDirAcc + QStringLiteral("10000000.ACC"));
+        Premi(*form, "cmd_0");
+        QTest::keyClick(Lista(), Qt::Key_Return);
+        QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMctcO")));
+
+        // Row 13 stands in text box 13; only that one is red, and a clean file after it clears it.
+        for (int i = 0; i <= 43; ++i)
+            QCOMPARE(Sfondo_Di(Membro_Di<QWidget>(*form, "txt", i)), i == 13 ? ROSSO : BIANCO);
+        Clicca_Riga(1);
+        QCOMPARE(Sfondo_Di(Widget_Di(*form, "txt_13")), BIANCO);
+        QVERIFY(Conferma_Abilitata());
+    }
+
+    void fileGuastoDopoUnoBuonoSpegneConferma()
+    {
+        Scrivi_File(QStringLiteral("10000000.acc"), Buono());
+        Scrivi_File(QStringLiteral("20000000.acc"), Con("CAP=47121", "CAP=123"));
+        Apri();
+        Clicca_Riga(0);
+        QVERIFY(Conferma_Abilitata());
+        Regia regia;
+        Leggi_Rapporto(regia);
+        Clicca_Riga(1);
+        QVERIFY(regia.Finita());
+        QVERIFY(!Conferma_Abilitata());
+    }
+
+    /// A click on the line that is picked already checks the file again.
+    void secondoClickSullaStessaRiga()
+    {
+        Scrivi_File(QStringLiteral("10000000.acc"), Con("CAP=47121", "CAP=123"));
+        Apri();
+        for (int i = 0; i < 2; ++i) {
+            rapporto.clear();
+            Regia regia;
+            Leggi_Rapporto(regia);
+            Clicca_Riga(0);
+            QVERIFY(regia.Finita());
+            QVERIFY(!rapporto.isEmpty());
+        }
+    }
+
+    void fileGuasti_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<bool>("sparisce");
+        QTest::addColumn<QString>("riga");
+        QTest::newRow("nome corto") << QStringLiteral("123.acc") << false
+                                    << QStringLiteral("\\123.ACC - File  non idoneo\r\n");
+        QTest::newRow("nome di lettere") << QStringLiteral("ABCDEFGH.acc") << false
+                                         << QStringLiteral("\\ABCDEFGH.ACC - File  non idoneo\r\n");
+        QTest::newRow("sparito prima del click")
+            << QStringLiteral("12345678.acc") << true
+            << QStringLiteral("\\12345678.ACC - File  non disponibile\r\n");
+    }
+    void fileGuasti()
+    {
+        QFETCH(QString, nome);
+        QFETCH(bool, sparisce);
+        QFETCH(QString, riga);
+        Scrivi_File(nome, Buono());
+        Apri();
+        if (sparisce)
+            Togli_File(nome);
+        Regia regia;
+        Leggi_Rapporto(regia);
+        Clicca_Riga(0);
+        QVERIFY(regia.Finita());
+        QVERIFY2(rapporto.contains(riga), qPrintable(rapporto));
+        QVERIFY(!Conferma_Abilitata());
+        QVERIFY(Esci_Abilitato());
+    }
+
+    void controlloVisivoSoloSeRichiesto()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Con("GiocoSterzo_22=R", "GiocoSterzo_22=X"));
+        Apri();
+        Clicca_Riga(0);
+        QVERIFY(Conferma_Abilitata());
+        gControlloVisivo = Vero;
+        Regia regia;
+        Leggi_Rapporto(regia);
+        Clicca_Riga(0);
+        QVERIFY(regia.Finita());
+        QVERIFY(rapporto.endsWith(QStringLiteral("Controllo Visivo-Sezione: Vis_Sterzo\r\n")));
+        QVERIFY(!Conferma_Abilitata());
+    }
+
+    void elencoDisabilitatoNonControlla()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Lista()->setEnabled(false);
+        Lista()->setCurrentRow(0);
+        QVERIFY(gFileAcc.isEmpty());
+        QVERIFY(!Conferma_Abilitata());
+    }
+
+    /// A file beyond 16 bits of length ends the program when the operator picks it.
+    void fileTroppoLungoFinisceIlProgramma()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono() + QByteArray(33000, 'x'));
+        Apri();
+        QCOMPARE(Errore_Di([this] { Lista()->setCurrentRow(0); }), 6);
+        QApplication::restoreOverrideCursor();
+    }
+
+    // --- the poll -----------------------------------------------------------------------------------------
+
+    /// The first beat builds the list once more; after it only a change does.
+    void battitiSenzaCambiamenti()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        QSignalSpy rifatta(Lista()->model(), &QAbstractItemModel::modelReset);
+        Orologio_Banco().Avanza(BATTITO - 1);
+        QCOMPARE(rifatta.count(), 0);
+        Orologio_Banco().Avanza(1);
+        QCOMPARE(rifatta.count(), 1);
+        Orologio_Banco().Avanza(10 * BATTITO);
+        QCOMPARE(rifatta.count(), 1);
+        QCOMPARE(Lista()->currentRow(), -1);
+    }
+
+    void cartellaVuotaPoiIlPrimoFile()
+    {
+        Apri();
+        QCOMPARE(Lista()->count(), 0);
+        Orologio_Banco().Avanza(3 * BATTITO);
+        QCOMPARE(Lista()->count(), 0);
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Battito();
+        QCOMPARE(Righe(), QStringList(QStringLiteral("12345678.ACC\tAB123CD")));
+        QCOMPARE(Lista()->currentRow(), -1);
+        Clicca_Riga(0);
+        QVERIFY(Conferma_Abilitata());
+    }
+
+    /// The line keeps its place, not its file: what stands there now is checked at once.
+    void nuovoFileEntroUnBattito()
+    {
+        Scrivi_File(QStringLiteral("20000000.acc"), Buono());
+        Apri();
+        Battito();
+        Clicca_Riga(0);
+        QVERIFY(Conferma_Abilitata());
+        Scrivi_File(QStringLiteral("10000000.acc"), Con("CAP=47121", "CAP=123"));
+        Regia regia;
+        Leggi_Rapporto(regia);
+        Battito();
+        QVERIFY(regia.Finita());
+        QCOMPARE(Lista()->count(), 2);
+        QCOMPARE(Lista()->currentRow(), 0);
+        QCOMPARE(gFileAcc, gDirAcc + QStringLiteral("10000000.ACC"));
+        QVERIFY(rapporto.contains(QStringLiteral("Campo:CAP")));
+        QVERIFY(!Conferma_Abilitata());
+    }
+
+    void cambiatoSulPostoEScelto()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Battito();
+        Clicca_Riga(0);
+        Riscrivi_File(QStringLiteral("12345678.acc"),
+                      Con("CognomeDenominazione=VERDI", "CognomeDenominazione=NERI"));
+        Battito();
+        QCOMPARE(Lista()->currentRow(), 0);
+        QCOMPARE(Testo_Di(*form, "txt_6"), QStringLiteral("NERI"));
+        QVERIFY(Conferma_Abilitata());
+        // And now a fault: the confirmation goes.
+        Riscrivi_File(QStringLiteral("12345678.acc"), Con("CAP=47121", "CAP=123"));
+        Regia regia;
+        Leggi_Rapporto(regia);
+        Battito();
+        QVERIFY(regia.Finita());
+        QVERIFY(!Conferma_Abilitata());
+    }
+
+    void cambiatoSulPostoENonScelto()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Battito();
+        Riscrivi_File(QStringLiteral("12345678.acc"), Con("Targa=AB123CD", "Targa=EF456GH"));
+        Battito();
+        QCOMPARE(Righe(), QStringList(QStringLiteral("12345678.ACC\tEF456GH")));
+        QCOMPARE(Lista()->currentRow(), -1);
+        QVERIFY(gFileAcc.isEmpty());
+    }
+
+    /// A selection beyond the shortened list ends the beat; the next one starts afresh.
+    void sceltaOltreLaListaAccorciata()
+    {
+        Scrivi_File(QStringLiteral("10000000.acc"), Buono());
+        Scrivi_File(QStringLiteral("20000000.acc"), Buono());
+        Apri();
+        Battito();
+        Clicca_Riga(1);
+        Togli_File(QStringLiteral("20000000.acc"));
+        Battito();
+        QCOMPARE(Righe(), QStringList(QStringLiteral("10000000.ACC\tAB123CD")));
+        QCOMPARE(Lista()->currentRow(), -1);
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+        Scrivi_File(QStringLiteral("30000000.acc"), Buono());
+        Battito();
+        QCOMPARE(Lista()->count(), 2);
+    }
+
+    void tuttiSparisconoELaConfermaFinisceIlProgramma()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Battito();
+        Clicca_Riga(0);
+        Togli_File(QStringLiteral("12345678.acc"));
+        Battito();
+        QCOMPARE(Lista()->count(), 0);
+        QVERIFY(Conferma_Abilitata()); // what a clean file has switched on stays so
+        QCOMPARE(Errore_Di([this] { Q_EMIT Widget_Di<QPushButton>(*form, "cmd_0")->clicked(); }), 9);
+        QVERIFY(Modulo_Aperto("frmMctc2") == nullptr);
+    }
+
+    void cartellaCheVaEViene()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Battito();
+        QDir cartella(banco->Stazione.Nativo(QStringLiteral("DIR_FAR")));
+        QVERIFY(cartella.removeRecursively());
+        Battito();
+        QCOMPARE(Lista()->count(), 0);
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Battito();
+        QCOMPARE(Lista()->count(), 1);
+    }
+
+    /// While a file is read and checked a beat does nothing, and the operator sees that the form is busy.
+    void battitoDuranteIlControllo()
+    {
+        Scrivi_File(QStringLiteral("20000000.acc"), Buono());
+        Apri();
+        Battito();
+        Scrivi_File(QStringLiteral("10000000.acc"), Buono());
+        int volte = 0;
+        // The first field that takes its text stands for any moment of the check.
+        connect(Widget_Di<QLineEdit>(*form, "txt_0"), &QLineEdit::textChanged, this, [&] {
+            ++volte;
+            QVERIFY(!Conferma_Abilitata() && !Esci_Abilitato());
+            QVERIFY(QApplication::overrideCursor() != nullptr);
+            Battito();
+            QCOMPARE(Lista()->count(), 1);
+            QVERIFY(QApplication::overrideCursor() != nullptr); // nor did the beat take the pointer away
+        });
+        Clicca_Riga(0);
+        QCOMPARE(volte, 1);
+        QVERIFY(Conferma_Abilitata() && Esci_Abilitato());
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+        Widget_Di(*form, "txt_0")->disconnect(this);
+        Battito();
+        QCOMPARE(Lista()->count(), 2);
+    }
+
+    void battitoConIlRapportoAperto()
+    {
+        Scrivi_File(QStringLiteral("10000000.acc"), Con("CAP=47121", "CAP=123"));
+        Apri();
+        Battito();
+        Regia regia;
+        regia.Quando("frmMsg", [this](Modulo &msg) {
+            Scrivi_File(QStringLiteral("05000000.acc"), Con("CAP=47121", "CAP=9"));
+            Battito();
+            // The list went on; a second report finds the box taken, and drops itself.
+            QCOMPARE(Lista()->count(), 2);
+            QCOMPARE(gFileAcc, gDirAcc + QStringLiteral("05000000.ACC"));
+            Premi(msg, "cmd_0");
+        });
+        Clicca_Riga(0);
+        QVERIFY(regia.Finita());
+        QVERIFY(!Conferma_Abilitata());
+        QVERIFY(Esci_Abilitato());
+    }
+
+    /// An error inside the check that a beat set off ends the beat and nothing more: the form stays in use.
+    void erroreDelControlloInUnBattito()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Battito();
+        Clicca_Riga(0);
+        Riscrivi_File(QStringLiteral("12345678.acc"), Buono() + QByteArray(33000, 'x'));
+        QCOMPARE(Errore_Di([] { Battito(); }), 0);
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+        QVERIFY(!Conferma_Abilitata());
+        QVERIFY(Esci_Abilitato());
+        Riscrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Battito();
+        QVERIFY(Conferma_Abilitata());
+    }
+
+    /// Counts of files have 16 bits: a folder beyond them is passed over, beat by beat, until it shrinks.
+    void cartellaOltreISediciBit()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Battito();
+        QCOMPARE(Lista()->count(), 1);
+        const QString modello = File_Nativo(QStringLiteral("%1.acc"));
+        for (int i = 0; i < 32768; ++i) {
+            QFile file(modello.arg(i));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+        }
+        QCOMPARE(Errore_Di([] { Battito(); }), 0);
+        QCOMPARE(Lista()->count(), 1);
+        for (int i = 0; i < 32768; ++i)
+            QFile::remove(modello.arg(i));
+        Scrivi_File(QStringLiteral("22345678.acc"), Buono());
+        Battito();
+        QCOMPARE(Lista()->count(), 2);
+    }
+
+    // --- hand-over ----------------------------------------------------------------------------------------
+
+    void confermaApreIlVeicoloEChiudeLaLista()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Clicca_Riga(0);
+        gFileAcc.clear(); // it is taken from the line again
+        Premi(*form, "cmd_0");
+        QVERIFY(!form->Caricato());
+        QCOMPARE(gFileAcc, gDirAcc + QStringLiteral("12345678.ACC"));
+        QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMctc2")));
+        const auto veicolo = Modulo_Aperto("frmMctc2");
+        QCOMPARE(Testo_Di(*veicolo, "txt_3"), QStringLiteral("AB123CD"));
+        QCOMPARE(Orologio_Banco().Armate(), 0); // the poll has stopped
+    }
+
+    /// A press that falls into the rebuilding of the list counts for the line that the operator saw, and no
+    /// other file takes its place behind his back.
+    void confermaDuranteLaRilettura()
+    {
+        Scrivi_File(QStringLiteral("20000000.acc"), Buono());
+        Apri();
+        Battito();
+        Clicca_Riga(0);
+        Togli_File(QStringLiteral("20000000.acc"));
+        Scrivi_File(QStringLiteral("10000000.acc"), Buono());
+        QCOMPARE(Battito_ConConferma(), 0);
+        QCOMPARE(gFileAcc, gDirAcc + QStringLiteral("20000000.ACC"));
+        QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMctc2")));
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+    }
+
+    /// Enter in the list confirms a clean file.
+    void invioConferma()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        QTest::keyClick(Lista(), Qt::Key_Down);
+        QTest::keyClick(Lista(), Qt::Key_Return);
+        QVERIFY(Modulo_Aperto("frmMctc2") != nullptr);
+    }
+
+    /// The entry form tells the list, the list tells its parent, once, with the value that it got.
+    void notificaInDueStadi()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Notifiche notifiche;
+        connect(form.get(), &frmMctcO::Notifica, this, [&](qint16 &codice, QVariant &valore) {
+            notifiche.append({codice, valore.toInt()});
+            QCOMPARE(gFileAcc, gDirAcc + QStringLiteral("12345678.ACC"));
+            QVERIFY(Modulo_Aperto("frmMctc2") != nullptr); // it unloads after the test that it starts
+        });
+        Clicca_Riga(0);
+        Premi(*form, "cmd_0");
+        QVERIFY(notifiche.isEmpty());
+        Premi(*Modulo_Aperto("frmMctc2"), "cmd_0");
+        QCOMPARE(notifiche, (QList<QPair<int, int>>{
+                                {4, 4}
+        }));
+        QVERIFY(Nomi_Caricati().isEmpty());
+    }
+
+    void altriCodiciIgnorati()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        const auto notifiche = Ascolta(*form);
+        Clicca_Riga(0);
+        Premi(*form, "cmd_0");
+        const auto veicolo = Modulo_Aperto<frmMctc2>("frmMctc2");
+        for (qint16 codice : {qint16{0}, qint16{1}, qint16{5}, qint16{6}, qint16{7}}) {
+            QVariant valore = 4;
+            Q_EMIT veicolo->Notifica(codice, valore);
+        }
+        QVERIFY(notifiche->isEmpty());
+        Premi(*veicolo, "cmd_2"); // leaving the entry form tells nothing either
+        QVERIFY(notifiche->isEmpty());
+        QVERIFY(Nomi_Caricati().isEmpty());
+    }
+
+    void esciNonDiceNulla_data()
+    {
+        QTest::addColumn<QString>("modo");
+        QTest::newRow("pulsante") << QStringLiteral("pulsante");
+        QTest::newRow("tasto") << QStringLiteral("tasto");
+        QTest::newRow("finestra") << QStringLiteral("finestra");
+    }
+    void esciNonDiceNulla()
+    {
+        QFETCH(QString, modo);
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        const auto notifiche = Ascolta(*form);
+        Clicca_Riga(0);
+        if (modo == u"pulsante")
+            Premi(*form, "cmd_1");
+        else if (modo == u"tasto")
+            QTest::keyClick(Lista(), Qt::Key_Escape);
+        else
+            form->Finestra()->close();
+        QVERIFY(!form->Caricato());
+        QVERIFY(Nomi_Caricati().isEmpty());
+        QVERIFY(notifiche->isEmpty());
+        QVERIFY(QFile::exists(File_Nativo(QStringLiteral("12345678.acc")))); // the list removes no file
+    }
+
+    void suOgniSchermo_data()
+    {
+        QTest::addColumn<QSize>("schermo");
+        for (const QSize schermo : Schermi_Prova())
+            QTest::addRow("%d x %d", schermo.width(), schermo.height()) << schermo;
+    }
+    /// The layout holds on every screen of a workshop, each one in a process of its own.
+    void suOgniSchermo()
+    {
+        QFETCH(QSize, schermo);
+        const EsitoFiglio esito =
+            Figlio_Esegui({QStringLiteral("corniciDipinte"), QStringLiteral("righeNelleCornici")}, schermo);
+        QVERIFY2(esito.Finito && esito.Stato == 0, qPrintable(esito.Uscita));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return Principale_Prova<tst_frmMctcO>(argc, argv);
+}
+#include "tst_frmMctcO.moc"

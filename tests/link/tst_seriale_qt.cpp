@@ -1,0 +1,524 @@
+// The serial control on a real pseudo terminal: the test holds its other end, and closing that is a cable
+// pulled out.
+#include "link/seriale.h"
+
+#include "platform/errore_esecuzione.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRegularExpression>
+#include <QSocketNotifier>
+#include <QTest>
+
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <ctime>
+
+namespace {
+
+constexpr qint16 PORTA = 7;
+
+template <typename Procedura>
+int Errore_Di(Procedura procedura)
+{
+    try {
+        procedura();
+    } catch (const ErroreEsecuzione &errore) {
+        return errore.Numero();
+    }
+    return 0;
+}
+
+/// The other end of the line.
+class CapoLontano
+{
+public:
+    CapoLontano() : m_fd(posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK))
+    {
+        if (m_fd < 0 || grantpt(m_fd) != 0 || unlockpt(m_fd) != 0)
+            qFatal("no pseudo terminal");
+        m_nome = QFile::decodeName(ptsname(m_fd));
+    }
+    ~CapoLontano() { Stacca(); }
+    Q_DISABLE_COPY_MOVE(CapoLontano)
+
+    const QString &Nome() const { return m_nome; }
+    void Manda(const QByteArray &byte) const
+    {
+        QCOMPARE(write(m_fd, byte.data(), size_t(byte.size())), byte.size());
+    }
+    QByteArray Arrivati() const
+    {
+        QByteArray byte;
+        char pezzo[4096];
+        for (ssize_t letti = 0; (letti = read(m_fd, pezzo, sizeof pezzo)) > 0;)
+            byte.append(pezzo, letti);
+        return byte;
+    }
+    void Stacca()
+    {
+        if (m_fd >= 0)
+            close(m_fd);
+        m_fd = -1;
+    }
+
+private:
+    int m_fd;
+    QString m_nome;
+};
+
+double Secondi_Processore()
+{
+    timespec tempo = {};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &tempo);
+    return static_cast<double>(tempo.tv_sec) + static_cast<double>(tempo.tv_nsec) / 1e9;
+}
+
+} // namespace
+
+class tst_seriale_qt : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void byteNeiDueVersi();
+    void zeroConservatoEBloccoSpezzato();
+    void senzaSogliaNessunEvento();
+    void nessunEventoPerBytePresiPrima();
+    void eventoDuranteUnRiquadro();
+    void chiusaDentroLEvento();
+    void distruttaDentroLEvento();
+    void risveglioAVuoto_data();
+    void risveglioAVuoto();
+
+    void legameMancante();
+    void legameSenzaDispositivo();
+    void legameChiamatoInMinuscolo();
+    void portaOccupata();
+    void dueLegamiUnDispositivo();
+    void portaChiusaSolleva();
+
+    void impostazioni_data();
+    void impostazioni();
+    void formatoCheLoPseudoTerminaleNonHa();
+    void valoriCheIlCollegamentoNonUsa();
+
+    void lineaPienaNonBlocca();
+    void frameInCodaLasciatoCadere();
+    void chiusuraNonAspettaLaLineaPiena();
+
+    void cavoStaccato_data();
+    void cavoStaccato();
+    void ultimiByteAncoraLeggibili();
+
+private:
+    static QString Legame(const QString &nome = QStringLiteral("COM7"))
+    {
+        return QCoreApplication::applicationDirPath() + QStringLiteral("/porte/") + nome;
+    }
+    /// Opens the port as a session does, and gathers what comes in.
+    void Apri();
+
+    std::unique_ptr<CapoLontano> m_capo;
+    std::unique_ptr<ControlloSeriale> m_porta;
+    int m_eventi = 0;
+    QByteArray m_arrivati;
+};
+
+void tst_seriale_qt::init()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    cleanup(); // of a run that died
+    QDir().mkpath(QCoreApplication::applicationDirPath() + QStringLiteral("/porte"));
+    m_capo = std::make_unique<CapoLontano>();
+    QVERIFY(QFile::link(m_capo->Nome(), Legame()));
+    m_porta = Crea_ControlloSeriale();
+    m_porta->CommPort(PORTA);
+    m_eventi = 0;
+    m_arrivati.clear();
+}
+
+void tst_seriale_qt::cleanup()
+{
+    m_porta.reset();
+    m_capo.reset();
+    QDir(QCoreApplication::applicationDirPath() + QStringLiteral("/porte")).removeRecursively();
+}
+
+void tst_seriale_qt::Apri()
+{
+    m_porta->OnComm = [this] {
+        ++m_eventi;
+        QCOMPARE(m_porta->CommEvent(), qint16(EventoRicezione));
+        const qint16 conta = m_porta->InBufferCount();
+        QVERIFY(conta > 0); // an event without bytes would put an error box on the screen
+        const QByteArray byte = m_porta->Input();
+        QCOMPARE(byte.size(), qsizetype(conta));
+        m_arrivati += byte;
+    };
+    m_porta->PortOpen(true);
+    m_porta->Settings(QStringLiteral("9600,N,8,1"));
+    m_porta->InputLen(0);
+    m_porta->InputMode(1);
+    m_porta->RThreshold(1);
+    m_porta->NullDiscard(false);
+}
+
+void tst_seriale_qt::byteNeiDueVersi()
+{
+    QVERIFY(!m_porta->PortOpen());
+    Apri();
+    QVERIFY(m_porta->PortOpen());
+    const QByteArray andata = QByteArray::fromHex("0241424310360300FF0D0A11137F");
+    m_porta->OutBufferCount(0);
+    m_porta->Output(andata);
+    QByteArray alCapo;
+    QTRY_VERIFY((alCapo += m_capo->Arrivati()).size() >= andata.size());
+    QCOMPARE(alCapo, andata);
+
+    m_capo->Manda(andata);
+    QTRY_COMPARE(m_arrivati, andata);
+    QCOMPARE(m_porta->InBufferCount(), qint16(0));
+    QCOMPARE(m_porta->Input(), QByteArray());
+}
+
+void tst_seriale_qt::zeroConservatoEBloccoSpezzato()
+{
+    Apri();
+    m_capo->Manda(QByteArray("\x02\x00", 2));
+    QTRY_COMPARE(m_eventi, 1);
+    m_capo->Manda(QByteArray("\x00\x03", 2));
+    QTRY_COMPARE(m_eventi, 2);
+    QCOMPARE(m_arrivati, QByteArray("\x02\x00\x00\x03", 4));
+}
+
+void tst_seriale_qt::senzaSogliaNessunEvento()
+{
+    Apri();
+    m_porta->RThreshold(0);
+    m_capo->Manda("abc");
+    QTRY_COMPARE(m_porta->InBufferCount(), qint16(3));
+    QCoreApplication::processEvents();
+    QCOMPARE(m_eventi, 0);
+    QCOMPARE(m_porta->Input(), QByteArray("abc"));
+}
+
+void tst_seriale_qt::nessunEventoPerBytePresiPrima()
+{
+    // Somebody takes the bytes in the turn of the loop that brought them, before their event.
+    Apri();
+    int segnale[2];
+    QCOMPARE(pipe(segnale), 0);
+    QSocketNotifier notifica(segnale[0], QSocketNotifier::Read);
+    QByteArray presi;
+    connect(&notifica, &QSocketNotifier::activated, &notifica, [&] {
+        presi += m_porta->Input();
+        notifica.setEnabled(false);
+    });
+    m_capo->Manda("abc");
+    QCOMPARE(write(segnale[1], "x", 1), ssize_t(1));
+    QTRY_COMPARE(presi + m_arrivati, QByteArray("abc"));
+    const QDeadlineTimer unPo(50);
+    QTRY_VERIFY(unPo.hasExpired());
+    QCOMPARE(m_eventi, presi.isEmpty() ? 1 : 0);
+    close(segnale[0]);
+    close(segnale[1]);
+}
+
+void tst_seriale_qt::eventoDuranteUnRiquadro()
+{
+    // While the handler of one event sits in a modal box, the next bytes raise theirs.
+    Apri();
+    const auto raccogli = m_porta->OnComm;
+    bool annidato = false;
+    m_porta->OnComm = [&] {
+        raccogli();
+        if (std::exchange(annidato, true))
+            return;
+        m_capo->Manda("due");
+        QTRY_COMPARE(m_arrivati, QByteArray("unodue"));
+    };
+    m_capo->Manda("uno");
+    QTRY_COMPARE(m_eventi, 2);
+    m_capo->Manda("tre");
+    QTRY_COMPARE(m_arrivati, QByteArray("unoduetre"));
+}
+
+void tst_seriale_qt::chiusaDentroLEvento()
+{
+    Apri();
+    m_porta->OnComm = [this] {
+        ++m_eventi;
+        m_porta->PortOpen(false);
+    };
+    m_capo->Manda("abc");
+    QTRY_COMPARE(m_eventi, 1);
+    QVERIFY(!m_porta->PortOpen());
+    QCOMPARE(m_porta->InBufferCount(), qint16(0));
+}
+
+void tst_seriale_qt::distruttaDentroLEvento()
+{
+    Apri();
+    m_porta->OnComm = [this] {
+        m_porta.reset();
+        ++m_eventi;
+    };
+    m_capo->Manda("abc");
+    QTRY_COMPARE(m_eventi, 1);
+}
+
+void tst_seriale_qt::risveglioAVuoto_data()
+{
+    QTest::addColumn<bool>("chiude");
+    QTest::newRow("la sessione continua") << false;
+    QTest::newRow("la sessione finisce subito dopo") << true;
+}
+
+void tst_seriale_qt::risveglioAVuoto()
+{
+    QFETCH(bool, chiude);
+    // The loop is told of bytes, but when the port reads they are gone: somebody has dropped them, in the
+    // same turn of the loop. The line goes on being watched.
+    int segnale[2];
+    QCOMPARE(pipe(segnale), 0);
+    const int vicino = open(qPrintable(m_capo->Nome()), O_RDWR | O_NOCTTY | O_NONBLOCK);
+    QVERIFY(vicino >= 0);
+    bool scartati = false;
+    QSocketNotifier notifica(segnale[0], QSocketNotifier::Read);
+    connect(&notifica, &QSocketNotifier::activated, &notifica, [&] {
+        tcflush(vicino, TCIFLUSH);
+        // A reading that finds nothing goes by the error left behind by whoever failed last: this one.
+        QCOMPARE(m_capo->Arrivati(), QByteArray());
+        scartati = true;
+        notifica.setEnabled(false);
+    });
+    Apri();
+    m_capo->Manda("perduti");
+    QCOMPARE(write(segnale[1], "x", 1), ssize_t(1));
+    while (!scartati)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    m_arrivati.clear();
+    if (chiude) {
+        m_porta->PortOpen(false);
+        const QDeadlineTimer unPo(200);
+        QTRY_VERIFY(unPo.hasExpired());
+    } else {
+        m_capo->Manda("abc");
+        QTRY_COMPARE(m_arrivati, QByteArray("abc"));
+    }
+    close(vicino);
+    close(segnale[0]);
+    close(segnale[1]);
+}
+
+void tst_seriale_qt::legameMancante()
+{
+    // Port 7 is then the seventh port of the machine itself, which hardly any has.
+    QVERIFY(QFile::remove(Legame()));
+    const int errore = Errore_Di([this] { Apri(); });
+    QVERIFY(errore != 0 || QFile::exists(QStringLiteral("/dev/ttyS6")));
+    QCOMPARE(m_porta->PortOpen(), errore == 0);
+}
+
+void tst_seriale_qt::legameSenzaDispositivo()
+{
+    QVERIFY(QFile::remove(Legame()));
+    QVERIFY(QFile::link(QStringLiteral("/dev/adattatore-non-inserito"), Legame()));
+    QVERIFY(Errore_Di([this] { Apri(); }) != 0);
+    QVERIFY(!m_porta->PortOpen());
+}
+
+void tst_seriale_qt::legameChiamatoInMinuscolo()
+{
+    QVERIFY(QFile::rename(Legame(), Legame(QStringLiteral("com7"))));
+    Apri();
+    QVERIFY(m_porta->PortOpen());
+}
+
+void tst_seriale_qt::portaOccupata()
+{
+    Apri();
+    const auto altra = Crea_ControlloSeriale();
+    altra->CommPort(PORTA);
+    QVERIFY(Errore_Di([&altra] { altra->PortOpen(true); }) != 0);
+    QVERIFY(!altra->PortOpen());
+    m_porta->PortOpen(false);
+    QCOMPARE(Errore_Di([&altra] { altra->PortOpen(true); }), 0);
+    QVERIFY(altra->PortOpen());
+}
+
+void tst_seriale_qt::dueLegamiUnDispositivo()
+{
+    QVERIFY(QFile::link(m_capo->Nome(), Legame(QStringLiteral("COM8"))));
+    Apri();
+    const auto altra = Crea_ControlloSeriale();
+    altra->CommPort(8);
+    QVERIFY(Errore_Di([&altra] { altra->PortOpen(true); }) != 0);
+}
+
+void tst_seriale_qt::portaChiusaSolleva()
+{
+    const auto verifica = [this] {
+        QCOMPARE(Errore_Di([this] { m_porta->Input(); }), 8018);
+        QCOMPARE(Errore_Di([this] { m_porta->OutBufferCount(0); }), 8018);
+        QCOMPARE(Errore_Di([this] { m_porta->Output("x"); }), 8018);
+        QCOMPARE(m_porta->InBufferCount(), qint16(0));
+    };
+    verifica();
+    Apri();
+    m_porta->PortOpen(false);
+    verifica();
+    m_porta->PortOpen(false); // closing once more is no error
+}
+
+void tst_seriale_qt::impostazioni_data()
+{
+    QTest::addColumn<QString>("testo");
+    QTest::addColumn<int>("errore");
+
+    for (const char *buono :
+         {"9600,N,8,1", "9600,n,8,1", "300,E,7,2", "115200,O,5,1.5", "19200,M,6,1", "1200,S,8,2"})
+        QTest::newRow(buono) << QString::fromLatin1(buono) << 0;
+    for (const char *guasto : {"", "9600", "9600,N,8", "9600,N,8,1,1", "0,N,8,1", "-9600,N,8,1", "x,N,8,1",
+                               ",N,8,1", "9600,,8,1", "9600,X,8,1", "9600,NN,8,1", "9600,N,4,1", "9600,N,9,1",
+                               "9600,N,,1", "9600,N,8,0", "9600,N,8,3", "9600,N,8,1,", "9600;N;8;1"})
+        QTest::newRow(*guasto == '\0' ? "(vuoto)" : guasto) << QString::fromLatin1(guasto) << 380;
+}
+
+void tst_seriale_qt::impostazioni()
+{
+    QFETCH(QString, testo);
+    QFETCH(int, errore);
+    QCOMPARE(Errore_Di([&] { m_porta->Settings(testo); }), errore);
+    Apri();
+    QCOMPARE(Errore_Di([&] { m_porta->Settings(testo); }), errore);
+}
+
+void tst_seriale_qt::formatoCheLoPseudoTerminaleNonHa()
+{
+    Apri();
+    m_porta->Settings(QStringLiteral("9600,E,7,2"));
+    m_capo->Manda("abc");
+    QTRY_COMPARE(m_arrivati, QByteArray("abc"));
+}
+
+void tst_seriale_qt::valoriCheIlCollegamentoNonUsa()
+{
+    Apri();
+    QCOMPARE(Errore_Di([this] { m_porta->InputLen(1); }), 380);
+    QCOMPARE(Errore_Di([this] { m_porta->InputMode(0); }), 380);
+    QCOMPARE(Errore_Di([this] { m_porta->NullDiscard(true); }), 380);
+    QCOMPARE(Errore_Di([this] { m_porta->OutBufferCount(1); }), 380);
+}
+
+void tst_seriale_qt::lineaPienaNonBlocca()
+{
+    Apri();
+    QElapsedTimer durata;
+    durata.start();
+    for (int giro = 0; giro < 100; ++giro) {
+        m_porta->Output(QByteArray(10000, 'x'));
+        QCoreApplication::processEvents();
+    }
+    QVERIFY(durata.elapsed() < 5000);
+    // It still drains, and the line still works.
+    qsizetype alCapo = 0;
+    QTRY_COMPARE(alCapo += m_capo->Arrivati().size(), qsizetype(1000000));
+    m_capo->Manda("abc");
+    QTRY_COMPARE(m_arrivati, QByteArray("abc"));
+}
+
+void tst_seriale_qt::frameInCodaLasciatoCadere()
+{
+    Apri();
+    m_porta->Output(QByteArray(100000, 'x'));
+    QCoreApplication::processEvents();
+    m_porta->OutBufferCount(0);
+    m_porta->Output("nuovo");
+    QByteArray alCapo;
+    QTRY_VERIFY((alCapo += m_capo->Arrivati()).endsWith("nuovo"));
+    QVERIFY(alCapo.size() < 100000);
+}
+
+void tst_seriale_qt::chiusuraNonAspettaLaLineaPiena()
+{
+    Apri();
+    m_porta->Output(QByteArray(100000, 'x'));
+    QCoreApplication::processEvents();
+    QElapsedTimer durata;
+    durata.start();
+    m_porta->PortOpen(false);
+    QVERIFY(durata.elapsed() < 1000);
+}
+
+void tst_seriale_qt::cavoStaccato_data()
+{
+    QTest::addColumn<bool>("riaggancio");
+    QTest::newRow("l'altro capo si chiude") << false;
+    QTest::newRow("il dispositivo sparisce") << true;
+}
+
+void tst_seriale_qt::cavoStaccato()
+{
+    QFETCH(bool, riaggancio);
+    Apri();
+    m_capo->Manda("abc");
+    QTRY_COMPARE(m_arrivati, QByteArray("abc"));
+    m_eventi = 0;
+    if (riaggancio) {
+        // What the system does with the open port of an adapter that is pulled out.
+        const int vicino = open(qPrintable(m_capo->Nome()), O_RDWR | O_NOCTTY | O_NONBLOCK);
+        if (vicino < 0 || ioctl(vicino, TIOCVHANGUP) != 0)
+            QSKIP("only root may hang up a terminal");
+        close(vicino);
+    } else {
+        m_capo->Stacca();
+    }
+
+    const double prima = Secondi_Processore();
+    const QDeadlineTimer unPo(500);
+    QTRY_VERIFY(unPo.hasExpired());
+    QVERIFY(Secondi_Processore() - prima < 0.15); // a loop that never sleeps takes all of it
+    QCOMPARE(m_eventi, 0);
+
+    // The session goes on as on a line without an instrument.
+    QVERIFY(m_porta->PortOpen());
+    for (int invio = 0; invio < 3; ++invio) {
+        QCOMPARE(Errore_Di([this] { m_porta->OutBufferCount(0); }), 0);
+        QCOMPARE(Errore_Di([this] { m_porta->Output("frame"); }), 0);
+        QCoreApplication::processEvents();
+    }
+    QCOMPARE(m_porta->InBufferCount(), qint16(0));
+    QCOMPARE(m_porta->Input(), QByteArray());
+    QCOMPARE(Errore_Di([this] { m_porta->Settings(QStringLiteral("9600,N,8,1")); }), 0);
+    QVERIFY(m_porta->PortOpen());
+    m_porta->PortOpen(false);
+    QVERIFY(!m_porta->PortOpen());
+    QCOMPARE(m_eventi, 0);
+}
+
+void tst_seriale_qt::ultimiByteAncoraLeggibili()
+{
+    Apri();
+    m_porta->RThreshold(0);
+    m_capo->Manda("abc");
+    QTRY_COMPARE(m_porta->InBufferCount(), qint16(3));
+    m_capo->Stacca();
+    const QDeadlineTimer unPo(100);
+    QTRY_VERIFY(unPo.hasExpired());
+    QCOMPARE(m_porta->Input(), QByteArray("abc"));
+}
+
+QTEST_GUILESS_MAIN(tst_seriale_qt)
+#include "tst_seriale_qt.moc"

@@ -1,0 +1,116 @@
+// The result file, byte by byte.
+#include "mctc/far.h"
+
+#include "core/modGeneral.h"
+#include "core/risultato.h"
+#include "platform/errore_esecuzione.h"
+#include "tests/comuni/stazione_prova.h"
+
+#include <QFileInfo>
+#include <QTest>
+
+class TestFar : public QObject
+{
+    Q_OBJECT
+
+private:
+    static QByteArrayList Righe(const QByteArray &byte) { return byte.split('\n'); }
+
+    static int Errore_Di(const QString &percorso)
+    {
+        try {
+            Far_Scrivi(percorso);
+        } catch (const ErroreEsecuzione &errore) {
+            return errore.Numero();
+        }
+        return 0;
+    }
+
+private Q_SLOTS:
+    void init() { Far_Azzera(); }
+
+    void trentunoRigheConOgniChiave()
+    {
+        const StazioneProva stazione;
+        Far_Scrivi(gDirAcc + QStringLiteral("12345678.acc"));
+        QByteArray atteso = "[Kandelo]\r\n";
+        for (const RigaFar &riga : gRisultatoFar)
+            atteso += riga.Chiave.toLatin1() + "=\r\n";
+        const QByteArray scritto = stazione.Leggi(QStringLiteral("DIR_FAR\\12345678.far"));
+        QCOMPARE(scritto, atteso);
+        QCOMPARE(scritto.count("\r\n"), 31);
+        QVERIFY(Righe(scritto).contains("CodErrore=\r"));
+        QVERIFY(Righe(scritto).contains("Operatore=\r"));
+    }
+
+    void valoriComeStanno()
+    {
+        const StazioneProva stazione;
+        Far_Imposta(QStringLiteral("Marca"), QStringLiteral(" Officina=Forlì "));
+        Far_Imposta(QStringLiteral("Tipo"), QStringLiteral("漢"));
+        Far_Imposta(QStringLiteral("Operatore"), QStringLiteral("Bianchi"));
+        Far_Scrivi(gDirAcc + QStringLiteral("12345678.acc"));
+        const QByteArrayList righe = Righe(stazione.Leggi(QStringLiteral("DIR_FAR\\12345678.far")));
+        QCOMPARE(righe.size(), 32); // the last end leaves an empty piece
+        QCOMPARE(righe.at(1), QByteArray("Marca= Officina=Forl\xEC \r"));
+        QCOMPARE(righe.at(2), QByteArray("Tipo=?\r"));
+        QCOMPARE(righe.at(30), QByteArray("Operatore=Bianchi\r"));
+    }
+
+    void nomeAccantoAllAccettazione_data()
+    {
+        QTest::addColumn<QString>("percorso");
+        QTest::addColumn<QString>("nome");
+        QTest::newRow("maiuscolo") << QStringLiteral("C:\\MCTC\\12345678.ACC")
+                                   << QStringLiteral("12345678.far");
+        QTest::newRow("due punti") << QStringLiteral("12345678.x.acc") << QStringLiteral("12345678.far");
+        QTest::newRow("cartella con punto")
+            << QStringLiteral("C:\\A.B\\12345678.acc") << QStringLiteral("12345678.far");
+    }
+    /// The folder is always gDirAcc, wherever the acceptance file came from.
+    void nomeAccantoAllAccettazione()
+    {
+        QFETCH(QString, percorso);
+        QFETCH(QString, nome);
+        const StazioneProva stazione;
+        Far_Scrivi(percorso);
+        QCOMPARE(gFileFar, gDirAcc + nome);
+        QVERIFY(!stazione.Leggi(QStringLiteral("DIR_FAR\\") + nome).isEmpty());
+    }
+
+    void sostituisceIlRisultatoDiPrima()
+    {
+        const StazioneProva stazione;
+        stazione.Scrivi(QStringLiteral("DIR_FAR\\12345678.far"), QByteArray(5000, 'x'));
+        Far_Scrivi(gDirAcc + QStringLiteral("12345678.acc"));
+        const QByteArray scritto = stazione.Leggi(QStringLiteral("DIR_FAR\\12345678.far"));
+        QVERIFY(scritto.startsWith("[Kandelo]\r\n") && !scritto.contains("xxx"));
+    }
+
+    void nullaInDirFar()
+    {
+        const StazioneProva stazione;
+        stazione.Scrivi(QStringLiteral("altrove\\segno"), "x");
+        gDirFar = stazione.Percorso(QStringLiteral("altrove\\"));
+        Far_Scrivi(gDirAcc + QStringLiteral("12345678.acc"));
+        QVERIFY(!QFileInfo::exists(stazione.Nativo(QStringLiteral("altrove\\12345678.far"))));
+        QVERIFY(QFileInfo::exists(stazione.Nativo(QStringLiteral("DIR_FAR\\12345678.far"))));
+    }
+
+    void cartellaMancanteFinisceIlProgramma()
+    {
+        const StazioneProva stazione;
+        gDirAcc = stazione.Percorso(QStringLiteral("manca\\"));
+        QCOMPARE(Errore_Di(gDirAcc + QStringLiteral("12345678.acc")), 76);
+    }
+
+    void fileProtettoFinisceIlProgramma()
+    {
+        const StazioneProva stazione;
+        stazione.Scrivi(QStringLiteral("DIR_FAR\\12345678.far\\dentro"), "x");
+        QCOMPARE(Errore_Di(gDirAcc + QStringLiteral("12345678.acc")), 70);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFar)
+#include "tst_far.moc"

@@ -1,0 +1,109 @@
+// The worklist's entries and the comparison of two listings.
+#include "mctc/lista.h"
+
+#include "core/modGeneral.h"
+#include "tests/mctc/prova_acc.h"
+
+#include <QTest>
+
+class TestLista : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void unaVocePerFile()
+    {
+        const ProvaAcc prova;
+        gTabMctc[112] = QStringLiteral("da fare");
+        prova.Scrivi(prova.Buono(), QStringLiteral("20000000.acc"));
+        prova.Scrivi(prova.Con("DatiLibrettoVeicolo", "Targa", "ZZ999ZZ"), QStringLiteral("10000000.Acc"));
+        prova.Scrivi("x", QStringLiteral("30000000.far"));
+        prova.Scrivi(prova.Buono(), QStringLiteral("40000000.accx"));
+
+        QList<VoceLista> voci;
+        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint16{1});
+        QCOMPARE(voci.size(), 2);
+        QCOMPARE(voci.at(0).NomeFile, QStringLiteral("10000000.ACC"));
+        QCOMPARE(voci.at(0).Targa, QStringLiteral("ZZ999ZZ"));
+        QCOMPARE(voci.at(1).NomeFile, QStringLiteral("20000000.ACC"));
+        QCOMPARE(voci.at(1).Targa, QStringLiteral("AB123CD"));
+        for (const VoceLista &voce : std::as_const(voci)) {
+            QCOMPARE(voce.Stato, QStringLiteral("da fare"));
+            QVERIFY(voce.Riserva1.isEmpty() && voce.Riserva2.isEmpty());
+        }
+    }
+
+    /// Faulty files are shown, not hidden: the operator must see what cannot be tested.
+    void ancheIFileGuasti()
+    {
+        const ProvaAcc prova;
+        prova.Scrivi(prova.Senza("DatiLibrettoVeicolo"), QStringLiteral("11111111.acc"));
+        prova.Scrivi(prova.Buono(), QStringLiteral("222.acc"));
+        prova.Scrivi("", QStringLiteral("33333333.acc"));
+        QList<VoceLista> voci;
+        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint16{2});
+        QCOMPARE(voci.at(0).Targa, QString());
+        QCOMPARE(voci.at(1).NomeFile, QStringLiteral("222.ACC"));
+        QCOMPARE(voci.at(1).Targa, QStringLiteral("AB123CD"));
+        QCOMPARE(voci.at(2).Targa, QString());
+    }
+
+    void cartellaSenzaBarraInFondo()
+    {
+        const ProvaAcc prova;
+        prova.Scrivi(prova.Buono());
+        QList<VoceLista> voci;
+        QCOMPARE(Lista_Leggi(gDirAcc.chopped(1), voci), qint16{0});
+        QCOMPARE(voci.at(0).Targa, QStringLiteral("AB123CD"));
+    }
+
+    void laListaSiAccorcia()
+    {
+        const ProvaAcc prova;
+        prova.Scrivi(prova.Buono());
+        QList<VoceLista> voci(5);
+        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint16{0});
+        QCOMPARE(voci.size(), 1);
+    }
+
+    void cartellaNonElencabileLasciaLeVoci_data()
+    {
+        QTest::addColumn<QString>("cartella");
+        QTest::newRow("vuota") << QStringLiteral("DIR_FAR\\");
+        QTest::newRow("mancante") << QStringLiteral("manca\\");
+        QTest::newRow("irraggiungibile") << QString(5000, u'x') + u'\\';
+    }
+    void cartellaNonElencabileLasciaLeVoci()
+    {
+        QFETCH(QString, cartella);
+        const StazioneProva stazione;
+        QList<VoceLista> voci(3);
+        QCOMPARE(Lista_Leggi(stazione.Percorso(cartella), voci), qint16{-1});
+        QCOMPARE(voci.size(), 3);
+    }
+
+    void differenze_data()
+    {
+        QTest::addColumn<QStringList>("prima");
+        QTest::addColumn<QStringList>("dopo");
+        QTest::addColumn<qint16>("differenza");
+        const QString a = QStringLiteral("a"), b = QStringLiteral("b");
+        QTest::newRow("vuote") << QStringList() << QStringList() << qint16{-1};
+        QTest::newRow("uguali") << QStringList{a, b} << QStringList{a, b} << qint16{-1};
+        QTest::newRow("una posizione") << QStringList{a, b} << QStringList{a, a} << qint16{0};
+        QTest::newRow("due posizioni") << QStringList{a, b} << QStringList{b, a} << qint16{1};
+        QTest::newRow("una di più") << QStringList{a} << QStringList{a, b} << qint16{0};
+        QTest::newRow("tutte in meno") << QStringList{a, b} << QStringList() << qint16{0};
+        QTest::newRow("altro caso") << QStringList{a} << QStringList{QStringLiteral("A")} << qint16{0};
+    }
+    void differenze()
+    {
+        QFETCH(QStringList, prima);
+        QFETCH(QStringList, dopo);
+        QFETCH(qint16, differenza);
+        QCOMPARE(Liste_Differenze(prima, dopo), differenza);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestLista)
+#include "tst_lista.moc"

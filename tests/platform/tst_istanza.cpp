@@ -1,0 +1,126 @@
+// One station a workstation. The test starts itself again as the program that takes the lock.
+#include "platform/istanza.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+/// The other program: tells whether it came second, and stays until its input ends.
+int Programma_Istanza()
+{
+    std::puts(Istanza_Precedente() ? "second" : "first");
+    std::fflush(stdout);
+    while (std::getchar() != EOF)
+        continue;
+    return 0;
+}
+
+class Programma
+{
+public:
+    explicit Programma(const QString &file = QCoreApplication::applicationFilePath())
+    {
+        m_processo.start(file, {QStringLiteral("istanza")});
+    }
+    /// What the program said of itself.
+    QByteArray Detto()
+    {
+        while (!m_processo.canReadLine() && m_processo.waitForReadyRead())
+            continue;
+        return m_processo.readLine().trimmed();
+    }
+    bool Uccidi()
+    {
+        m_processo.kill();
+        return m_processo.waitForFinished();
+    }
+    bool Chiudi()
+    {
+        m_processo.closeWriteChannel();
+        return m_processo.waitForFinished();
+    }
+
+private:
+    QProcess m_processo;
+};
+
+} // namespace
+
+class TestIstanza : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void laSecondaSiRiconosce()
+    {
+        Programma prima;
+        QCOMPARE(prima.Detto(), "first");
+        Programma seconda;
+        QCOMPARE(seconda.Detto(), "second");
+        Programma terza;
+        QCOMPARE(terza.Detto(), "second");
+        QVERIFY(prima.Chiudi() && seconda.Chiudi() && terza.Chiudi());
+    }
+
+    void laFineLasciaIlPosto()
+    {
+        Programma prima;
+        QCOMPARE(prima.Detto(), "first");
+        QVERIFY(prima.Chiudi());
+        Programma dopo;
+        QCOMPARE(dopo.Detto(), "first");
+        QVERIFY(dopo.Chiudi());
+    }
+
+    void laMorteImprovvisaLasciaIlPosto()
+    {
+        Programma prima;
+        QCOMPARE(prima.Detto(), "first");
+        QVERIFY(prima.Uccidi());
+        Programma dopo;
+        QCOMPARE(dopo.Detto(), "first");
+        QVERIFY(dopo.Chiudi());
+    }
+
+    /// The second one goes away without taking the first one's lock along.
+    void laSecondaCheEsceNonLiberaLaPrima()
+    {
+        Programma prima;
+        QCOMPARE(prima.Detto(), "first");
+        Programma seconda;
+        QCOMPARE(seconda.Detto(), "second");
+        QVERIFY(seconda.Chiudi());
+        Programma terza;
+        QCOMPARE(terza.Detto(), "second");
+        QVERIFY(prima.Chiudi() && terza.Chiudi());
+    }
+
+    void unAltraInstallazioneNonConta()
+    {
+        const QTemporaryDir altrove;
+        const QString copia = altrove.filePath(QStringLiteral("lumira"));
+        QVERIFY(QFile::copy(QCoreApplication::applicationFilePath(), copia));
+        Programma prima;
+        QCOMPARE(prima.Detto(), "first");
+        Programma altra(copia);
+        QCOMPARE(altra.Detto(), "first");
+        QVERIFY(prima.Chiudi() && altra.Chiudi());
+    }
+};
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication applicazione(argc, argv);
+    if (QCoreApplication::arguments().value(1) == u"istanza")
+        return Programma_Istanza();
+    TestIstanza prova;
+    return QTest::qExec(&prova, argc, argv);
+}
+#include "tst_istanza.moc"

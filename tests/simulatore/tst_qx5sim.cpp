@@ -1,0 +1,473 @@
+// The program as it is started: a process, its pseudo terminal, real frames.
+#include "tests/simulatore/byte_prova.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int ATTESA_MS = 10000;
+
+/// The running program.
+class Simulatore
+{
+public:
+    explicit Simulatore(const QStringList &argomenti) { m_processo.start(QStringLiteral(QX5SIM), argomenti); }
+    ~Simulatore() { Termina(); }
+
+    /// What stands behind the next "pronto: "; empty when the program ends or tarries.
+    QString Pronto()
+    {
+        while (m_processo.canReadLine() || m_processo.waitForReadyRead(ATTESA_MS)) {
+            while (m_processo.canReadLine()) {
+                const QString riga = QString::fromUtf8(m_processo.readLine()).trimmed();
+                if (riga.startsWith(u"pronto: "))
+                    return riga.sliced(8);
+            }
+        }
+        return {};
+    }
+    /// Asks it to end, as the system does. @return true when it ended well.
+    bool Termina()
+    {
+        if (m_processo.state() != QProcess::NotRunning)
+            m_processo.terminate();
+        return Finito() && m_processo.exitCode() == 0;
+    }
+    bool Interrompi()
+    {
+        if (m_processo.state() != QProcess::Running)
+            return false; // without a process the signal would go to this test's own group
+        ::kill(static_cast<pid_t>(m_processo.processId()), SIGINT);
+        return Finito() && m_processo.exitCode() == 0;
+    }
+    bool Finito()
+    {
+        return (m_processo.state() == QProcess::NotRunning || m_processo.waitForFinished(ATTESA_MS)) &&
+               m_processo.exitStatus() == QProcess::NormalExit;
+    }
+    int Codice() { return Finito() ? m_processo.exitCode() : -1; }
+    QString Uscita() { return QString::fromUtf8(m_processo.readAllStandardOutput()); }
+    QString Errori() { return QString::fromUtf8(m_processo.readAllStandardError()); }
+
+private:
+    QProcess m_processo;
+};
+
+/// The station's end of the line, open for the life of the object.
+class Sessione
+{
+public:
+    explicit Sessione(const QString &porta)
+        : m_porta(::open(QFile::encodeName(porta).constData(), O_RDWR | O_NOCTTY | O_NONBLOCK))
+    {
+    }
+    explicit Sessione(int porta) : m_porta(porta) {}
+    ~Sessione() { ::close(m_porta); }
+    Sessione(const Sessione &) = delete;
+    Sessione &operator=(const Sessione &) = delete;
+
+    bool Aperta() const { return m_porta >= 0; }
+    void Manda(const QByteArray &byte) const
+    {
+        QCOMPARE(::write(m_porta, byte.constData(), static_cast<size_t>(byte.size())), byte.size());
+    }
+    /// Bytes up to the first end byte; fewer when the line is gone or silent.
+    QByteArray Ricevi() const
+    {
+        QByteArray ricevuti;
+        char byte = 0;
+        while (!ricevuti.endsWith('\x03') && Attendi() && ::read(m_porta, &byte, 1) == 1)
+            ricevuti.append(byte);
+        return ricevuti;
+    }
+    QByteArray Chiedi(const QByteArray &byte) const
+    {
+        Manda(byte);
+        return Ricevi();
+    }
+    /// True when the other end hangs up.
+    bool Staccata() const
+    {
+        pollfd chiesto{m_porta, POLLIN, 0};
+        return ::poll(&chiesto, 1, ATTESA_MS) == 1 && (chiesto.revents & POLLHUP) != 0;
+    }
+
+private:
+    bool Attendi() const
+    {
+        pollfd chiesto{m_porta, POLLIN, 0};
+        return ::poll(&chiesto, 1, ATTESA_MS) == 1;
+    }
+
+    int m_porta;
+};
+
+/// A command with a payload, sent and answered as a write.
+const QByteArray SCRIVI_DATI2 = Byte("02 41 42 43 80 41 42 17 00 36 03");
+
+} // namespace
+
+class tst_qx5sim : public QObject
+{
+    Q_OBJECT
+
+    QString File(const QString &nome) const { return m_cartella->filePath(nome); }
+    QString Scenario(const QByteArray &testo) const;
+    QString Esempio(const QString &nome) const { return QStringLiteral(QX5SIM_SCENARI) + nome; }
+    QByteArray Registro() const;
+    qsizetype Registrate(const QByteArray &segno) const { return Registro().count(segno); }
+
+    std::unique_ptr<QTemporaryDir> m_cartella;
+
+private Q_SLOTS:
+    void init() { m_cartella = std::make_unique<QTemporaryDir>(); }
+
+    void aiutoInItaliano();
+    void versione();
+    void opzioneErrata();
+    void scenarioErrato();
+    void rispondeSulTerminale();
+    void riapertaDopoLaChiusura();
+    void rispostaTraDueSessioniPerduta();
+    void rispostaNonLettaNonPassaAllaSessioneDopo();
+    void collegamentoFattoETolto();
+    void collegamentoToltoAllInterruzione();
+    void collegamentoVecchioSostituito();
+    void fileAlPostoDelCollegamento();
+    void collegamentoDiUnAltroLasciato();
+    void statoConservato();
+    void senzaFileDiStatoNienteResta();
+    void riaggancio();
+    void dispositivoVero();
+    void dispositivoMancante();
+    void registroLeggibile();
+    void scenariDiEsempio_data();
+    void scenariDiEsempio();
+    void treVeicoliDiEsempio();
+    void mutoDiEsempio();
+    void controlloErratoDiEsempio();
+};
+
+QString tst_qx5sim::Scenario(const QByteArray &testo) const
+{
+    QFile file(File(QStringLiteral("scenario.ini")));
+    if (!file.open(QIODevice::WriteOnly) || file.write(testo) != testo.size())
+        qFatal("cannot write the scenario");
+    return file.fileName();
+}
+
+QByteArray tst_qx5sim::Registro() const
+{
+    QFile file(File(QStringLiteral("registro.txt")));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void tst_qx5sim::aiutoInItaliano()
+{
+    Simulatore simulatore({QStringLiteral("--help")});
+    QCOMPARE(simulatore.Codice(), 0);
+    const QString aiuto = simulatore.Uscita();
+    QVERIFY(aiuto.startsWith(QStringLiteral("Uso: qx5sim [opzioni] [scenario.ini]")));
+    QVERIFY(aiuto.contains(QStringLiteral("--collega PERCORSO")));
+}
+
+void tst_qx5sim::versione()
+{
+    Simulatore simulatore({QStringLiteral("--version")});
+    QCOMPARE(simulatore.Codice(), 0);
+    QVERIFY(QRegularExpression(QStringLiteral("^qx5sim \\d+\\.\\d+\\.\\d+\n$"))
+                .match(simulatore.Uscita())
+                .hasMatch());
+}
+
+void tst_qx5sim::opzioneErrata()
+{
+    Simulatore simulatore({QStringLiteral("--muto")});
+    QCOMPARE(simulatore.Codice(), 1);
+    QVERIFY(simulatore.Errori().contains(QStringLiteral("opzione sconosciuta: muto")));
+}
+
+void tst_qx5sim::scenarioErrato()
+{
+    Simulatore simulatore({Scenario("[VEICOLO1]\nAnabSx=12\n")});
+    QCOMPARE(simulatore.Codice(), 1);
+    QVERIFY(simulatore.Errori().contains(QStringLiteral("[VEICOLO1] AnabSx")));
+}
+
+void tst_qx5sim::rispondeSulTerminale()
+{
+    Simulatore simulatore(
+        {Scenario("[VEICOLO1]\nRiposo=1\nProva=1\nAnabSx=0123OO\nAbbSx=0456OO\nAnabDx=0125AO\n"
+                  "AbbDx=0460OS\n")});
+    const Sessione sessione(simulatore.Pronto());
+    QVERIFY(sessione.Aperta());
+    QCOMPARE(sessione.Chiedi(STATO), A_RIPOSO);
+    QCOMPARE(sessione.Chiedi(STATO), IN_PROVA);
+    QCOMPARE(sessione.Chiedi(STATO), PRONTA);
+    QCOMPARE(sessione.Chiedi(MISURA),
+             Byte("02 41 42 43 30 31 32 33 4F 4F 30 34 35 36 4F 4F 30 31 32 35 41 4F 30 34 "
+                  "36 30 4F 53 33 03"));
+    QCOMPARE(sessione.Chiedi(SCRIVI_DATI2), SCRITTO);
+    QVERIFY(simulatore.Termina());
+}
+
+void tst_qx5sim::riapertaDopoLaChiusura()
+{
+    Simulatore simulatore({Scenario("[VEICOLO1]\nRiposo=100\n")});
+    const QString porta = simulatore.Pronto();
+    for (int n = 0; n < 10; ++n) {
+        const Sessione sessione(porta);
+        QCOMPARE(sessione.Chiedi(STATO), A_RIPOSO);
+        QCOMPARE(sessione.Chiedi(STATO), A_RIPOSO);
+    }
+}
+
+void tst_qx5sim::rispostaTraDueSessioniPerduta()
+{
+    Simulatore simulatore({QStringLiteral("--registro"), File(QStringLiteral("registro.txt")),
+                           Scenario("[VEICOLO1]\nRiposo=1\nGuasto1=Stato;1;seconda;400\n")});
+    const QString porta = simulatore.Pronto();
+    {
+        const Sessione sessione(porta);
+        QCOMPARE(sessione.Chiedi(STATO), A_RIPOSO);
+    }
+    QTRY_COMPARE(Registrate(" perduta: "), 1);
+    QCOMPARE(Registrate(" -> "), 1);
+    const Sessione sessione(porta);
+    QCOMPARE(sessione.Chiedi(STATO), IN_PROVA);
+}
+
+void tst_qx5sim::rispostaNonLettaNonPassaAllaSessioneDopo()
+{
+    Simulatore simulatore({QStringLiteral("--registro"), File(QStringLiteral("registro.txt")),
+                           Scenario("[VEICOLO1]\nRiposo=1\n")});
+    const QString porta = simulatore.Pronto();
+    {
+        const Sessione sessione(porta);
+        sessione.Manda(STATO);
+        QTRY_COMPARE(Registrate(" -> "), 1);
+    }
+    QTRY_COMPARE(Registrate("la stazione ha chiuso la porta"), 1);
+    const Sessione sessione(porta);
+    QCOMPARE(sessione.Chiedi(STATO), IN_PROVA);
+}
+
+void tst_qx5sim::collegamentoFattoETolto()
+{
+    const QString collegamento = File(QStringLiteral("porte/COM1"));
+    Simulatore simulatore({QStringLiteral("--collega"), collegamento});
+    const QString porta = simulatore.Pronto();
+    QVERIFY(!porta.isEmpty());
+    QCOMPARE(QFileInfo(collegamento).symLinkTarget(), porta);
+    {
+        const Sessione sessione(collegamento);
+        QCOMPARE(sessione.Chiedi(STATO), A_RIPOSO);
+    }
+    QVERIFY(simulatore.Termina());
+    QVERIFY(
+        QDir(File(QStringLiteral("porte"))).isEmpty(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot));
+}
+
+void tst_qx5sim::collegamentoToltoAllInterruzione()
+{
+    const QString collegamento = File(QStringLiteral("COM1"));
+    Simulatore simulatore({QStringLiteral("--collega"), collegamento});
+    QVERIFY(!simulatore.Pronto().isEmpty());
+    QVERIFY(QFileInfo(collegamento).isSymLink());
+    QVERIFY(simulatore.Interrompi());
+    QVERIFY(!QFileInfo(collegamento).isSymLink());
+}
+
+void tst_qx5sim::collegamentoVecchioSostituito()
+{
+    const QString collegamento = File(QStringLiteral("COM1"));
+    QVERIFY(QFile::link(QStringLiteral("/dev/pts/manca"), collegamento));
+    Simulatore simulatore({QStringLiteral("--collega"), collegamento});
+    const QString porta = simulatore.Pronto();
+    QVERIFY(!porta.isEmpty());
+    QCOMPARE(QFileInfo(collegamento).symLinkTarget(), porta);
+}
+
+void tst_qx5sim::fileAlPostoDelCollegamento()
+{
+    Simulatore simulatore({QStringLiteral("--collega"), Scenario("[GENERALE]\n")});
+    QCOMPARE(simulatore.Codice(), 1);
+    QVERIFY(simulatore.Errori().contains(QStringLiteral("non è un collegamento")));
+    QCOMPARE(QFileInfo(File(QStringLiteral("scenario.ini"))).size(), 11);
+}
+
+void tst_qx5sim::collegamentoDiUnAltroLasciato()
+{
+    const QString collegamento = File(QStringLiteral("COM1"));
+    Simulatore primo({QStringLiteral("--collega"), collegamento});
+    QVERIFY(!primo.Pronto().isEmpty());
+    Simulatore secondo({QStringLiteral("--collega"), collegamento});
+    const QString porta = secondo.Pronto();
+    QVERIFY(primo.Termina());
+    QCOMPARE(QFileInfo(collegamento).symLinkTarget(), porta);
+}
+
+void tst_qx5sim::statoConservato()
+{
+    const QStringList argomenti = {QStringLiteral("--stato"), File(QStringLiteral("stato.ini"))};
+    {
+        Simulatore simulatore(argomenti);
+        const Sessione sessione(simulatore.Pronto());
+        QCOMPARE(sessione.Chiedi(SCRIVI_DATI2), SCRITTO);
+    }
+    Simulatore simulatore(argomenti);
+    const Sessione sessione(simulatore.Pronto());
+    QVERIFY(sessione.Chiedi(LEGGI_DATI).chopped(2).endsWith(Byte("17 41 42 17")));
+}
+
+void tst_qx5sim::senzaFileDiStatoNienteResta()
+{
+    QByteArray iniziali;
+    for (int n = 0; n < 2; ++n) {
+        Simulatore simulatore({});
+        const Sessione sessione(simulatore.Pronto());
+        const QByteArray dati = sessione.Chiedi(LEGGI_DATI);
+        if (n == 0)
+            iniziali = dati;
+        QCOMPARE(dati, iniziali);
+        QCOMPARE(sessione.Chiedi(SCRIVI_DATI2), SCRITTO);
+        QVERIFY(sessione.Chiedi(LEGGI_DATI) != iniziali);
+    }
+}
+
+void tst_qx5sim::riaggancio()
+{
+    const QString collegamento = File(QStringLiteral("COM1"));
+    Simulatore simulatore({QStringLiteral("--collega"), collegamento,
+                           Scenario("[VEICOLO1]\nRiposo=1\nProva=2\nGuasto1=Stato;2;riaggancio;300\n")});
+    QVERIFY(!simulatore.Pronto().isEmpty());
+    const Sessione staccata(collegamento);
+    QCOMPARE(staccata.Chiedi(STATO), A_RIPOSO);
+    staccata.Manda(STATO);
+    QVERIFY(staccata.Staccata());
+    const QString nuova = simulatore.Pronto();
+    QVERIFY(!nuova.isEmpty());
+    QCOMPARE(QFileInfo(collegamento).symLinkTarget(), nuova);
+    const Sessione sessione(collegamento);
+    QCOMPARE(sessione.Chiedi(STATO), IN_PROVA);
+    QCOMPARE(sessione.Chiedi(STATO), PRONTA);
+}
+
+void tst_qx5sim::dispositivoVero()
+{
+    // The device is the far end of a terminal of this test's own; the station sits at the near one.
+    const int vicino = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
+    QVERIFY(vicino >= 0 && ::grantpt(vicino) == 0 && ::unlockpt(vicino) == 0);
+    const Sessione sessione(vicino);
+    const QString lontano = QFile::decodeName(::ptsname(vicino));
+    Simulatore simulatore({QStringLiteral("--dispositivo"), lontano});
+    QCOMPARE(simulatore.Pronto(), lontano);
+    QCOMPARE(sessione.Chiedi(STATO), A_RIPOSO);
+    QVERIFY(sessione.Chiedi(LEGGI_DATI).startsWith(Byte("02 41 42 43 55")));
+    QVERIFY(simulatore.Termina());
+}
+
+void tst_qx5sim::dispositivoMancante()
+{
+    Simulatore simulatore({QStringLiteral("--dispositivo"), File(QStringLiteral("manca"))});
+    QCOMPARE(simulatore.Codice(), 1);
+    QVERIFY(simulatore.Errori().startsWith(QStringLiteral("qx5sim: ") + File(QStringLiteral("manca"))));
+}
+
+void tst_qx5sim::registroLeggibile()
+{
+    Simulatore simulatore({QStringLiteral("--registro"), File(QStringLiteral("registro.txt")),
+                           QStringLiteral("--seme"), QStringLiteral("5")});
+    const QString porta = simulatore.Pronto();
+    {
+        const Sessione sessione(porta);
+        QCOMPARE(sessione.Chiedi(STATO), A_RIPOSO);
+    }
+    QTRY_COMPARE(Registrate("la stazione ha chiuso la porta"), 1);
+    const QStringList righe = QString::fromUtf8(Registro()).split(u'\n', Qt::SkipEmptyParts);
+    const QRegularExpression forma(
+        QStringLiteral("^\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3} (--|<-|->) (.*)$"));
+    QStringList testi;
+    for (const QString &riga : righe) {
+        const auto trovata = forma.match(riga);
+        QVERIFY2(trovata.hasMatch(), qUtf8Printable(riga));
+        testi.append(trovata.captured(1) + u' ' + trovata.captured(2));
+    }
+    QCOMPARE(testi.size(), 5);
+    QVERIFY(testi[0].endsWith(QStringLiteral("seme 5")));
+    QVERIFY(testi[1].startsWith(QStringLiteral("-- nuovo veicolo: AnabSx=")));
+    QCOMPARE(testi[2], QStringLiteral("<- 02 41 42 43 10 36 03  Stato"));
+    QCOMPARE(testi[3], QStringLiteral("-> 02 41 42 43 31 39 03  \"1\" a riposo"));
+    QCOMPARE(testi[4], QStringLiteral("-- la stazione ha chiuso la porta"));
+}
+
+void tst_qx5sim::scenariDiEsempio_data()
+{
+    QTest::addColumn<QString>("file");
+    const QStringList esempi = QDir(QStringLiteral(QX5SIM_SCENARI)).entryList({QStringLiteral("*.ini")});
+    QVERIFY(esempi.size() >= 4);
+    for (const QString &file : esempi)
+        QTest::newRow(qUtf8Printable(file)) << file;
+}
+
+void tst_qx5sim::scenariDiEsempio()
+{
+    QFETCH(QString, file);
+    Simulatore simulatore({Esempio(file)});
+    QVERIFY2(!simulatore.Pronto().isEmpty(), qUtf8Printable(simulatore.Errori()));
+    QVERIFY(simulatore.Termina());
+}
+
+void tst_qx5sim::treVeicoliDiEsempio()
+{
+    Simulatore simulatore({Esempio(QStringLiteral("tre_veicoli.ini"))});
+    const Sessione sessione(simulatore.Pronto());
+    for (const char *anabbaglianti : {"0243OO 0251OO", "0187OO 0021OO", "0305AS 0298OO", "0243OO 0251OO"}) {
+        QByteArray stato;
+        while (stato != PRONTA) {
+            stato = sessione.Chiedi(STATO);
+            QCOMPARE(stato.size(), 7);
+        }
+        const QByteArray misura = sessione.Chiedi(MISURA);
+        QCOMPARE(misura.mid(4, 6) + ' ' + misura.mid(16, 6), QByteArray(anabbaglianti));
+    }
+}
+
+void tst_qx5sim::mutoDiEsempio()
+{
+    Simulatore simulatore({QStringLiteral("--registro"), File(QStringLiteral("registro.txt")),
+                           Esempio(QStringLiteral("muto.ini"))});
+    const Sessione sessione(simulatore.Pronto());
+    sessione.Manda(STATO + LEGGI_DATI);
+    QTRY_COMPARE(Registrate("guasto silenzio"), 2);
+    QCOMPARE(Registrate(" -> "), 0);
+}
+
+void tst_qx5sim::controlloErratoDiEsempio()
+{
+    Simulatore simulatore({Esempio(QStringLiteral("controllo_errato.ini"))});
+    const Sessione sessione(simulatore.Pronto());
+    QByteArray stato;
+    while (stato != PRONTA) {
+        stato = sessione.Chiedi(STATO);
+        QCOMPARE(stato.size(), 7);
+    }
+    const QByteArray errata = sessione.Chiedi(MISURA);
+    const QByteArray giusta = sessione.Chiedi(MISURA);
+    QCOMPARE(errata.chopped(2), giusta.chopped(2));
+    QVERIFY(errata != giusta);
+}
+
+QTEST_GUILESS_MAIN(tst_qx5sim)
+#include "tst_qx5sim.moc"
