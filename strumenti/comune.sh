@@ -1,0 +1,69 @@
+# Shell pieces that ./run and ./test share; sourced with the project's root as the working directory.
+# Debian packages by purpose, their installation, and steps that are quiet as long as they go well.
+
+export LC_ALL=C.UTF-8
+
+REGISTRI=build/registri # one log a step
+
+PACCHETTI_COSTRUZIONE=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libcups2-dev)
+# Type with the measures of Arial and Courier New; python3 lays out the demonstration station.
+PACCHETTI_STAZIONE=(fonts-liberation python3)
+PACCHETTI_SCHERMO_VIRTUALE=(xvfb xdotool imagemagick dbus at-spi2-core python3-gi)
+# A print queue that makes PDFs, and what looks into them.
+PACCHETTI_STAMPA=(cups cups-client cups-filters ghostscript printer-driver-cups-pdf poppler-utils)
+PACCHETTI_CONTROLLI=(git clang-format cppcheck)
+
+errore() {
+    echo "$(basename "$0"): $*" >&2
+    exit 1
+}
+
+# installa PACKAGE ...: installs what is missing. Elsewhere than on Debian the tools must be there already.
+installa() {
+    command -v dpkg-query >/dev/null || return 0
+    local pacchetto mancanti=()
+    for pacchetto in "$@"; do
+        [ "$(dpkg-query -W -f='${db:Status-Status}' "$pacchetto" 2>/dev/null)" = installed ] || mancanti+=("$pacchetto")
+    done
+    [ ${#mancanti[@]} -gt 0 ] || return 0
+
+    local comando=(env DEBIAN_FRONTEND=noninteractive apt-get -o Acquire::Retries=3)
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || errore "mancano, e senza sudo non si installano: ${mancanti[*]}"
+        comando=(sudo "${comando[@]}")
+    fi
+    passo pacchetti-elenco "elenco dei pacchetti" "${comando[@]}" update || errore "l'elenco dei pacchetti non arriva"
+    passo pacchetti "installazione di ${#mancanti[@]} pacchetti" \
+        "${comando[@]}" install -y --no-install-recommends "${mancanti[@]}" ||
+        errore "non si installano: ${mancanti[*]}"
+}
+
+# passo NAME TITLE COMMAND ...: runs a step into its log; shows the log's end when the step fails.
+passo() {
+    local nome=$1 titolo=$2 inizio=$SECONDS stato=0
+    shift 2
+    mkdir -p "$REGISTRI"
+    printf '%s... ' "$titolo"
+    "$@" >"$REGISTRI/$nome.log" 2>&1 </dev/null || stato=$?
+    if [ $stato -eq 0 ]; then
+        echo "fatto ($((SECONDS - inizio)) s)"
+    else
+        echo "NON RIUSCITO ($((SECONDS - inizio)) s): $REGISTRI/$nome.log"
+        tail -n 40 "$REGISTRI/$nome.log"
+    fi
+    return $stato
+}
+
+# configura PRESET OPTION ...: with ccache where it is at hand.
+configura() {
+    local preset=$1 opzioni=()
+    shift
+    command -v ccache >/dev/null && opzioni+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+    passo "$preset-configurazione" "configurazione $preset" cmake --preset "$preset" "${opzioni[@]}" "$@"
+}
+
+# What a workshop gets: without tests and benchmarks, which have their own place.
+costruisci_release() {
+    configura release -DBUILD_TESTING=OFF -DLUMIRA_MISURE=OFF &&
+        passo release-costruzione "costruzione release" cmake --build --preset release
+}
