@@ -1,0 +1,34 @@
+#!/bin/sh
+# Makes the Windows program on this machine: build/windows, a complete station folder, and its zip.
+#   packaging/windows/costruisci.sh         leaves both in build/windows/consegna
+# The Qt for Windows lies in build/qt6-mingw. If it is not there yet it is unpacked from QT6_MINGW_ARCHIVIO, by
+# default ../shared/windows/qt6-mingw.tar.xz. COMPITI: how many compilers at a time.
+set -eu
+cd "$(dirname "$0")/../.."
+radice=$PWD
+consegna=$radice/build/windows/consegna
+archivio=${QT6_MINGW_ARCHIVIO:-$radice/../shared/windows/qt6-mingw.tar.xz}
+
+command -v x86_64-w64-mingw32-g++-posix >/dev/null || {
+    echo "costruisci.sh: manca il compilatore: apt-get install g++-mingw-w64-x86-64-posix" >&2
+    exit 1
+}
+if [ ! -d build/qt6-mingw ]; then
+    [ -f "$archivio" ] || { echo "costruisci.sh: manca la Qt per Windows: $archivio" >&2; exit 1; }
+    mkdir -p build
+    rm -rf build/qt6-mingw.nuovo
+    mkdir build/qt6-mingw.nuovo
+    tar -xf "$archivio" -C build/qt6-mingw.nuovo
+    mv build/qt6-mingw.nuovo/qt6-mingw build/qt6-mingw
+    rmdir build/qt6-mingw.nuovo
+fi
+
+cmake --preset windows
+cmake --build build/windows -j "${COMPITI:-$(nproc)}"
+
+# A new folder at every run: the last one might hold the lumira.ini of somebody's trial.
+rm -rf "$consegna"
+cmake --install build/windows --strip --prefix "$consegna/lumira"
+versione=$(sed -n 's/^project(lumira VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+(cd "$consegna" && cmake -E tar cf "lumira-$versione-windows.zip" --format=zip lumira)
+ls -l "$consegna/lumira-$versione-windows.zip"
