@@ -11,7 +11,7 @@ PACCHETTI_STAZIONE=(fonts-liberation python3)
 PACCHETTI_SCHERMO_VIRTUALE=(xvfb xdotool imagemagick dbus at-spi2-core python3-gi)
 # A print queue that makes PDFs, and what looks into them.
 PACCHETTI_STAMPA=(cups cups-client cups-filters ghostscript printer-driver-cups-pdf poppler-utils)
-PACCHETTI_CONTROLLI=(git clang-format cppcheck)
+PACCHETTI_CONTROLLI=(git clang-format cppcheck dpkg-dev)
 
 errore() {
     echo "$(basename "$0"): $*" >&2

@@ -1,6 +1,7 @@
 #!/bin/sh
-# Makes the Windows program on this machine: build/windows, a complete station folder, and its zip.
-#   packaging/windows/costruisci.sh         leaves both in build/windows/consegna
+# Makes the Windows program on this machine: a complete station folder, build/windows/consegna, and from it a zip
+# and an installer, in build/windows/pacchetti.
+#   packaging/windows/costruisci.sh
 # The Qt for Windows lies in build/qt6-mingw. If it is not there yet it is unpacked from QT6_MINGW_ARCHIVIO, by
 # default ../shared/windows/qt6-mingw.tar.xz. COMPITI: how many compilers at a time.
 set -eu
@@ -28,7 +29,6 @@ cmake --build build/windows -j "${COMPITI:-$(nproc)}"
 
 # A new folder at every run: the last one might hold the lumira.ini of somebody's trial.
 rm -rf "$consegna"
-cmake --install build/windows --strip --prefix "$consegna/lumira"
-versione=$(sed -n 's/^project(lumira VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
-(cd "$consegna" && cmake -E tar cf "lumira-$versione-windows.zip" --format=zip lumira)
-ls -l "$consegna/lumira-$versione-windows.zip"
+cmake --install build/windows --strip --prefix "$consegna"
+cpack --config build/windows/CPackConfig.cmake
+ls -l build/windows/pacchetti/lumira-*

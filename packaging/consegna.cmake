@@ -1,0 +1,18 @@
+# Run by cpack on the laid out station. A zip carries it as it is. What installs and removes must not own the
+# workshop's configuration: it carries it under another name and lays it down once, where there is none.
+if(NOT CPACK_GENERATOR STREQUAL "ZIP")
+  file(GLOB_RECURSE configurazione ${CPACK_TEMPORARY_DIRECTORY}/*/lumira.ini ${CPACK_TEMPORARY_DIRECTORY}/lumira.ini)
+  list(FILTER configurazione EXCLUDE REGEX "/impianto/")
+  list(GET configurazione 0 file)
+  get_filename_component(cartella ${file} DIRECTORY)
+  file(MAKE_DIRECTORY ${cartella}/impianto)
+  file(RENAME ${file} ${cartella}/impianto/lumira.ini)
+endif()
+
+if(CPACK_GENERATOR STREQUAL "DEB")
+  set(sorgente ${CMAKE_CURRENT_LIST_DIR}/..)
+  file(COPY ${CMAKE_CURRENT_LIST_DIR}/debian/lumira.desktop
+       DESTINATION ${CPACK_TEMPORARY_DIRECTORY}/usr/share/applications)
+  file(COPY ${sorgente}/dati/sorgenti/lumira.svg
+       DESTINATION ${CPACK_TEMPORARY_DIRECTORY}/usr/share/icons/hicolor/scalable/apps)
+endif()

@@ -1,0 +1,89 @@
+"""The Debian package: made, installed in a folder that stands for a machine, used, upgraded and removed."""
+
+import os
+import shutil
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+import operatore
+from prova import ProvaStazione
+
+COSTRUZIONE = Path(os.environ["LUMIRA_COSTRUZIONE"])
+
+
+def esegui(*comando):
+    fatto = subprocess.run([str(parte) for parte in comando], capture_output=True, text=True, timeout=120)
+    if fatto.returncode != 0:
+        raise AssertionError(f"{comando}: {fatto.stdout}{fatto.stderr}")
+    return fatto.stdout
+
+
+@unittest.skipUnless(shutil.which("dpkg-shlibdeps"), "dpkg-dev non è installato")
+@unittest.skipUnless(os.geteuid() == 0, "dpkg installa solo da root")
+class Pacchetto(ProvaStazione):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cartella = tempfile.TemporaryDirectory(prefix="pacchetto-")
+        cls.addClassCleanup(cartella.cleanup)
+        esegui("cpack", "--config", COSTRUZIONE / "CPackConfig.cmake", "-B", cartella.name)
+        (cls.pacchetto,) = Path(cartella.name).glob("*.deb")
+
+    def setUp(self):
+        super().setUp()
+        cartella = tempfile.TemporaryDirectory(prefix="macchina-")
+        self.addCleanup(cartella.cleanup)
+        self.macchina = Path(cartella.name)
+        self.opt = self.macchina / "opt" / "lumira"
+        base = self.macchina / "var" / "lib" / "dpkg"
+        for parte in ("info", "updates"):
+            (base / parte).mkdir(parents=True)
+        (base / "status").touch()
+        self.dpkg("--install", self.pacchetto)
+
+    def dpkg(self, *azione):
+        # What it depends on is on the real machine, not in the folder.
+        esegui("dpkg", f"--root={self.macchina}", "--force-script-chrootless", "--force-depends", *azione)
+
+    def test_cio_da_cui_dipende_si_trova(self):
+        piano = esegui("apt-get", "install", "--simulate", self.pacchetto)
+        self.assertIn("Inst lumira ", piano)
+        for parte in ("libqt6widgets6", "libqt6serialport6", "libcups2", "fonts-liberation"):
+            self.assertIn(parte, esegui("dpkg-deb", "--field", self.pacchetto, "Depends"))
+
+    def test_il_programma_installato_apre_il_menu(self):
+        self.stazione = operatore.Stazione(self.opt)
+        programma = self.avvia_al_menu()
+        self.esci(programma)
+
+    def test_la_voce_di_menu_trova_programma_e_icona(self):
+        testo = (self.macchina / "usr/share/applications/lumira.desktop").read_text(encoding="utf-8")
+        voce = dict(riga.split("=", 1) for riga in testo.splitlines() if "=" in riga)
+        for chiave in ("Exec", "Path"):
+            self.assertTrue((self.macchina / voce[chiave].lstrip("/")).exists(), chiave)
+        self.assertTrue((self.macchina / f"usr/share/icons/hicolor/scalable/apps/{voce['Icon']}.svg").exists())
+
+    def test_la_configurazione_si_puo_scrivere_dagli_utenti(self):
+        for percorso in (self.opt, self.opt / "lumira.ini"):
+            stato = percorso.stat()
+            self.assertEqual(percorso.group(), "users")
+            self.assertTrue(stato.st_mode & 0o020, percorso)
+
+    def test_un_aggiornamento_lascia_la_configurazione(self):
+        ini = operatore.Profilo(self.opt / "lumira.ini")
+        ini.imposta("LUMIRA", "Comm_NSerie", "987654")
+        (self.opt / "lingue.ini").write_bytes(b"")
+        self.dpkg("--install", self.pacchetto)
+        self.assertEqual(ini.valore("LUMIRA", "Comm_NSerie"), "987654")
+        self.assertNotEqual((self.opt / "lingue.ini").read_bytes(), b"")
+
+    def test_la_rimozione_lascia_la_configurazione_e_lo_scambio(self):
+        scambio = self.opt / "scambio"
+        scambio.mkdir()
+        (scambio / "10000001.far").touch()
+        self.dpkg("--remove", "lumira")
+        self.assertEqual(sorted(p.name for p in self.opt.rglob("*") if p.is_file()), ["10000001.far", "lumira.ini"])
+        self.dpkg("--purge", "lumira")
+        self.assertEqual([p.name for p in self.opt.rglob("*") if p.is_file()], ["10000001.far"])
