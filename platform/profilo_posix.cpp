@@ -17,7 +17,6 @@
 #include <sys/stat.h>
 #include <time.h>
 #include <unistd.h>
-#include <vector>
 
 namespace {
 
@@ -45,7 +44,8 @@ struct Riga
 {
     TipoRiga tipo = TipoRiga::Altro;
     QString nome;         // of the section or the key, as it is compared
-    qsizetype valore = 0; // first byte behind "="
+    qsizetype valore = 0; // first byte behind "="; without one, the end of the text
+    bool uguale = false;  // a key without "=" stands in the way of a later one of its name, and has no value
     qsizetype fine = 0;   // behind the text, before the line end
     qsizetype dopo = 0;   // behind the line end
 };
@@ -57,7 +57,7 @@ struct Profilo
     bool fermo = false; // and the file had been left alone for a while when it was read
     QByteArray byte;
     std::vector<Riga> righe;
-    QHash<QString, QHash<QString, QString>> valori;
+    QHash<QString, QHash<QString, std::optional<QString>>> valori;
 };
 
 /// The worklist reads thousands of small files, each once or twice: only the last few are kept.
@@ -137,24 +137,34 @@ Riga Riga_Da(QByteArrayView byte, qsizetype inizio)
         const qsizetype chiusa = spoglio.indexOf(']');
         riga.tipo = TipoRiga::Testa;
         riga.nome = Nome_DaByte(spoglio.sliced(1, (chiusa < 0 ? spoglio.size() : chiusa) - 1));
-    } else if (const qsizetype uguale = testo.indexOf('='); uguale >= 0 && !spoglio.startsWith(';')) {
+    } else if (!spoglio.isEmpty() && !spoglio.startsWith(';')) {
+        const qsizetype uguale = testo.indexOf('=');
         riga.tipo = TipoRiga::Chiave;
-        riga.nome = Nome_DaByte(testo.first(uguale));
-        riga.valore = inizio + uguale + 1;
+        riga.uguale = uguale >= 0;
+        riga.nome = Nome_DaByte(riga.uguale ? testo.first(uguale) : testo);
+        riga.valore = riga.uguale ? inizio + uguale + 1 : riga.fine;
     }
     return riga;
+}
+
+std::optional<QString> Valore_Di(const Riga &riga, QByteArrayView byte)
+{
+    if (!riga.uguale)
+        return std::nullopt;
+    return Valore_DaByte(byte.sliced(riga.valore, riga.fine - riga.valore));
 }
 
 void Analizza(Profilo &profilo)
 {
     const QByteArrayView byte = profilo.byte;
-    QHash<QString, QString> *sezione = nullptr; // the section that is being filled: the first of its name
+    QHash<QString, std::optional<QString>> *sezione =
+        nullptr; // the section that is being filled: the first of its name
     for (qsizetype posto = 0; posto < byte.size();) {
         const Riga riga = Riga_Da(byte, posto);
         if (riga.tipo == TipoRiga::Testa)
             sezione = profilo.valori.contains(riga.nome) ? nullptr : &profilo.valori[riga.nome];
         else if (riga.tipo == TipoRiga::Chiave && sezione != nullptr && !sezione->contains(riga.nome))
-            sezione->insert(riga.nome, Valore_DaByte(byte.sliced(riga.valore, riga.fine - riga.valore)));
+            sezione->insert(riga.nome, Valore_Di(riga, byte));
         posto = riga.dopo;
         profilo.righe.push_back(riga);
     }
@@ -275,8 +285,8 @@ QByteArray Byte_Aggiornati(const Profilo &profilo, const QString &sezione, const
 {
     QByteArray byte = profilo.byte;
     const Posto posto = Posto_Di(profilo, Nome_DaConfrontare(sezione), Nome_DaConfrontare(chiave));
-    if (posto.chiave != nullptr)
-        return byte.replace(posto.chiave->valore, posto.chiave->fine - posto.chiave->valore, valore);
+    if (const Riga *riga = posto.chiave; riga != nullptr)
+        return byte.replace(riga->valore, riga->fine - riga->valore, riga->uguale ? valore : '=' + valore);
 
     QByteArray righe = Nome_Richiesto(chiave) + '=' + valore + "\r\n";
     if (!posto.sezione)
@@ -296,7 +306,7 @@ QString Profilo_Leggi(const QString &sezione, const QString &chiave, const QStri
     if (const Profilo *profilo = Profilo_Attuale(file)) {
         const auto trovata = profilo->valori.constFind(Nome_DaConfrontare(sezione));
         if (trovata != profilo->valori.cend())
-            valore = trovata->value(Nome_DaConfrontare(chiave), predefinito);
+            valore = trovata->value(Nome_DaConfrontare(chiave)).value_or(predefinito);
     }
     return valore.left(std::max(0, misura - 1));
 }

@@ -3,7 +3,7 @@
 
 usage: esegui.py COSTRUZIONE [file ...]      e.g. esegui.py build/release prova_avvio.py
 
-Each file runs in a process of its own and says at its end "Totals: N passed, N failed, N skipped", as the
+A file of another folder is given by its path. Each file runs in a process of its own and says at its end "Totals: N passed, N failed, N skipped", as the
 Qt tests do. Pictures of failed waits go to the folder LUMIRA_SCHERMATE, if it is set.
 """
 
@@ -32,7 +32,9 @@ def totali(riusciti, falliti, saltati):
 
 def esegui_qui(nome):
     """Runs the tests of one file in this process."""
-    prove = unittest.defaultTestLoader.loadTestsFromName(Path(nome).stem)
+    percorso = CARTELLA / nome
+    sys.path.insert(0, str(percorso.parent))
+    prove = unittest.defaultTestLoader.loadTestsFromName(percorso.stem)
     esito = unittest.TextTestRunner(stream=sys.stdout, verbosity=2).run(prove)
     falliti = len(esito.failures) + len(esito.errors) + len(esito.unexpectedSuccesses)
     saltati = len(esito.skipped)
@@ -59,7 +61,7 @@ def esegui_a_parte(nome, cartella):
         uscita = f"non finisce in {MASSIMO} s\n"
     if not re.search(r"^Totals: ", uscita, re.MULTILINE):
         uscita += totali(0, 1, 0) + "\n"
-    testa = f"--- {nome} ({time.monotonic() - inizio:.1f} s)\n"
+    testa = f"--- {Path(nome).name} ({time.monotonic() - inizio:.1f} s)\n"
     return testa + uscita, processo.returncode == 0
 
 
@@ -89,7 +91,7 @@ def main(argomenti):
     if not argomenti:
         sys.exit(__doc__)
     # The longest first: the test of the silent instrument lasts as long as all the others together.
-    nomi = argomenti[1:] or sorted((f.name for f in CARTELLA.glob("prova_*.py")), key=lambda n: "silenzio" not in n)
+    nomi = [str(Path(n).resolve()) if "/" in n else n for n in argomenti[1:]] or sorted((f.name for f in CARTELLA.glob("prova_*.py")), key=lambda n: "silenzio" not in n)
     return esegui_tutti(Path(argomenti[0]).resolve(), nomi)
 
 

@@ -1,0 +1,82 @@
+"""A Windows machine of a test's own: Wine, with its registry and drives in a folder."""
+
+import os
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+import operatore
+
+RADICE = Path(__file__).resolve().parents[2]
+WINE = RADICE / "packaging" / "windows" / "wine.sh"
+COSTRUZIONE = RADICE / "build" / "windows"
+CONSEGNA = COSTRUZIONE / "consegna"  # the station folder as it is delivered
+
+TEMPO = 300  # seconds for a program that ends by itself
+
+
+class Macchina:
+    """What runs on it ends with it. Paths of this computer stand below Z:."""
+
+    def __init__(self, ambiente=None):
+        """@param ambiente of a virtual screen, for what opens windows."""
+        self._cartella = tempfile.TemporaryDirectory(prefix="macchina-", ignore_cleanup_errors=True)
+        self.ambiente = (os.environ if ambiente is None else ambiente) | {
+            "WINEPREFIX": f"{self._cartella.name}/wine",
+            "WINEDEBUG": "-all",
+            "LC_ALL": "C.UTF-8",
+        }
+        self.disco = Path(self._cartella.name) / "wine" / "drive_c"
+
+    @staticmethod
+    def percorso(percorso):
+        """The name that a file of this computer has there."""
+        return "Z:" + str(percorso).replace("/", "\\")
+
+    @staticmethod
+    def comando(programma, *argomenti):
+        """What runs a program there, from here; with .ambiente."""
+        return [WINE, programma, *argomenti]
+
+    def avvia(self, programma, *argomenti, **opzioni):
+        return operatore.avvia_processo(self.comando(programma, *argomenti), env=self.ambiente, **opzioni)
+
+    def esegui(self, programma, *argomenti):
+        """Runs a program to its end.
+
+        @returns what it wrote on its standard output.
+        @throws AssertionError when its status is not 0.
+        """
+        processo = self.avvia(programma, *argomenti, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        try:
+            uscita = processo.communicate(timeout=TEMPO)[0].decode("utf-8", "replace")
+        finally:
+            operatore.ferma_processo(processo)
+        if processo.returncode != 0:
+            raise AssertionError(f"{programma}: {processo.returncode}\n{uscita}")
+        return uscita
+
+    def collega_porta(self, numero, dispositivo):
+        """Gives the machine a COM port: a terminal device of this computer."""
+        chiave = r"HKLM\Software\Wine\Ports"
+        self.esegui("reg", "add", chiave, "/v", f"COM{numero}", "/t", "REG_SZ", "/d", dispositivo, "/f")
+        self.spegni()  # ports are read at the start of the machine
+
+    def spegni(self):
+        """Ends all that runs on the machine, and the machine; the next program starts it anew."""
+        for opzione in ("-k", "-w"):
+            subprocess.run(["wineserver", opzione], env=self.ambiente, check=False, timeout=TEMPO)
+
+    def chiudi(self):
+        self.spegni()
+        self._cartella.cleanup()
+
+
+class ProvaMacchina(unittest.TestCase):
+    """One machine for all tests of a class."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.macchina = Macchina()
+        cls.addClassCleanup(cls.macchina.chiudi)
