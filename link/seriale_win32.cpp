@@ -271,6 +271,7 @@ void SerialeWin32::Settings(const QString &testo)
     if (Dispositivo_Aperto())
         GetCommState(m_porta, &formato);
     Pretendi(BuildCommDCBW(reinterpret_cast<const wchar_t *>(testo.utf16()), &formato) != FALSE);
+    Pretendi(formato.BaudRate != 0);
     // The control's own defaults: no flow control, DTR raised, RTS not; every byte passes, also a damaged
     // one.
     formato.fBinary = TRUE;

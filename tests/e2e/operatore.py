@@ -119,7 +119,12 @@ class Stazione:
             self.percorso("scambio", cartella).mkdir(parents=True, exist_ok=True)
         # The program adds DIR_FAR\ or ESITO\ to these, without a separator of its own.
         for chiave in ("DirDati", "DirRisultati", "ReteDati", "ReteRisultati"):
-            self.imposta("MCTC", chiave, f"{self.percorso('scambio')}\\")
+            self.imposta("MCTC", chiave, f"{self.nome_cartella(self.percorso('scambio'))}\\")
+
+    @staticmethod
+    def nome_cartella(percorso):
+        """The name that a folder has in the configuration."""
+        return percorso
 
     def percorso(self, *nomi):
         return self.cartella.joinpath(*nomi)
@@ -407,8 +412,12 @@ class Programma:
 
     def clicca_su(self, elemento):
         """Clicks the middle of what elementi() found."""
+        self.schermo.clicca(*self.centro(elemento))
+
+    @staticmethod
+    def centro(elemento):
         x, y, larghezza, altezza = elemento.rettangolo
-        self.schermo.clicca(x + larghezza // 2, y + altezza // 2)
+        return x + larghezza // 2, y + altezza // 2
 
     def scegli_riga(self, inizio):
         """Clicks the line of a list that begins so."""

@@ -40,6 +40,8 @@ class Macchina:
         return [WINE, programma, *argomenti]
 
     def avvia(self, programma, *argomenti, **opzioni):
+        # The machine goes on with what its first program was given.
+        opzioni = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL} | opzioni
         return operatore.avvia_processo(self.comando(programma, *argomenti), env=self.ambiente, **opzioni)
 
     def esegui(self, programma, *argomenti):
@@ -48,7 +50,7 @@ class Macchina:
         @returns what it wrote on its standard output.
         @throws AssertionError when its status is not 0.
         """
-        processo = self.avvia(programma, *argomenti, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        processo = self.avvia(programma, *argomenti, stdout=subprocess.PIPE)
         try:
             uscita = processo.communicate(timeout=TEMPO)[0].decode("utf-8", "replace")
         finally:
@@ -66,7 +68,9 @@ class Macchina:
     def spegni(self):
         """Ends all that runs on the machine, and the machine; the next program starts it anew."""
         for opzione in ("-k", "-w"):
-            subprocess.run(["wineserver", opzione], env=self.ambiente, check=False, timeout=TEMPO)
+            subprocess.run(
+                ["wineserver", opzione], env=self.ambiente, check=False, timeout=TEMPO, capture_output=True
+            )
 
     def chiudi(self):
         self.spegni()
