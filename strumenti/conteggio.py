@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""Adds up the results of a run of CTest and of the end-to-end tests.
+"""Adds up the results of a run of CTest and of the tests that are run by scripts.
 
-usage: conteggio.py REGISTRO_CTEST REGISTRO_E2E
+usage: conteggio.py REGISTRO_CTEST REGISTRO ...
 
 Prints the one line "N passed, N failed[, N skipped]"; the exit status is 1 when something failed or nothing ran.
 """
@@ -34,7 +34,7 @@ def conta_ctest(testo):
     return riusciti, falliti, saltati
 
 
-def conta_e2e(testo):
+def conta_totali(testo):
     numeri = [tuple(map(int, trovata)) for trovata in TOTALI.findall(testo)]
     return tuple(map(sum, zip(*numeri))) if numeri else (0, 1, 0)
 
@@ -46,9 +46,9 @@ def leggi(percorso):
 
 
 def main(argomenti):
-    if len(argomenti) != 2:
+    if len(argomenti) < 2:
         raise SystemExit(__doc__)
-    parti = (conta_ctest(leggi(argomenti[0])), conta_e2e(leggi(argomenti[1])))
+    parti = [conta_ctest(leggi(argomenti[0])), *(conta_totali(leggi(registro)) for registro in argomenti[1:])]
     riusciti, falliti, saltati = map(sum, zip(*parti))
     print(f"{riusciti} passed, {falliti} failed" + (f", {saltati} skipped" if saltati else ""))
     return 1 if falliti or not riusciti else 0

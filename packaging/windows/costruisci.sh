@@ -15,7 +15,10 @@ command -v x86_64-w64-mingw32-g++-posix >/dev/null || {
     exit 1
 }
 if [ ! -d build/qt6-mingw ]; then
-    [ -f "$archivio" ] || { echo "costruisci.sh: manca la Qt per Windows: $archivio" >&2; exit 1; }
+    [ -f "$archivio" ] || {
+        echo "costruisci.sh: manca la Qt per Windows: $archivio, oppure packaging/windows/costruisci_qt.sh" >&2
+        exit 1
+    }
     mkdir -p build
     rm -rf build/qt6-mingw.nuovo
     mkdir build/qt6-mingw.nuovo

@@ -3,8 +3,9 @@
 
 usage: esegui.py COSTRUZIONE [file ...]      e.g. esegui.py build/release prova_avvio.py
 
-A file of another folder is given by its path. Each file runs in a process of its own and says at its end "Totals: N passed, N failed, N skipped", as the
-Qt tests do. Pictures of failed waits go to the folder LUMIRA_SCHERMATE, if it is set.
+A file of another folder is given by its path. Each file runs in a process of its own and says at its end
+"Totals: N passed, N failed, N skipped", as the Qt tests do. Pictures of failed waits go to the folder
+LUMIRA_SCHERMATE, if it is set.
 """
 
 import concurrent.futures
@@ -85,14 +86,22 @@ def esegui_tutti(costruzione, nomi):
     return 0 if riuscito else 1
 
 
+def percorso(nome):
+    return str(Path(nome).resolve()) if "/" in nome else nome
+
+
+def tutti():
+    # The longest first: the test of the silent instrument lasts as long as all the others together.
+    return sorted((f.name for f in CARTELLA.glob("prova_*.py")), key=lambda nome: "silenzio" not in nome)
+
+
 def main(argomenti):
     if argomenti[:1] == ["--qui"]:
         return esegui_qui(argomenti[1])
     if not argomenti:
         sys.exit(__doc__)
-    # The longest first: the test of the silent instrument lasts as long as all the others together.
-    nomi = [str(Path(n).resolve()) if "/" in n else n for n in argomenti[1:]] or sorted((f.name for f in CARTELLA.glob("prova_*.py")), key=lambda n: "silenzio" not in n)
-    return esegui_tutti(Path(argomenti[0]).resolve(), nomi)
+    costruzione, *nomi = argomenti
+    return esegui_tutti(Path(costruzione).resolve(), [percorso(nome) for nome in nomi] or tutti())
 
 
 if __name__ == "__main__":

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
+#include <QSysInfo>
 #include <QTemporaryDir>
 
 namespace {
@@ -21,23 +22,31 @@ QByteArray Configurazione(QSize schermo)
         .toLatin1();
 }
 
+/// What was written, as the program wrote it: Windows puts a CR before each line end.
+QString Testo(QByteArray scritto)
+{
+    if (QSysInfo::kernelType() == QStringLiteral("winnt"))
+        scritto.replace("\r\n", "\n");
+    return QString::fromUtf8(scritto);
+}
+
 } // namespace
 
 EsitoFiglio Figlio_Esegui(const QStringList &argomenti, QSize schermo)
 {
     QTemporaryDir cartella;
     QProcess figlio;
-    QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
     QString piattaforma = QStringLiteral("offscreen");
     if (schermo.isValid()) {
         QFile file(cartella.filePath(QStringLiteral("schermo.json")));
         if (!file.open(QIODevice::WriteOnly) || file.write(Configurazione(schermo)) < 0)
             return {};
-        piattaforma += QStringLiteral(":configfile=") + file.fileName();
+        // By its bare name: the drive of a whole path would end the option.
+        figlio.setWorkingDirectory(cartella.path());
+        piattaforma += QStringLiteral(":configfile=schermo.json");
     }
-    ambiente.insert(QStringLiteral("QT_QPA_PLATFORM"), piattaforma);
-    figlio.setProcessEnvironment(ambiente);
-    figlio.start(QCoreApplication::applicationFilePath(), argomenti);
+    figlio.start(QCoreApplication::applicationFilePath(),
+                 argomenti + QStringList{QStringLiteral("-platform"), piattaforma});
     EsitoFiglio esito;
     if (!figlio.waitForFinished(PAZIENZA)) {
         figlio.kill();
@@ -46,8 +55,8 @@ EsitoFiglio Figlio_Esegui(const QStringList &argomenti, QSize schermo)
         esito.Finito = figlio.exitStatus() == QProcess::NormalExit;
     }
     esito.Stato = figlio.exitCode();
-    esito.Uscita = QString::fromUtf8(figlio.readAllStandardOutput());
-    esito.Errori = QString::fromUtf8(figlio.readAllStandardError());
+    esito.Uscita = Testo(figlio.readAllStandardOutput());
+    esito.Errori = Testo(figlio.readAllStandardError());
     return esito;
 }
 
