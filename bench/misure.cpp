@@ -6,6 +6,7 @@
 #include "core/modGeneral.h"
 #include "link/protocollo.h"
 #include "mctc/campi_acc.h"
+#include "mctc/frmMctcO.h"
 #include "mctc/lista.h"
 #include "mctc/modMctc.h"
 #include "platform/profilo.h"
@@ -13,7 +14,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -115,6 +116,32 @@ void Sondaggio_10000(benchmark::State &stato)
     }
 }
 
+void Lettura_5000(benchmark::State &stato)
+{
+    const Stazione stazione;
+    for (int i = 0; i < 5000; ++i)
+        stazione.Accettazione(QStringLiteral("%1.acc").arg(20000000 + i));
+    QList<VoceLista> voci;
+    for (auto giro : stato) {
+        (void)giro;
+        benchmark::DoNotOptimize(Lista_Leggi(gDirAcc, voci));
+    }
+}
+
+void Apertura_Lista_5000(benchmark::State &stato)
+{
+    const Stazione stazione;
+    for (int i = 0; i < 5000; ++i)
+        stazione.Accettazione(QStringLiteral("%1.acc").arg(20000000 + i));
+    for (auto giro : stato) {
+        (void)giro;
+        const auto form = Nuovo<frmMctcO>();
+        form->Mostra();
+        QCoreApplication::processEvents();
+        form->Scarica();
+    }
+}
+
 void Calcola_Esito_Uno(benchmark::State &stato)
 {
     const Stazione stazione;
@@ -134,13 +161,15 @@ BENCHMARK(Leggi_Ini_Invariato)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Carica_Lingua_160)->Unit(benchmark::kMillisecond);
 BENCHMARK(Acc_Controlla_Completo)->Unit(benchmark::kMillisecond);
 BENCHMARK(Sondaggio_10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Lettura_5000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Apertura_Lista_5000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Calcola_Esito_Uno)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    const QCoreApplication applicazione(argc, argv);
+    const QApplication applicazione(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;

@@ -1,3 +1,4 @@
+// The rows of a table of fields against the profile files. It knows no control.
 #include "core/campo_form.h"
 
 #include "core/modGeneral.h"

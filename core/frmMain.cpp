@@ -1,3 +1,5 @@
+// The menu on the design grid, and the way of a test through the forms it opens. How any of them works is
+// not known here.
 #include "core/frmMain.h"
 
 #include "core/modApp.h"
@@ -289,10 +291,11 @@ void frmMain::Unload()
 {
     for (qint16 i = cmdMnu.UBound(); i >= 1; --i)
         cmdMnu.Scarica(i);
-    // Every other form goes with the main window, the one loaded last first.
-    const Modulo *questo = this;
-    for (auto moduli = Moduli_Caricati(); moduli.size() > 1; moduli = Moduli_Caricati()) {
-        const auto ultimo = moduli.back().get() != questo ? moduli.back() : *(moduli.end() - 2);
-        ultimo->Scarica();
+    // Every other form goes with the main window, the one loaded last first. The link form may be unloading
+    // already, as long as the result it brought shows: it ends by itself once the result has gone.
+    const auto moduli = Moduli_Caricati();
+    for (auto modulo = moduli.rbegin(); modulo != moduli.rend(); ++modulo) {
+        if (modulo->get() != this)
+            (*modulo)->Scarica();
     }
 }

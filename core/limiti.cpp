@@ -1,3 +1,4 @@
+// The limits by table, with their defaults and conversions. What is judged by them is modApp's business.
 #include "core/limiti.h"
 
 #include "core/modGeneral.h"

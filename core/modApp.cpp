@@ -1,3 +1,4 @@
+// The evaluation as tables: which record feeds which row, which rows decide. It knows no form and no frame.
 #include "core/modApp.h"
 
 #include "core/limiti.h"

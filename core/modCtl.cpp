@@ -1,3 +1,4 @@
+// Controls made and filled row by row, and the scale of the grid. It knows no form in particular.
 #include "core/modCtl.h"
 
 #include "core/modGeneral.h"
@@ -160,6 +161,8 @@ void Campi_Didascalie(TabellaCampi tabella, qint16 ultimaRiga, Modulo &form)
         etichetta.Left(campo.LabelLeft);
         etichetta.Top(campo.LabelTop);
         etichetta.Visible(true);
+        if (campo.Kind == CampoCombo)
+            etichetta.Etichetta_Di(form.cbo[campo.CtlIndex]);
         etichetta.Enabled(campo.LabelEnabledByEditable != 1 || campo.Editable);
     }
 }

@@ -1,3 +1,4 @@
+// Names cut out of paths, and listings on the platform's. It opens no file.
 #include "core/modFs.h"
 
 #include "platform/elenco.h"

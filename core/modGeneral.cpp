@@ -1,3 +1,4 @@
+// The state of the run and its readings through the profile calls. It knows no form and no module above it.
 #include "core/modGeneral.h"
 
 #include "platform/codifica.h"
@@ -7,6 +8,8 @@
 #include "platform/profilo.h"
 
 #include <QFile>
+
+#include <limits>
 
 qint32 gScreenW = 0, gScreenH = 0;
 Flag gDebug = Falso;
@@ -28,6 +31,9 @@ namespace {
 
 /// Characters that a profile read offers, the closing NUL included.
 constexpr int MISURA_VALORE = 500;
+
+/// The longest file whose length a result holds, in bytes.
+constexpr qint64 LUNGHEZZA_MASSIMA = std::numeric_limits<qint32>::max();
 
 } // namespace
 
@@ -70,7 +76,7 @@ QString Locale_Info(qint32 tipo)
 qint32 File_Leggi(const QString &percorso, QString &testo)
 {
     QFile file(Percorso_Nativo(percorso));
-    if (!file.open(QIODevice::ReadOnly) || file.size() == 0)
+    if (!file.open(QIODevice::ReadOnly) || file.size() == 0 || file.size() > LUNGHEZZA_MASSIMA)
         return -1;
     const QByteArray byte = file.readAll();
     if (file.error() != QFileDevice::NoError)

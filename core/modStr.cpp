@@ -1,6 +1,17 @@
+// Texts cut, replaced and searched, with 16-bit positions. It opens no file and keeps nothing.
 #include "core/modStr.h"
 
 #include "platform/codifica.h"
+
+namespace {
+
+/// The result of a listing. @param prima names that the array held before it.
+qint16 Ultimo_Aggiunto(const QStringList &nomi, qsizetype prima)
+{
+    return nomi.size() == prima ? qint16{-1} : Intero16(nomi.size() - 1);
+}
+
+} // namespace
 
 QString Pwd_Decifra(const QString &cifrato)
 {
@@ -15,7 +26,7 @@ QString Str_Sostituisci(const QString &testo, const QString &cercato, const QStr
     QString copia = testo;
     qsizetype posto = copia.indexOf(cercato);
     while (posto >= 0 && !cercato.isEmpty()) {
-        Intero16(posto + 1);
+        Intero16(posto + 2); // the next start, counted from 1
         copia.replace(posto, cercato.size(), sostituto);
         posto = copia.indexOf(cercato, posto + 1);
     }
@@ -32,22 +43,24 @@ QString Str_Token(const QString &testo, const QString &separatore, qint16 numero
 qint16 Ini_Sezioni(const QString &testo, QStringList &nomi)
 {
     // What stands between one "[" and the next holds one name at most.
+    const qsizetype prima = nomi.size();
     const QStringList pezzi = testo.split(u'[').mid(1);
     for (const QString &pezzo : pezzi) {
         const qsizetype chiusa = pezzo.indexOf(u']');
         if (chiusa >= 0)
             nomi.append(pezzo.left(chiusa));
     }
-    return Intero16(nomi.size() - 1);
+    return Ultimo_Aggiunto(nomi, prima);
 }
 
 qint16 Ini_Chiavi(const QString &testo, QStringList &nomi)
 {
+    const qsizetype prima = nomi.size();
     for (qsizetype uguale = testo.indexOf(u'='); uguale >= 0; uguale = testo.indexOf(u'=', uguale + 1)) {
         qsizetype inizio = uguale;
         while (inizio > 0 && testo[inizio - 1] != u'\r' && testo[inizio - 1] != u'\n')
             --inizio;
         nomi.append(testo.mid(inizio, uguale - inizio));
     }
-    return Intero16(nomi.size() - 1);
+    return Ultimo_Aggiunto(nomi, prima);
 }

@@ -22,9 +22,9 @@ QString Str_Sostituisci(const QString &testo, const QString &cercato, const QStr
 QString Str_Token(const QString &testo, const QString &separatore, qint16 numero);
 
 /// Adds the section names of a profile text to an array, as they stand, duplicates included.
-/// @return the highest index filled, -1 for none.
+/// @return the highest index filled, -1 when the text has none.
 qint16 Ini_Sezioni(const QString &testo, QStringList &nomi);
 
 /// Adds the key names of one section's text to an array. Every "=" ends a key, also one inside a value:
-/// such a line yields a second name. @return the highest index filled, -1 for none.
+/// such a line yields a second name. @return the highest index filled, -1 when the text has none.
 qint16 Ini_Chiavi(const QString &testo, QStringList &nomi);

@@ -1,3 +1,4 @@
+// The scrambling, and what a password must be for the station to read it back. It stores nothing.
 #include "core/pwd_cifra.h"
 
 #include "platform/codifica.h"

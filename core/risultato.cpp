@@ -1,3 +1,4 @@
+// The keys of the result record in the order of the result file. What the values mean is not known here.
 #include "core/risultato.h"
 
 #include "platform/errore_esecuzione.h"

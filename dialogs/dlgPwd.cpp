@@ -1,3 +1,4 @@
+// The keys typed, compared at each one, and the time until the box goes. It knows no owner.
 #include "dialogs/dlgPwd.h"
 
 #include "core/modCtl.h"

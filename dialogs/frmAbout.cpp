@@ -1,3 +1,4 @@
+// The seven lines by table. It reads them and knows no more of the program.
 #include "dialogs/frmAbout.h"
 
 #include "core/modCtl.h"
@@ -72,7 +73,10 @@ void frmAbout::Costruisci()
         lblAbout[i].Top(riga.cima);
         lblAbout[i].Height(riga.altezza);
         lblAbout[i].FontSize(riga.punti);
-        lblAbout[i].Allineamento(Qt::AlignLeft | Qt::AlignTop); // lines stand closer than they are high
+        // A place lower than its line still has room for the letters, at its bottom.
+        lblAbout[i].Allineamento(Qt::AlignLeft | Qt::AlignBottom);
+        if (lblAbout[i].Altezza_Testo() <= riga.altezza)
+            lblAbout[i].Allineamento(Qt::AlignLeft | Qt::AlignTop);
     }
     lblAbout[0].ForeColor(COLORE_ROSSO);
     lblAbout[1].ForeColor(COLORE_ROSSO);

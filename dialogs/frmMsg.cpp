@@ -1,10 +1,10 @@
+// The box that grows with its text, and the ways to show it. It knows no caller.
 #include "dialogs/frmMsg.h"
 
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
-#include "platform/aspetto.h"
+#include "platform/colori.h"
 #include "platform/errore_esecuzione.h"
-#include "platform/schermo.h"
 
 #include <algorithm>
 
@@ -14,15 +14,19 @@ constexpr qint16 TESTO_TITOLO = 124;
 constexpr qint16 TEMPO_MESSAGGIO = 2000; // ms
 
 // In twips, as the form's height is: it grows with the text, not with the screen.
-constexpr qint32 ALTEZZA_PULSANTE = 360; // leaves a line above it in the lowest form
 constexpr qint32 MARGINE_TESTO = 1000;
 constexpr qint32 SALITA_TESTO = 200; // the text stands that much above the middle
-constexpr double PUNTI_MINIMI = 8;
 
 /// Height of the form: room for one more line every 50 characters.
 qint32 Altezza_Per(const QString &testo)
 {
     return Arrotonda(static_cast<double>(testo.size()) / 50) * 500 + 1500;
+}
+
+/// Height of the button: in the lowest form it leaves a line of text above it.
+qint32 Pulsante_Per(qint32 altezza)
+{
+    return std::clamp(altezza / 5, 360, 480);
 }
 
 } // namespace
@@ -36,7 +40,7 @@ void frmMsg::Disegno()
     PicMex->Posto(200, 400, 480, 480);
     PicMex->Avviso();
     lbl.Carica(0).Visible(true);
-    cmd.Carica(0).Posto(0, 0, ScalaX(1575), ALTEZZA_PULSANTE);
+    cmd.Carica(0).Width(ScalaX(1575));
     cmd[0].Caption(QStringLiteral("Ok"));
     cmd[0].Default(true);
     cmd[0].Cancel(true);
@@ -54,6 +58,7 @@ void frmMsg::Load()
         tmr.Interval(Time);
         tmr.Enabled(true);
     } else {
+        cmd[0].Height(Pulsante_Per(Height()));
         cmd[0].Top(Height() - 2 * cmd[0].Height() - 100);
         cmd[0].Left((Width() - cmd[0].Width()) / 2);
         cmd[0].Visible(true);
@@ -61,19 +66,16 @@ void frmMsg::Load()
     Adatta_Testo();
 }
 
-/// The text takes the room round its middle; a long one is set smaller before the label cuts its end.
+/// The text takes the room round its middle, and no more: what is too long even in the smallest type loses
+/// its end.
 void frmMsg::Adatta_Testo()
 {
     const qint32 meta = Height() / 2 - SALITA_TESTO;
     const qint32 fondo = cmd[0].Visible() ? cmd[0].Top() : Height();
     const qint32 spazio = 2 * std::min(meta, fondo - meta);
     lbl[0].Width(Width() - 2 * MARGINE_TESTO);
-    double punti = Punti_Normali();
-    lbl[0].FontSize(punti);
-    while (lbl[0].Altezza_Testo() > spazio && punti > PUNTI_MINIMI)
-        lbl[0].FontSize(punti -= 1);
-    const bool tagliato = lbl[0].Altezza_Testo() > spazio;
-    lbl[0].Allineamento(Qt::AlignHCenter | (tagliato ? Qt::AlignTop : Qt::AlignVCenter));
+    lbl[0].Height(spazio);
+    lbl[0].Allineamento(Qt::AlignHCenter | (lbl[0].Entra() ? Qt::AlignVCenter : Qt::AlignTop));
     lbl[0].Height(std::min(lbl[0].Altezza_Testo(), spazio));
 }
 

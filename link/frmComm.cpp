@@ -1,3 +1,4 @@
+// The window of a session: its layout, and what the machine has it show. It knows no command and no reply.
 #include "link/frmComm.h"
 
 #include "core/modCtl.h"
@@ -19,7 +20,7 @@ constexpr qint32 MARGINE = 150;
 constexpr qint32 LBL_ALTA = 700;
 constexpr qint32 HEX_ALTA = 460;
 constexpr qint32 LAMPADA = 700;
-constexpr double PUNTI_FISSI = 0.8; // of the normal size
+constexpr double PUNTI_FISSI = 0.9; // of the normal size
 
 } // namespace
 

@@ -1,3 +1,4 @@
+// The serial control set up, opened, read and written for a session. It knows no command.
 #include "link/modComm.h"
 
 #include "core/modGeneral.h"

@@ -1,3 +1,4 @@
+// Frames built and read by tables. It knows no port, no timer and no form.
 #include "link/protocollo.h"
 
 #include "core/modGeneral.h"

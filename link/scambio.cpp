@@ -1,3 +1,5 @@
+// The machine's states, its sequences and the one ordered table of replies. It knows no widget and no
+// device.
 #include "link/scambio.h"
 
 #include "core/modGeneral.h"

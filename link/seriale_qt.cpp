@@ -190,6 +190,9 @@ void SerialeQt::Apri()
     m_porta.setPortName(Percorso_Dispositivo(m_numero));
     if (m_aperta || !m_porta.open(QIODevice::ReadWrite))
         throw ErroreEsecuzione(ERRORE_APERTURA, QStringLiteral("Invalid port number"));
+    // The system raises both lines to the instrument; the control's own default is DTR raised, RTS not. A
+    // pseudo terminal has neither and refuses, which takes nothing from its use.
+    m_porta.setRequestToSend(false);
     m_aperta = true;
 }
 

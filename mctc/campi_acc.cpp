@@ -1,3 +1,5 @@
+// The record's rows, filled from the format's table and from one file. It knows no control and no rule of a
+// value.
 #include "mctc/campi_acc.h"
 
 #include "core/modGeneral.h"

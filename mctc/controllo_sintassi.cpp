@@ -1,3 +1,4 @@
+// The scan of a file's lines. It knows no template, and no name or value that the format admits.
 #include "mctc/controllo_sintassi.h"
 
 #include "core/modFs.h"

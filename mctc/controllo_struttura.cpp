@@ -1,3 +1,4 @@
+// Names counted in the template and in the file, and compared. It looks at no value.
 #include "mctc/controllo_struttura.h"
 
 #include "core/modFs.h"

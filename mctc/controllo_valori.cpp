@@ -1,3 +1,4 @@
+// The rows against their rules, and the words of their errors. It opens no file and paints nothing.
 #include "mctc/controllo_valori.h"
 
 #include "core/modGeneral.h"

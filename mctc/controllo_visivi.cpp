@@ -1,3 +1,4 @@
+// The visual keys against their rules, one reading each. It keeps no value.
 #include "mctc/controllo_visivi.h"
 
 #include "core/modGeneral.h"

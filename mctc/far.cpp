@@ -1,3 +1,4 @@
+// The result record written line by line beside the acceptance file. It judges nothing.
 #include "mctc/far.h"
 
 #include "core/modFs.h"

@@ -1,3 +1,4 @@
+// The tables of the exchange, a row a field. Constants only: no file and no code that walks them.
 #include "mctc/formato_acc.h"
 
 namespace {

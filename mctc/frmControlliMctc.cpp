@@ -1,3 +1,4 @@
+// The table of the levels and its layout. No check is reached from here.
 #include "mctc/frmControlliMctc.h"
 
 #include "core/modCtl.h"

@@ -1,3 +1,5 @@
+// The list, the poll of the folder and the card of the file picked. What makes a file good is modMctc's
+// business.
 #include "mctc/frmMctcO.h"
 
 #include "core/modCtl.h"

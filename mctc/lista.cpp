@@ -1,9 +1,11 @@
+// The listing of the folder as entries, and two listings compared. It knows no list box and no check.
 #include "mctc/lista.h"
 
 #include "core/modFs.h"
 #include "core/modGeneral.h"
 #include "mctc/campi_acc.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/maiuscole.h"
 
 namespace {
 
@@ -30,7 +32,7 @@ qint16 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
     voci.clear();
     for (const QString &nome : std::as_const(nomi)) {
         VoceLista voce;
-        voce.NomeFile = nome.toUpper();
+        voce.NomeFile = Maiuscole(nome);
         // Opened as listed: where names tell case apart, the upper-case name would cost a search of the
         // folder for every file.
         voce.Targa = Targa_Leggi(conBarra + nome);

@@ -1,3 +1,4 @@
+// The four passes in their order, and the words of the report. It knows no window and no rule of a value.
 #include "mctc/modMctc.h"
 
 #include "core/modGeneral.h"

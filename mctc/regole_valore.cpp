@@ -1,3 +1,4 @@
+// One procedure a kind of check. It knows no row, no section and no file.
 #include "mctc/regole_valore.h"
 
 #include "platform/numeri.h"

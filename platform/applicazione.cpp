@@ -1,3 +1,5 @@
+// The application object on Qt's, and the program's end by an error: shown once, told on standard error,
+// status 1. It knows no form.
 #include "platform/applicazione.h"
 
 #include "platform/aspetto.h"

@@ -1,3 +1,4 @@
+// The look as values: palette, style sheet and families of type. It knows no form and no place of a control.
 #include "platform/aspetto.h"
 
 #include "platform/schermo.h"
@@ -5,8 +6,10 @@
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QStyleFactory>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -22,27 +25,145 @@ constexpr ColoreSistema COLORI_SISTEMA[] = {
     {COLORE_SISTEMA_FINESTRA, 0xFFFFFFFF},
 };
 
-constexpr QRgb SFONDO = 0xFFF3F6F8;
-constexpr QRgb TESTO = 0xFF14232E;
-constexpr QRgb SPENTO = 0xFF5A6872;
-constexpr QRgb CORNICE = 0xFF7D93A3;
-constexpr double LATO_SPUNTA = 1.2; // of the size of type
-constexpr QRgb ACCENTO = 0xFF0B5C8A;
+/// The colours, in the order of Tinta, under the names that the style sheet uses.
+struct VoceTinta
+{
+    const char *nome;
+    QRgb valore;
+};
+
+constexpr VoceTinta TINTE[] = {
+    {"@sfondo@",      0xFFF3F6F8},
+    {"@campo@",       0xFFFFFFFF},
+    {"@campoSpento@", 0xFFE9EDF0},
+    {"@testo@",       0xFF14232E},
+    {"@testoSpento@", 0xFF5A6872},
+    {"@cornice@",     0xFF7D93A3},
+    {"@fuoco@",       0xFF0B5C8A},
+};
+
+// Of a control that the style sheet alone paints.
+constexpr VoceTinta TINTE_FOGLIO[] = {
+    {"@sopra@",         0xFFE4F0F8}, // the pointer is over it
+    {"@premuto@",       0xFFC9E1F0},
+    {"@corniceSpenta@", 0xFFC3CCD3},
+};
+
+struct VoceMisura
+{
+    const char *nome;
+    qint32 twip;
+};
+
+constexpr qint32 LINEA = 15;
+
+/// Line and margin together are the same with the focus and without: the text stays where it is.
+constexpr VoceMisura MISURE_FOGLIO[] = {
+    {"@linea@",         LINEA    },
+    {"@lineaFuoco@",    2 * LINEA},
+    {"@margine@",       45       },
+    {"@margineFuoco@",  30       },
+    {"@raggio@",        60       },
+    {"@raggioCasella@", 30       },
+    {"@freccia@",       220      },
+};
+
+constexpr double CONTRASTO_LEGGIBILE = 5; // 4.5 and something for the smoothed edge of small letters
+constexpr double PUNTI_MINIMI = 8;
+constexpr double PARTE_MINIMA = 0.85;     // of the normal type, where that is small already
+constexpr qint32 BARRA_SCORRIMENTO = 300; // twips
 
 const char *const FOGLIO = R"(
-QPushButton { background: #ffffff; color: #14232e; border: 1px solid #7d93a3; border-radius: 4px; padding: 2px; }
-QPushButton:hover { background: #e4f0f8; }
-QPushButton:pressed { background: #c9e1f0; }
-QPushButton:focus { border: 2px solid #0b5c8a; }
-QPushButton:disabled { background: #e9edf0; color: #5a6872; border-color: #c3ccd3; }
-QLineEdit { border: 1px solid #9fb0bc; border-radius: 2px; padding: 0 3px; color: #14232e; }
-QLineEdit:focus { border: 2px solid #0b5c8a; padding: 0 2px; }
-QListWidget { background: #ffffff; border: 1px solid #9fb0bc; }
-QListWidget:focus { border: 2px solid #0b5c8a; }
-QListWidget::item:selected { background: #0b5c8a; color: #ffffff; }
+QPushButton { background: @campo@; color: @testo@; border: @linea@ solid @cornice@; border-radius: @raggio@;
+              padding: @linea@; }
+QPushButton:hover { background: @sopra@; }
+QPushButton:pressed { background: @premuto@; }
+QPushButton:focus { border: @lineaFuoco@ solid @fuoco@; padding: 0; }
+QPushButton:disabled { background: @campoSpento@; color: @testoSpento@; border-color: @corniceSpenta@; }
+QLineEdit, QComboBox { background: @campo@; color: @testo@; border: @linea@ solid @cornice@;
+                       border-radius: @raggioCasella@; padding: 0 @margine@; }
+QLineEdit:focus, QComboBox:focus { border: @lineaFuoco@ solid @fuoco@; padding: 0 @margineFuoco@; }
+QLineEdit:disabled, QComboBox:disabled { background: @campoSpento@; color: @testoSpento@;
+                                         border-color: @corniceSpenta@; }
+QComboBox::drop-down { width: @freccia@; border: none; }
+QListWidget { background: @campo@; border: @linea@ solid @cornice@; }
+QListWidget:focus { border: @lineaFuoco@ solid @fuoco@; }
+QListWidget::item:selected { background: @fuoco@; color: @campo@; }
 )";
 
+QString Foglio()
+{
+    QString foglio = QString::fromLatin1(FOGLIO);
+    const auto colora = [&foglio](const VoceTinta &voce) {
+        foglio.replace(QLatin1String(voce.nome), QColor::fromRgb(voce.valore).name());
+    };
+    std::for_each(std::begin(TINTE), std::end(TINTE), colora);
+    std::for_each(std::begin(TINTE_FOGLIO), std::end(TINTE_FOGLIO), colora);
+    for (const VoceMisura &voce : MISURE_FOGLIO)
+        foglio.replace(QLatin1String(voce.nome), QStringLiteral("%1px").arg(Pixel_DaTwip(voce.twip)));
+    return foglio;
+}
+
+/// What the style sheet cannot say: measures that are pixels elsewhere.
+class StileStazione : public QProxyStyle
+{
+public:
+    StileStazione() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+    int pixelMetric(PixelMetric misura, const QStyleOption *opzione, const QWidget *widget) const override
+    {
+        if (misura == PM_ScrollBarExtent)
+            return Pixel_DaTwip(BARRA_SCORRIMENTO);
+        return QProxyStyle::pixelMetric(misura, opzione, widget);
+    }
+};
+
+QPalette Tavolozza()
+{
+    QPalette tavolozza;
+    tavolozza.setColor(QPalette::Window, Colore_Tema(Tinta::Sfondo));
+    tavolozza.setColor(QPalette::WindowText, Colore_Tema(Tinta::Testo));
+    tavolozza.setColor(QPalette::Base, Colore_Tema(Tinta::Campo));
+    tavolozza.setColor(QPalette::Text, Colore_Tema(Tinta::Testo));
+    tavolozza.setColor(QPalette::Button, Colore_Tema(Tinta::Sfondo));
+    tavolozza.setColor(QPalette::ButtonText, Colore_Tema(Tinta::Testo));
+    tavolozza.setColor(QPalette::Highlight, Colore_Tema(Tinta::Fuoco));
+    tavolozza.setColor(QPalette::HighlightedText, Colore_Tema(Tinta::Campo));
+    for (const QPalette::ColorRole ruolo : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        tavolozza.setColor(QPalette::Disabled, ruolo, Colore_Tema(Tinta::TestoSpento));
+    return tavolozza;
+}
+
+/// Relative luminance, 0 to 1.
+double Luminanza(const QColor &colore)
+{
+    const auto canale = [](double v) {
+        return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * canale(colore.redF()) + 0.7152 * canale(colore.greenF()) +
+           0.0722 * canale(colore.blueF());
+}
+
+double Contrasto(const QColor &a, const QColor &b)
+{
+    const double prima = Luminanza(a);
+    const double seconda = Luminanza(b);
+    return (std::max(prima, seconda) + 0.05) / (std::min(prima, seconda) + 0.05);
+}
+
+/// A hundredth part of the second colour after the other, 0 to 100, in the first.
+QColor Mescola(const QColor &primo, const QColor &secondo, int parte)
+{
+    const auto canale = [parte](int da, int a) { return da + (a - da) * parte / 100; };
+    return QColor(canale(primo.red(), secondo.red()), canale(primo.green(), secondo.green()),
+                  canale(primo.blue(), secondo.blue()));
+}
+
 } // namespace
+
+QColor Colore_Tema(Tinta tinta)
+{
+    return QColor::fromRgb(TINTE[static_cast<size_t>(tinta)].valore);
+}
 
 QColor Colore_Da(quint32 colore)
 {
@@ -56,7 +177,21 @@ QColor Colore_Da(quint32 colore)
 
 QColor Colore_Cornice()
 {
-    return QColor::fromRgb(CORNICE);
+    return Colore_Tema(Tinta::Cornice);
+}
+
+QColor Colore_Leggibile(const QColor &scritta, const QColor &fondo)
+{
+    const QColor estremo = Contrasto(Qt::black, fondo) > Contrasto(Qt::white, fondo) ? Qt::black : Qt::white;
+    QColor colore = scritta;
+    for (int parte = 1; parte <= 100 && Contrasto(colore, fondo) < CONTRASTO_LEGGIBILE; ++parte)
+        colore = Mescola(scritta, estremo, parte);
+    return colore;
+}
+
+int Spessore_Linea(int volte)
+{
+    return Pixel_DaTwip(volte * LINEA);
 }
 
 QString Carattere_Normale()
@@ -68,25 +203,18 @@ QString Carattere_Fisso()
     return QStringLiteral("Courier New");
 }
 
+int Carattere_Minimo()
+{
+    const double punti = std::min(PUNTI_MINIMI, Punti_Normali() * PARTE_MINIMA);
+    return static_cast<int>(std::lround(Pixel_DaPunti(punti)));
+}
+
 void Aspetto_Applica(QApplication &applicazione)
 {
-    applicazione.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QPalette tavolozza;
-    tavolozza.setColor(QPalette::Window, QColor::fromRgb(SFONDO));
-    tavolozza.setColor(QPalette::WindowText, QColor::fromRgb(TESTO));
-    tavolozza.setColor(QPalette::Base, Qt::white);
-    tavolozza.setColor(QPalette::Text, QColor::fromRgb(TESTO));
-    tavolozza.setColor(QPalette::Button, QColor::fromRgb(SFONDO));
-    tavolozza.setColor(QPalette::ButtonText, QColor::fromRgb(TESTO));
-    tavolozza.setColor(QPalette::Highlight, QColor::fromRgb(ACCENTO));
-    tavolozza.setColor(QPalette::HighlightedText, Qt::white);
-    for (const QPalette::ColorRole ruolo : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        tavolozza.setColor(QPalette::Disabled, ruolo, QColor::fromRgb(SPENTO));
-    applicazione.setPalette(tavolozza);
+    applicazione.setStyle(new StileStazione);
+    applicazione.setPalette(Tavolozza());
     QFont carattere(Carattere_Normale());
     carattere.setPixelSize(static_cast<int>(std::lround(Pixel_DaPunti(Punti_Normali()))));
     applicazione.setFont(carattere);
-    const QString spunta = QStringLiteral("QCheckBox::indicator { width: %1px; height: %1px; }");
-    const auto lato = std::lround(Pixel_DaPunti(Punti_Normali()) * LATO_SPUNTA);
-    applicazione.setStyleSheet(QString::fromLatin1(FOGLIO) + spunta.arg(lato));
+    applicazione.setStyleSheet(Foglio());
 }

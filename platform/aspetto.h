@@ -1,4 +1,4 @@
-// The one look of all forms: colours, type, focus. Geometry is the forms' own.
+// The one look of all forms: colours, lines, type, focus. Geometry is the forms' own.
 #pragma once
 
 #include "platform/colori.h"
@@ -7,15 +7,38 @@
 
 class QApplication;
 
+/// The colours of the look, for what a control paints by itself.
+enum class Tinta
+{
+    Sfondo, ///< of a form
+    Campo,  ///< of what is written in, chosen from or pressed
+    CampoSpento,
+    Testo,
+    TestoSpento,
+    Cornice, ///< lines that frame parts of a form, and controls
+    Fuoco,   ///< where the keyboard is, and the chosen line of a list
+};
+QColor Colore_Tema(Tinta tinta);
+
 /// What a colour of platform/colori.h looks like.
 QColor Colore_Da(quint32 colore);
 
 /// Colour of the lines that frame parts of a form.
 QColor Colore_Cornice();
 
+/// A colour for writing on a ground: the same as long as it can be read there, otherwise as much darker, on a
+/// dark ground lighter, as it takes.
+QColor Colore_Leggibile(const QColor &scritta, const QColor &fondo);
+
+/// Thickness of a line, in pixels: as fine on a large screen as on a small one. @param volte how many times.
+int Spessore_Linea(int volte = 1);
+
 /// The name of the type family used on screen.
 QString Carattere_Normale();
 QString Carattere_Fisso();
+
+/// The smallest type that a text is set in to fit its place, in pixels.
+int Carattere_Minimo();
 
 /// Lays style, palette and style sheet on the application.
 void Aspetto_Applica(QApplication &applicazione);

@@ -1,3 +1,5 @@
+// The controls on Qt's widgets, with what the toolkit lacks: pictures that follow their place, labels that
+// break anywhere, a tab stop in a list. It knows no form and no row of a table.
 #include "platform/controlli.h"
 
 #include "platform/aspetto.h"
@@ -19,8 +21,10 @@
 #include <QResizeEvent>
 #include <QSignalBlocker>
 #include <QStyle>
+#include <QStylePainter>
 #include <QStyledItemDelegate>
 
+#include <algorithm>
 #include <cmath>
 
 // --- widgets of our own -----------------------------------------------------------------------------------
@@ -33,6 +37,25 @@ public:
     using QLabel::QLabel;
     bool spezza = false;
 
+    /// True when no ink of the text falls outside. The line of a text is higher than its letters: where they
+    /// have room, the line may stick out.
+    bool Entra() const
+    {
+        if (text().isEmpty())
+            return true;
+        const int fuori = (spezza ? Altezza_Spezzata() : heightForWidth(width())) - height();
+        if (!spezza && minimumSizeHint().width() > width())
+            return false; // its longest word
+        const QRect lettere = fontMetrics().tightBoundingRect(text());
+        const int sopra = fontMetrics().ascent() + lettere.top();
+        const int sotto = fontMetrics().descent() - 1 - lettere.bottom();
+        if (alignment() & Qt::AlignTop)
+            return fuori <= sotto;
+        if (alignment() & Qt::AlignBottom)
+            return fuori <= sopra;
+        return (fuori + 1) / 2 <= std::min(sopra, sotto);
+    }
+
 protected:
     void paintEvent(QPaintEvent *evento) override
     {
@@ -43,6 +66,14 @@ protected:
         QPainter pennello(this);
         pennello.setPen(palette().color(QPalette::WindowText));
         pennello.drawText(rect(), static_cast<int>(alignment()) | Qt::TextWrapAnywhere, text());
+    }
+
+private:
+    int Altezza_Spezzata() const
+    {
+        return fontMetrics()
+            .boundingRect(0, 0, width(), QWIDGETSIZE_MAX, Qt::TextWrapAnywhere, text())
+            .height();
     }
 };
 
@@ -77,7 +108,39 @@ private:
     QPixmap m_immagine;
 };
 
-/// A click anywhere in its place counts, as it does for the other controls.
+/// Draws its own arrow: that of the style is as small on a large screen as on a small one.
+class WidgetCombinata : public QComboBox
+{
+public:
+    using QComboBox::QComboBox;
+    QRect Parte(QStyle::SubControl parte) const
+    {
+        QStyleOptionComboBox opzione;
+        initStyleOption(&opzione);
+        return style()->subControlRect(QStyle::CC_ComboBox, &opzione, parte, this);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QStylePainter pennello(this);
+        QStyleOptionComboBox opzione;
+        initStyleOption(&opzione);
+        pennello.drawComplexControl(QStyle::CC_ComboBox, opzione);
+        pennello.drawControl(QStyle::CE_ComboBoxLabel, opzione);
+        const QRectF freccia = Parte(QStyle::SC_ComboBoxArrow);
+        const qreal lato = freccia.width() / 4;
+        const QPointF centro = freccia.center();
+        pennello.setRenderHint(QPainter::Antialiasing);
+        pennello.setPen(Qt::NoPen);
+        pennello.setBrush(palette().color(QPalette::Text));
+        pennello.drawPolygon(QPolygonF({centro + QPointF(-lato, -lato / 2), centro + QPointF(lato, -lato / 2),
+                                        centro + QPointF(0, lato / 2)}));
+    }
+};
+
+/// A click anywhere in its place counts, as it does for the other controls. It has no text of its own; the
+/// box grows with the type.
 class WidgetSpunta : public QCheckBox
 {
 public:
@@ -85,6 +148,28 @@ public:
 
 protected:
     bool hitButton(const QPoint &punto) const override { return rect().contains(punto); }
+    void paintEvent(QPaintEvent *) override
+    {
+        const bool fuoco = hasFocus();
+        const qreal linea = Spessore_Linea(fuoco ? 2 : 1);
+        const qreal lato = std::min<qreal>(fontMetrics().ascent() * LATO, height() - linea);
+        const QRectF casella(linea, (height() - lato) / 2, lato, lato);
+        QPainter pennello(this);
+        pennello.setRenderHint(QPainter::Antialiasing);
+        pennello.setPen(QPen(Colore_Tema(fuoco ? Tinta::Fuoco : Tinta::Cornice), linea));
+        pennello.setBrush(Colore_Tema(isEnabled() ? Tinta::Campo : Tinta::CampoSpento));
+        pennello.drawRect(casella);
+        if (!isChecked())
+            return;
+        const auto punto = [&casella](qreal x, qreal y) {
+            return casella.topLeft() + QPointF(casella.width() * x, casella.height() * y);
+        };
+        pennello.setPen(QPen(palette().color(QPalette::WindowText), lato / 7));
+        pennello.drawPolyline(QPolygonF({punto(0.22, 0.52), punto(0.42, 0.75), punto(0.78, 0.25)}));
+    }
+
+private:
+    static constexpr qreal LATO = 1.3;
 };
 
 class WidgetForma : public QWidget
@@ -102,9 +187,10 @@ protected:
     {
         QPainter pennello(this);
         pennello.setRenderHint(QPainter::Antialiasing);
-        pennello.setPen(QPen(QColor(0x4A, 0x5B, 0x68), 2));
+        const qreal linea = Spessore_Linea(2);
+        pennello.setPen(QPen(Colore_Tema(Tinta::TestoSpento), linea));
         pennello.setBrush(m_colore);
-        const QRectF posto = QRectF(rect()).adjusted(1, 1, -1, -1);
+        const QRectF posto = QRectF(rect()).adjusted(linea / 2, linea / 2, -linea / 2, -linea / 2);
         if (m_aspetto == Forma::Cerchio)
             pennello.drawEllipse(posto);
         else
@@ -127,6 +213,12 @@ public:
         connect(this, &QListWidget::currentRowChanged, this, [this](int riga) {
             if (riga >= 0 && !m_premuto)
                 scelta();
+        });
+        // An assistive technology selects a line without making it the current one.
+        connect(this, &QListWidget::itemSelectionChanged, this, [this] {
+            const QModelIndexList scelte = selectedIndexes();
+            if (!m_premuto && scelte.size() == 1)
+                setCurrentRow(scelte.first().row());
         });
     }
     std::function<void()> scelta;
@@ -158,7 +250,7 @@ private:
     int m_prima = -1; // the line that was chosen when the button went down
 };
 
-/// Draws what stands behind a tab character at the tab stop.
+/// Draws both columns of a line, the second at the tab stop, in lines that a finger finds.
 class DelegatoTabulazione : public QStyledItemDelegate
 {
 public:
@@ -168,20 +260,29 @@ public:
                const QModelIndex &indice) const override
     {
         const QString testo = indice.data().toString();
-        const QString dopo = testo.section(u'\t', 1);
+        QRect prima = opzione.rect.adjusted(Spessore_Linea(3), 0, 0, 0);
+        prima.setRight(opzione.rect.left() + m_posto - 1);
         QStyledItemDelegate::paint(pennello, opzione, indice);
         pennello->save();
         const bool scelta = opzione.state & QStyle::State_Selected;
-        pennello->setPen(scelta ? Qt::white : opzione.palette.color(QPalette::Text));
-        pennello->drawText(opzione.rect.adjusted(m_posto, 0, 0, 0), Qt::AlignVCenter, dopo);
+        pennello->setPen(opzione.palette.color(scelta ? QPalette::HighlightedText : QPalette::Text));
+        pennello->drawText(prima, Qt::AlignVCenter, testo.section(u'\t', 0, 0));
+        pennello->drawText(opzione.rect.adjusted(m_posto, 0, 0, 0), Qt::AlignVCenter,
+                           testo.section(u'\t', 1));
         pennello->restore();
+    }
+    QSize sizeHint(const QStyleOptionViewItem &opzione, const QModelIndex &indice) const override
+    {
+        QSize misura = QStyledItemDelegate::sizeHint(opzione, indice);
+        misura.setHeight(opzione.fontMetrics.height() * 3 / 2);
+        return misura;
     }
 
 protected:
     void initStyleOption(QStyleOptionViewItem *opzione, const QModelIndex &indice) const override
     {
         QStyledItemDelegate::initStyleOption(opzione, indice);
-        opzione->text = opzione->text.section(u'\t', 0, 0);
+        opzione->text.clear(); // the style paints the ground alone
     }
 
 private:
@@ -202,8 +303,8 @@ Controllo::~Controllo()
 {
     if (m_widget == nullptr)
         return;
-    // It may be the very widget whose event is being handled: it goes when the loop has control again. Only its
-    // own handlers fall silent: others, such as the accessibility bus, must hear of its end.
+    // It may be the very widget whose event is being handled: it goes when the loop has control again. Only
+    // its own handlers fall silent: others, such as the accessibility bus, must hear of its end.
     QObject::disconnect(m_widget, nullptr, m_widget, nullptr);
     m_widget->hide();
     m_widget->deleteLater();
@@ -243,6 +344,7 @@ void Controllo::Disponi()
     const int x = Pixel_DaTwip(m_left);
     const int y = Pixel_DaTwip(m_top);
     m_widget->setGeometry(x, y, Pixel_DaTwip(m_left + m_width) - x, Pixel_DaTwip(m_top + m_height) - y);
+    Adatta();
 }
 
 bool Controllo::Visible() const
@@ -270,11 +372,26 @@ void Controllo::Enabled(bool abilitato)
 void Controllo::FontSize(double punti)
 {
     m_punti = punti;
+    Adatta();
+}
+
+void Controllo::Carattere_Pixel(int pixel)
+{
+    QFont carattere = m_widget->font();
+    carattere.setPixelSize(pixel);
+    m_widget->setFont(carattere);
+}
+
+void Controllo::Adatta()
+{
     if (m_widget == nullptr)
         return;
-    QFont carattere = m_widget->font();
-    carattere.setPixelSize(std::max(1, static_cast<int>(std::lround(Pixel_DaPunti(punti)))));
-    m_widget->setFont(carattere);
+    int pixel = std::max(1, static_cast<int>(std::lround(Pixel_DaPunti(m_punti))));
+    Carattere_Pixel(pixel);
+    if (m_width == 0 || m_height == 0)
+        return; // it has no place yet
+    while (pixel > Carattere_Minimo() && !Entra())
+        Carattere_Pixel(--pixel);
 }
 
 void Controllo::FontBold(bool grassetto)
@@ -284,6 +401,7 @@ void Controllo::FontBold(bool grassetto)
     QFont carattere = m_widget->font();
     carattere.setBold(grassetto);
     m_widget->setFont(carattere);
+    Adatta();
 }
 
 void Controllo::FontName(const QString &nome)
@@ -293,6 +411,7 @@ void Controllo::FontName(const QString &nome)
     QFont carattere = m_widget->font();
     carattere.setFamily(nome);
     m_widget->setFont(carattere);
+    Adatta();
 }
 
 void Controllo::Stile(const QString &foglio)
@@ -302,6 +421,7 @@ void Controllo::Stile(const QString &foglio)
     const QFont carattere = m_widget->font(); // a new style sheet forgets it
     m_widget->setStyleSheet(foglio);
     m_widget->setFont(carattere);
+    Adatta();
 }
 
 void Controllo::SetFocus()
@@ -318,13 +438,19 @@ void Controllo::NomeAccessibile(const QString &nome)
 
 void Controllo::Copia_Disegno(const Controllo &modello)
 {
-    Posto(modello.m_left, modello.m_top, modello.m_width, modello.m_height);
-    m_punti = modello.m_punti;
     if (m_widget != nullptr && modello.m_widget != nullptr)
         m_widget->setFont(modello.m_widget->font());
+    m_punti = modello.m_punti;
+    Posto(modello.m_left, modello.m_top, modello.m_width, modello.m_height);
 }
 
 // --- Etichetta --------------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr int LINEE_EVIDENTI = 4; // thickness of a border that stands out
+
+} // namespace
 
 Etichetta::Etichetta(QWidget *finestra, const QString &nome) : Controllo(new WidgetEtichetta(finestra), nome)
 {
@@ -345,43 +471,78 @@ QString Etichetta::Caption() const
 
 void Etichetta::Caption(const QString &testo)
 {
-    if (Widget() != nullptr)
-        Label()->setText(testo);
+    if (Widget() == nullptr)
+        return;
+    Label()->setText(testo);
+    Adatta();
 }
 
 void Etichetta::ForeColor(quint32 colore)
 {
-    m_testoColore = QStringLiteral("color: %1;").arg(Colore_Da(colore).name());
+    m_testo = colore;
     Colora();
 }
 
 void Etichetta::BackColor(quint32 colore)
 {
-    m_sfondoColore = QStringLiteral("background: %1;").arg(Colore_Da(colore).name());
+    m_fondo = colore;
+    Colora();
+}
+
+void Etichetta::Bordo()
+{
+    m_bordo = Sottile;
+    Colora();
+}
+
+void Etichetta::Bordo_Evidente()
+{
+    m_bordo = Evidente;
     Colora();
 }
 
 void Etichetta::Colora()
 {
-    Stile(QStringLiteral("QLabel { %1 %2 %3 }").arg(m_testoColore, m_sfondoColore, m_bordo));
-}
-
-void Etichetta::Bordo()
-{
-    m_bordo = QStringLiteral("border: 1px solid %1;").arg(Colore_Cornice().name());
-    Colora();
+    const QColor fondo = m_fondo ? Colore_Da(*m_fondo) : Colore_Tema(Tinta::Sfondo);
+    const QColor testo = Colore_Leggibile(m_testo ? Colore_Da(*m_testo) : Colore_Tema(Tinta::Testo), fondo);
+    QString regole;
+    if (m_fondo)
+        regole += QStringLiteral("background: %1;").arg(fondo.name());
+    if (m_fondo || m_testo)
+        regole += QStringLiteral("color: %1;").arg(testo.name());
+    if (m_bordo != Senza)
+        regole += QStringLiteral("padding: 0 %1px; border: %2px solid %3;")
+                      .arg(Spessore_Linea(2))
+                      .arg(Spessore_Linea(m_bordo == Evidente ? LINEE_EVIDENTI : 1))
+                      .arg((m_bordo == Evidente ? testo : Colore_Cornice()).name());
+    Stile(QStringLiteral("QLabel { %1 }").arg(regole));
 }
 
 void Etichetta::Allineamento(Qt::Alignment allineamento)
 {
-    if (Widget() != nullptr)
-        Label()->setAlignment(allineamento);
+    if (Widget() == nullptr)
+        return;
+    Label()->setAlignment(allineamento);
+    Adatta();
 }
 
 void Etichetta::SpezzaOvunque()
 {
+    if (Widget() == nullptr)
+        return;
+    static_cast<WidgetEtichetta *>(Widget())->spezza = true;
+    Adatta();
+}
+
+bool Etichetta::Entra() const
+{
+    return Widget() == nullptr || static_cast<const WidgetEtichetta *>(Widget())->Entra();
+}
+
+void Etichetta::Etichetta_Di(const Controllo &controllo)
+{
     if (Widget() != nullptr)
-        static_cast<WidgetEtichetta *>(Widget())->spezza = true;
+        Label()->setBuddy(controllo.Widget());
 }
 
 qint32 Etichetta::Altezza_Testo() const
@@ -432,7 +593,12 @@ void CasellaTesto::Locked(bool bloccata)
 
 void CasellaTesto::BackColor(quint32 colore)
 {
-    Stile(QStringLiteral("QLineEdit { background: %1; }").arg(Colore_Da(colore).name()));
+    const QColor fondo = Colore_Da(colore);
+    QString foglio = QStringLiteral("QLineEdit { background: %1; }").arg(fondo.name());
+    const QColor testo = Colore_Leggibile(Colore_Tema(Tinta::Testo), fondo);
+    if (testo != Colore_Tema(Tinta::Testo))
+        foglio += QStringLiteral("QLineEdit { color: %1; }").arg(testo.name());
+    Stile(foglio);
 }
 
 void CasellaTesto::Nascosta(bool nascosta)
@@ -444,7 +610,7 @@ void CasellaTesto::Nascosta(bool nascosta)
 // --- CasellaCombinata -------------------------------------------------------------------------------------
 
 CasellaCombinata::CasellaCombinata(QWidget *finestra, const QString &nome)
-    : Controllo(new QComboBox(finestra), nome)
+    : Controllo(new WidgetCombinata(finestra), nome)
 {
     Combo()->setFocusPolicy(Qt::StrongFocus); // a turn of the wheel over it does not take the focus
     QObject::connect(Combo(), &QComboBox::activated, Combo(), [this] {
@@ -465,6 +631,20 @@ void CasellaCombinata::AddItem(const QString &testo)
     Combo()->addItem(testo);
     if (Combo()->count() == 1)
         Combo()->setCurrentIndex(-1); // nothing is chosen until somebody chooses
+    Adatta();
+}
+
+bool CasellaCombinata::Entra() const
+{
+    if (Widget() == nullptr)
+        return true;
+    const int spazio =
+        static_cast<const WidgetCombinata *>(Widget())->Parte(QStyle::SC_ComboBoxEditField).width();
+    for (int i = 0; i < Combo()->count(); ++i) {
+        if (Combo()->fontMetrics().horizontalAdvance(Combo()->itemText(i)) > spazio)
+            return false;
+    }
+    return true;
 }
 
 void CasellaCombinata::Clear()
@@ -552,8 +732,21 @@ QString Pulsante::Caption() const
 
 void Pulsante::Caption(const QString &testo)
 {
-    if (Widget() != nullptr)
-        Bottone()->setText(testo);
+    if (Widget() == nullptr)
+        return;
+    Bottone()->setText(testo);
+    Adatta();
+}
+
+bool Pulsante::Entra() const
+{
+    if (Widget() == nullptr)
+        return true;
+    QStyleOptionButton opzione;
+    opzione.initFrom(Bottone());
+    const QRect spazio =
+        Bottone()->style()->subElementRect(QStyle::SE_PushButtonContents, &opzione, Bottone());
+    return Bottone()->fontMetrics().size(Qt::TextShowMnemonic, Bottone()->text()).width() <= spazio.width();
 }
 
 // --- ElencoVoci -------------------------------------------------------------------------------------------

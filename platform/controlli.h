@@ -9,6 +9,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 class QCheckBox;
 class QComboBox;
@@ -42,10 +43,13 @@ public:
     const QString &Tag() const { return m_tag; }
     void Tag(const QString &testo) { m_tag = testo; }
     double FontSize() const { return m_punti; }
+    /// A text that does not fit its place at this size is shown in a smaller one, down to what can be read.
     void FontSize(double punti);
     void FontBold(bool grassetto);
     void FontName(const QString &nome);
     void SetFocus();
+    /// True when the text fits the control's place in the type that it is shown in.
+    virtual bool Entra() const { return true; }
     /// What a screen reader calls the control; a caption of its own needs none.
     void NomeAccessibile(const QString &nome);
 
@@ -57,9 +61,12 @@ protected:
     explicit Controllo(QWidget *widget, const QString &nome);
     /// Lays a style sheet on the widget and keeps its type.
     void Stile(const QString &foglio);
+    /// Chooses the type anew: the text, the place or the look has changed.
+    void Adatta();
 
 private:
     void Disponi();
+    void Carattere_Pixel(int pixel);
 
     QPointer<QWidget> m_widget;
     qint32 m_left = 0;
@@ -80,18 +87,30 @@ public:
     void BackColor(quint32 colore);
     /// A thin line round the label, as round the cell of a table.
     void Bordo();
+    /// A thick one in the colour of the text: it stands out also to eyes that do not tell the colours.
+    void Bordo_Evidente();
     void Allineamento(Qt::Alignment allineamento);
     /// A text without blanks, such as a run of hexadecimal digits, is broken wherever the line ends.
     void SpezzaOvunque();
+    /// Tells an assistive technology that this is the label of a control. A list that drops down is known by
+    /// the entry that it shows: no name of its own would be heard.
+    void Etichetta_Di(const Controllo &controllo);
     /// Height that the caption needs at the present width, in twips.
     qint32 Altezza_Testo() const;
+    bool Entra() const override;
 
 private:
+    enum LineaBordo
+    {
+        Senza,
+        Sottile,
+        Evidente
+    };
     void Colora();
     QLabel *Label() const;
-    QString m_testoColore;
-    QString m_sfondoColore;
-    QString m_bordo;
+    std::optional<quint32> m_testo; // colours; none: those of the form
+    std::optional<quint32> m_fondo;
+    LineaBordo m_bordo = Senza;
 };
 
 class CasellaTesto : public Controllo
@@ -131,6 +150,7 @@ public:
 
     /// The operator chose an item, also the one that was shown already.
     std::function<void()> Click;
+    bool Entra() const override;
 
 private:
     QComboBox *Combo() const;
@@ -163,6 +183,7 @@ public:
     void Cancel(bool vero) { m_cancel = vero; }
 
     std::function<void()> Click;
+    bool Entra() const override;
 
 private:
     QPushButton *Bottone() const;

@@ -1,3 +1,5 @@
+// The descriptions of the classic set, a line a number. Who raises an error, and where it ends, is not known
+// here.
 #include "platform/errore_esecuzione.h"
 
 namespace {

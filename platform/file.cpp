@@ -1,3 +1,4 @@
+// The plain file operations on Qt's files. What the lines mean is the callers' business.
 #include "platform/file.h"
 
 #include "platform/codifica.h"
@@ -39,7 +40,10 @@ FileRighe::FileRighe(const QString &percorso)
         Solleva(NumeroErrore::FileNonTrovato);
     if (!file.open(QIODevice::ReadOnly))
         Solleva(NumeroErrore::PermessoNegato);
-    m_testo = Testo_DaAnsi(file.readAll());
+    const QByteArray byte = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        Solleva(NumeroErrore::PermessoNegato); // a network folder that goes away while it is read
+    m_testo = Testo_DaAnsi(byte);
 }
 
 QString FileRighe::Leggi()

@@ -1,3 +1,5 @@
+// The window of a form, its events and its life, on Qt's widgets. It knows controls and no form in
+// particular: what a form does stands in its handlers.
 #include "platform/modulo.h"
 
 #include "platform/aspetto.h"
@@ -276,7 +278,7 @@ void Modulo::Dipingi(QWidget *finestra)
     m_segmenti.clear();
     Paint();
     QPainter pennello(finestra);
-    pennello.setPen(QPen(Colore_Cornice(), 1));
+    pennello.setPen(QPen(Colore_Cornice(), Spessore_Linea()));
     if (!m_intero)
         pennello.drawRect(finestra->rect().adjusted(0, 0, -1, -1)); // stands out also where no frame is drawn
     for (const Segmento &s : m_segmenti)

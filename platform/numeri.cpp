@@ -1,3 +1,4 @@
+// Texts to numbers and back, by way of the C locale's form. It knows no key and no unit.
 #include "platform/numeri.h"
 
 #include "platform/errore_esecuzione.h"

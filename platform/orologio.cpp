@@ -1,3 +1,4 @@
+// The system's clock and timers, in force until a test puts its own in their place. It knows no form.
 #include "platform/orologio.h"
 
 #include <QTimer>

@@ -1,3 +1,5 @@
+// Paths where a slash parts them and case counts: a name that is not there as spelled is looked for without
+// regard to case. It opens no file.
 #include "platform/percorsi.h"
 
 #include <QCoreApplication>

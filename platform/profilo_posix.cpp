@@ -3,6 +3,7 @@
 #include "platform/profilo.h"
 
 #include "platform/codifica.h"
+#include "platform/maiuscole.h"
 #include "platform/percorsi.h"
 
 #include <QByteArrayView>
@@ -82,12 +83,10 @@ QByteArrayView Senza_Bianchi(QByteArrayView testo)
     return testo;
 }
 
-/// A name as it is compared: without regard to case, letter by letter, so that no letter becomes two.
+/// A name as it is compared, without regard to case.
 QString Nome_DaAnsi(const QByteArray &byte)
 {
-    QString nome = Testo_DaAnsi(byte);
-    std::transform(nome.cbegin(), nome.cend(), nome.begin(), [](QChar c) { return c.toUpper(); });
-    return nome;
+    return Maiuscole(Testo_DaAnsi(byte));
 }
 
 QString Nome_DaByte(QByteArrayView nome)

@@ -1,3 +1,4 @@
+// The primary screen, measured anew at every question, its pointer and its events. It knows no form.
 #include "platform/schermo.h"
 
 #include <QApplication>
@@ -73,9 +74,4 @@ void Schermo_Puntatore(PuntatoreSchermo puntatore)
 void Eventi_Esegui()
 {
     QCoreApplication::processEvents();
-}
-
-void Segnale_Acustico()
-{
-    QApplication::beep();
 }

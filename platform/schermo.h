@@ -30,6 +30,3 @@ void Schermo_Puntatore(PuntatoreSchermo puntatore);
 
 /// Lets pending events run.
 void Eventi_Esegui();
-
-/// The system's beep.
-void Segnale_Acustico();

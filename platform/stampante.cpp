@@ -1,3 +1,4 @@
+// Which print system is in force: none until the application or a test sets one. It draws nothing.
 #include "platform/stampante.h"
 
 namespace {

@@ -1,3 +1,5 @@
+// Sheets and type by Qt's painter, with a stand-in for each family that the machine lacks. How a sheet
+// reaches the paper is the queues' business (code_stampa.h).
 #include "platform/stampante_qt.h"
 
 #include "platform/aspetto.h"

@@ -1,3 +1,4 @@
+// A form's timer on the alarms of the clock in force. What a beat does is its owner's business.
 #include "platform/temporizzatore.h"
 
 Temporizzatore::Temporizzatore(std::function<void()> battito)

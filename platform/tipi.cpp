@@ -1,3 +1,4 @@
+// The narrowing and the rounding, with their overflow. What the numbers stand for is not known here.
 #include "platform/tipi.h"
 
 #include "platform/errore_esecuzione.h"

@@ -1,3 +1,5 @@
+// The result record on the screen: table of cells, colours, alarm and print button. It judges nothing anew
+// but the colour of an intensity.
 #include "report/frmEsito.h"
 
 #include "core/limiti.h"
@@ -8,6 +10,7 @@
 #include "platform/aspetto.h"
 #include "platform/numeri.h"
 #include "platform/schermo.h"
+#include "platform/segnale.h"
 #include "report/modReport.h"
 #include "report/pagina.h"
 
@@ -242,6 +245,8 @@ void frmEsito::Celle_Intensita()
 void frmEsito::Colora_Cella(qint16 cella, bool regolare)
 {
     lblTab[cella].ForeColor(regolare ? COLORE_VERDE : COLORE_ROSSO);
+    if (!regolare)
+        lblTab[cella].Bordo_Evidente(); // an intensity has no word for it
 }
 
 void frmEsito::Paint()

@@ -1,3 +1,5 @@
+// The rows of the vehicle from either source, the lamp's rows and pictures, the confirmation. It knows no
+// session.
 #include "report/frmMctc2.h"
 
 #include "core/modCtl.h"
@@ -145,6 +147,7 @@ void frmMctc2::Load()
     for (const qint16 riga : {RIGA_ALTEZZA, RIGA_INCLINAZIONE, RIGA_SIMMETRICO}) {
         lbl[riga].Width(FARO_ETICHETTA_LARGA);
         lbl[riga].Height(FARO_ETICHETTA_ALTA);
+        lbl[riga].Allineamento(Qt::AlignLeft | Qt::AlignBottom); // one line or two, it stands on its box
     }
     Campi_Applica(gCampiVeicolo, ULTIMA_RIGA, *this);
     Azzera_Inclinazione();

@@ -1,3 +1,4 @@
+// Five texts, and what becomes of them after the session that writes them. The exchange is not known here.
 #include "report/frmVerPerO.h"
 
 #include "core/modCtl.h"

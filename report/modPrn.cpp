@@ -1,3 +1,4 @@
+// Texts and lines by their alignment, on the target in force. It knows no page and no printer's body.
 #include "report/modPrn.h"
 
 std::shared_ptr<OggettoStampa> gPrnStampante;

@@ -1,3 +1,4 @@
+// The rows and columns of the page as numbers of its geometry. It knows no printer and reads no file.
 #include "report/pagina.h"
 
 #include "core/modGeneral.h"

@@ -1,3 +1,4 @@
+// The five rows of the workshop and their layout. Where they are printed is not known here.
 #include "setup/frmAnagOffO.h"
 
 #include "core/modCtl.h"
@@ -31,7 +32,8 @@ constexpr qint16 TESTO_ANNULLA = 106;
 constexpr qint32 FORM_LARGO = 7000;
 constexpr qint32 FORM_ALTO = 5300;
 constexpr qint16 SINISTRA = 100;
-constexpr qint16 ETICHETTA_SINISTRA = 180; // clear of the frame's line
+constexpr qint32 CORNICE = 100;          // in design units
+constexpr qint16 ETICHETTA_RIENTRO = 80; // clear of the frame's line
 constexpr qint16 PRIMA_CIMA = 400;
 constexpr qint16 PASSO = 700;
 constexpr qint16 CASELLA_LARGA = 6300;
@@ -79,7 +81,7 @@ void frmAnagOffO::Campi_Imposta()
         campo.Key = QString::fromUtf16(RIGHE[i].chiave);
         campo.CtlLeft = SINISTRA;
         campo.CtlTop = Intero16(PRIMA_CIMA + static_cast<qint32>(i) * PASSO);
-        campo.LabelLeft = ETICHETTA_SINISTRA;
+        campo.LabelLeft = Intero16(ScalaX_16(CORNICE) + ETICHETTA_RIENTRO);
         campo.LabelTop = Intero16(campo.CtlTop - ETICHETTA_SU);
     }
     Caption(Testo_Mctc(TESTO_TITOLO));
@@ -92,7 +94,7 @@ void frmAnagOffO::Campi_Imposta()
 
 void frmAnagOffO::Paint()
 {
-    Disegna_Cornice(*this, ScalaX(100), ScalaY(100), Width() - 200, Height() - 1200);
+    Disegna_Cornice(*this, ScalaX(CORNICE), ScalaY(CORNICE), Width() - 200, Height() - 1200);
 }
 
 void frmAnagOffO::txt_KeyPress(qint16 Index, qint16 &KeyAscii)

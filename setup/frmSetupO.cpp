@@ -1,3 +1,5 @@
+// The 32 rows of the configuration: layout, locks, what takes effect at once and what with the save. The
+// exchange with the instrument is the link form's.
 #include "setup/frmSetupO.h"
 
 #include "core/modCtl.h"
@@ -133,6 +135,7 @@ constexpr qint16 ORDINE_LETTURA[] = {1, 0, 2, 3, 4, 5};
 constexpr qint16 PORTE = 20;
 constexpr qint16 TESTI_MODALITA[] = {91, 92};
 constexpr qint16 TESTI_COLONNE[] = {32, 31};
+constexpr qint16 TESTO_IMPOSTAZIONI = 1;
 constexpr qint16 TESTO_VERIFICA = 4;
 constexpr qint16 TESTO_VALORE_ERRATO = 108;
 constexpr qint16 TASTO_LIVELLI = 12; // F12: the check levels, which no menu shows
@@ -265,10 +268,9 @@ void Riga_Imposta(CampoForm &campo, const DatiRiga &dati)
     campo.File = gFileIni;
     campo.Section = QString::fromUtf16(dati.sezione);
     campo.Key = QString::fromUtf16(dati.chiave);
-    if (dati.blocco == Bloccata || (dati.blocco == SenzaRete && !gIniFile)) {
-        campo.Editable = Falso;
-        campo.LabelEnabledByEditable = 1;
-    }
+    // Also of a row that the form locks only later: its label goes by the lock at every change of language.
+    campo.LabelEnabledByEditable = dati.blocco != Libera;
+    campo.Editable = Flag_Da(dati.blocco == Libera || (dati.blocco == SenzaRete && gIniFile));
 }
 
 } // namespace
@@ -313,6 +315,8 @@ void frmSetupO::Load()
     cbo[Campo(RigaPorta).CtlIndex].ListIndex(porta);
     for (const qint16 riga : {RigaModalita, RigaRisultati, RigaDati})
         lbl[riga].Width(ScalaX(3495));
+    for (const qint16 riga : {RigaStrumento, RigaPorta})
+        lbl[riga].Width(ScalaX(POSTO_MODELLO.largo)); // the screen ends there
     for (qint16 i = 0; i <= lbl.UBound(); ++i)
         lbl[i].Height(ScalaX(lbl[i].Height()));
     cmd[0].SetFocus();
@@ -342,6 +346,7 @@ void frmSetupO::Didascalie()
     for (qint16 i = 0; i <= 1; ++i)
         lblDes[i].Caption(Testo_Mctc(TESTI_COLONNE[i]));
     cmd[1].Caption(Testo_Mctc(TESTO_VERIFICA));
+    Finestra()->setAccessibleName(Testo_Mctc(TESTO_IMPOSTAZIONI)); // it fills the screen without a title
 }
 
 void frmSetupO::Activate()

@@ -1,3 +1,5 @@
+// Replies sent at their time, the line left and taken up again. What a reply says is the instrument's
+// business.
 #include "simulatore/banco.h"
 
 #include "simulatore/trama.h"

@@ -1,3 +1,4 @@
+// The link put in one stroke and taken away only if it is still ours. It knows no terminal.
 #include "simulatore/collegamento.h"
 
 #include <QDir>

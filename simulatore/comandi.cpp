@@ -1,3 +1,4 @@
+// The instrument's table of commands. Nothing of the station's own table is used.
 #include "simulatore/comandi.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The signals of the system, through a pipe to the loop. It knows nothing of the instrument.
 #include "simulatore/fine.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,5 @@
+// Figures drawn by chance within the limits of a new installation, and the lamps out of order. It knows no
+// frame.
 #include "simulatore/giornata.h"
 
 #include <iterator>

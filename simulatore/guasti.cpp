@@ -1,3 +1,4 @@
+// Each fault as what it makes of a frame. Which reply it hits is the instrument's business.
 #include "simulatore/guasti.h"
 
 #include "simulatore/trama.h"

@@ -1,3 +1,4 @@
+// The blocks of texts with their factory values, in the state file over the scenario. It knows no frame.
 #include "simulatore/memoria.h"
 
 #include "platform/profilo.h"

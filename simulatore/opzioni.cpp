@@ -1,3 +1,4 @@
+// The options by table, their help and what contradicts itself. It opens nothing.
 #include "simulatore/opzioni.h"
 
 #include <QCommandLineParser>

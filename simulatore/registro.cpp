@@ -1,3 +1,4 @@
+// A line a fact, written through at once. What the facts are is not known here.
 #include "simulatore/registro.h"
 
 #include "platform/orologio.h"

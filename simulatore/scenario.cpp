@@ -1,3 +1,4 @@
+// The scenario's sections read and judged, with the place of each error. It knows no frame and no line.
 #include "simulatore/scenario.h"
 
 #include "core/modGeneral.h"

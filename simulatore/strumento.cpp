@@ -1,3 +1,4 @@
+// Commands obeyed in the state of the vehicle at hand, replies with their faults. No line and no clock.
 #include "simulatore/strumento.h"
 
 #include "link/protocollo.h"

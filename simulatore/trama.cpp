@@ -1,3 +1,4 @@
+// Frames checked, made and put together byte by byte. It knows no command.
 #include "simulatore/trama.h"
 
 #include "link/protocollo.h"

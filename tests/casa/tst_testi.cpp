@@ -29,21 +29,22 @@ struct Uguale
 };
 
 constexpr Uguale UGUALI[] = {
-    {FILE_LINGUA, 22, u"Tel./Fax" },
-    {FILE_LINGUA, 25, u"Marca"    },
-    {FILE_LINGUA, 51, u"Date"     },
-    {FILE_LINGUA, 55, u"Firma"    },
-    {FILE_LINGUA, 55, u"Signature"},
-    {FILE_MCTC,   45, u"Tipo"     },
-    {FILE_MCTC,   45, u"Type"     },
-    {FILE_MCTC,   59, u"Tipo"     },
-    {FILE_MCTC,   59, u"Type"     },
-    {FILE_MCTC,   72, u"Tara (kg)"},
-    {FILE_MCTC,   81, u"Italiano" },
-    {FILE_MCTC,   82, u"Français"},
-    {FILE_MCTC,   83, u"English"  },
-    {FILE_MCTC,   84, u"Español" },
-    {FILE_MCTC,   85, u"Deutsch"  },
+    {FILE_LINGUA, 22,  u"Tel./Fax" },
+    {FILE_LINGUA, 25,  u"Marca"    },
+    {FILE_LINGUA, 51,  u"Date"     },
+    {FILE_LINGUA, 55,  u"Firma"    },
+    {FILE_LINGUA, 55,  u"Signature"},
+    {FILE_MCTC,   45,  u"Tipo"     },
+    {FILE_MCTC,   45,  u"Type"     },
+    {FILE_MCTC,   59,  u"Tipo"     },
+    {FILE_MCTC,   59,  u"Type"     },
+    {FILE_MCTC,   72,  u"Tara (kg)"},
+    {FILE_MCTC,   81,  u"Italiano" },
+    {FILE_MCTC,   82,  u"Français"},
+    {FILE_MCTC,   83,  u"English"  },
+    {FILE_MCTC,   84,  u"Español" },
+    {FILE_MCTC,   85,  u"Deutsch"  },
+    {FILE_MCTC,   141, u"No"       },
 };
 
 /// Bytes of each text, by its key, of each section. Byte by byte: the product's own reading passes over what

@@ -2,7 +2,7 @@
 #include "core/limiti.h"
 
 #include "core/modGeneral.h"
-#include "platform/errore_esecuzione.h"
+#include "tests/comuni/errore_prova.h"
 #include "tests/comuni/stazione_prova.h"
 
 #include <QLocale>
@@ -42,17 +42,6 @@ constexpr ChiaveDev DEV[] = {
 
 const QString PARAMETRI = QStringLiteral("PARAMETRI");
 const QString IMPOSTAZIONI = QStringLiteral("IMPOSTAZIONI");
-
-/// The number of the run-time error that a reading of the limits raises; 0 for none.
-int Errore_DiLettura()
-{
-    try {
-        Carica_Limiti();
-    } catch (const ErroreEsecuzione &errore) {
-        return errore.Numero();
-    }
-    return 0;
-}
 
 /// The last digits of a single-precision figure are its own.
 bool Circa(double valore, double atteso)
@@ -160,7 +149,7 @@ private Q_SLOTS:
     void luxOltre32BitFinisceIlProgramma()
     {
         stazione->Imposta(PARAMETRI, QStringLiteral("LuxMinAbb"), QStringLiteral("2147483648"));
-        QCOMPARE(Errore_DiLettura(), 6);
+        QCOMPARE(Errore_Di(Carica_Limiti), 6);
     }
 
     void gradiInTangente_data()
@@ -262,7 +251,7 @@ private Q_SLOTS:
     void passwordSottoZeroFinisceIlProgramma()
     {
         stazione->Imposta(IMPOSTAZIONI, QStringLiteral("Pwd"), QStringLiteral("aaaaaaaaaaaaaaaaaaaaaaaaa"));
-        QCOMPARE(Errore_DiLettura(), 6);
+        QCOMPARE(Errore_Di(Carica_Limiti), 6);
     }
 
     /// The file is read at every call: what setup saved counts at once.

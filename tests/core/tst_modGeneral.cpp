@@ -154,6 +154,17 @@ private Q_SLOTS:
         }
     }
 
+    /// Its length fits no result. It is all hole: it takes no room on the disk.
+    void fileLeggiOltreDueGigabyte()
+    {
+        const StazioneProva stazione;
+        QFile file(stazione.Nativo(QStringLiteral("enorme.txt")));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.resize(qint64{1} << 31));
+        QString testo = QStringLiteral("prima");
+        QCOMPARE(File_Leggi(stazione.Percorso(QStringLiteral("enorme.txt")), testo), -1);
+        QCOMPARE(testo, QStringLiteral("prima"));
+    }
+
     void linguaId()
     {
         QCOMPARE(Lingua_Id(0), QStringLiteral("000"));

@@ -129,7 +129,7 @@ private Q_SLOTS:
     void posizioneOltre16BitDaOverflow()
     {
         const QString punto = QStringLiteral("."), virgola = QStringLiteral(",");
-        QCOMPARE(Errore_Di([&] { Str_Sostituisci(QString(32767, u'x') + punto, punto, virgola); }), 6);
+        QCOMPARE(Errore_Di([&] { Str_Sostituisci(QString(32766, u'x') + punto, punto, virgola); }), 6);
         QCOMPARE(Str_Sostituisci(QString(32765, u'x') + punto, punto, virgola).last(2), QStringLiteral("x,"));
     }
 
@@ -239,6 +239,21 @@ private Q_SLOTS:
         QCOMPARE(nomi, (QStringList{QStringLiteral("prima"), QStringLiteral("A")}));
     }
 
+    void sezioniNessunaInUnaListaPiena_data()
+    {
+        QTest::addColumn<QString>("testo");
+        QTest::newRow("empty") << QString();
+        QTest::newRow("no bracket") << QStringLiteral("A=1");
+        QTest::newRow("no name") << QStringLiteral("[A");
+    }
+    void sezioniNessunaInUnaListaPiena()
+    {
+        QFETCH(QString, testo);
+        QStringList nomi = {QStringLiteral("prima")};
+        QCOMPARE(Ini_Sezioni(testo, nomi), qint16{-1});
+        QCOMPARE(nomi, QStringList(QStringLiteral("prima")));
+    }
+
     void chiavi_data()
     {
         QTest::addColumn<QString>("testo");
@@ -274,6 +289,13 @@ private Q_SLOTS:
         QStringList nomi = {QStringLiteral("prima")};
         QCOMPARE(Ini_Chiavi(QStringLiteral("A=1"), nomi), qint16{1});
         QCOMPARE(nomi, (QStringList{QStringLiteral("prima"), QStringLiteral("A")}));
+    }
+
+    void chiaviNessunaInUnaListaPiena()
+    {
+        QStringList nomi = {QStringLiteral("prima")};
+        QCOMPARE(Ini_Chiavi(QStringLiteral("[A]\r\n"), nomi), qint16{-1});
+        QCOMPARE(nomi, QStringList(QStringLiteral("prima")));
     }
 };
 

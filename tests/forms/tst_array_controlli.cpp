@@ -1,6 +1,7 @@
 #include "platform/array_controlli.h"
 
 #include "platform/controlli.h"
+#include "tests/comuni/errore_prova.h"
 #include "tests/forms/principale_prova.h"
 
 class tst_array_controlli : public QObject
@@ -21,20 +22,7 @@ private Q_SLOTS:
     void alNuovoPerOgniMembro();
     void iniziaSvuota();
     void indirizziStabili();
-
-private:
-    static int Errore_Di(const std::function<void()> &procedura);
 };
-
-int tst_array_controlli::Errore_Di(const std::function<void()> &procedura)
-{
-    try {
-        procedura();
-    } catch (const ErroreEsecuzione &errore) {
-        return errore.Numero();
-    }
-    return 0;
-}
 
 void tst_array_controlli::vuoto()
 {

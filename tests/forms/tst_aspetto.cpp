@@ -19,7 +19,14 @@ private Q_SLOTS:
     void carattereDellApplicazione();
     void testiLeggibili_data();
     void testiLeggibili();
+    void leggibileSuOgniFondo_data();
+    void leggibileSuOgniFondo();
+    void leggibileRestaComE();
+    void lineaComeLoSchermo();
+    void carattereMinimo();
+    void fuocoSiVede_data();
     void fuocoSiVede();
+    void spuntaSiVede();
 
 private:
     static double Contrasto(const QColor &a, const QColor &b);
@@ -96,26 +103,96 @@ void tst_aspetto::testiLeggibili()
     QVERIFY2(Contrasto(testo, sfondo) >= 4.5, qPrintable(QString::number(Contrasto(testo, sfondo))));
 }
 
+void tst_aspetto::leggibileSuOgniFondo_data()
+{
+    QTest::addColumn<QColor>("scritta");
+    QTest::addColumn<QColor>("fondo");
+    const QColor testo = Colore_Tema(Tinta::Testo);
+    const QColor rosso = Colore_Da(COLORE_ROSSO);
+    QTest::newRow("casella con un errore") << testo << rosso;
+    QTest::newRow("esito regolare") << testo << Colore_Da(COLORE_VERDE);
+    QTest::newRow("rosso sulla finestra") << rosso << Colore_Tema(Tinta::Sfondo);
+    QTest::newRow("nero su nero") << QColor(Qt::black) << QColor(Qt::black);
+    QTest::newRow("bianco su bianco") << QColor(Qt::white) << QColor(Qt::white);
+    QTest::newRow("grigio su grigio") << QColor(0x77, 0x77, 0x77) << QColor(0x77, 0x77, 0x77);
+}
+
+void tst_aspetto::leggibileSuOgniFondo()
+{
+    QFETCH(QColor, scritta);
+    QFETCH(QColor, fondo);
+    QVERIFY(Contrasto(Colore_Leggibile(scritta, fondo), fondo) >= 4.5);
+}
+
+// A red stays red, and what can be read stays as it is.
+void tst_aspetto::leggibileRestaComE()
+{
+    const QColor rosso = Colore_Da(COLORE_ROSSO);
+    QCOMPARE(Colore_Leggibile(rosso, Colore_Da(COLORE_NERO)), rosso);
+    const QColor scuro = Colore_Leggibile(rosso, Colore_Da(COLORE_BIANCO));
+    QVERIFY(scuro.red() > 180 && scuro.green() == 0 && scuro.blue() == 0);
+}
+
+void tst_aspetto::lineaComeLoSchermo()
+{
+    QCOMPARE(Spessore_Linea(), Pixel_DaTwip(15));
+    QCOMPARE(Spessore_Linea(4), Pixel_DaTwip(60));
+}
+
+void tst_aspetto::carattereMinimo()
+{
+    QVERIFY(Carattere_Minimo() >= 9);
+    QVERIFY(Carattere_Minimo() < QApplication::font().pixelSize());
+}
+
+void tst_aspetto::fuocoSiVede_data()
+{
+    QTest::addColumn<int>("quale");
+    QTest::newRow("pulsante") << 0;
+    QTest::newRow("casella") << 1;
+    QTest::newRow("combo") << 2;
+    QTest::newRow("spunta") << 3;
+    QTest::newRow("elenco") << 4;
+}
+
 void tst_aspetto::fuocoSiVede()
 {
+    QFETCH(int, quale);
     QWidget finestra;
-    Pulsante primo(&finestra, QStringLiteral("cmd_0"));
-    Pulsante secondo(&finestra, QStringLiteral("cmd_1"));
+    Pulsante altro(&finestra, QStringLiteral("cmd_1"));
+    Pulsante pulsante(&finestra, QStringLiteral("cmd_0"));
     CasellaTesto casella(&finestra, QStringLiteral("txt_0"));
-    primo.Posto(150, 150, 1500, 450);
-    secondo.Posto(150, 750, 1500, 450);
-    casella.Posto(150, 1350, 1500, 450);
+    CasellaCombinata combo(&finestra, QStringLiteral("cbo_0"));
+    CasellaSpunta spunta(&finestra, QStringLiteral("chk_0"));
+    ElencoVoci elenco(&finestra, QStringLiteral("lst"));
+    Controllo *const controlli[] = {&pulsante, &casella, &combo, &spunta, &elenco};
+    Controllo &controllo = *controlli[quale];
+    controllo.Posto(150, 150, 1500, 450);
     finestra.show();
     QVERIFY(QTest::qWaitForWindowActive(&finestra));
-    const auto vista = [](const Controllo &controllo) { return controllo.Widget()->grab().toImage(); };
-    secondo.SetFocus();
-    const QImage pulsante = vista(primo);
-    const QImage testo = vista(casella);
-    primo.SetFocus();
-    QVERIFY(vista(primo) != pulsante);
-    casella.SetFocus();
-    QVERIFY(vista(casella) != testo);
-    QCOMPARE(vista(primo), pulsante);
+    const auto vista = [&] { return controllo.Widget()->grab().toImage(); };
+    altro.SetFocus();
+    const QImage senza = vista();
+    controllo.SetFocus();
+    QVERIFY(vista() != senza);
+    altro.SetFocus();
+    QCOMPARE(vista(), senza);
+}
+
+void tst_aspetto::spuntaSiVede()
+{
+    QWidget finestra;
+    CasellaSpunta spunta(&finestra, QStringLiteral("chk_0"));
+    spunta.Posto(150, 150, 600, 330);
+    const auto vista = [&] { return spunta.Widget()->grab().toImage(); };
+    const QImage vuota = vista();
+    spunta.Value(1);
+    const QImage piena = vista();
+    QVERIFY(piena != vuota);
+    spunta.Enabled(false);
+    QVERIFY(vista() != piena);
+    spunta.Value(0);
+    QVERIFY(vista() != vuota);
 }
 
 int main(int argc, char **argv)

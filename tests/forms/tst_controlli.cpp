@@ -3,6 +3,7 @@
 #include "platform/aspetto.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/schermo.h"
+#include "tests/comuni/errore_prova.h"
 #include "tests/forms/principale_prova.h"
 
 #include <QAccessible>
@@ -30,6 +31,10 @@ private Q_SLOTS:
     void nomeTagENomeAccessibile();
     void carattereInPunti();
     void carattereMaiSottoUnPixel();
+    void carattereCheEntra_data();
+    void carattereCheEntra();
+    void etichettaVaACapoPrimaDiRimpicciolire();
+    void lettereIntereInUnaRigaBassa();
     void distruttoPortaViaIlWidget();
     void distruttoSparisceDalleTecnologieAssistive();
     void senzaFinestraNonFaNulla();
@@ -37,6 +42,7 @@ private Q_SLOTS:
     void etichettaMostraIlTestoComeE();
     void etichettaColori();
     void etichettaBordo();
+    void etichettaBordoEvidente();
     void etichettaAltezzaDelTesto();
     void etichettaSpezzaOvunque();
     void etichettaAllineamento();
@@ -69,6 +75,7 @@ private Q_SLOTS:
     void elencoFuocoNonSceglie();
     void elencoSvuotatoNonSceglie();
     void elencoTabulazione();
+    void elencoColonneAllaStessaAltezza();
 
     void immagineCheManca();
     void immagineNonValida();
@@ -79,7 +86,6 @@ private Q_SLOTS:
     void formaColore();
 
 private:
-    static int Errore_Di(const std::function<void()> &procedura);
     QColor Punto(const Controllo &controllo, int x, int y) const;
 
     std::unique_ptr<QWidget> m_finestra;
@@ -96,16 +102,6 @@ void tst_controlli::init()
 void tst_controlli::cleanup()
 {
     m_finestra.reset();
-}
-
-int tst_controlli::Errore_Di(const std::function<void()> &procedura)
-{
-    try {
-        procedura();
-    } catch (const ErroreEsecuzione &errore) {
-        return errore.Numero();
-    }
-    return 0;
 }
 
 QColor tst_controlli::Punto(const Controllo &controllo, int x, int y) const
@@ -204,6 +200,75 @@ void tst_controlli::carattereMaiSottoUnPixel()
     Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
     etichetta.FontSize(0);
     QCOMPARE(etichetta.Widget()->font().pixelSize(), 1);
+}
+
+void tst_controlli::carattereCheEntra_data()
+{
+    QTest::addColumn<int>("quale");
+    QTest::newRow("etichetta") << 0;
+    QTest::newRow("pulsante") << 1;
+    QTest::newRow("combo") << 2;
+}
+
+// Too long a text is set smaller, not below what can be read; a shorter one or a larger place gives the size
+// back.
+void tst_controlli::carattereCheEntra()
+{
+    QFETCH(int, quale);
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    Pulsante pulsante(m_finestra.get(), QStringLiteral("cmd"));
+    CasellaCombinata combo(m_finestra.get(), QStringLiteral("cbo"));
+    Controllo *const controlli[] = {&etichetta, &pulsante, &combo};
+    Controllo &controllo = *controlli[quale];
+    const auto scrivi = [&](const QString &testo) {
+        etichetta.Caption(testo);
+        pulsante.Caption(testo);
+        combo.Clear();
+        combo.AddItem(testo);
+    };
+    const auto pixel = [&] { return controllo.Widget()->font().pixelSize(); };
+    controllo.FontSize(15);
+    scrivi(QStringLiteral("Intensit\u00e0"));
+    QCOMPARE(pixel(), 20); // it has no place yet
+    controllo.Posto(0, 0, 1125, 450);
+    QVERIFY(pixel() < 20 && pixel() > Carattere_Minimo());
+    QVERIFY(controllo.Entra());
+    QCOMPARE(controllo.FontSize(), 15.0);
+    scrivi(QStringLiteral("SI"));
+    QCOMPARE(pixel(), 20);
+    scrivi(QStringLiteral("Inclinazioneorizzontale"));
+    QCOMPARE(pixel(), Carattere_Minimo());
+    QVERIFY(!controllo.Entra());
+    controllo.Width(6000);
+    QCOMPARE(pixel(), 20);
+    QVERIFY(controllo.Entra());
+}
+
+void tst_controlli::etichettaVaACapoPrimaDiRimpicciolire()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.FontSize(15);
+    etichetta.Caption(QStringLiteral("Orientamento orizzontale"));
+    etichetta.Posto(0, 0, 1950, 750);
+    QCOMPARE(etichetta.Widget()->font().pixelSize(), 20); // in two lines
+    etichetta.Height(450);
+    QVERIFY(etichetta.Widget()->font().pixelSize() < 20);
+    QVERIFY(etichetta.Entra());
+}
+
+// What counts are the letters: a line is higher than they are.
+void tst_controlli::lettereIntereInUnaRigaBassa()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.FontSize(15); // a line of 23 pixels
+    etichetta.Posto(0, 0, 3000, 300);
+    etichetta.Allineamento(Qt::AlignBottom);
+    etichetta.Caption(QStringLiteral("pagina"));
+    QCOMPARE(etichetta.Widget()->font().pixelSize(), 20); // nothing above the small letters
+    etichetta.Allineamento(Qt::AlignTop);
+    QVERIFY(etichetta.Widget()->font().pixelSize() < 20); // the letters reach below
+    etichetta.Caption(QStringLiteral("AZIENDA"));
+    QCOMPARE(etichetta.Widget()->font().pixelSize(), 20);
 }
 
 void tst_controlli::distruttoPortaViaIlWidget()
@@ -311,9 +376,9 @@ void tst_controlli::etichettaColori()
     etichetta.Caption(QStringLiteral("\u2588\u2588"));
     etichetta.Allineamento(Qt::AlignCenter);
     etichetta.ForeColor(0x00FF8000); // blue, green, red
-    etichetta.BackColor(0x000000FF);
+    etichetta.BackColor(0x00000020);
     etichetta.Visible(true);
-    QCOMPARE(Punto(etichetta, 1, 1), QColor(0xFF, 0, 0));
+    QCOMPARE(Punto(etichetta, 1, 1), QColor(0x20, 0, 0));
     const QImage vista = etichetta.Widget()->grab().toImage();
     bool trovato = false;
     for (int x = 0; x < vista.width(); ++x)
@@ -333,6 +398,23 @@ void tst_controlli::etichettaBordo()
     QVERIFY(Punto(etichetta, 99, 20) != QColor(Qt::white));
     QVERIFY(Punto(etichetta, 50, 49) != QColor(Qt::white));
     QCOMPARE(Punto(etichetta, 50, 20), QColor(Qt::white));
+}
+
+// Thick, and in the colour of the text.
+void tst_controlli::etichettaBordoEvidente()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.Posto(0, 0, 1500, 750);
+    etichetta.BackColor(COLORE_NERO);
+    etichetta.ForeColor(COLORE_ROSSO);
+    etichetta.Visible(true);
+    etichetta.Bordo();
+    QVERIFY(Punto(etichetta, 0, 20) != Colore_Da(COLORE_ROSSO));
+    QCOMPARE(Punto(etichetta, 2, 20), Colore_Da(COLORE_NERO));
+    etichetta.Bordo_Evidente();
+    QCOMPARE(Punto(etichetta, 0, 20), Colore_Da(COLORE_ROSSO));
+    QCOMPARE(Punto(etichetta, 2, 20), Colore_Da(COLORE_ROSSO));
+    QCOMPARE(Punto(etichetta, 50, 20), Colore_Da(COLORE_NERO));
 }
 
 void tst_controlli::etichettaAltezzaDelTesto()
@@ -824,6 +906,33 @@ void tst_controlli::elencoTabulazione()
     QVERIFY(!scritto(20, pixel - 2));
     QVERIFY(scritto(pixel, pixel + 20));
     QCOMPARE(elenco.List(0), QStringLiteral("I\tM"));
+}
+
+void tst_controlli::elencoColonneAllaStessaAltezza()
+{
+    ElencoVoci elenco(m_finestra.get(), QStringLiteral("lst"));
+    elenco.Posto(0, 0, 6000, 3000);
+    elenco.Visible(true);
+    elenco.AddItem(QStringLiteral("H\tH"));
+    const auto *lista = qobject_cast<QListWidget *>(elenco.Widget());
+    for (int punti = 6; punti <= 20; ++punti) {
+        elenco.FontSize(punti);
+        const int colonna = Pixel_DaTwip(elenco.Tabulazione(60));
+        QApplication::processEvents();
+        const QImage vista = lista->viewport()->grab().toImage();
+        const auto lettera = [&](int da) {
+            QRect dove;
+            for (int x = da; x < da + 30; ++x) {
+                for (int y = 0; y < lista->visualItemRect(lista->item(0)).height(); ++y) {
+                    if (vista.pixelColor(x, y) != QColor(Qt::white))
+                        dove |= QRect(x, y, 1, 1);
+                }
+            }
+            return qMakePair(dove.top(), dove.bottom());
+        };
+        QVERIFY(lettera(0).first > 0);
+        QCOMPARE(lettera(0), lettera(colonna));
+    }
 }
 
 // --- Immagine ---------------------------------------------------------------------------------------------

@@ -2,6 +2,7 @@
 #include "dialogs/frmAbout.h"
 
 #include "core/modGeneral.h"
+#include "platform/aspetto.h"
 #include "platform/schermo.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/ini_prova.h"
@@ -77,7 +78,7 @@ private Q_SLOTS:
             QCOMPARE(Riga(i)->geometry().topLeft(), posto.topLeft());
             QCOMPARE(Riga(i)->height(), posto.height());
             QCOMPARE(Riga(i)->font().pixelSize(), qRound(Pixel_DaPunti(RIGHE[i].punti)));
-            QCOMPARE(Ha_Colore(Riga(i), ROSSO), i <= 1);
+            QCOMPARE(Ha_Colore(Riga(i), Colore_Leggibile(ROSSO, Colore_Tema(Tinta::Sfondo))), i <= 1);
         }
         QVERIFY(form->Finestra()->findChild<QLabel *>(QStringLiteral("lblAbout_7")) == nullptr);
     }

@@ -5,6 +5,8 @@
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
+#include "platform/aspetto.h"
+#include "platform/segnale.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -41,7 +43,15 @@ void Risultato_Buono()
     Imposta_Riga("TipoAnab", QStringLiteral("#A"));
 }
 
+int segnali = 0; // beeps heard
+
 } // namespace
+
+/// In place of the system's.
+void Segnale_Acustico()
+{
+    ++segnali;
+}
 
 class tst_frmEsito : public QObject
 {
@@ -55,6 +65,12 @@ private:
         QVERIFY(Attiva(*form));
     }
     QLabel *Cella(int i) const { return Membro_Di<QLabel>(*form, "lblTab", i); }
+    /// A thick red line round a cell: seen also by eyes that do not tell red from green.
+    bool Spicca(int i) const
+    {
+        const QImage vista = Cella(i)->grab().toImage();
+        return vista.pixelColor(Spessore_Linea(2), vista.height() / 2) == ROSSO;
+    }
 
     std::unique_ptr<BancoForm> banco;
     std::shared_ptr<frmEsito> form;
@@ -212,6 +228,7 @@ private Q_SLOTS:
         for (int i = CELLE_MIRA; i < CELLE; ++i) {
             QCOMPARE(Cella(i)->text(), i == cella ? testo : QStringLiteral("45.6"));
             QVERIFY(Ha_Colore(Cella(i), i == cella && !regolare ? ROSSO : VERDE));
+            QCOMPARE(Spicca(i), i == cella && !regolare);
             QVERIFY(!Ha_Colore(Cella(i), i == cella && !regolare ? VERDE : ROSSO));
         }
     }
@@ -326,12 +343,17 @@ private Q_SLOTS:
         QFETCH(bool, suona);
         Imposta_Riga("Esito", esito);
         gAllarmeAcustico = acustico;
+        segnali = 0;
         Apri();
-        QCOMPARE(Orologio_Banco().Armate(), suona ? 1 : 0);
-        Orologio_Banco().Avanza(60000);
-        QCOMPARE(Orologio_Banco().Armate(), suona ? 1 : 0); // nothing stops it but the form's end
+        Orologio_Banco().Avanza(999);
+        QCOMPARE(segnali, 0);
+        Orologio_Banco().Avanza(1);
+        QCOMPARE(segnali, suona ? 1 : 0);
+        Orologio_Banco().Avanza(59000);
+        QCOMPARE(segnali, suona ? 60 : 0); // nothing stops it but the form's end
         Premi(*form, "cmd_0");
-        QCOMPARE(Orologio_Banco().Armate(), 0);
+        Orologio_Banco().Avanza(60000);
+        QCOMPARE(segnali, suona ? 60 : 0);
     }
 
     // --- buttons ------------------------------------------------------------------------------------------

@@ -21,19 +21,24 @@
 #include <QFile>
 #include <QListWidget>
 #include <QTest>
+#include <QTimer>
 
 #include <cstdio>
 
 namespace {
 
-constexpr qint64 TICK = 200; // ms
+constexpr qint64 SESSIONE = 2 * 200 + 2000; // ms: two replies looked at, and the last text
 
 const QByteArray MISURA = Risposta_Misura("0123O#", "0456OO", "0789OO", "0999##");
 const QString FILE_ACC = QStringLiteral("12345678.acc");
 const QString FILE_FAR = QStringLiteral("DIR_FAR\\12345678.far");
+const QString ACC_RETE = QStringLiteral("ESITO\\12345678.acc");
+const QString FAR_RETE = QStringLiteral("ESITO\\12345678.far");
 
-/// Argument of the process that shows how the program ends without its pictures.
+/// Arguments of the processes that show how the program ends: without its pictures, and by the exit of the
+/// menu while the result shows.
 const char *const SENZA_DATI = "senza-dati";
+const char *const USCITA_DAL_RISULTATO = "uscita-dal-risultato";
 
 /// Answers a measure to every session.
 void Strumento_Pronto()
@@ -44,7 +49,7 @@ void Strumento_Pronto()
 /// Steps of the director: a session that goes to its end, and a result screen that is looked at and closed.
 void Sessione_Completa(Regia &regia, const std::function<void(Modulo &)> &guarda = {})
 {
-    regia.Quando("frmComm", [](Modulo &) { Orologio_Banco().Avanza(2 * TICK + 2000); })
+    regia.Quando("frmComm", [](Modulo &) { Orologio_Banco().Avanza(SESSIONE); })
         .Quando("frmEsito", [guarda](Modulo &esito) {
             if (guarda)
                 guarda(esito);
@@ -73,12 +78,29 @@ private:
     void Scegli_DallaLista() const
     {
         banco->Stazione.Accettazione(FILE_ACC);
+        Conferma_Scelta();
+    }
+    void Conferma_Scelta() const
+    {
         Premi_Prova();
         const auto lista = Modulo_Aperto("frmMctcO");
         QVERIFY(lista != nullptr);
         Widget_Di<QListWidget>(*lista, "lstAuto")->setCurrentRow(0);
         Premi(*lista, "cmd_0");
         QVERIFY(Modulo_Aperto("frmMctc2") != nullptr);
+    }
+    /// A whole test from the worklist of the network folder.
+    void Prova_InRete()
+    {
+        gModalita = Falso;
+        Imposta_Cartelle();
+        banco->Stazione.Scrivi(ACC_RETE, banco->Stazione.Leggi(QStringLiteral("dati\\ModelloAcc.acc")));
+        Apri();
+        Conferma_Scelta();
+        Regia regia;
+        Sessione_Completa(regia);
+        Conferma_Veicolo();
+        QVERIFY(regia.Finita());
     }
     static void Conferma_Veicolo() { Premi(*Modulo_Aperto("frmMctc2"), "cmd_0"); }
     static void Scrivi_Password(Modulo &dialogo, const QString &password)
@@ -313,21 +335,47 @@ private Q_SLOTS:
     /// In network mode the file stays for the network software to take.
     void inReteLAccettazioneResta()
     {
-        gModalita = Falso;
-        Imposta_Cartelle();
-        banco->Stazione.Scrivi(QStringLiteral("ESITO\\12345678.acc"),
-                               banco->Stazione.Leggi(QStringLiteral("dati\\ModelloAcc.acc")));
-        Apri();
+        Prova_InRete();
+        QVERIFY(Esiste(FAR_RETE));
+        QVERIFY(Esiste(ACC_RETE));
+    }
+
+    /// A vehicle typed in by hand has no file to answer to, and least of all that of the vehicle before.
+    void provaAManoDopoLaListaSenzaFile()
+    {
+        Prova_InRete();
+        banco->Stazione.Scrivi(FAR_RETE, "segno");
+        gIniFile = Falso;
         Premi_Prova();
-        const auto lista = Modulo_Aperto("frmMctcO");
-        Widget_Di<QListWidget>(*lista, "lstAuto")->setCurrentRow(0);
-        Premi(*lista, "cmd_0");
         Regia regia;
         Sessione_Completa(regia);
         Conferma_Veicolo();
         QVERIFY(regia.Finita());
-        QVERIFY(Esiste(QStringLiteral("ESITO\\12345678.far")));
-        QVERIFY(Esiste(QStringLiteral("ESITO\\12345678.acc")));
+        QCOMPARE(banco->Stazione.Leggi(FAR_RETE), "segno");
+        QVERIFY(Esiste(ACC_RETE));
+        QCOMPARE(gFileAcc, QString());
+    }
+
+    /// With the worklist on and nothing in it, the vehicle before does not come back.
+    void listaVuotaSenzaIlVeicoloDiPrima()
+    {
+        const QString altrove = QStringLiteral("altrove\\") + FILE_ACC;
+        banco->Stazione.Scrivi(altrove, banco->Stazione.Leggi(QStringLiteral("dati\\ModelloAcc.acc")));
+        gFileAcc = banco->Stazione.Percorso(altrove);
+        Apri();
+        Premi_Prova();
+        const auto veicolo = Modulo_Aperto("frmMctc2");
+        for (int i = 0; i < 12; ++i) {
+            const auto *casella = Membro_Di<QLineEdit>(*veicolo, "txt", i);
+            QCOMPARE(casella->text(), QString());
+            QVERIFY(casella->isReadOnly());
+        }
+        Regia regia;
+        Sessione_Completa(regia);
+        Conferma_Veicolo();
+        QVERIFY(regia.Finita());
+        QVERIFY(!Esiste(FILE_FAR));
+        QVERIFY(Esiste(altrove));
     }
 
     void misuraFallitaNienteRisultato_data()
@@ -564,6 +612,21 @@ private Q_SLOTS:
         QVERIFY(setup.expired());
     }
 
+    /// The same code lets it go when it comes from the entry form.
+    void setupRilasciatoDalVeicolo()
+    {
+        gIniFile = Falso;
+        Apri();
+        Premi(*form, "cmdMnu_1");
+        std::weak_ptr<frmSetupO> setup = Modulo_Aperto<frmSetupO>("frmSetupO");
+        Premi_Prova();
+        qint16 codice = 1;
+        QVariant valore = 0;
+        Q_EMIT Modulo_Aperto<frmMctc2>("frmMctc2")->Notifica(codice, valore);
+        setup.lock()->Scarica();
+        QVERIFY(setup.expired());
+    }
+
     // --- the end ------------------------------------------------------------------------------------------
 
     void uscitaScaricaTutto_data()
@@ -603,6 +666,16 @@ private Q_SLOTS:
         Premi(*form, "cmdMnu_7");
         QVERIFY(Nomi_Caricati().isEmpty());
     }
+
+    /// The result shows from inside the unloading of the link form, which is still loaded then. An assistive
+    /// technology presses the exit of the menu behind the modal screen all the same.
+    void uscitaMentreSiVedeIlRisultato()
+    {
+        const EsitoFiglio esito = Figlio_Esegui({QString::fromLatin1(USCITA_DAL_RISULTATO)});
+        QVERIFY2(esito.Finito, qPrintable(esito.Errori));
+        QCOMPARE(esito.Stato, 0);
+        QCOMPARE(esito.Uscita.trimmed(), QStringLiteral("frmMain frmMctc2 frmComm frmEsito"));
+    }
 };
 
 namespace {
@@ -627,12 +700,35 @@ int Prova_SenzaDati(int argc, char **argv)
     return 99; // it never comes back
 }
 
+/// A whole test by hand; the exit is pressed at the result. The event loop ends with the last form.
+int Prova_UscitaDalRisultato(int argc, char **argv)
+{
+    const Applicazione applicazione(argc, argv);
+    const BancoForm banco;
+    Strumento_Pronto();
+    gIniFile = Falso;
+    const auto form = Nuovo<frmMain>();
+    form->Mostra();
+    Premi(*form, "cmdMnu_2");
+    Regia regia;
+    regia.Quando("frmComm", [](Modulo &) { Orologio_Banco().Avanza(SESSIONE); })
+        .Quando("frmEsito", [&form](Modulo &) {
+            std::printf("%s\n", qPrintable(Nomi_Caricati().join(u' ')));
+            std::fflush(stdout);
+            Membro_Di<QPushButton>(*form, "cmdMnu", 7)->click();
+        });
+    QTimer::singleShot(0, form->Finestra(), [] { Premi(*Modulo_Aperto("frmMctc2"), "cmd_0"); });
+    return QCoreApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     if (argc > 1 && qstrcmp(argv[1], SENZA_DATI) == 0)
         return Prova_SenzaDati(argc, argv);
+    if (argc > 1 && qstrcmp(argv[1], USCITA_DAL_RISULTATO) == 0)
+        return Prova_UscitaDalRisultato(argc, argv);
     return Principale_Prova<tst_frmMain>(argc, argv);
 }
 #include "tst_frmMain.moc"

@@ -6,6 +6,7 @@
 #include "platform/schermo.h"
 #include "tests/comuni/orologio_prova.h"
 #include "tests/comuni/stazione_prova.h"
+#include "tests/forms/difetti_prova.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/modulo_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -374,8 +375,8 @@ void tst_frmMsg::testoTuttoInVista_data()
 static QString Difetti()
 {
     QString difetti;
-    const auto *lbl = Parte<QLabel>("lbl_0");
-    if (lbl->heightForWidth(lbl->width()) > lbl->height() + 1)
+    auto *lbl = Parte<QLabel>("lbl_0");
+    if (Scritta_Tagliata(lbl))
         difetti += QStringLiteral("tagliato ");
     if (!Messaggio().Finestra()->rect().contains(lbl->geometry()) || lbl->height() <= 0)
         difetti += QStringLiteral("fuori ");

@@ -772,6 +772,20 @@ private Q_SLOTS:
         QCOMPARE(gDirAcc, gAppPath + QStringLiteral("DIR_FAR\\"));
     }
 
+    /// So does the other key, before it, with the folder it had.
+    void salvataggioRiscriveLeDueCartelle()
+    {
+        Imposta("MCTC", "DirRisultati", QStringLiteral("X:\\altra\\"));
+        Apri();
+        const QByteArray senza = Ini_Senza(Ini_Senza(Ini(), "MCTC", "DirDati"), "MCTC", "DirRisultati");
+        Ini(senza);
+        Salva();
+        const QByteArray cartella = gAppPath.toLatin1();
+        QCOMPARE(Ini_Righe(Ini(), "MCTC"),
+                 Ini_Righe(senza, "MCTC") +
+                     QList<QByteArray>({"DirDati=" + cartella, "DirRisultati=" + cartella}));
+    }
+
     /// Without a folder to follow, the results box alone is not kept.
     void soliRisultatiNonSiSalvano()
     {
@@ -898,6 +912,24 @@ private Q_SLOTS:
         QCOMPARE(Ini(), prima); // kept only by the save
         Salva();
         QCOMPARE(Ini(), Ini_Con(prima, "IMPOSTAZIONI", "Lingua", "en"));
+    }
+
+    /// Beside a box that the operator has locked, the label stays as grey in the other language.
+    void linguaConLaReteBloccata()
+    {
+        Apri();
+        Premi_Riga(INI_FILE);
+        Scegli(LINGUA, 2);
+        for (const int riga : {RISULTATI, DATI}) {
+            QVERIFY(Bloccata(riga));
+            QVERIFY(!Etichetta_Di(riga)->isEnabled());
+        }
+        Premi_Riga(INI_FILE);
+        Scegli(LINGUA, 0);
+        for (const int riga : {RISULTATI, DATI}) {
+            QVERIFY(!Bloccata(riga));
+            QVERIFY(Etichetta_Di(riga)->isEnabled());
+        }
     }
 
     void linguaSenzaSalvare()
@@ -1203,6 +1235,38 @@ private Q_SLOTS:
         QCOMPARE(*notifiche, (Notifiche{
                                  {1, 0}
         }));
+    }
+
+    void byteRiservatiNellOperatore_data()
+    {
+        QTest::addColumn<QString>("operatore");
+        QTest::addColumn<QByteArray>("carico");
+        QTest::addColumn<QString>("tenuto");
+        QTest::newRow("separatore") << QStringLiteral(u"Neri\u0017Ada")
+                                    << QByteArray("Neri\x17"
+                                                  "Ada\x17\0",
+                                                  10)
+                                    << QStringLiteral("Neri");
+        // The instrument sees a frame that ends too early, and never answers it.
+        QTest::newRow("fine") << QStringLiteral(u"Neri\u0003Ada")
+                              << QByteArray("Neri\x03"
+                                            "Ada\x17\0",
+                                            10)
+                              << TESTI_STRUMENTO[OPERATORE];
+    }
+    /// No byte is kept out of the frame, not even those that have a role in it.
+    void byteRiservatiNellOperatore()
+    {
+        QFETCH(QString, operatore);
+        QFETCH(QByteArray, carico);
+        Apri();
+        Premi_Riga(OPERATORE);
+        Casella(OPERATORE)->setText(operatore);
+        Salva_ConSessione(DURATA_SILENZIO);
+        QCOMPARE(Valore("VEICOLO", "Operatore"), operatore);
+        QVERIFY(Tipi().startsWith("106080"));
+        QCOMPARE(Carico_Di(strumento->Comandi[2]), carico);
+        QTEST(strumento->Testi(Blocco::Dati)[OPERATORE], "tenuto");
     }
 
     /// After a reading the block has one element more: it does not go out with the next writing.

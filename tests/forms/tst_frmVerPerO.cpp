@@ -38,6 +38,9 @@ const QStringList STRUMENTO = {QStringLiteral("vecchio"),  QStringLiteral("vecch
                                QStringLiteral("OM9"),      QStringLiteral("9"),
                                QStringLiteral("1/1/2020"), QStringLiteral("Bianchi")};
 
+/// Two replies come in and are looked at, in ms.
+constexpr qint64 DUE_RISPOSTE = 2 * 200;
+
 /// Another date on the clock of all.
 class Calendario : public Orologio
 {
@@ -251,6 +254,58 @@ private Q_SLOTS:
         QVERIFY(!form->Caricato());
         QCOMPARE(Ini(), prima);
         QCOMPARE(strumento->Testi(Blocco::Dati), STRUMENTO);
+    }
+
+    /// Broken off once the first frame has been taken and the second has gone out: that counts as done.
+    void sessioneInterrottaTraLeDueScritture()
+    {
+        Linee_Prepara([](LineaProva &linea) { linea.Copione({Risposta_Stato('1'), Risposta_Scritto()}); });
+        const QByteArray prima = Ini();
+        Apri();
+        Scrivi(*form, "txt_0", QStringLiteral("Nuovo modello"));
+        Regia regia;
+        regia.Quando("frmComm", [](Modulo &comm) {
+            Orologio_Banco().Avanza(DUE_RISPOSTE);
+            QCOMPARE(Linea_Corrente()->Usciti.size(), 3);
+            Premi(comm, "cmd_0");
+        });
+        Premi(*form, "cmd_0");
+        QVERIFY(regia.Finita());
+        QVERIFY(!form->Caricato());
+        QCOMPARE(Ini(), Ini_Con(Ini_Con(prima, "LUMIRA", "Comm_Modello", "Nuovo modello"), "IMPOSTAZIONI",
+                                "Lingua", "EN"));
+    }
+
+    // --- bytes with a role in the frame -------------------------------------------------------------------
+
+    /// A separator inside a text makes two of it: every later one moves on by one.
+    void separatoreInUnTesto()
+    {
+        Apri();
+        Casella(0)->setText(QStringLiteral(u"QX5\u0017B"));
+        Casella(0)->setFocus();
+        Sessione("cmd_0");
+        QStringList spostati = PROFILO;
+        spostati.insert(1, QStringLiteral("B"));
+        QCOMPARE(Carico_Di(strumento->Comandi[1]), Testi_Chiusi(spostati.first(QUANTE)));
+        QCOMPARE(Carico_Di(strumento->Comandi[2]), Testi_Chiusi(spostati.sliced(QUANTE)) + '\0');
+        QCOMPARE(strumento->Testi(Blocco::Dati), spostati);
+        QCOMPARE(Valore_Ini(gFileIni, LUMIRA, QStringLiteral("Comm_Modello")), QStringLiteral(u"QX5\u0017B"));
+    }
+
+    /// An end byte inside a text goes out too; the instrument does not answer what arrives of the frame.
+    void fineInUnTesto()
+    {
+        const QByteArray prima = Ini();
+        Apri();
+        Casella(0)->setText(QStringLiteral(u"QX5\u0003B"));
+        Casella(0)->setFocus();
+        Sessione("cmd_0", DURATA_SILENZIO);
+        QStringList testi = PROFILO;
+        testi[0] = QStringLiteral(u"QX5\u0003B");
+        QCOMPARE(Carico_Di(strumento->Comandi[1]), Testi_Chiusi(testi));
+        QCOMPARE(strumento->Testi(Blocco::Dati), STRUMENTO);
+        QCOMPARE(Ini(), prima);
     }
 
     // --- leaving ------------------------------------------------------------------------------------------

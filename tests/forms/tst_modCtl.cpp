@@ -2,8 +2,8 @@
 
 #include "core/modGeneral.h"
 #include "platform/aspetto.h"
-#include "platform/errore_esecuzione.h"
 #include "platform/schermo.h"
+#include "tests/comuni/errore_prova.h"
 #include "tests/comuni/stazione_prova.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/modulo_prova.h"
@@ -56,16 +56,6 @@ constexpr DisegnoRiga RIGHE[] = {
     {CampoTesto,      -1, u"",        Vero },
     {CampoTesto,      -1, u"Telaio",  Vero },
 };
-
-int Errore_Di(const std::function<void()> &procedura)
-{
-    try {
-        procedura();
-    } catch (const ErroreEsecuzione &errore) {
-        return errore.Numero();
-    }
-    return 0;
-}
 
 void Disegna(ModuloProva &form)
 {

@@ -3,6 +3,7 @@
 #include "platform/aspetto.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/schermo.h"
+#include "tests/comuni/errore_prova.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/modulo_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -108,7 +109,6 @@ private Q_SLOTS:
     void attivatoAOgniRitorno();
 
 private:
-    static int Errore_Di(const std::function<void()> &procedura);
     /// A form with every kind of control: txt 0 to 2 (rows 0, 1, 4), cbo 0 (row 2), chk 0 (row 3), cmd 0 the
     /// default, 1 with the mnemonic S, 2 the one that Escape presses.
     static std::shared_ptr<ModuloProva> Completo();
@@ -123,16 +123,6 @@ void tst_modulo::init()
 void tst_modulo::cleanup()
 {
     Scarica_Tutti();
-}
-
-int tst_modulo::Errore_Di(const std::function<void()> &procedura)
-{
-    try {
-        procedura();
-    } catch (const ErroreEsecuzione &errore) {
-        return errore.Numero();
-    }
-    return 0;
 }
 
 void tst_modulo::Disegna(ModuloProva &modulo)

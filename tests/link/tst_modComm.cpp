@@ -1,7 +1,7 @@
 #include "link/modComm.h"
 
 #include "core/modGeneral.h"
-#include "platform/errore_esecuzione.h"
+#include "tests/comuni/errore_prova.h"
 #include "tests/comuni/linea_prova.h"
 #include "tests/comuni/stazione_prova.h"
 
@@ -40,22 +40,6 @@ private Q_SLOTS:
 private:
     static void Scrivi_Comm(const StazioneProva &stazione, const QByteArray &righe);
 };
-
-namespace {
-
-/// The number of the run-time error that a procedure raises; 0 for none.
-template <typename Procedura>
-int Errore_Di(Procedura procedura)
-{
-    try {
-        procedura();
-    } catch (const ErroreEsecuzione &errore) {
-        return errore.Numero();
-    }
-    return 0;
-}
-
-} // namespace
 
 void tst_modComm::init()
 {

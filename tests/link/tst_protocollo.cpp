@@ -1,7 +1,7 @@
 #include "link/protocollo.h"
 
 #include "core/modGeneral.h"
-#include "platform/errore_esecuzione.h"
+#include "tests/comuni/errore_prova.h"
 #include "tests/comuni/linea_prova.h"
 #include "tests/comuni/stazione_prova.h"
 
@@ -31,6 +31,7 @@ private Q_SLOTS:
     void sommaOltre16Bit();
     void componiDati_data();
     void componiDati();
+    void fineNelTestoTroncaIlFrame();
     void leggiDatiStrumentoDalProfilo();
     void leggiDatiStrumentoSenzaChiavi();
 
@@ -68,17 +69,6 @@ namespace {
 QByteArray Esa(const char *cifre)
 {
     return QByteArray::fromHex(cifre);
-}
-
-template <typename Procedura>
-int Errore_Di(Procedura procedura)
-{
-    try {
-        procedura();
-    } catch (const ErroreEsecuzione &errore) {
-        return errore.Numero();
-    }
-    return 0;
 }
 
 QByteArray Frame_Di(quint8 tipo, QByteArray dati = {})
@@ -335,6 +325,7 @@ void tst_protocollo::componiDati_data()
     QTest::newRow("vuoto") << QStringList(QString()) << Esa("17");
     QTest::newRow("due") << QStringList({QStringLiteral("AB"), QStringLiteral("C")}) << Esa("4142174317");
     QTest::newRow("un byte a carattere") << QStringList(QStringLiteral(u"\u00E0\u20AC")) << Esa("E08017");
+    QTest::newRow("fine nel testo") << QStringList(QStringLiteral(u"a\u0003b")) << Esa("61036217");
     QTest::newRow("fuori dalla tabella dei codici") << QStringList(QStringLiteral(u"\u03A9")) << Esa("3F17");
 }
 
@@ -343,6 +334,22 @@ void tst_protocollo::componiDati()
     QFETCH(QStringList, testi);
     QFETCH(QByteArray, dati);
     QCOMPARE(Componi_Dati(testi), dati);
+}
+
+/// No text is kept from holding the end byte: it goes out and is summed as any other, and whoever takes the
+/// frame sees it end there.
+void tst_protocollo::fineNelTestoTroncaIlFrame()
+{
+    const QByteArray frame = Frame_Di(CmdScriviDati1, Esa("6103621717171717"));
+    // 296 + 97 + 3 + 98 + 5 * 23 = 609, 97 of it
+    QCOMPARE(frame, Esa("0241424360"
+                        "6103621717171717"
+                        "3703"));
+    Assemblatore assemblatore;
+    QCOMPARE(Passa(assemblatore, frame).indexOf(EsitoByte::Fine), 6);
+    QCOMPARE(assemblatore.InfoRx.Indice, qint16(7));
+    QCOMPARE(Byte_Di(assemblatore.BufRx, 7), Esa("02414243606103"));
+    QVERIFY(!Risposta_Valida(assemblatore.BufRx));
 }
 
 void tst_protocollo::leggiDatiStrumentoDalProfilo()

@@ -3,6 +3,7 @@
 #include "core/modGeneral.h"
 #include "link/modComm.h"
 #include "platform/errore_esecuzione.h"
+#include "tests/comuni/errore_prova.h"
 #include "tests/comuni/linea_prova.h"
 #include "tests/comuni/stazione_prova.h"
 
@@ -27,18 +28,6 @@ const QByteArray FRAME_SCRIVI_1 = Esa("0241424360411742174317441745173403");
 const QByteArray FRAME_SCRIVI_2 = Esa("0241424380003203");
 
 const QByteArray MISURA = Risposta_Misura("0123O#", "0456##", "0789OX", "9999OO");
-
-/// The number of the run-time error that a procedure raises; 0 for none.
-template <typename Procedura>
-int Errore_Di(Procedura procedura)
-{
-    try {
-        procedura();
-    } catch (const ErroreEsecuzione &errore) {
-        return errore.Numero();
-    }
-    return 0;
-}
 
 /// A link session with its clock, line and window.
 struct Sessione

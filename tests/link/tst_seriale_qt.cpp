@@ -3,6 +3,7 @@
 #include "link/seriale.h"
 
 #include "platform/errore_esecuzione.h"
+#include "tests/comuni/errore_prova.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -24,17 +25,6 @@
 namespace {
 
 constexpr qint16 PORTA = 7;
-
-template <typename Procedura>
-int Errore_Di(Procedura procedura)
-{
-    try {
-        procedura();
-    } catch (const ErroreEsecuzione &errore) {
-        return errore.Numero();
-    }
-    return 0;
-}
 
 /// The other end of the line.
 class CapoLontano

@@ -3,7 +3,7 @@
 
 #include "core/modGeneral.h"
 #include "core/risultato.h"
-#include "platform/errore_esecuzione.h"
+#include "tests/comuni/errore_prova.h"
 #include "tests/comuni/stazione_prova.h"
 
 #include <QFileInfo>
@@ -15,16 +15,6 @@ class TestFar : public QObject
 
 private:
     static QByteArrayList Righe(const QByteArray &byte) { return byte.split('\n'); }
-
-    static int Errore_Di(const QString &percorso)
-    {
-        try {
-            Far_Scrivi(percorso);
-        } catch (const ErroreEsecuzione &errore) {
-            return errore.Numero();
-        }
-        return 0;
-    }
 
 private Q_SLOTS:
     void init() { Far_Azzera(); }
@@ -101,14 +91,14 @@ private Q_SLOTS:
     {
         const StazioneProva stazione;
         gDirAcc = stazione.Percorso(QStringLiteral("manca\\"));
-        QCOMPARE(Errore_Di(gDirAcc + QStringLiteral("12345678.acc")), 76);
+        QCOMPARE(Errore_Di([] { Far_Scrivi(gDirAcc + QStringLiteral("12345678.acc")); }), 76);
     }
 
     void fileProtettoFinisceIlProgramma()
     {
         const StazioneProva stazione;
         stazione.Scrivi(QStringLiteral("DIR_FAR\\12345678.far\\dentro"), "x");
-        QCOMPARE(Errore_Di(gDirAcc + QStringLiteral("12345678.acc")), 70);
+        QCOMPARE(Errore_Di([] { Far_Scrivi(gDirAcc + QStringLiteral("12345678.acc")); }), 70);
     }
 };
 

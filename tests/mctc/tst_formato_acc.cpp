@@ -58,6 +58,31 @@ private Q_SLOTS:
         QCOMPARE(trovate, attese);
     }
 
+    /// 0 text, 1 number, 2 date, 3 time.
+    void generiDiValore()
+    {
+        const QList<int> attesi{2, 2, 3, 0, 1, 0, 0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0,
+                                1, 2, 2, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 0, 1, 1, 0, 0, 0, 0, 0, 2};
+        QList<int> trovati;
+        for (const RegolaCampo &regola : REGOLE_ACC)
+            trovati.append(regola.ValueKind);
+        QCOMPARE(trovati, attesi);
+    }
+
+    void generiDiControllo()
+    {
+        using enum TipoControllo;
+        const QList<TipoControllo> attesi{
+            Data,   Data,  Ora,    Testo, Cifre, Testo, Testo, Testo, Data,  Testo, Testo,    Esatto, Testo,
+            Esatto, Testo, Esatto, Testo, Testo, Testo, Testo, Testo, Testo, Testo, Testo,    Testo,  Anno,
+            Data,   Data,  Testo,  Testo, Cifre, Cifre, Cifre, Cifre, Cifre, Cifre, Decimale, Cifre,  Cifre,
+            Cifre,  Testo, Cifre,  Cifre, Testo, Testo, Testo, Targa, Testo, Testo};
+        QList<TipoControllo> trovati;
+        for (const RegolaCampo &regola : REGOLE_ACC)
+            trovati.append(regola.Controllo);
+        QCOMPARE(trovati, attesi);
+    }
+
     void righeFacoltative()
     {
         const QList<int> attese{7, 8, 9, 10, 11, 16, 17, 23, 27, 30, 31, 32, 33, 34, 35, 36, 37, 38};

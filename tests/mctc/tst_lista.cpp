@@ -1,6 +1,7 @@
 // The worklist's entries and the comparison of two listings.
 #include "mctc/lista.h"
 
+#include "core/modFs.h"
 #include "core/modGeneral.h"
 #include "tests/mctc/prova_acc.h"
 
@@ -46,6 +47,17 @@ private Q_SLOTS:
         QCOMPARE(voci.at(1).NomeFile, QStringLiteral("222.ACC"));
         QCOMPARE(voci.at(1).Targa, QStringLiteral("AB123CD"));
         QCOMPARE(voci.at(2).Targa, QString());
+    }
+
+    /// A name in capitals still names its file.
+    void nomeConUnaLetteraSenzaMaiuscola()
+    {
+        const ProvaAcc prova;
+        prova.Scrivi(prova.Buono(), QStringLiteral("straße.acc"));
+        QList<VoceLista> voci;
+        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint16{0});
+        QCOMPARE(voci.at(0).NomeFile, QStringLiteral("STRAßE.ACC"));
+        QVERIFY(Fs_Esiste(gDirAcc + voci.at(0).NomeFile, 0));
     }
 
     void cartellaSenzaBarraInFondo()

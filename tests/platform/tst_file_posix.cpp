@@ -1,4 +1,5 @@
-// Plain file operations where the system refuses: a full disk, and files without the right to them.
+// Plain file operations where the system refuses: a full disk, files without the right to them, and one that
+// opens and cannot be read.
 #include "platform/file.h"
 
 #include "tests/comuni/errore_prova.h"
@@ -23,6 +24,13 @@ private Q_SLOTS:
             QSKIP("this system has no device that is always full");
         QCOMPARE(Errore_Di([] { File_ScriviRighe(QStringLiteral("\\dev\\full"), {QStringLiteral("a")}); }),
                  61);
+    }
+
+    void letturaInterrottaDa70()
+    {
+        if (!QFile::exists(QStringLiteral("/proc/self/mem")))
+            QSKIP("this system has no file whose first byte cannot be read");
+        QCOMPARE(Errore_Di([] { FileRighe righe(QStringLiteral("\\proc\\self\\mem")); }), 70);
     }
 
     void senzaPermessoDa70()

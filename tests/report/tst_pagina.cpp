@@ -426,6 +426,25 @@ private Q_SLOTS:
         QCOMPARE(Disegna(CARTA_A4), Pagina_Attesa(FOGLIO_A4, {}));
     }
 
+    void rigaVuotaDellOfficina_data()
+    {
+        QTest::addColumn<size_t>("vuota");
+        for (size_t riga = 0; riga < gRepOfficina.size(); ++riga)
+            QTest::addRow("riga %zu", riga) << riga;
+    }
+    /// A workshop without a web site, say: its line stays empty, and no other moves up.
+    void rigaVuotaDellOfficina()
+    {
+        QFETCH(size_t, vuota);
+        const qsizetype primo = 4; // behind the four lines of the frame
+        QStringList attesa = Disegna(CARTA_A4).mid(primo, 5);
+        const TestoPagina &riga = TESTI_PAGINA[vuota];
+        attesa[static_cast<qsizetype>(vuota)] =
+            Testo_Atteso(riga.xA4, riga.yA4, riga.allineamento, riga.carattere, QString());
+        gRepOfficina[vuota].clear();
+        QCOMPARE(Disegna(CARTA_A4).mid(primo, 5), attesa);
+    }
+
     void larghezzaRidottaSulPosto()
     {
         for (const FoglioPagina &foglio : {FOGLIO_A4, FOGLIO_LETTER}) {

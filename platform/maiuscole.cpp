@@ -1,0 +1,12 @@
+// Capital letters one by one, where the toolkit's conversion of a whole text makes two letters of some. Knows
+// no language.
+#include "platform/maiuscole.h"
+
+#include <algorithm>
+
+QString Maiuscole(const QString &testo)
+{
+    QString grande(testo.size(), Qt::Uninitialized);
+    std::transform(testo.cbegin(), testo.cend(), grande.begin(), [](QChar c) { return c.toUpper(); });
+    return grande;
+}

@@ -1,0 +1,9 @@
+// The sound that calls the operator, by the toolkit. It knows neither form nor timer.
+#include "platform/segnale.h"
+
+#include <QApplication>
+
+void Segnale_Acustico()
+{
+    QApplication::beep();
+}
