@@ -13,11 +13,14 @@ NESSUNO = "/org/a11y/atspi/null"  # stands where a child has no face of its own
 ACCESSIBILE = "org.a11y.atspi.Accessible"
 COMPONENTE = "org.a11y.atspi.Component"
 TESTO = "org.a11y.atspi.Text"
+TESTO_MODIFICABILE = "org.a11y.atspi.EditableText"
+AZIONE = "org.a11y.atspi.Action"
+TABELLA = "org.a11y.atspi.Table"
 PROPRIETA = "org.freedesktop.DBus.Properties"
 
 SULLO_SCHERMO = 0  # coordinates from the corner of the screen
 
-ATTIVO, ABILITATO, FOCALIZZATO, VISIBILE = 1, 8, 12, 25  # numbers of the states
+ATTIVO, SPUNTATO, ABILITATO, FOCALIZZATO, VISIBILE = 1, 4, 8, 12, 25  # numbers of the states
 
 PASSWORD = 40  # number of the role
 
@@ -114,6 +117,27 @@ class Elemento:
     def testo(self):
         """What stands in a text box."""
         return self._chiama(TESTO, "GetText", GLib.Variant("(ii)", (0, -1)))
+
+    def azioni(self):
+        """Names of what can be done with it, in the order of their numbers."""
+        quante = self._chiama(PROPRIETA, "Get", GLib.Variant("(ss)", (AZIONE, "NActions")))
+        return [self._chiama(AZIONE, "GetName", GLib.Variant("(i)", (numero,))) for numero in range(quante)]
+
+    def agisci(self, azione):
+        """Does one of azioni(): Press, Toggle, SetFocus, ..."""
+        numero = self.azioni().index(azione)
+        if not self._chiama(AZIONE, "DoAction", GLib.Variant("(i)", (numero,))):
+            raise NonRisponde(f"{azione}: rifiutata")
+
+    def scegli_riga(self, numero):
+        """Chooses a line of a list."""
+        if not self._chiama(TABELLA, "AddRowSelection", GLib.Variant("(i)", (numero,))):
+            raise NonRisponde(f"riga {numero}: rifiutata")
+
+    def scrivi(self, testo):
+        """Puts a text into a text box in place of what stands there."""
+        if not self._chiama(TESTO_MODIFICABILE, "SetTextContents", GLib.Variant("(s)", (testo,))):
+            raise NonRisponde(f"{testo}: rifiutato")
 
     def _chiama(self, interfaccia, metodo, argomenti=None):
         return self._bus.chiama(self.padrone, self._percorso, interfaccia, metodo, argomenti)

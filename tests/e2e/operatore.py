@@ -12,7 +12,7 @@ import tempfile
 import time
 from pathlib import Path
 
-from accessibilita import ABILITATO, ATTIVO, VISIBILE, Bus, NonRisponde
+from accessibilita import ABILITATO, ATTIVO, SPUNTATO, VISIBILE, Bus, NonRisponde
 
 PAUSA = 0.05  # seconds between two looks at a condition
 ATTESA = 30  # seconds: far more than anything takes, so that a slow machine fails no test
@@ -343,9 +343,21 @@ class Programma:
         """What stands in a text box, or None when there is no such box."""
         return self._guarda(lambda: (casella := self._elemento("text", nome)) and casella.testo)
 
+    def spuntata(self, nome):
+        """True when a check box is ticked, None when there is no such box."""
+        return self._guarda(lambda: (casella := self._elemento("check box", nome)) and casella.ha(SPUNTATO))
+
     def abilitato(self, nome):
         """True when the window that has the keyboard shows this button and it can be pressed."""
         return bool(self._guarda(lambda: self._pronto("push button", nome)))
+
+    def in_qualche_finestra(self, ruolo, nome):
+        """True when any window has it, also one that stands behind."""
+
+        def presente():
+            return any(e.ruolo == ruolo and e.nome == nome for f in self.finestre() for e in f.discendenti())
+
+        return bool(self._guarda(presente))
 
     def mostra(self, testo):
         """True when the title or a label of the window that has the keyboard holds this text."""

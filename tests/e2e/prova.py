@@ -45,8 +45,8 @@ class ProvaStazione(unittest.TestCase):
         self.addCleanup(cartella.cleanup)
         self.stazione = operatore.Stazione(Path(cartella.name) / "lumira", INSTALLAZIONE)
 
-    def simula(self, scenario):
-        strumento = operatore.Strumento(QX5SIM, self.stazione, scenario)
+    def simula(self, scenario, *opzioni):
+        strumento = operatore.Strumento(QX5SIM, self.stazione, scenario, *opzioni)
         self.addCleanup(strumento.spegni)
         return strumento
 

@@ -1,6 +1,10 @@
 """What the technician does: read the instrument, change the operator, verify, push back, unlock the limits."""
 
+from operatore import Profilo, resta
 from prova import ProvaStazione, veicolo
+
+CHIAVI_STRUMENTO = ("Comm_Modello", "Comm_Marca", "Comm_NOmologazione", "Comm_NSerie", "Comm_ScadRevisione")
+CHIAVI_TARATURA = ("MaxManopola", "MinManopola", "S1", "S2", "S3", "S4", "S5", "S6", "S7", "S8")
 
 IDENTITA = """[DATI]
 Comm_Modello=QX5-B
@@ -10,16 +14,29 @@ Comm_NSerie=S-42
 Comm_ScadRevisione=15/06/2027
 Operatore=Bianchi Anna
 [TARATURA]
-""" + "".join(f"{nome}={valore}\n" for nome, valore in zip(
-    ("MaxManopola", "MinManopola", "S1", "S2", "S3", "S4", "S5", "S6", "S7", "S8"), range(901, 911)))
-
-CHIAVI_STRUMENTO = ("Comm_Modello", "Comm_Marca", "Comm_NOmologazione", "Comm_NSerie", "Comm_ScadRevisione")
+""" + "".join(f"{chiave}={valore}\n" for chiave, valore in zip(CHIAVI_TARATURA, range(901, 911)))
 
 
 class Amministrazione(ProvaStazione):
-    def strumento(self):
-        """What the configuration holds of the instrument's identity."""
+    def simula(self, scenario):
+        """An instrument with a memory: a file that is there once the station has written."""
+        self.memoria = Profilo(self.stazione.percorso("memoria.ini"))
+        return super().simula(scenario, "--stato", self.memoria.percorso)
+
+    def identita(self):
+        """What the station holds of the instrument's identity."""
         return [self.stazione.ini.valore("LUMIRA", chiave) for chiave in CHIAVI_STRUMENTO]
+
+    def operatore(self):
+        return self.stazione.ini.valore("VEICOLO", "Operatore")
+
+    def taratura(self):
+        """What the station holds of the instrument's calibration."""
+        return [self.stazione.ini.valore("CALIBRAZIONE_COM", chiave) for chiave in CHIAVI_TARATURA]
+
+    def conservati(self, sezione, chiavi):
+        """What the instrument keeps of what it was told."""
+        return [self.memoria.valore(sezione, chiave).strip('"') for chiave in chiavi]
 
     def apri_setup(self):
         programma = self.avvia_al_menu()
@@ -59,23 +76,26 @@ class Amministrazione(ProvaStazione):
     def test_lo_strumento_letto_riempie_una_configurazione_vuota(self):
         for chiave in CHIAVI_STRUMENTO:
             self.stazione.imposta("LUMIRA", chiave, "")
+        self.stazione.imposta("VEICOLO", "Operatore", "")
+        for chiave in CHIAVI_TARATURA:
+            self.stazione.imposta("CALIBRAZIONE_COM", chiave, "")
         self.simula("[GENERALE]\n" + IDENTITA)
         programma = self.apri_setup()
         self.scegli(programma, "QX5", "QX5")
         programma.attendi(lambda: programma.valore("Modello strumento") == "QX5-B", cosa="modello letto")
-        self.assertEqual(self.strumento(), ["QX5-B", "Fabbrica Due", "OM-777", "S-42", "15/06/2027"])
-        self.assertEqual(self.stazione.ini.valore("VEICOLO", "Operatore"), "Bianchi Anna")
-        self.assertEqual(self.stazione.ini.valore("CALIBRAZIONE_COM", "MaxManopola"), "901")
-        self.assertEqual(self.stazione.ini.valore("CALIBRAZIONE_COM", "S8"), "910")
+        self.assertEqual(self.identita(), ["QX5-B", "Fabbrica Due", "OM-777", "S-42", "15/06/2027"])
+        self.assertEqual(self.operatore(), "Bianchi Anna")
+        self.assertEqual(self.taratura(), [str(valore) for valore in range(901, 911)])
 
     def test_un_operatore_cambiato_arriva_allo_strumento(self):
-        strumento = self.simula("[GENERALE]\n")
+        self.simula("[GENERALE]\n" + IDENTITA)
         programma = self.apri_setup()
         programma.compila("Operatore", "Verdi Luca")
         programma.premi("Ok")
-        programma.attendi(lambda: "Verdi Luca" in strumento.registro(), cosa="operatore nello strumento")
         programma.attendi_pulsante("Prova proiettori")
-        self.assertEqual(self.stazione.ini.valore("VEICOLO", "Operatore"), "Verdi Luca")
+        self.assertEqual(self.operatore(), "Verdi Luca")
+        self.assertEqual(self.conservati("DATI", CHIAVI_STRUMENTO), self.identita())
+        self.assertEqual(self.conservati("DATI", ["Operatore"]), ["Verdi Luca"])
 
     def test_i_limiti_si_aprono_solo_con_la_password_e_contano_subito(self):
         self.stazione.accettazione("70000001")
@@ -86,7 +106,11 @@ class Amministrazione(ProvaStazione):
         programma.attendi_pulsante("Verifica periodica")
         programma.clicca("text", "Intensità min (lux)")
         programma.schermo.scrivi("9")
-        self.assertEqual(programma.valore("Intensità min (lux)"), "3750")
+
+        def chiusi():
+            return programma.valore("Intensità min (lux)") == "3750" and programma.spuntata("Sblocca limiti") is False
+
+        resta(chiusi, 1, "limiti chiusi")
 
         programma.clicca("check box", "Sblocca limiti")
         self.password(programma, "lumira")
@@ -102,6 +126,9 @@ class Amministrazione(ProvaStazione):
         programma = self.apri_setup()
         self.scegli(programma, "Italiano", "English")
         programma.attendi_pulsante("Periodic verification")
+        programma.attendi(
+            lambda: programma.in_qualche_finestra("push button", "Headlamp test"), cosa="menu in inglese"
+        )
         self.assertEqual(self.stazione.ini.valore("IMPOSTAZIONI", "Lingua"), "IT")
         programma.premi("Ok")
         programma.attendi_pulsante("Headlamp test")
@@ -118,20 +145,22 @@ class Amministrazione(ProvaStazione):
     # --- periodic verification --------------------------------------------------------------------------------
 
     def test_una_verifica_riuscita_aggiorna_strumento_e_configurazione(self):
-        strumento = self.simula("[GENERALE]\n")
+        self.simula("[GENERALE]\n" + IDENTITA)
         programma = self.apri_verifica()
         self.alla_verifica(programma, "Numero di serie", "NUOVO-1")
         programma.attendi_pulsante("Prova proiettori")
-        self.assertEqual(self.strumento()[3], "NUOVO-1")
-        self.assertIn("NUOVO-1", strumento.registro())
+        self.assertEqual(self.identita()[3], "NUOVO-1")
+        self.assertEqual(self.conservati("DATI", CHIAVI_STRUMENTO), self.identita())
+        # No operator goes out with a verification: the instrument was told of none.
+        self.assertRaises(KeyError, self.conservati, "DATI", ["Operatore"])
 
     def test_una_verifica_che_fallisce_fra_le_due_scritture_lascia_la_configurazione(self):
         prima = self.stazione.ini.percorso.read_bytes()
-        strumento = self.simula("[GENERALE]\n[GUASTI]\nGuasto1=ScriviDati2;1;controllo\n")
+        self.simula("[GENERALE]\n[GUASTI]\nGuasto1=ScriviDati2;1;controllo\n")
         programma = self.apri_verifica()
         self.alla_verifica(programma, "Numero di serie", "NUOVO-2")
         programma.attendi_pulsante("Prova proiettori")
-        self.assertIn("NUOVO-2", strumento.registro())
+        self.assertEqual(self.conservati("DATI", ["Comm_NSerie"]), ["NUOVO-2"])
         self.assertEqual(self.stazione.ini.percorso.read_bytes(), prima)
 
     def test_una_verifica_interrotta_col_pulsante_lascia_la_configurazione(self):
@@ -148,7 +177,11 @@ class Amministrazione(ProvaStazione):
         strumento = self.simula("[GENERALE]\n" + IDENTITA)
         programma = self.apri_verifica()
         programma.premi("Default")
-        programma.attendi(lambda: "4711" in strumento.registro(), cosa="taratura nello strumento")
+        programma.attendi(lambda: "ScriviTaratura" in strumento.registro(), cosa="ultima scrittura")
         programma.attendi_pulsante("Default")
+        self.assertEqual(self.conservati("DATI", CHIAVI_STRUMENTO), self.identita())
+        self.assertEqual(self.conservati("DATI", ["Operatore"]), [self.operatore()])
+        self.assertEqual(self.conservati("TARATURA", CHIAVI_TARATURA), self.taratura())
+        self.assertEqual(self.taratura()[-1], "4711")
         programma.premi("Annulla")
         self.esci(programma)
