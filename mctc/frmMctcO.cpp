@@ -14,6 +14,8 @@
 #include "platform/schermo.h"
 #include "report/frmMctc2.h"
 
+#include <QScopedValueRollback>
+
 namespace {
 
 constexpr int INTERVALLO_LISTA = 2000; // ms
@@ -138,7 +140,7 @@ void frmMctcO::Load()
     Campi_Crea(gCampiAcc, ULTIMA_RIGA_ACC, *this);
     Disponi();
     Campi_Applica(gCampiAcc, ULTIMA_RIGA_ACC, *this);
-    Lista_Aggiorna(-1);
+    Lista_Aggiorna();
     mUltimoConteggio = QStringLiteral("-1");
     mUltimoElenco.clear();
     tmrLst.Interval(INTERVALLO_LISTA);
@@ -184,13 +186,15 @@ void frmMctcO::Paint()
 
 // --- the list ---------------------------------------------------------------------------------------------
 
-void frmMctcO::Lista_Aggiorna(qint32 scelta)
+void frmMctcO::Lista_Aggiorna()
 {
+    const QScopedValueRollback<bool> lettura(mInLettura, true);
     // Read before the list is cleared: listing a folder lets events run, and a press of a button among them
     // must find the lines that the operator sees. It may close the form, too.
     const qint16 ultima = Lista_Leggi(gDirAcc, mVoci);
     if (!Caricato())
         return;
+    const qint32 scelta = lstAuto->ListIndex(); // the line chosen while the files were read
     lstAuto->Clear();
     if (ultima < 0)
         return;
@@ -201,7 +205,7 @@ void frmMctcO::Lista_Aggiorna(qint32 scelta)
 
 void frmMctcO::tmrLst_Timer()
 {
-    if (mOccupato)
+    if (mOccupato || mInLettura)
         return;
     Schermo_Puntatore(PuntatoreClessidra);
     try {
@@ -228,7 +232,7 @@ void frmMctcO::Esamina_Cartella()
     }
     mUltimoConteggio = QString::number(ultimo);
     if (ultimo != prima || differenza != -1)
-        Lista_Aggiorna(lstAuto->ListIndex());
+        Lista_Aggiorna();
 }
 
 void frmMctcO::lstAuto_Click()

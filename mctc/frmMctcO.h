@@ -32,7 +32,7 @@ protected:
 private:
     void Disponi();
     void Campi_Imposta();
-    void Lista_Aggiorna(qint32 scelta);
+    void Lista_Aggiorna();
     void tmrLst_Timer();
     void Esamina_Cartella();
     void lstAuto_Click();
@@ -42,6 +42,7 @@ private:
 
     QList<VoceLista> mVoci;
     bool mOccupato = false;
+    bool mInLettura = false; // the files are being read for the list: no poll begins meanwhile
     QStringList mUltimoElenco;
     QString mUltimoConteggio;
     std::unique_ptr<ElencoVoci> lstAuto;

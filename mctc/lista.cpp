@@ -7,6 +7,8 @@
 #include "platform/errore_esecuzione.h"
 #include "platform/maiuscole.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 /// @param cartella ends in a backslash afterwards. @return the last index of nomi; -1 also for a folder that
@@ -29,16 +31,19 @@ qint16 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
     const qint16 ultima = Nomi_Elenca(conBarra, nomi);
     if (ultima < 0)
         return -1;
-    voci.clear();
+    QList<VoceLista> lette;
     for (const QString &nome : std::as_const(nomi)) {
+        // A folder of thousands takes longer than an operator who presses a button waits for an answer.
+        QCoreApplication::processEvents();
         VoceLista voce;
         voce.NomeFile = Maiuscole(nome);
         // Opened as listed: where names tell case apart, the upper-case name would cost a search of the
         // folder for every file.
         voce.Targa = Targa_Leggi(conBarra + nome);
         voce.Stato = Testo_Mctc(112);
-        voci.append(voce);
+        lette.append(voce);
     }
+    voci = lette;
     return ultima;
 }
 

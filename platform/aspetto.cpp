@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
-#include <QProxyStyle>
 #include <QStyleFactory>
 
 #include <algorithm>
@@ -66,12 +65,12 @@ constexpr VoceMisura MISURE_FOGLIO[] = {
     {"@raggio@",        60       },
     {"@raggioCasella@", 30       },
     {"@freccia@",       220      },
+    {"@barra@",         300      },
 };
 
 constexpr double CONTRASTO_LEGGIBILE = 5; // 4.5 and something for the smoothed edge of small letters
 constexpr double PUNTI_MINIMI = 8;
-constexpr double PARTE_MINIMA = 0.85;     // of the normal type, where that is small already
-constexpr qint32 BARRA_SCORRIMENTO = 300; // twips
+constexpr double PARTE_MINIMA = 0.85; // of the normal type, where that is small already
 
 const char *const FOGLIO = R"(
 QPushButton { background: @campo@; color: @testo@; border: @linea@ solid @cornice@; border-radius: @raggio@;
@@ -89,6 +88,8 @@ QComboBox::drop-down { width: @freccia@; border: none; }
 QListWidget { background: @campo@; border: @linea@ solid @cornice@; }
 QListWidget:focus { border: @lineaFuoco@ solid @fuoco@; }
 QListWidget::item:selected { background: @fuoco@; color: @campo@; }
+QScrollBar:vertical { width: @barra@; }
+QScrollBar:horizontal { height: @barra@; }
 )";
 
 QString Foglio()
@@ -103,19 +104,6 @@ QString Foglio()
         foglio.replace(QLatin1String(voce.nome), QStringLiteral("%1px").arg(Pixel_DaTwip(voce.twip)));
     return foglio;
 }
-
-/// What the style sheet cannot say: measures that are pixels elsewhere.
-class StileStazione : public QProxyStyle
-{
-public:
-    StileStazione() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
-    int pixelMetric(PixelMetric misura, const QStyleOption *opzione, const QWidget *widget) const override
-    {
-        if (misura == PM_ScrollBarExtent)
-            return Pixel_DaTwip(BARRA_SCORRIMENTO);
-        return QProxyStyle::pixelMetric(misura, opzione, widget);
-    }
-};
 
 QPalette Tavolozza()
 {
@@ -211,7 +199,7 @@ int Carattere_Minimo()
 
 void Aspetto_Applica(QApplication &applicazione)
 {
-    applicazione.setStyle(new StileStazione);
+    applicazione.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     applicazione.setPalette(Tavolozza());
     QFont carattere(Carattere_Normale());
     carattere.setPixelSize(static_cast<int>(std::lround(Pixel_DaPunti(Punti_Normali()))));

@@ -293,10 +293,20 @@ private:
 
 // --- Controllo --------------------------------------------------------------------------------------------
 
+namespace {
+
+int Pixel_Interi(double punti)
+{
+    return std::max(1, static_cast<int>(std::lround(Pixel_DaPunti(punti))));
+}
+
+} // namespace
+
 Controllo::Controllo(QWidget *widget, const QString &nome) : m_widget(widget)
 {
     widget->setObjectName(nome);
-    FontSize(Punti_Normali());
+    m_punti = Punti_Normali();
+    Carattere_Pixel(Pixel_Interi(m_punti));
 }
 
 Controllo::~Controllo()
@@ -386,7 +396,7 @@ void Controllo::Adatta()
 {
     if (m_widget == nullptr)
         return;
-    int pixel = std::max(1, static_cast<int>(std::lround(Pixel_DaPunti(m_punti))));
+    int pixel = Pixel_Interi(m_punti);
     Carattere_Pixel(pixel);
     if (m_width == 0 || m_height == 0)
         return; // it has no place yet

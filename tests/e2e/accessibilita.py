@@ -22,6 +22,7 @@ SULLO_SCHERMO = 0  # coordinates from the corner of the screen
 
 ATTIVO, SPUNTATO, ABILITATO, FOCALIZZATO, VISIBILE = 1, 4, 8, 12, 25  # numbers of the states
 
+ETICHETTATO = 2  # number of the relation
 PASSWORD = 40  # number of the role
 
 ATTESA = 5000  # milliseconds for an answer
@@ -117,6 +118,11 @@ class Elemento:
     def testo(self):
         """What stands in a text box."""
         return self._chiama(TESTO, "GetText", GLib.Variant("(ii)", (0, -1)))
+
+    def etichette(self):
+        """What it is labelled by."""
+        relazioni = self._chiama(ACCESSIBILE, "GetRelationSet")
+        return [Elemento(self._bus, *posto) for genere, posti in relazioni if genere == ETICHETTATO for posto in posti]
 
     def azioni(self):
         """Names of what can be done with it, in the order of their numbers."""

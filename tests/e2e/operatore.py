@@ -321,7 +321,7 @@ class Programma:
         return next((f for f in self.finestre() if f.ha(ATTIVO)), None)
 
     def titolo(self):
-        return self._guarda(lambda: (finestra := self.finestra()) and finestra.nome)
+        return self.guarda(lambda: (finestra := self.finestra()) and finestra.nome)
 
     def elementi(self, ruolo):
         """What shows of one role in the window that has the keyboard."""
@@ -329,7 +329,7 @@ class Programma:
 
     def nomi(self, ruolo):
         """Names of what shows of one role in the window that has the keyboard."""
-        return self._guarda(lambda: [e.nome for e in self.elementi(ruolo)]) or []
+        return self.guarda(lambda: [e.nome for e in self.elementi(ruolo)]) or []
 
     def testi(self):
         """The texts of the labels in the window that has the keyboard."""
@@ -337,19 +337,19 @@ class Programma:
 
     def righe(self):
         """The lines of the lists in the window that has the keyboard, also those scrolled out of sight."""
-        return self._guarda(lambda: [e.nome for e in self._tutti("list item")]) or []
+        return self.guarda(lambda: [e.nome for e in self._tutti("list item")]) or []
 
     def valore(self, nome):
         """What stands in a text box, or None when there is no such box."""
-        return self._guarda(lambda: (casella := self._elemento("text", nome)) and casella.testo)
+        return self.guarda(lambda: (casella := self._elemento("text", nome)) and casella.testo)
 
     def spuntata(self, nome):
         """True when a check box is ticked, None when there is no such box."""
-        return self._guarda(lambda: (casella := self._elemento("check box", nome)) and casella.ha(SPUNTATO))
+        return self.guarda(lambda: (casella := self._elemento("check box", nome)) and casella.ha(SPUNTATO))
 
     def abilitato(self, nome):
         """True when the window that has the keyboard shows this button and it can be pressed."""
-        return bool(self._guarda(lambda: self._pronto("push button", nome)))
+        return bool(self.guarda(lambda: self.pronto("push button", nome)))
 
     def in_qualche_finestra(self, ruolo, nome):
         """True when any window has it, also one that stands behind."""
@@ -357,7 +357,7 @@ class Programma:
         def presente():
             return any(e.ruolo == ruolo and e.nome == nome for f in self.finestre() for e in f.discendenti())
 
-        return bool(self._guarda(presente))
+        return bool(self.guarda(presente))
 
     def mostra(self, testo):
         """True when the title or a label of the window that has the keyboard holds this text."""
@@ -373,7 +373,7 @@ class Programma:
         """Waits as attendi() does; a failure tells what the screen showed, and ends at once with the program."""
 
         def guarda():
-            valore = self._guarda(condizione)
+            valore = self.guarda(condizione)
             if not valore and not self.vivo():
                 raise AttesaScaduta(f"{cosa}: il programma è finito ({self.processo.returncode})\n{self.diario()}")
             return valore
@@ -384,7 +384,7 @@ class Programma:
             raise AttesaScaduta(f"{errore}\n{self.descrizione()}") from None
 
     def attendi_pulsante(self, nome, secondi=ATTESA):
-        return self.attendi(lambda: self._pronto("push button", nome), secondi, f"pulsante {nome}")
+        return self.attendi(lambda: self.pronto("push button", nome), secondi, f"pulsante {nome}")
 
     def attendi_testo(self, testo, secondi=ATTESA):
         self.attendi(lambda: self.mostra(testo), secondi, f"testo {testo}")
@@ -441,7 +441,7 @@ class Programma:
 
     def compila(self, nome, testo):
         """Clicks a text box and types over what stands in it."""
-        self.clicca_su(self.attendi(lambda: self._pronto("text", nome), cosa=f"casella {nome}"))
+        self.clicca_su(self.attendi(lambda: self.pronto("text", nome), cosa=f"casella {nome}"))
         self.tasto("ctrl+a")
         self.schermo.scrivi(testo)
         self.attendi(lambda: self.valore(nome) == testo, cosa=f"{nome} = {testo}")
@@ -465,14 +465,14 @@ class Programma:
     def descrizione(self):
         """All that shows, for the report of a failure."""
         righe = [f"lumira: {'viva' if self.vivo() else self.processo.returncode} {self.diario()}".rstrip()]
-        for finestra in self._guarda(self.finestre) or []:
-            righe += self._guarda(lambda: self._descrivi(finestra)) or ["  una finestra se ne va"]
+        for finestra in self.guarda(self.finestre) or []:
+            righe += self.guarda(lambda: self._descrivi(finestra)) or ["  una finestra se ne va"]
         if self.SCHERMATE:
             percorso = Path(self.SCHERMATE) / f"{os.getpid()}-{time.monotonic_ns()}.png"
             righe.append(f"  schermata: {self.schermata(percorso)}")
         return "\n".join(righe)
 
-    def _guarda(self, procedura):
+    def guarda(self, procedura):
         """A look at what may go away while it is looked at: what has gone is not there."""
         try:
             return procedura()
@@ -503,6 +503,6 @@ class Programma:
     def _elemento(self, ruolo, nome):
         return next((e for e in self.elementi(ruolo) if e.nome == nome), None)
 
-    def _pronto(self, ruolo, nome):
+    def pronto(self, ruolo, nome):
         elemento = self._elemento(ruolo, nome)
         return elemento if elemento and elemento.ha(ABILITATO) else None

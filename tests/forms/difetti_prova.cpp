@@ -101,13 +101,6 @@ double Luminanza(QRgb colore)
     return 0.2126 * canale(qRed(colore)) + 0.7152 * canale(qGreen(colore)) + 0.0722 * canale(qBlue(colore));
 }
 
-double Contrasto(QRgb a, QRgb b)
-{
-    const double chiaro = std::max(Luminanza(a), Luminanza(b));
-    const double scuro = std::min(Luminanza(a), Luminanza(b));
-    return (chiaro + 0.05) / (scuro + 0.05);
-}
-
 /// A text as it is painted: what goes when the text goes.
 struct Inchiostro
 {
@@ -137,7 +130,7 @@ Inchiostro Inchiostro_Di(QWidget *widget)
             inchiostro.dove |= QRect(x, y, 1, 1);
             if (quanto > piuForte) {
                 piuForte = quanto;
-                inchiostro.contrasto = Contrasto(riga[x], dietro[x]);
+                inchiostro.contrasto = Contrasto_Di(riga[x], dietro[x]);
             }
         }
     }
@@ -168,6 +161,12 @@ bool Tagliata(QWidget *widget, const Inchiostro &inchiostro)
     if (const auto *lista = qobject_cast<QListWidget *>(widget);
         lista != nullptr && lista->horizontalScrollBar()->maximum() > 0)
         return false;
+    // A label or a button cuts at its edges; what is missing there is never a line away from what shows.
+    const int riga = widget->fontMetrics().height();
+    const bool aiBordi =
+        qobject_cast<QLabel *>(widget) != nullptr || qobject_cast<QPushButton *>(widget) != nullptr;
+    if (aiBordi && widget->rect().adjusted(riga, riga, -riga, -riga).contains(inchiostro.dove))
+        return false;
     return static_cast<double>(inchiostro.quanto) <
            static_cast<double>(Inchiostro_Largo(widget)) * PARTE_VISTA;
 }
@@ -178,8 +177,8 @@ bool Tinta_Unita(QWidget *finestra, const QRect &posto)
     QImage immagine(posto.size(), QImage::Format_RGB32);
     finestra->render(&immagine, QPoint(), posto, QWidget::DrawWindowBackground);
     const auto *primo = reinterpret_cast<const QRgb *>(immagine.constBits());
-    return std::all_of(primo, primo + immagine.width() * immagine.height(),
-                       [primo](QRgb punto) { return punto == *primo; });
+    const std::span<const QRgb> punti(primo, static_cast<size_t>(immagine.sizeInBytes()) / sizeof(QRgb));
+    return std::all_of(punti.begin(), punti.end(), [primo](QRgb punto) { return punto == *primo; });
 }
 
 // --- faults -----------------------------------------------------------------------------------------------
@@ -256,6 +255,13 @@ bool Si_Coprono(const Modulo &modulo, const Visto &uno, const Visto &altro,
 }
 
 } // namespace
+
+double Contrasto_Di(QRgb a, QRgb b)
+{
+    const double chiaro = std::max(Luminanza(a), Luminanza(b));
+    const double scuro = std::min(Luminanza(a), Luminanza(b));
+    return (chiaro + 0.05) / (scuro + 0.05);
+}
 
 bool Scritta_Tagliata(QWidget *widget)
 {

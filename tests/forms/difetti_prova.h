@@ -2,6 +2,7 @@
 // outside, texts that are hard to read. It looks at what is painted and knows no form.
 #pragma once
 
+#include <QColor>
 #include <QStringList>
 
 #include <span>
@@ -17,6 +18,9 @@ struct Sovrapposti
     const char *altro; ///< "*" for any
     const char *motivo;
 };
+
+/// Contrast of two colours, 1 to 21, from their relative luminance.
+double Contrasto_Di(QRgb a, QRgb b);
 
 /// True when the text of a control is not all to be seen, and no scrolling brings the rest into sight.
 bool Scritta_Tagliata(QWidget *widget);

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int PAZIENZA = 60000; // ms
+constexpr int PAZIENZA = 120000; // ms
 
 /// Configuration of a display without a screen of its own. Its events arrive at once, as on some window
 /// systems.

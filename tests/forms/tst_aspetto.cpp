@@ -2,11 +2,10 @@
 
 #include "platform/controlli.h"
 #include "platform/schermo.h"
+#include "tests/forms/difetti_prova.h"
 #include "tests/forms/principale_prova.h"
 
 #include <QPalette>
-
-#include <cmath>
 
 class tst_aspetto : public QObject
 {
@@ -27,25 +26,7 @@ private Q_SLOTS:
     void fuocoSiVede_data();
     void fuocoSiVede();
     void spuntaSiVede();
-
-private:
-    static double Contrasto(const QColor &a, const QColor &b);
 };
-
-/// Contrast of two colours, 1 to 21, from their relative luminance.
-double tst_aspetto::Contrasto(const QColor &a, const QColor &b)
-{
-    const auto luminanza = [](const QColor &colore) {
-        const auto canale = [](double v) {
-            return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * canale(colore.redF()) + 0.7152 * canale(colore.greenF()) +
-               0.0722 * canale(colore.blueF());
-    };
-    const double chiaro = std::max(luminanza(a), luminanza(b));
-    const double scuro = std::min(luminanza(a), luminanza(b));
-    return (chiaro + 0.05) / (scuro + 0.05);
-}
 
 void tst_aspetto::coloreBluVerdeRosso_data()
 {
@@ -100,7 +81,8 @@ void tst_aspetto::testiLeggibili()
 {
     QFETCH(QColor, testo);
     QFETCH(QColor, sfondo);
-    QVERIFY2(Contrasto(testo, sfondo) >= 4.5, qPrintable(QString::number(Contrasto(testo, sfondo))));
+    const double contrasto = Contrasto_Di(testo.rgb(), sfondo.rgb());
+    QVERIFY2(contrasto >= 4.5, qPrintable(QString::number(contrasto)));
 }
 
 void tst_aspetto::leggibileSuOgniFondo_data()
@@ -121,7 +103,7 @@ void tst_aspetto::leggibileSuOgniFondo()
 {
     QFETCH(QColor, scritta);
     QFETCH(QColor, fondo);
-    QVERIFY(Contrasto(Colore_Leggibile(scritta, fondo), fondo) >= 4.5);
+    QVERIFY(Contrasto_Di(Colore_Leggibile(scritta, fondo).rgb(), fondo.rgb()) >= 4.5);
 }
 
 // A red stays red, and what can be read stays as it is.

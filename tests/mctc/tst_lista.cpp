@@ -6,6 +6,7 @@
 #include "tests/mctc/prova_acc.h"
 
 #include <QTest>
+#include <QTimer>
 
 class TestLista : public QObject
 {
@@ -47,6 +48,29 @@ private Q_SLOTS:
         QCOMPARE(voci.at(1).NomeFile, QStringLiteral("222.ACC"));
         QCOMPARE(voci.at(1).Targa, QStringLiteral("AB123CD"));
         QCOMPARE(voci.at(2).Targa, QString());
+    }
+
+    /// A folder of thousands must not hold the window: events run at every file, in the listing and in the
+    /// reading, and what they see is the list of before.
+    void fraDueFileGiranoGliEventi()
+    {
+        constexpr int QUANTI = 20;
+        const ProvaAcc prova;
+        for (int i = 0; i < QUANTI; ++i)
+            prova.Scrivi(prova.Buono(), QStringLiteral("%1.acc").arg(20000000 + i));
+        QList<VoceLista> voci(1);
+        int giri = 0;
+        bool intatta = true;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, this, [&] {
+            ++giri;
+            intatta = intatta && voci.size() == 1;
+        });
+        timer.start(0);
+        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint16{QUANTI - 1});
+        QCOMPARE(voci.size(), QUANTI);
+        QVERIFY2(giri > QUANTI * 3 / 2, qPrintable(QString::number(giri)));
+        QVERIFY(intatta);
     }
 
     /// A name in capitals still names its file.

@@ -1,0 +1,147 @@
+#!/usr/bin/python3
+"""Makes the pictures of docs/manuale.md: the installed program on a virtual screen, with a simulated instrument.
+
+usage: figure_manuale.py INSTALLAZIONE [USCITA]
+       e.g. figure_manuale.py /srv/stazione
+"""
+
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+RADICE = Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(RADICE / "tests" / "e2e"))
+
+import operatore  # noqa: E402
+
+COLORI = 256
+
+SCENARIO = """[VEICOLO1]
+Riposo=1
+Prova=20
+AnabSx=0243O#
+AbbSx=0612OO
+AnabDx=0251OO
+AbbDx=0598#O
+[VEICOLO2]
+Riposo=1
+Prova=1
+AnabSx=0305AS
+AbbSx=0720OO
+AnabDx=0037OO
+AbbDx=0734OO
+"""
+
+BUONI = ("30000001", "30000002")
+ERRATO = "30000003"
+
+
+class Figure:
+    """The program and the folder that its pictures go to."""
+
+    def __init__(self, programma, uscita):
+        self.programma = programma
+        self.uscita = uscita
+
+    def scatta(self, nome):
+        percorso = self.programma.schermata(self.uscita / f"{nome}.png")
+        subprocess.run(["convert", percorso, "+dither", "-colors", str(COLORI), "-strip", percorso], check=True)
+
+    def menu(self):
+        self.programma.attendi_pulsante("Prova proiettori")
+
+    def amministrazione(self):
+        programma = self.programma
+        self.menu()
+        self.scatta("menu")
+        programma.premi("Informazioni")
+        programma.attendi_testo("Assistenza stazione")
+        self.scatta("informazioni")
+        programma.premi("Ok")
+        self.menu()
+        programma.premi("Anagrafica officina")
+        programma.attendi_pulsante("Annulla")
+        self.scatta("anagrafica")
+        programma.premi("Annulla")
+        self.menu()
+        programma.premi("Verifica periodica")
+        programma.attendi(lambda: programma.elementi("password text"), cosa="password")
+        self.scatta("password")
+        programma.schermo.scrivi("lumira")
+        programma.attendi_pulsante("Default")
+        self.scatta("verifica")
+        programma.premi("Annulla")
+        self.menu()
+        programma.premi("Impostazioni")
+        programma.attendi_pulsante("Ok")
+        self.scatta("impostazioni")
+        programma.tasto("F12")
+        programma.attendi_testo("Livelli dei controlli")
+        self.scatta("livelli")
+        programma.premi("Annulla")
+        programma.attendi_pulsante("Verifica periodica")
+        programma.premi("Ok")
+        self.menu()
+
+    def file_errato(self):
+        programma = self.programma
+        programma.premi("Prova proiettori")
+        programma.scegli_riga(f"{ERRATO}.ACC")
+        programma.attendi_testo("Anomalie trovate")
+        self.scatta("lista_errata")
+        programma.premi_verso("Ok", "Annulla")
+        programma.premi("Annulla")
+        self.menu()
+
+    def veicolo(self, nome, verdetto, dell_esito, per_via=()):
+        """One vehicle to its result. @param per_via names of the pictures on the way, or none."""
+        programma = self.programma
+        programma.premi("Prova proiettori")
+        programma.scegli_riga(f"{nome}.ACC")
+        programma.attendi_pulsante("Conferma")
+        for figura in per_via[:1]:
+            self.scatta(figura)
+        programma.premi_verso("Conferma", "Avvia")
+        for figura in per_via[1:2]:
+            self.scatta(figura)
+        programma.premi("Avvia")
+        for figura in per_via[2:]:
+            programma.attendi_testo("Attesa dati...")
+            self.scatta(figura)
+        programma.attendi_testo(verdetto)
+        self.scatta(dell_esito)
+        programma.premi("Esci")
+        self.menu()
+
+
+def main(argomenti):
+    if not 1 <= len(argomenti) <= 2:
+        raise SystemExit(__doc__)
+    uscita = Path(argomenti[1]) if len(argomenti) > 1 else RADICE / "docs" / "figure"
+    with tempfile.TemporaryDirectory(prefix="figure-") as cartella:
+        stazione = operatore.Stazione(Path(cartella) / "lumira", argomenti[0])
+        for nome in BUONI:
+            stazione.accettazione(nome)
+        stazione.accettazione(ERRATO, DatiLibrettoVeicolo__Targa="AB")
+        strumento = operatore.Strumento(
+            stazione.percorso("simulatore", "qx5sim"), stazione, SCENARIO
+        )
+        schermo = operatore.SchermoVirtuale()
+        programma = operatore.Programma(stazione, schermo, LC_ALL="it_IT.UTF-8")
+        try:
+            figure = Figure(programma, uscita)
+            figure.amministrazione()
+            figure.file_errato()
+            figure.veicolo(BUONI[0], "ESITO REGOLARE", "esito_regolare", ("lista", "veicolo", "collegamento"))
+            figure.veicolo(BUONI[1], "ESITO IRREGOLARE", "esito_irregolare")
+            programma.premi("Esci")
+            return programma.attendi_fine()
+        finally:
+            programma.chiudi()
+            schermo.chiudi()
+            strumento.spegni()
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
