@@ -13,7 +13,8 @@ PACCHETTI_SCHERMO_VIRTUALE=(xvfb xdotool imagemagick dbus at-spi2-core python3-g
 PACCHETTI_STAMPA=(cups cups-client cups-filters ghostscript printer-driver-cups-pdf poppler-utils)
 # The Windows program: its compiler, its installer, and what it runs on here.
 PACCHETTI_WINDOWS=(g++-mingw-w64-x86-64-posix nsis wine64 wine)
-PACCHETTI_CONTROLLI=(git clang-format cppcheck dpkg-dev)
+# The Debian package is made and looked into: dpkg-dev and file.
+PACCHETTI_CONTROLLI=(git clang-format cppcheck dpkg-dev file)
 
 errore() {
     echo "$(basename "$0"): $*" >&2

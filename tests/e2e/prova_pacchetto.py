@@ -20,7 +20,7 @@ def esegui(*comando):
     return fatto.stdout
 
 
-@unittest.skipUnless(shutil.which("dpkg-shlibdeps"), "dpkg-dev non è installato")
+@unittest.skipUnless(shutil.which("dpkg-shlibdeps") and shutil.which("file"), "mancano dpkg-dev e file")
 @unittest.skipUnless(os.geteuid() == 0, "dpkg installa solo da root")
 class Pacchetto(ProvaStazione):
     @classmethod

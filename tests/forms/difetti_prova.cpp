@@ -49,7 +49,9 @@ QString Scritta_Di(const QWidget *widget)
 
 QImage Vista_Di(QWidget *widget)
 {
-    return widget->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    QImage vista(widget->size(), QImage::Format_RGB32);
+    widget->render(&vista, QPoint());
+    return vista;
 }
 
 /// The same control without its text: what is behind it. Nobody hears of the change.
