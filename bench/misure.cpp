@@ -1,24 +1,31 @@
 // The times that docs/prestazioni.md tells: profile reads, a language table, the check of an acceptance file,
-// the poll of a full exchange folder, one evaluation.
+// the poll of a full exchange folder, the worklist's longest stall, one evaluation.
 #include "core/avvio.h"
 #include "core/modApp.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
 #include "link/protocollo.h"
 #include "mctc/campi_acc.h"
+#include "mctc/frmMctcO.h"
 #include "mctc/lista.h"
 #include "mctc/modMctc.h"
 #include "platform/controlli.h"
 #include "platform/profilo.h"
+#include "platform/schermo.h"
 #include "report/modReport.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
+#include <QTimer>
+
+#include <algorithm>
 
 namespace {
 
@@ -142,6 +149,50 @@ void Righe_5000(benchmark::State &stato)
     }
 }
 
+/// The longest time in which no event ran.
+class Sosta
+{
+public:
+    Sosta()
+    {
+        m_orologio.start();
+        m_contesto.callOnTimeout([this] {
+            m_massima = std::max(m_massima, m_orologio.nsecsElapsed());
+            m_orologio.start();
+        });
+        m_contesto.start(0);
+    }
+    double Millisecondi() const { return static_cast<double>(m_massima) / 1e6; }
+
+private:
+    QElapsedTimer m_orologio;
+    QTimer m_contesto;
+    qint64 m_massima = 0;
+};
+
+/// The worklist as an operator sees it: opened on a full folder, polled, read again after a new file.
+void Finestra_5000(benchmark::State &stato)
+{
+    const Stazione stazione;
+    for (int i = 0; i < 5000; ++i)
+        stazione.Accettazione(QStringLiteral("%1.acc").arg(20000000 + i));
+    gScreenW = Schermo_Larghezza();
+    gScreenH = Schermo_Altezza();
+    for (auto giro : stato) {
+        (void)giro;
+        const Sosta sosta;
+        const auto lista = Nuovo<frmMctcO>();
+        lista->Mostra();
+        for (const char16_t *nuovo : {u"30000001.acc", u"30000002.acc"}) {
+            stazione.Accettazione(QString::fromUtf16(nuovo));
+            for (const QDeadlineTimer battiti(5000); !battiti.hasExpired();)
+                QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        }
+        stato.counters["longest_stall_ms"] = sosta.Millisecondi();
+        lista->Scarica();
+    }
+}
+
 void Calcola_Esito_Uno(benchmark::State &stato)
 {
     const Stazione stazione;
@@ -163,6 +214,7 @@ BENCHMARK(Acc_Controlla_Completo)->Unit(benchmark::kMillisecond);
 BENCHMARK(Sondaggio_10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Lettura_5000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Righe_5000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Finestra_5000)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(Calcola_Esito_Uno)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -21,6 +21,8 @@
 #include "setup/frmAnagOffO.h"
 #include "setup/frmSetupO.h"
 
+#include <QScopedValueRollback>
+
 namespace {
 
 constexpr qint16 ULTIMO_PULSANTE = 8;
@@ -193,10 +195,18 @@ void frmMain::frmPwd_PwdReady(quint8 &esito)
 
 // --- a test -----------------------------------------------------------------------------------------------
 
+/// Reading a full folder takes a moment and lets events run: a second press meanwhile would lay the first list,
+/// which is not heard any more, over the second.
 void frmMain::Inizia_Prova()
 {
+    if (mApertura)
+        return;
+    const QScopedValueRollback<bool> apertura(mApertura, true);
     gTipoProva = 2;
-    if (gIniFile && Accettazioni_Presenti())
+    const bool lista = gIniFile && Accettazioni_Presenti();
+    if (!Caricato())
+        return; // the way out was taken while the folder was listed
+    if (lista)
         Apri_Lista();
     else
         Apri_Veicolo();
@@ -228,9 +238,7 @@ void frmMain::Avvia_Prova(qint16)
         Mostra_MsgTempo(Testo_Lingua(TESTO_CARTELLA_IMMAGINI));
         Programma_Termina();
     }
-    Rinnova(formComm, &frmMain::formComm_Notifica);
-    formComm->Carica();
-    formComm->Mostra(Modale);
+    Sessione_Esegui(formComm, ModoMisura, this, &frmMain::formComm_Notifica);
 }
 
 // --- what the child forms report --------------------------------------------------------------------------

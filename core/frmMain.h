@@ -63,5 +63,6 @@ private:
     std::shared_ptr<frmComm> formComm;
     std::shared_ptr<frmEsito> formEsito;
     std::shared_ptr<dlgPwd> frmPwd;
-    quint8 mPwdEsito = 0; // what the password box reported last
+    quint8 mPwdEsito = 0;   // what the password box reported last
+    bool mApertura = false; // the first form of a test is being opened
 };

@@ -5,6 +5,8 @@
 #include "platform/aspetto.h"
 #include "platform/errore_esecuzione.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr double GRIGLIA_X = 15360.0;
@@ -61,7 +63,19 @@ void Mostra_Spunta(const CampoForm &campo, CasellaSpunta &spunta)
         Spunta_Imposta(spunta, 0);
 }
 
-/// What a screen reader calls a row's control: the caption, or the key of a row that has none.
+/// What a screen reader calls a row: its caption, with the key where other rows have the same one, or the key
+/// alone of a row that has none.
+QString Nome_Letto(TabellaCampi tabella, const CampoForm &campo)
+{
+    if (campo.LabelId == -1)
+        return campo.Key;
+    const QString didascalia = Testo_Mctc(campo.LabelId);
+    const auto uguali = std::count_if(tabella.begin(), tabella.end(), [&didascalia](const CampoForm &riga) {
+        return riga.LabelId != -1 && Testo_Mctc(riga.LabelId) == didascalia;
+    });
+    return uguali > 1 ? didascalia + u' ' + campo.Key : didascalia;
+}
+
 void Nome_Accessibile(const CampoForm &campo, Modulo &form, const QString &nome)
 {
     if (campo.Kind == CampoTesto)
@@ -153,11 +167,13 @@ void Campi_Didascalie(TabellaCampi tabella, qint16 ultimaRiga, Modulo &form)
     Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
     for (qint16 riga = 0; riga <= ultimaRiga; ++riga) {
         const CampoForm &campo = tabella[static_cast<size_t>(riga)];
-        Nome_Accessibile(campo, form, campo.LabelId != -1 ? Testo_Mctc(campo.LabelId) : campo.Key);
+        const QString nome = Nome_Letto(tabella.first(static_cast<size_t>(ultimaRiga) + 1), campo);
+        Nome_Accessibile(campo, form, nome);
         if (campo.LabelId == -1)
             continue;
         Etichetta &etichetta = form.lbl[riga];
         etichetta.Caption(Testo_Mctc(campo.LabelId));
+        etichetta.NomeAccessibile(nome); // a list box is told by its label
         etichetta.Left(campo.LabelLeft);
         etichetta.Top(campo.LabelTop);
         etichetta.Visible(true);

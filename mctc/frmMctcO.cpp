@@ -141,6 +141,8 @@ void frmMctcO::Load()
     Disponi();
     Campi_Applica(gCampiAcc, ULTIMA_RIGA_ACC, *this);
     Lista_Aggiorna();
+    if (!Caricato())
+        return; // closed with the program while the files were read
     mUltimoConteggio = QStringLiteral("-1");
     mUltimoElenco.clear();
     tmrLst.Interval(INTERVALLO_LISTA);

@@ -1,3 +1,4 @@
+// Paths on Windows, where they are native but for their slashes. It opens no file.
 #include "platform/percorsi.h"
 
 #include <QCoreApplication>

@@ -19,6 +19,7 @@ constexpr qint16 RIGA_INCLINAZIONE = 13;
 constexpr qint16 RIGA_SIMMETRICO = 14;
 
 constexpr qint16 TESTO_VALORE_ERRATO = 108;
+constexpr qint16 TESTO_TITOLO = 2;
 constexpr qint16 TESTO_SIMMETRICO = 120;
 constexpr qint16 TESTO_ASIMMETRICO = 121;
 constexpr qsizetype CIFRE_ALTEZZA = 3;
@@ -141,6 +142,7 @@ void frmMctc2::Disegno()
 
 void frmMctc2::Load()
 {
+    Caption(Testo_Mctc(TESTO_TITOLO));
     Campi_Azzera(gCampiVeicolo, ULTIMA_RIGA);
     Campi_Imposta();
     Campi_Crea(gCampiVeicolo, ULTIMA_RIGA, *this);

@@ -346,7 +346,7 @@ void frmSetupO::Didascalie()
     for (qint16 i = 0; i <= 1; ++i)
         lblDes[i].Caption(Testo_Mctc(TESTI_COLONNE[i]));
     cmd[1].Caption(Testo_Mctc(TESTO_VERIFICA));
-    Finestra()->setAccessibleName(Testo_Mctc(TESTO_IMPOSTAZIONI)); // it fills the screen without a title
+    Caption(Testo_Mctc(TESTO_IMPOSTAZIONI));
 }
 
 void frmSetupO::Activate()

@@ -1,3 +1,4 @@
+// The end of the simulator asked for at a Windows console: Ctrl+C, its window closed, the session left.
 #include "simulatore/fine.h"
 
 #include <QCoreApplication>

@@ -31,10 +31,20 @@ AnabSx=0305AS
 AbbSx=0720OO
 AnabDx=0037OO
 AbbDx=0734OO
+[VEICOLO3]
+Riposo=1
+Prova=1
+AnabSx=0243OO
+AbbSx=0612OO
+AnabDx=0251OO
+AbbDx=0598OO
 """
 
-BUONI = ("30000001", "30000002")
+BUONI = ("30000001", "30000002", "30000004")
 ERRATO = "30000003"
+
+CARTELLE = ("DirDati", "DirRisultati")
+CARTELLA_MOSTRATA = "C:\\lumira\\"  # as a workshop reads it; that of the pictures is a passing one
 
 
 class Figure:
@@ -53,7 +63,6 @@ class Figure:
 
     def amministrazione(self):
         programma = self.programma
-        self.menu()
         self.scatta("menu")
         programma.premi("Informazioni")
         programma.attendi_testo("Assistenza stazione")
@@ -82,7 +91,6 @@ class Figure:
         programma.premi("Annulla")
         programma.attendi_pulsante("Verifica periodica")
         programma.premi("Ok")
-        self.menu()
 
     def file_errato(self):
         programma = self.programma
@@ -94,8 +102,8 @@ class Figure:
         programma.premi("Annulla")
         self.menu()
 
-    def veicolo(self, nome, verdetto, dell_esito, per_via=()):
-        """One vehicle to its result. @param per_via names of the pictures on the way, or none."""
+    def veicolo(self, nome, per_via=()):
+        """One vehicle to its session. @param per_via names of the pictures on the way, or none."""
         programma = self.programma
         programma.premi("Prova proiettori")
         programma.scegli_riga(f"{nome}.ACC")
@@ -109,10 +117,61 @@ class Figure:
         for figura in per_via[2:]:
             programma.attendi_testo("Attesa dati...")
             self.scatta(figura)
-        programma.attendi_testo(verdetto)
-        self.scatta(dell_esito)
+
+    def esito(self, verdetto, figura):
+        self.programma.attendi_testo(verdetto)
+        self.scatta(figura)
+        self.programma.premi("Esci")
+
+    def debug(self):
+        """A session that stays open, with its traffic."""
+        programma = self.programma
+        programma.attendi_testo("Scambio con lo strumento completato")
+        self.scatta("debug")
+        programma.premi("Interrompi")
+        programma.attendi_testo("ESITO REGOLARE")
         programma.premi("Esci")
-        self.menu()
+
+
+def amministrazione(figure):
+    figure.amministrazione()
+
+
+def prove(figure):
+    figure.file_errato()
+    figure.veicolo(BUONI[0], ("lista", "veicolo", "collegamento"))
+    figure.esito("ESITO REGOLARE", "esito_regolare")
+    figure.menu()
+    figure.veicolo(BUONI[1])
+    figure.esito("ESITO IRREGOLARE", "esito_irregolare")
+
+
+def debug(figure):
+    figure.veicolo(BUONI[2])
+    figure.debug()
+
+
+def giro(stazione, uscita, passi, **valori):
+    """One run of the program, from its menu to its end. @param valori Sezione__Chiave="value", for this run."""
+    prima = {nome: stazione.ini.valore(*nome.split("__")) for nome in valori}
+    schermo = operatore.SchermoVirtuale()
+    try:
+        for nome, valore in valori.items():
+            stazione.imposta(*nome.split("__"), valore)
+        programma = operatore.Programma(stazione, schermo, LC_ALL="it_IT.UTF-8")
+        try:
+            figure = Figure(programma, uscita)
+            figure.menu()
+            passi(figure)
+            figure.menu()
+            programma.premi("Esci")
+            programma.attendi_fine()
+        finally:
+            programma.chiudi()
+    finally:
+        schermo.chiudi()
+    for nome, valore in prima.items():
+        stazione.imposta(*nome.split("__"), valore)
 
 
 def main(argomenti):
@@ -124,24 +183,14 @@ def main(argomenti):
         for nome in BUONI:
             stazione.accettazione(nome)
         stazione.accettazione(ERRATO, DatiLibrettoVeicolo__Targa="AB")
-        strumento = operatore.Strumento(
-            stazione.percorso("simulatore", "qx5sim"), stazione, SCENARIO
-        )
-        schermo = operatore.SchermoVirtuale()
-        programma = operatore.Programma(stazione, schermo, LC_ALL="it_IT.UTF-8")
+        strumento = operatore.Strumento(stazione.percorso("simulatore", "qx5sim"), stazione, SCENARIO)
         try:
-            figure = Figure(programma, uscita)
-            figure.amministrazione()
-            figure.file_errato()
-            figure.veicolo(BUONI[0], "ESITO REGOLARE", "esito_regolare", ("lista", "veicolo", "collegamento"))
-            figure.veicolo(BUONI[1], "ESITO IRREGOLARE", "esito_irregolare")
-            programma.premi("Esci")
-            return programma.attendi_fine()
+            giro(stazione, uscita, amministrazione, **{f"MCTC__{nome}": CARTELLA_MOSTRATA for nome in CARTELLE})
+            giro(stazione, uscita, prove)
+            giro(stazione, uscita, debug, GENERAL__Debug="1")
         finally:
-            programma.chiudi()
-            schermo.chiudi()
             strumento.spegni()
 
 
 if __name__ == "__main__":
-    sys.exit(main(sys.argv[1:]))
+    main(sys.argv[1:])

@@ -121,8 +121,10 @@ bool Attiva(const Modulo &modulo)
 
 void Scarica_Tutti()
 {
-    while (!Moduli_Caricati().empty())
-        Moduli_Caricati().back()->Scarica();
+    // One that is unloading already, in a step of a modal show say, ends by itself.
+    const auto moduli = Moduli_Caricati();
+    for (auto modulo = moduli.rbegin(); modulo != moduli.rend(); ++modulo)
+        (*modulo)->Scarica();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

@@ -490,6 +490,44 @@ private Q_SLOTS:
         QVERIFY(regia.Finita());
     }
 
+    /// A press that falls into the reading of the worklist opens no second list: the one that shows is heard.
+    void secondaPressioneDuranteLaLettura()
+    {
+        banco->Stazione.Accettazione(FILE_ACC);
+        Apri();
+        int volte = 0;
+        QTimer::singleShot(0, form.get(), [this, &volte] {
+            ++volte;
+            Premi_Prova();
+        });
+        Premi_Prova();
+        QCOMPARE(volte, 1);
+        QCOMPARE(Nomi_Caricati(), QStringList({QStringLiteral("frmMain"), QStringLiteral("frmMctcO")}));
+    }
+
+    void uscitaDuranteLaLettura_data()
+    {
+        QTest::addColumn<int>("caricati");
+        QTest::newRow("mentre la cartella si elenca") << 1;
+        QTest::newRow("mentre i file si leggono") << 2;
+    }
+    /// Nothing shows and nothing goes on polling after the way out was taken while the folder was read.
+    void uscitaDuranteLaLettura()
+    {
+        QFETCH(int, caricati);
+        banco->Stazione.Accettazione(FILE_ACC);
+        Apri();
+        QTimer attesa;
+        connect(&attesa, &QTimer::timeout, form.get(), [&] {
+            if (Nomi_Caricati().size() == caricati)
+                Premi(*form, "cmdMnu_7");
+        });
+        attesa.start(0);
+        Premi_Prova();
+        QCOMPARE(Nomi_Caricati(), QStringList());
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+    }
+
     void senzaCartellaDatiMessaggioEFine()
     {
         const EsitoFiglio esito = Figlio_Esegui({QString::fromLatin1(SENZA_DATI)});
