@@ -16,9 +16,9 @@ SORGENTI = DATI / "sorgenti"
 
 # picture               source              width  options of the conversion
 IMMAGINI = [
-    ("splash_kp_net.jpg", "splash_kp_net.svg", 1600, ["-quality", "90"]),
-    ("faro0.jpg",         "faro0.svg",          800, ["-quality", "90"]),
-    ("faro1.jpg",         "faro1.svg",          800, ["-quality", "90"]),
+    ("splash_kp_net.jpg", "splash_kp_net.svg", 2560, ["-quality", "90"]),
+    ("faro0.jpg",         "faro0.svg",         1600, ["-quality", "90"]),
+    ("faro1.jpg",         "faro1.svg",         1600, ["-quality", "90"]),
     ("kp_logo.gif",       "kp_logo.svg",        240, ["-dither", "None", "-colors", "64"]),
     ("lumira.png",        "lumira.svg",         256, ["-define", "png:exclude-chunks=date,time"]),
 ]

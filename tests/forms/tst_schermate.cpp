@@ -1,10 +1,15 @@
 // How every form looks on every screen and in every language: nothing cut, nothing on top of another, all to
 // be read. Each size of screen is a process of its own.
+#include "core/modGeneral.h"
+#include "platform/percorsi.h"
+#include "tests/forms/banco_form.h"
 #include "tests/forms/difetti_prova.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/modulo_prova.h"
 #include "tests/forms/principale_prova.h"
 #include "tests/forms/scene_prova.h"
+
+#include <QImageReader>
 
 #include <cstdio>
 #include <functional>
@@ -23,6 +28,36 @@ constexpr Sovrapposti VOLUTI[] = {
     {"frmMsg",   "Shape1",     "*",          "the border stands round everything"                },
 };
 
+/// Pictures and the files that they come from.
+struct Figura
+{
+    const char *modulo;
+    const char *controllo;
+    const char16_t *file;
+};
+
+constexpr Figura FIGURE[] = {
+    {"frmMain",  "imgLogo", u"splash_kp_net.jpg"},
+    {"frmMctc2", "picSim",  u"faro0.jpg"        },
+    {"frmMctc2", "picSim",  u"faro1.jpg"        },
+};
+
+/// A picture shown larger than it was drawn is no longer crisp.
+QStringList Figure_Ingrandite(const Modulo &modulo)
+{
+    QStringList ingrandite;
+    for (const Figura &figura : FIGURE) {
+        if (modulo.objectName() != QLatin1String(figura.modulo))
+            continue;
+        const QSize mostrata = Widget_Di<QLabel>(modulo, figura.controllo)->pixmap().size();
+        const QString file = gDirImmagini + QString::fromUtf16(figura.file);
+        const QSize disegnata = QImageReader(Percorso_Nativo(file)).size();
+        if (mostrata.isEmpty() || mostrata.boundedTo(disegnata) != mostrata)
+            ingrandite.append(QStringLiteral("%1: enlarged").arg(QString::fromUtf16(figura.file)));
+    }
+    return ingrandite;
+}
+
 /// The child process: one line a fault, then how many scenes were seen.
 void Racconta()
 {
@@ -30,7 +65,7 @@ void Racconta()
     for (const char *lingua : LINGUE) {
         Scene_Percorri(QString::fromLatin1(lingua), [&](const QString &scena, const Modulo &modulo) {
             ++viste;
-            for (const QString &difetto : Difetti_Di(modulo, VOLUTI))
+            for (const QString &difetto : Difetti_Di(modulo, VOLUTI) + Figure_Ingrandite(modulo))
                 std::printf("%s, %s: %s\n", lingua, qPrintable(scena), qPrintable(difetto));
         });
     }
