@@ -36,6 +36,10 @@ EsitoFiglio Figlio_Esegui(const QStringList &argomenti, QSize schermo)
 {
     QTemporaryDir cartella;
     QProcess figlio;
+    // On Windows the messages of a program without a console go to the debugger, if there is one.
+    QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
+    ambiente.insert(QStringLiteral("QT_FORCE_STDERR_LOGGING"), QStringLiteral("1"));
+    figlio.setProcessEnvironment(ambiente);
     QString piattaforma = QStringLiteral("offscreen");
     if (schermo.isValid()) {
         QFile file(cartella.filePath(QStringLiteral("schermo.json")));

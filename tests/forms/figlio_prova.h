@@ -12,6 +12,16 @@ struct EsitoFiglio
     int Stato = -1;
     QString Uscita;
     QString Errori;
+
+    bool Buono() const { return Finito && Stato == 0; }
+    /// How it ended and all that it said.
+    QString Racconto() const
+    {
+        return QStringLiteral("%1, status %2\n%3%4")
+            .arg(Finito ? QStringLiteral("ended") : QStringLiteral("broken off"))
+            .arg(Stato)
+            .arg(Uscita, Errori);
+    }
 };
 
 /// Starts the running executable with other arguments and waits for its end.

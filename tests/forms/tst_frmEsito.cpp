@@ -440,7 +440,7 @@ private Q_SLOTS:
             Figlio_Esegui({QStringLiteral("postiDellaTabella"), QStringLiteral("pulsanti"),
                            QStringLiteral("corniciDipinte")},
                           schermo);
-        QVERIFY2(esito.Finito && esito.Stato == 0, qPrintable(esito.Uscita));
+        QVERIFY2(esito.Buono(), qPrintable(esito.Racconto()));
     }
 };
 

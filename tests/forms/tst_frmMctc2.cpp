@@ -616,7 +616,7 @@ private Q_SLOTS:
         QFETCH(QSize, schermo);
         const EsitoFiglio esito = Figlio_Esegui(
             {QStringLiteral("postiSullaGriglia"), QStringLiteral("etichetteScalateInOrizzontale")}, schermo);
-        QVERIFY2(esito.Finito && esito.Stato == 0, qPrintable(esito.Uscita));
+        QVERIFY2(esito.Buono(), qPrintable(esito.Racconto()));
     }
 };
 

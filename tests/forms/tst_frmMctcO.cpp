@@ -704,7 +704,7 @@ private Q_SLOTS:
         QFETCH(QSize, schermo);
         const EsitoFiglio esito =
             Figlio_Esegui({QStringLiteral("corniciDipinte"), QStringLiteral("righeNelleCornici")}, schermo);
-        QVERIFY2(esito.Finito && esito.Stato == 0, qPrintable(esito.Uscita));
+        QVERIFY2(esito.Buono(), qPrintable(esito.Racconto()));
     }
 };
 

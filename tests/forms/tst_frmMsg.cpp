@@ -557,7 +557,7 @@ void tst_frmMsg::ogniSchermo()
 {
     QFETCH(QSize, pixel);
     const EsitoFiglio figlio = Figlio_Esegui({QStringLiteral("--schermo")}, pixel);
-    QVERIFY2(figlio.Finito && figlio.Stato == 0, qPrintable(figlio.Errori));
+    QVERIFY2(figlio.Buono(), qPrintable(figlio.Racconto()));
     QCOMPARE(figlio.Uscita, QStringLiteral("difetti: \n"));
 }
 

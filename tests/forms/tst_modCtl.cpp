@@ -734,7 +734,7 @@ void tst_modCtl::ogniSchermo()
 {
     QFETCH(QSize, pixel);
     const EsitoFiglio figlio = Figlio_Esegui({QStringLiteral("--schermo")}, pixel);
-    QVERIFY2(figlio.Finito && figlio.Stato == 0, qPrintable(figlio.Errori));
+    QVERIFY2(figlio.Buono(), qPrintable(figlio.Racconto()));
     QCOMPARE(figlio.Uscita, QStringLiteral("fuori: \n"));
 }
 

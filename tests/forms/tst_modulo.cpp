@@ -300,7 +300,7 @@ void tst_modulo::scaricoDentroUnGestore()
 void tst_modulo::scaricatoDuranteLaMostra()
 {
     const EsitoFiglio figlio = Figlio_Esegui({QStringLiteral("--attivato-subito")}, QSize(800, 600));
-    QVERIFY2(figlio.Finito && figlio.Stato == 0, qPrintable(figlio.Errori));
+    QVERIFY2(figlio.Buono(), qPrintable(figlio.Racconto()));
 }
 
 /// What the process of its own does. @return its status.

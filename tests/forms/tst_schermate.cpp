@@ -200,7 +200,7 @@ void tst_schermate::difetti()
 {
     QFETCH(QSize, schermo);
     const EsitoFiglio figlio = Figlio_Esegui({QStringLiteral("--racconta")}, schermo);
-    QVERIFY2(figlio.Finito && figlio.Stato == 0, qPrintable(figlio.Errori));
+    QVERIFY2(figlio.Buono(), qPrintable(figlio.Racconto()));
     const auto viste = QString::number(Scene_Quante() * static_cast<int>(std::size(LINGUE)));
     QVERIFY2(figlio.Uscita.trimmed() == viste, qPrintable(figlio.Uscita));
 }

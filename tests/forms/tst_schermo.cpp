@@ -137,7 +137,7 @@ void tst_schermo::misureDelloSchermo()
     QFETCH(QSize, pixel);
     QFETCH(QString, misure);
     const EsitoFiglio figlio = Figlio_Esegui({QStringLiteral("--misure")}, pixel);
-    QVERIFY2(figlio.Finito && figlio.Stato == 0, qPrintable(figlio.Errori));
+    QVERIFY2(figlio.Buono(), qPrintable(figlio.Racconto()));
     QCOMPARE(figlio.Uscita.trimmed(), misure);
 }
 
