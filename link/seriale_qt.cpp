@@ -1,6 +1,6 @@
 // The serial control on Qt's serial port, for the systems that have no control of their own. It knows bytes
 // and devices, nothing of frames or sessions.
-#include "link/seriale.h"
+#include "link/seriale_comune.h"
 
 #include "platform/errore_esecuzione.h"
 #include "platform/percorsi.h"
@@ -11,20 +11,11 @@
 #include <QStringList>
 #include <QTimer>
 
-#include <algorithm>
 #include <limits>
-#include <utility>
 
 #include <poll.h>
 
 namespace {
-
-/// The classic error of a port that cannot be opened.
-constexpr int ERRORE_APERTURA = 8002;
-
-/// Pause before the line is watched again after an error that took no device away, in ms: long enough to
-/// cost no processor time if the error stays, shorter than a beat of the exchange.
-constexpr int RIPRESA = 100;
 
 struct VoceParita
 {
@@ -104,13 +95,6 @@ Formato Formato_Di(const QString &testo)
     return formato;
 }
 
-/// The body does the one value that the link uses, and no other.
-void Pretendi(bool condizione)
-{
-    if (!condizione)
-        Solleva(NumeroErrore::ValoreProprietaErrato);
-}
-
 QString Percorso_Dispositivo(qint16 numero)
 {
     const QString nome = QStringLiteral("\\porte\\COM%1").arg(numero);
@@ -124,42 +108,25 @@ QString Percorso_Dispositivo(qint16 numero)
     return QStringLiteral("/dev/ttyS%1").arg(numero - 1);
 }
 
-class SerialeQt : public ControlloSeriale
+class SerialeQt final : public SerialeComune
 {
 public:
     SerialeQt();
     ~SerialeQt() override { Chiudi(); }
     Q_DISABLE_COPY_MOVE(SerialeQt)
 
-    void CommPort(qint16 numero) override { m_numero = numero; }
-    bool PortOpen() const override { return m_aperta; }
-    void PortOpen(bool aperta) override;
     void Settings(const QString &testo) override;
-    void InputLen(qint16 numero) override { Pretendi(numero == 0); }
-    void InputMode(qint16 modo) override { Pretendi(modo == 1); }
-    void RThreshold(qint16 soglia) override { m_soglia = soglia; }
-    void NullDiscard(bool scarta) override { Pretendi(!scarta); }
-    qint16 InBufferCount() const override;
-    QByteArray Input() override;
-    void OutBufferCount(qint16 numero) override;
-    void Output(const QByteArray &byte) override;
-    qint16 CommEvent() const override { return m_evento; }
 
 private:
-    void Apri();
-    void Chiudi();
-    void Chiudi_Dispositivo();
-    void Pretendi_Aperta() const;
+    bool Apri_Dispositivo(qint16 numero) override;
+    void Chiudi_Dispositivo() override;
+    bool Dispositivo_Aperto() const override { return m_porta.isOpen(); }
+    void Svuota_Uscita() override { m_porta.clear(QSerialPort::Output); }
+    void Manda(const QByteArray &byte) override { m_porta.write(byte); }
     void Raccogli();
-    void Solleva_Ricezione();
     void Errore_Porta(QSerialPort::SerialPortError errore);
     bool Dispositivo_Perso() const;
 
-    qint16 m_numero = 1;
-    bool m_aperta = false;
-    qint16 m_soglia = 0;   ///< 0, as a control is born: no event for what comes in
-    QByteArray m_ricevuti; ///< input buffer, without a limit of its own: nothing ever overflows
-    qint16 m_evento = 0;
     QTimer m_annuncio;   ///< carries a receive event through the form loop
     QTimer m_ripresa;    ///< watches the line again after an empty wake-up
     QSerialPort m_porta; ///< open as long as PortOpen says so and the device is there
@@ -169,7 +136,7 @@ SerialeQt::SerialeQt()
 {
     m_annuncio.setSingleShot(true);
     m_ripresa.setSingleShot(true);
-    QObject::connect(&m_annuncio, &QTimer::timeout, &m_annuncio, [this] { Solleva_Ricezione(); });
+    QObject::connect(&m_annuncio, &QTimer::timeout, &m_annuncio, [this] { Solleva_Evento(EventoRicezione); });
     QObject::connect(&m_ripresa, &QTimer::timeout, &m_ripresa, [this] { Raccogli(); });
     // No line errors: this serial port tells of none, and they would change nothing.
     QObject::connect(&m_porta, &QSerialPort::readyRead, &m_porta, [this] { Raccogli(); });
@@ -177,30 +144,15 @@ SerialeQt::SerialeQt()
                      [this](QSerialPort::SerialPortError errore) { Errore_Porta(errore); });
 }
 
-void SerialeQt::PortOpen(bool aperta)
+bool SerialeQt::Apri_Dispositivo(qint16 numero)
 {
-    if (aperta)
-        Apri();
-    else
-        Chiudi();
-}
-
-void SerialeQt::Apri()
-{
-    m_porta.setPortName(Percorso_Dispositivo(m_numero));
-    if (m_aperta || !m_porta.open(QIODevice::ReadWrite))
-        throw ErroreEsecuzione(ERRORE_APERTURA, QStringLiteral("Invalid port number"));
+    m_porta.setPortName(Percorso_Dispositivo(numero));
+    if (!m_porta.open(QIODevice::ReadWrite))
+        return false;
     // The system raises both lines to the instrument; the control's own default is DTR raised, RTS not. A
     // pseudo terminal has neither and refuses, which takes nothing from its use.
     m_porta.setRequestToSend(false);
-    m_aperta = true;
-}
-
-void SerialeQt::Chiudi()
-{
-    m_aperta = false;
-    m_ricevuti.clear();
-    Chiudi_Dispositivo();
+    return true;
 }
 
 void SerialeQt::Chiudi_Dispositivo()
@@ -223,64 +175,17 @@ void SerialeQt::Settings(const QString &testo)
     m_porta.setStopBits(formato.stop);
 }
 
-void SerialeQt::Pretendi_Aperta() const
-{
-    if (!m_aperta)
-        Solleva(NumeroErrore::PortaNonAperta);
-}
-
-qint16 SerialeQt::InBufferCount() const
-{
-    constexpr qsizetype MASSIMO = std::numeric_limits<qint16>::max();
-    return static_cast<qint16>(std::min(m_ricevuti.size(), MASSIMO));
-}
-
-QByteArray SerialeQt::Input()
-{
-    Pretendi_Aperta();
-    return std::exchange(m_ricevuti, QByteArray());
-}
-
-void SerialeQt::OutBufferCount(qint16 numero)
-{
-    Pretendi(numero == 0);
-    Pretendi_Aperta();
-    if (m_porta.isOpen())
-        m_porta.clear(QSerialPort::Output);
-}
-
-void SerialeQt::Output(const QByteArray &byte)
-{
-    Pretendi_Aperta();
-    if (m_porta.isOpen())
-        m_porta.write(byte);
-}
-
 void SerialeQt::Raccogli()
 {
-    if (!m_porta.isOpen())
-        return;
-    m_ricevuti += m_porta.readAll();
-    if (m_soglia == 0 || m_ricevuti.size() < m_soglia)
-        return;
     // The event is raised from the loop and not from inside the serial port, which would hold back the next
     // one as long as a modal box in this one is open.
-    m_annuncio.start(0);
-}
-
-void SerialeQt::Solleva_Ricezione()
-{
-    // The handler of an event before may have taken these bytes too.
-    if (m_ricevuti.isEmpty() || !OnComm)
-        return;
-    m_evento = EventoRicezione;
-    const auto evento = OnComm; // the session may end in it, and take this control along
-    evento();
+    if (m_porta.isOpen() && Ricevi(m_porta.readAll()))
+        m_annuncio.start(0);
 }
 
 void SerialeQt::Errore_Porta(QSerialPort::SerialPortError errore)
 {
-    if (!m_aperta || errore == QSerialPort::NoError || !m_porta.isOpen())
+    if (!PortOpen() || errore == QSerialPort::NoError || !m_porta.isOpen())
         return;
     if (Dispositivo_Perso()) {
         Chiudi_Dispositivo();

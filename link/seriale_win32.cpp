@@ -1,8 +1,6 @@
 // The serial control on the communications calls of Windows. Every call that may wait is an overlapped one,
 // whose end comes to the form loop. It knows bytes and devices, nothing of frames or sessions.
-#include "link/seriale.h"
-
-#include "platform/errore_esecuzione.h"
+#include "link/seriale_comune.h"
 
 #include <QList>
 #include <QStringList>
@@ -10,19 +8,11 @@
 #include <QWinEventNotifier>
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 #include <qt_windows.h>
 
 namespace {
-
-/// The classic error of a port that cannot be opened.
-constexpr int ERRORE_APERTURA = 8002;
-
-/// Pause before the line is watched again after a wake-up that brought nothing, in ms: long enough to cost no
-/// processor time if that goes on, shorter than a beat of the exchange.
-constexpr int RIPRESA = 100;
 
 /// Buffers of the driver, in bytes: the defaults of the control.
 constexpr DWORD BUFFER_INGRESSO = 1024;
@@ -53,13 +43,6 @@ constexpr VoceEvento LINEE_MODEM[] = {
 
 /// Received bytes have a watch of their own, the pending read.
 constexpr DWORD EVENTI_ATTESI = EV_BREAK | EV_ERR | EV_CTS | EV_DSR | EV_RLSD | EV_RING;
-
-/// The body does the one value that the link uses, and no other.
-void Pretendi(bool condizione)
-{
-    if (!condizione)
-        Solleva(NumeroErrore::ValoreProprietaErrato);
-}
 
 /// One overlapped call at a time, and its end on the form loop.
 class Operazione
@@ -134,33 +117,21 @@ private:
     QWinEventNotifier m_avviso;
 };
 
-class SerialeWin32 : public ControlloSeriale
+class SerialeWin32 final : public SerialeComune
 {
 public:
     SerialeWin32();
     ~SerialeWin32() override { Chiudi(); }
     Q_DISABLE_COPY_MOVE(SerialeWin32)
 
-    void CommPort(qint16 numero) override { m_numero = numero; }
-    bool PortOpen() const override { return m_aperta; }
-    void PortOpen(bool aperta) override;
     void Settings(const QString &testo) override;
-    void InputLen(qint16 numero) override { Pretendi(numero == 0); }
-    void InputMode(qint16 modo) override { Pretendi(modo == 1); }
-    void RThreshold(qint16 soglia) override { m_soglia = soglia; }
-    void NullDiscard(bool scarta) override { Pretendi(!scarta); }
-    qint16 InBufferCount() const override;
-    QByteArray Input() override;
-    void OutBufferCount(qint16 numero) override;
-    void Output(const QByteArray &byte) override;
-    qint16 CommEvent() const override { return m_evento; }
 
 private:
-    void Apri();
-    void Chiudi();
-    void Chiudi_Dispositivo();
-    bool Dispositivo_Aperto() const { return m_porta != INVALID_HANDLE_VALUE; }
-    void Pretendi_Aperta() const;
+    bool Apri_Dispositivo(qint16 numero) override;
+    void Chiudi_Dispositivo() override;
+    bool Dispositivo_Aperto() const override { return m_porta != INVALID_HANDLE_VALUE; }
+    void Svuota_Uscita() override;
+    void Manda(const QByteArray &byte) override;
     bool Prepara_Dispositivo() const;
     void Osserva();
     void Leggi();
@@ -169,21 +140,16 @@ private:
     void Attendi_Evento();
     void Letti(bool riuscita, DWORD numero);
     void Evento_Linea(bool riuscita);
-    void Manda();
+    void Prosegui_Invio();
     void Mandati(bool riuscita, DWORD numero);
     bool Stato_Linea(COMSTAT &stato);
     void Annuncia(EventoSeriale evento);
     void Solleva_Prossimo();
 
-    qint16 m_numero = 1;
-    bool m_aperta = false;
     HANDLE m_porta = INVALID_HANDLE_VALUE; ///< there as long as PortOpen says so and the device is there
-    qint16 m_soglia = 0;                   ///< 0, as a control is born: no event for what comes in
-    QByteArray m_ricevuti;                 ///< input buffer, without a limit of its own
     QByteArray m_uscita;                   ///< what the write under way has not taken yet
     QByteArray m_inInvio;                  ///< what it has taken
     QList<EventoSeriale> m_eventi;         ///< those not raised yet
-    qint16 m_evento = 0;
     char m_pezzo[BUFFER_INGRESSO];
     DWORD m_maschera = 0;
     Operazione m_lettura;
@@ -204,29 +170,21 @@ SerialeWin32::SerialeWin32()
     m_scrittura.Finita = [this](bool riuscita, DWORD numero) { Mandati(riuscita, numero); };
 }
 
-void SerialeWin32::PortOpen(bool aperta)
+bool SerialeWin32::Apri_Dispositivo(qint16 numero)
 {
-    if (aperta)
-        Apri();
-    else
-        Chiudi();
-}
-
-void SerialeWin32::Apri()
-{
+    m_eventi.clear(); // of a device that was open before
     // The long form of the name: the short one ends at COM9.
-    const QString nome = QStringLiteral("\\\\.\\COM%1").arg(m_numero);
-    if (!m_aperta) {
-        m_porta = CreateFileW(reinterpret_cast<const wchar_t *>(nome.utf16()), GENERIC_READ | GENERIC_WRITE,
-                              0, nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
-        m_aperta = Dispositivo_Aperto() && Prepara_Dispositivo();
-        if (m_aperta) {
-            Osserva();
-            return;
-        }
+    const QString nome = QStringLiteral("\\\\.\\COM%1").arg(numero);
+    m_porta = CreateFileW(reinterpret_cast<const wchar_t *>(nome.utf16()), GENERIC_READ | GENERIC_WRITE, 0,
+                          nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
+    if (!Dispositivo_Aperto())
+        return false;
+    if (!Prepara_Dispositivo()) {
         Chiudi_Dispositivo();
+        return false;
     }
-    throw ErroreEsecuzione(ERRORE_APERTURA, QStringLiteral("Invalid port number"));
+    Osserva();
+    return true;
 }
 
 /// @return false when what was opened is no serial port.
@@ -237,14 +195,6 @@ bool SerialeWin32::Prepara_Dispositivo() const
     formato.DCBlength = sizeof formato;
     SetupComm(m_porta, BUFFER_INGRESSO, BUFFER_USCITA);
     return GetCommState(m_porta, &formato) != FALSE && SetCommTimeouts(m_porta, &nessuna) != FALSE;
-}
-
-void SerialeWin32::Chiudi()
-{
-    m_aperta = false;
-    m_ricevuti.clear();
-    m_eventi.clear();
-    Chiudi_Dispositivo();
 }
 
 void SerialeWin32::Chiudi_Dispositivo()
@@ -286,45 +236,20 @@ void SerialeWin32::Settings(const QString &testo)
         SetCommState(m_porta, &formato);
 }
 
-void SerialeWin32::Pretendi_Aperta() const
+void SerialeWin32::Svuota_Uscita()
 {
-    if (!m_aperta)
-        Solleva(NumeroErrore::PortaNonAperta);
-}
-
-qint16 SerialeWin32::InBufferCount() const
-{
-    constexpr qsizetype MASSIMO = std::numeric_limits<qint16>::max();
-    return static_cast<qint16>(std::min(m_ricevuti.size(), MASSIMO));
-}
-
-QByteArray SerialeWin32::Input()
-{
-    Pretendi_Aperta();
-    return std::exchange(m_ricevuti, QByteArray());
-}
-
-void SerialeWin32::OutBufferCount(qint16 numero)
-{
-    Pretendi(numero == 0);
-    Pretendi_Aperta();
-    if (!Dispositivo_Aperto())
-        return;
     m_uscita.clear();
     PurgeComm(m_porta, PURGE_TXABORT | PURGE_TXCLEAR);
     m_scrittura.Annulla();
 }
 
-void SerialeWin32::Output(const QByteArray &byte)
+void SerialeWin32::Manda(const QByteArray &byte)
 {
-    Pretendi_Aperta();
-    if (!Dispositivo_Aperto())
-        return;
     m_uscita += byte;
-    Manda();
+    Prosegui_Invio();
 }
 
-void SerialeWin32::Manda()
+void SerialeWin32::Prosegui_Invio()
 {
     if (m_scrittura.InCorso() || m_uscita.isEmpty())
         return;
@@ -343,7 +268,7 @@ void SerialeWin32::Mandati(bool riuscita, DWORD numero)
         return;
     if (riuscita && numero < static_cast<DWORD>(m_inInvio.size()))
         m_uscita.prepend(m_inInvio.mid(static_cast<qsizetype>(numero)));
-    Manda();
+    Prosegui_Invio();
 }
 
 /// Watches the line, as far as it is not watched already.
@@ -384,8 +309,7 @@ bool SerialeWin32::Chiedi()
 
 void SerialeWin32::Accogli(DWORD numero)
 {
-    m_ricevuti.append(m_pezzo, static_cast<qsizetype>(numero));
-    if (numero > 0 && m_soglia > 0 && m_ricevuti.size() >= m_soglia)
+    if (Ricevi(QByteArray(m_pezzo, static_cast<qsizetype>(numero))))
         Annuncia(EventoRicezione);
 }
 
@@ -457,12 +381,7 @@ void SerialeWin32::Solleva_Prossimo()
     const EventoSeriale evento = m_eventi.takeFirst();
     if (!m_eventi.isEmpty())
         m_annuncio.start(0);
-    // The handler of an event before may have taken these bytes too.
-    if ((evento == EventoRicezione && m_ricevuti.isEmpty()) || !OnComm)
-        return;
-    m_evento = evento;
-    const auto procedura = OnComm; // the session may end in it, and take this control along
-    procedura();
+    Solleva_Evento(evento);
 }
 
 } // namespace
