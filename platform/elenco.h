@@ -24,6 +24,9 @@ struct RecordTrovato
 /// @param[out] trovati the records. @return false when nothing matches or the folder cannot be listed.
 bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati);
 
+/// Names of the records that a mask of attributes lets through; see Cartella_Elenca.
+QStringList Nomi_Con(const QList<RecordTrovato> &trovati, qint16 attributo);
+
 /// The directory query: names that match a path and an attribute mask. Mask 0 gives plain files, mask 16
 /// adds folders ("." and ".." among them); hidden entries stay out. A path that ends in a backslash lists
 /// the folder; a missing folder lists nothing.

@@ -61,13 +61,5 @@ QStringList Cartella_Elenca(const QString &percorso, qint16 attributo)
     const DWORD errore = Elenca(cartella ? percorso + u'*' : percorso, trovati);
     if (errore != 0 && !Non_Trovato(errore))
         Solleva(NumeroErrore::NomeFileErrato);
-
-    const quint32 fuori =
-        ATTRIBUTO_NASCOSTO | (static_cast<quint32>(attributo) & ATTRIBUTO_CARTELLA ? 0 : ATTRIBUTO_CARTELLA);
-    QStringList nomi;
-    for (const RecordTrovato &trovato : trovati) {
-        if ((trovato.dwFileAttributes & fuori) == 0)
-            nomi.append(trovato.cFileName);
-    }
-    return nomi;
+    return Nomi_Con(trovati, attributo);
 }
