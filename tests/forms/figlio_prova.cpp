@@ -5,10 +5,29 @@
 #include <QProcess>
 #include <QSysInfo>
 #include <QTemporaryDir>
+#include <QTest>
 
 namespace {
 
 constexpr int PAZIENZA = 120000; // ms
+
+constexpr QSize SCHERMI[] = {
+    {800,  600 },
+    {1024, 768 },
+    {1280, 720 },
+    {1366, 768 },
+    {1280, 1024},
+    {1600, 1200},
+    {1920, 1080},
+    {1920, 1200},
+    {2184, 1365},
+    {2185, 1366},
+    {2560, 1440},
+    {3440, 1440},
+    {3840, 2160},
+    {5120, 2880},
+    {7680, 4320},
+};
 
 /// Configuration of a display without a screen of its own. Its events arrive at once, as on some window
 /// systems.
@@ -64,23 +83,9 @@ EsitoFiglio Figlio_Esegui(const QStringList &argomenti, QSize schermo)
     return esito;
 }
 
-QList<QSize> Schermi_Prova()
+void Righe_PerSchermo()
 {
-    return {
-        {800,  600 },
-        {1024, 768 },
-        {1280, 720 },
-        {1366, 768 },
-        {1280, 1024},
-        {1600, 1200},
-        {1920, 1080},
-        {1920, 1200},
-        {2184, 1365},
-        {2185, 1366},
-        {2560, 1440},
-        {3440, 1440},
-        {3840, 2160},
-        {5120, 2880},
-        {7680, 4320},
-    };
+    QTest::addColumn<QSize>("schermo");
+    for (const QSize schermo : SCHERMI)
+        QTest::addRow("%dx%d", schermo.width(), schermo.height()) << schermo;
 }

@@ -28,5 +28,6 @@ struct EsitoFiglio
 /// @param schermo size of its screen in pixels; invalid: as the present one.
 EsitoFiglio Figlio_Esegui(const QStringList &argomenti, QSize schermo = QSize());
 
-/// The sizes of screen that the tests go through, the smallest and the largest among them.
-QList<QSize> Schermi_Prova();
+/// The sizes of screen that the tests go through, the smallest and the largest among them, as a test's table:
+/// column schermo, a row each.
+void Righe_PerSchermo();

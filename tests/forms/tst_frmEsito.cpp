@@ -426,12 +426,7 @@ private Q_SLOTS:
         QCOMPARE(Cella(0)->text(), QStringLiteral("SI"));
     }
 
-    void suOgniSchermo_data()
-    {
-        QTest::addColumn<QSize>("schermo");
-        for (const QSize schermo : Schermi_Prova())
-            QTest::addRow("%d x %d", schermo.width(), schermo.height()) << schermo;
-    }
+    void suOgniSchermo_data() { Righe_PerSchermo(); }
     /// The layout holds on every screen of a workshop, each one in a process of its own.
     void suOgniSchermo()
     {

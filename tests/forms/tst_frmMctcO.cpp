@@ -692,12 +692,7 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(File_Nativo(QStringLiteral("12345678.acc")))); // the list removes no file
     }
 
-    void suOgniSchermo_data()
-    {
-        QTest::addColumn<QSize>("schermo");
-        for (const QSize schermo : Schermi_Prova())
-            QTest::addRow("%d x %d", schermo.width(), schermo.height()) << schermo;
-    }
+    void suOgniSchermo_data() { Righe_PerSchermo(); }
     /// The layout holds on every screen of a workshop, each one in a process of its own.
     void suOgniSchermo()
     {

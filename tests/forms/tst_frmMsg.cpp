@@ -547,16 +547,13 @@ static QString Schermo_Prova()
 
 void tst_frmMsg::ogniSchermo_data()
 {
-    QTest::addColumn<QSize>("pixel");
-    const QList<QSize> schermi = Schermi_Prova();
-    for (const QSize pixel : schermi)
-        QTest::addRow("%dx%d", pixel.width(), pixel.height()) << pixel;
+    Righe_PerSchermo();
 }
 
 void tst_frmMsg::ogniSchermo()
 {
-    QFETCH(QSize, pixel);
-    const EsitoFiglio figlio = Figlio_Esegui({QStringLiteral("--schermo")}, pixel);
+    QFETCH(QSize, schermo);
+    const EsitoFiglio figlio = Figlio_Esegui({QStringLiteral("--schermo")}, schermo);
     QVERIFY2(figlio.Buono(), qPrintable(figlio.Racconto()));
     QCOMPARE(figlio.Uscita, QStringLiteral("difetti: \n"));
 }

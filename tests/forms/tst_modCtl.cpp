@@ -200,17 +200,14 @@ void tst_modCtl::Mostra()
 
 void tst_modCtl::grigliaInteraELoSchermo_data()
 {
-    QTest::addColumn<QSize>("pixel");
-    const QList<QSize> schermi = Schermi_Prova();
-    for (const QSize pixel : schermi)
-        QTest::addRow("%dx%d", pixel.width(), pixel.height()) << pixel;
+    Righe_PerSchermo();
 }
 
 void tst_modCtl::grigliaInteraELoSchermo()
 {
-    QFETCH(QSize, pixel);
-    gScreenW = qRound(pixel.width() * Twip_PerPixel(pixel));
-    gScreenH = qRound(pixel.height() * Twip_PerPixel(pixel));
+    QFETCH(QSize, schermo);
+    gScreenW = qRound(schermo.width() * Twip_PerPixel(schermo));
+    gScreenH = qRound(schermo.height() * Twip_PerPixel(schermo));
     QCOMPARE(ScalaX(15360), gScreenW);
     QCOMPARE(ScalaY(11520), gScreenH);
     QCOMPARE(ScalaX(0), 0);
@@ -732,8 +729,8 @@ void tst_modCtl::ogniSchermo_data()
 
 void tst_modCtl::ogniSchermo()
 {
-    QFETCH(QSize, pixel);
-    const EsitoFiglio figlio = Figlio_Esegui({QStringLiteral("--schermo")}, pixel);
+    QFETCH(QSize, schermo);
+    const EsitoFiglio figlio = Figlio_Esegui({QStringLiteral("--schermo")}, schermo);
     QVERIFY2(figlio.Buono(), qPrintable(figlio.Racconto()));
     QCOMPARE(figlio.Uscita, QStringLiteral("fuori: \n"));
 }
