@@ -17,7 +17,7 @@ Flag Fs_Esiste(const QString &percorso, qint16 attributo)
     }
 }
 
-qint16 Fs_Elenco(QString &cartella, const QString &maschera, QStringList &nomi, Flag percorsoIntero,
+qint32 Fs_Elenco(QString &cartella, const QString &maschera, QStringList &nomi, Flag percorsoIntero,
                  Flag filtroEstensione)
 {
     if (!cartella.endsWith(u'\\'))
@@ -31,7 +31,7 @@ qint16 Fs_Elenco(QString &cartella, const QString &maschera, QStringList &nomi, 
             continue;
         nomi.append(percorsoIntero ? cartella + nome : nome);
     }
-    return Intero16(nomi.size() - 1);
+    return Intero32(nomi.size() - 1);
 }
 
 QString Fs_Nome(const QString &percorso)
@@ -56,7 +56,7 @@ QString Fs_TagliaNul(QString &testo)
     return testo;
 }
 
-qint16 Fs_ElencoFirme(const QString &cartella, const QString &maschera, QStringList &firme)
+qint32 Fs_ElencoFirme(const QString &cartella, const QString &maschera, QStringList &firme)
 {
     QList<RecordTrovato> trovati;
     if (!Trova_File(cartella + maschera, trovati))
@@ -70,5 +70,5 @@ qint16 Fs_ElencoFirme(const QString &cartella, const QString &maschera, QStringL
         firme.append(Fs_TagliaNul(trovato.cFileName) + QStringLiteral(" - ") + QString::number(accessoAlto) +
                      QString::number(scritturaBassa));
     }
-    return Intero16(firme.size() - 1);
+    return Intero32(firme.size() - 1);
 }

@@ -16,7 +16,7 @@ Flag Fs_Esiste(const QString &percorso, qint16 attributo);
 /// @param filtroEstensione only names whose extension equals the mask's: the system's matching of a
 /// three-letter mask takes longer extensions too.
 /// @return the highest index filled, -1 for none.
-qint16 Fs_Elenco(QString &cartella, const QString &maschera, QStringList &nomi, Flag percorsoIntero,
+qint32 Fs_Elenco(QString &cartella, const QString &maschera, QStringList &nomi, Flag percorsoIntero,
                  Flag filtroEstensione);
 
 /// What stands behind the last backslash; the whole text if there is none.
@@ -30,4 +30,4 @@ QString Fs_TagliaNul(QString &testo);
 
 /// A cheap fingerprint of a folder, no file opened: one text per entry that differs when the file changes.
 /// @param[out] firme left as it was when nothing matches. @return the last index, -1 when nothing matches.
-qint16 Fs_ElencoFirme(const QString &cartella, const QString &maschera, QStringList &firme);
+qint32 Fs_ElencoFirme(const QString &cartella, const QString &maschera, QStringList &firme);

@@ -193,7 +193,7 @@ void frmMctcO::Lista_Aggiorna()
     const QScopedValueRollback<bool> lettura(mInLettura, true);
     // Read before the list is cleared: listing a folder lets events run, and a press of a button among them
     // must find the lines that the operator sees. It may close the form, too.
-    const qint16 ultima = Lista_Leggi(gDirAcc, mVoci);
+    const qint32 ultima = Lista_Leggi(gDirAcc, mVoci);
     if (!Caricato())
         return;
     const qint32 scelta = lstAuto->ListIndex(); // the line chosen while the files were read
@@ -223,9 +223,9 @@ void frmMctcO::tmrLst_Timer()
 
 void frmMctcO::Esamina_Cartella()
 {
-    qint16 differenza = -1;
+    qint32 differenza = -1;
     QStringList elenco;
-    const qint16 ultimo = Fs_ElencoFirme(gDirAcc, QString::fromUtf16(MASCHERA), elenco);
+    const qint32 ultimo = Fs_ElencoFirme(gDirAcc, QString::fromUtf16(MASCHERA), elenco);
     const int prima = mUltimoConteggio.toInt();
     if (ultimo >= 0) {
         if (prima > -1)

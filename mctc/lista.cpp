@@ -13,7 +13,7 @@ namespace {
 
 /// @param cartella ends in a backslash afterwards. @return the last index of nomi; -1 also for a folder that
 /// cannot be reached: a network folder comes and goes, and an empty list stays usable.
-qint16 Nomi_Elenca(QString &cartella, QStringList &nomi)
+qint32 Nomi_Elenca(QString &cartella, QStringList &nomi)
 {
     try {
         return Fs_Elenco(cartella, QStringLiteral("*.acc"), nomi, Falso, Vero);
@@ -24,11 +24,11 @@ qint16 Nomi_Elenca(QString &cartella, QStringList &nomi)
 
 } // namespace
 
-qint16 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
+qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
 {
     QString conBarra = cartella;
     QStringList nomi;
-    const qint16 ultima = Nomi_Elenca(conBarra, nomi);
+    const qint32 ultima = Nomi_Elenca(conBarra, nomi);
     if (ultima < 0)
         return -1;
     QList<VoceLista> lette;
@@ -47,14 +47,14 @@ qint16 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
     return ultima;
 }
 
-qint16 Liste_Differenze(const QStringList &prima, const QStringList &dopo)
+qint32 Liste_Differenze(const QStringList &prima, const QStringList &dopo)
 {
     if (prima.size() != dopo.size())
         return 0;
-    qint16 differenza = -1;
+    qint32 differenza = -1;
     for (qsizetype i = 0; i < prima.size(); ++i) {
         if (prima[i] != dopo[i])
-            differenza = Intero16(differenza + 1);
+            ++differenza;
     }
     return differenza;
 }

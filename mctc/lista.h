@@ -21,7 +21,7 @@ struct VoceLista
 /// Events run between two files; what they see of voci is the reading before.
 /// @param[out] voci left as it was when there is no file or the folder cannot be listed.
 /// @return the last index, -1 for none.
-qint16 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci);
+qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci);
 
 /// Compares two listings. @return -1 when they are the same, anything else when they differ.
-qint16 Liste_Differenze(const QStringList &prima, const QStringList &dopo);
+qint32 Liste_Differenze(const QStringList &prima, const QStringList &dopo);

@@ -119,7 +119,7 @@ private Q_SLOTS:
     {
         QString cartella = Percorso(u"L");
         QStringList nomi = {QStringLiteral("prima")};
-        QCOMPARE(Fs_Elenco(cartella, QStringLiteral("*.acc"), nomi, Falso, Vero), qint16{1});
+        QCOMPARE(Fs_Elenco(cartella, QStringLiteral("*.acc"), nomi, Falso, Vero), qint32{1});
         QCOMPARE(nomi, (QStringList{QStringLiteral("A.ACC"), QStringLiteral("b.acc")}));
         QCOMPARE(cartella, Percorso(u"L\\"));
     }
@@ -128,7 +128,7 @@ private Q_SLOTS:
     {
         QString cartella = Percorso(u"L\\");
         QStringList nomi;
-        QCOMPARE(Fs_Elenco(cartella, QStringLiteral("*.acc"), nomi, Falso, Falso), qint16{2});
+        QCOMPARE(Fs_Elenco(cartella, QStringLiteral("*.acc"), nomi, Falso, Falso), qint32{2});
         QCOMPARE(nomi, (QStringList{QStringLiteral("A.ACC"), QStringLiteral("b.acc"),
                                     QStringLiteral("x.accetta")}));
         QCOMPARE(cartella, Percorso(u"L\\"));
@@ -138,7 +138,7 @@ private Q_SLOTS:
     {
         QString cartella = Percorso(u"L");
         QStringList nomi;
-        QCOMPARE(Fs_Elenco(cartella, QStringLiteral("b.*"), nomi, Vero, Falso), qint16{0});
+        QCOMPARE(Fs_Elenco(cartella, QStringLiteral("b.*"), nomi, Vero, Falso), qint32{0});
         QCOMPARE(nomi, QStringList{Percorso(u"L\\b.acc")});
     }
 
@@ -147,9 +147,26 @@ private Q_SLOTS:
         for (const char16_t *nome : {u"manca", u"S"}) {
             QString cartella = Percorso(nome);
             QStringList nomi;
-            QCOMPARE(Fs_Elenco(cartella, QStringLiteral("*"), nomi, Falso, Falso), qint16{-1});
+            QCOMPARE(Fs_Elenco(cartella, QStringLiteral("*"), nomi, Falso, Falso), qint32{-1});
             QVERIFY(cartella.endsWith(u'\\'));
         }
+    }
+
+    /// Nobody empties the exchange folder of some workshops.
+    void cartellaDiDecineDiMigliaiaDiFile()
+    {
+        constexpr qint32 QUANTI = 33000;
+        const QString modello = m_stazione.Nativo(QStringLiteral("L")) + QStringLiteral("/%1.far");
+        for (qint32 i = 0; i < QUANTI; ++i) {
+            QFile file(modello.arg(i));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+        }
+        QString cartella = Percorso(u"L");
+        QStringList nomi;
+        QCOMPARE(Fs_Elenco(cartella, QStringLiteral("*.far"), nomi, Falso, Vero), QUANTI - 1);
+        QCOMPARE(Fs_ElencoFirme(cartella, QStringLiteral("*.far"), nomi), QUANTI - 1);
+        for (qint32 i = 0; i < QUANTI; ++i)
+            QVERIFY(QFile::remove(modello.arg(i)));
     }
 
     void elencoLasciaCorrereGliEventi()
@@ -165,8 +182,8 @@ private Q_SLOTS:
     void firmeSenzaRisultatoLascianoLArray()
     {
         QStringList firme = {QStringLiteral("prima")};
-        QCOMPARE(Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("*.xyz"), firme), qint16{-1});
-        QCOMPARE(Fs_ElencoFirme(Percorso(u"manca\\"), QStringLiteral("*"), firme), qint16{-1});
+        QCOMPARE(Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("*.xyz"), firme), qint32{-1});
+        QCOMPARE(Fs_ElencoFirme(Percorso(u"manca\\"), QStringLiteral("*"), firme), qint32{-1});
         QCOMPARE(firme, QStringList{QStringLiteral("prima")});
     }
 
@@ -177,15 +194,15 @@ private Q_SLOTS:
         // 133444736001230000 steps since 1601: 31070023 times 2^32 and 3330262192, with a sign -964705104.
         QVERIFY(Tempi(u"L\\b.acc", QDateTime::fromMSecsSinceEpoch(1'700'000'000'123, Qt::UTC)));
         QStringList firme;
-        QCOMPARE(Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("b.acc"), firme), qint16{0});
+        QCOMPARE(Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("b.acc"), firme), qint32{0});
         QCOMPARE(firme, QStringList{QStringLiteral("b.acc - 31070023-964705104")});
     }
 
     void firmeDiUnaCartellaFermaSonoUguali()
     {
         QStringList prima, dopo;
-        QCOMPARE(Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("*.acc"), prima), qint16{2});
-        QCOMPARE(Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("*.acc"), dopo), qint16{2});
+        QCOMPARE(Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("*.acc"), prima), qint32{2});
+        QCOMPARE(Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("*.acc"), dopo), qint32{2});
         QCOMPARE(prima, dopo);
     }
 

@@ -563,27 +563,6 @@ private Q_SLOTS:
         QVERIFY(Conferma_Abilitata());
     }
 
-    /// Counts of files have 16 bits: a folder beyond them is passed over, beat by beat, until it shrinks.
-    void cartellaOltreISediciBit()
-    {
-        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
-        Apri();
-        Battito();
-        QCOMPARE(Lista()->count(), 1);
-        const QString modello = File_Nativo(QStringLiteral("%1.acc"));
-        for (int i = 0; i < 32768; ++i) {
-            QFile file(modello.arg(i));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-        }
-        QCOMPARE(Errore_Di([] { Battito(); }), 0);
-        QCOMPARE(Lista()->count(), 1);
-        for (int i = 0; i < 32768; ++i)
-            QFile::remove(modello.arg(i));
-        Scrivi_File(QStringLiteral("22345678.acc"), Buono());
-        Battito();
-        QCOMPARE(Lista()->count(), 2);
-    }
-
     // --- hand-over ----------------------------------------------------------------------------------------
 
     void confermaApreIlVeicoloEChiudeLaLista()

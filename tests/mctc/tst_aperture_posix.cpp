@@ -68,7 +68,7 @@ private Q_SLOTS:
         const Aperture secondo(prova.Stazione.Nativo(QStringLiteral("DIR_FAR\\20000000.ACC")));
         const Aperture terzo(prova.Stazione.Nativo(QStringLiteral("DIR_FAR\\30000000.Acc")));
         QList<VoceLista> voci;
-        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint16{2});
+        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint32{2});
         QCOMPARE(primo.Conta(), 1);
         QCOMPARE(secondo.Conta(), 1);
         QCOMPARE(terzo.Conta(), 1);

@@ -23,7 +23,7 @@ private Q_SLOTS:
         prova.Scrivi(prova.Buono(), QStringLiteral("40000000.accx"));
 
         QList<VoceLista> voci;
-        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint16{1});
+        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint32{1});
         QCOMPARE(voci.size(), 2);
         QCOMPARE(voci.at(0).NomeFile, QStringLiteral("10000000.ACC"));
         QCOMPARE(voci.at(0).Targa, QStringLiteral("ZZ999ZZ"));
@@ -43,7 +43,7 @@ private Q_SLOTS:
         prova.Scrivi(prova.Buono(), QStringLiteral("222.acc"));
         prova.Scrivi("", QStringLiteral("33333333.acc"));
         QList<VoceLista> voci;
-        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint16{2});
+        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint32{2});
         QCOMPARE(voci.at(0).Targa, QString());
         QCOMPARE(voci.at(1).NomeFile, QStringLiteral("222.ACC"));
         QCOMPARE(voci.at(1).Targa, QStringLiteral("AB123CD"));
@@ -67,7 +67,7 @@ private Q_SLOTS:
             intatta = intatta && voci.size() == 1;
         });
         timer.start(0);
-        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint16{QUANTI - 1});
+        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint32{QUANTI - 1});
         QCOMPARE(voci.size(), QUANTI);
         QVERIFY2(giri > QUANTI * 3 / 2, qPrintable(QString::number(giri)));
         QVERIFY(intatta);
@@ -79,7 +79,7 @@ private Q_SLOTS:
         const ProvaAcc prova;
         prova.Scrivi(prova.Buono(), QStringLiteral("straße.acc"));
         QList<VoceLista> voci;
-        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint16{0});
+        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint32{0});
         QCOMPARE(voci.at(0).NomeFile, QStringLiteral("STRAßE.ACC"));
         QVERIFY(Fs_Esiste(gDirAcc + voci.at(0).NomeFile, 0));
     }
@@ -89,7 +89,7 @@ private Q_SLOTS:
         const ProvaAcc prova;
         prova.Scrivi(prova.Buono());
         QList<VoceLista> voci;
-        QCOMPARE(Lista_Leggi(gDirAcc.chopped(1), voci), qint16{0});
+        QCOMPARE(Lista_Leggi(gDirAcc.chopped(1), voci), qint32{0});
         QCOMPARE(voci.at(0).Targa, QStringLiteral("AB123CD"));
     }
 
@@ -98,7 +98,7 @@ private Q_SLOTS:
         const ProvaAcc prova;
         prova.Scrivi(prova.Buono());
         QList<VoceLista> voci(5);
-        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint16{0});
+        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint32{0});
         QCOMPARE(voci.size(), 1);
     }
 
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QFETCH(QString, cartella);
         const StazioneProva stazione;
         QList<VoceLista> voci(3);
-        QCOMPARE(Lista_Leggi(stazione.Percorso(cartella), voci), qint16{-1});
+        QCOMPARE(Lista_Leggi(stazione.Percorso(cartella), voci), qint32{-1});
         QCOMPARE(voci.size(), 3);
     }
 
@@ -122,21 +122,21 @@ private Q_SLOTS:
     {
         QTest::addColumn<QStringList>("prima");
         QTest::addColumn<QStringList>("dopo");
-        QTest::addColumn<qint16>("differenza");
+        QTest::addColumn<qint32>("differenza");
         const QString a = QStringLiteral("a"), b = QStringLiteral("b");
-        QTest::newRow("vuote") << QStringList() << QStringList() << qint16{-1};
-        QTest::newRow("uguali") << QStringList{a, b} << QStringList{a, b} << qint16{-1};
-        QTest::newRow("una posizione") << QStringList{a, b} << QStringList{a, a} << qint16{0};
-        QTest::newRow("due posizioni") << QStringList{a, b} << QStringList{b, a} << qint16{1};
-        QTest::newRow("una di più") << QStringList{a} << QStringList{a, b} << qint16{0};
-        QTest::newRow("tutte in meno") << QStringList{a, b} << QStringList() << qint16{0};
-        QTest::newRow("altro caso") << QStringList{a} << QStringList{QStringLiteral("A")} << qint16{0};
+        QTest::newRow("vuote") << QStringList() << QStringList() << qint32{-1};
+        QTest::newRow("uguali") << QStringList{a, b} << QStringList{a, b} << qint32{-1};
+        QTest::newRow("una posizione") << QStringList{a, b} << QStringList{a, a} << qint32{0};
+        QTest::newRow("due posizioni") << QStringList{a, b} << QStringList{b, a} << qint32{1};
+        QTest::newRow("una di più") << QStringList{a} << QStringList{a, b} << qint32{0};
+        QTest::newRow("tutte in meno") << QStringList{a, b} << QStringList() << qint32{0};
+        QTest::newRow("altro caso") << QStringList{a} << QStringList{QStringLiteral("A")} << qint32{0};
     }
     void differenze()
     {
         QFETCH(QStringList, prima);
         QFETCH(QStringList, dopo);
-        QFETCH(qint16, differenza);
+        QFETCH(qint32, differenza);
         QCOMPARE(Liste_Differenze(prima, dopo), differenza);
     }
 };
