@@ -226,7 +226,8 @@ public:
 protected:
     void focusInEvent(QFocusEvent *evento) override
     {
-        QAbstractScrollArea::focusInEvent(evento);
+        // Not the item view's own: it would choose the first line when the keyboard comes in.
+        QAbstractScrollArea::focusInEvent(evento); // NOLINT(bugprone-parent-virtual-call)
         viewport()->update();
     }
     void mousePressEvent(QMouseEvent *evento) override

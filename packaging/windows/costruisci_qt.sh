@@ -1,7 +1,7 @@
 #!/bin/sh
 # Builds the Qt for Windows from Debian's own source of it, where no archive is at hand: build/qt6-mingw. It is the
 # same Qt as this machine's, as its moc and rcc have to be.
-#   packaging/windows/costruisci_qt.sh      about 15 minutes on two cores; needs Debian's source package
+#   packaging/windows/costruisci_qt.sh      20 minutes or more on two cores; needs Debian's source package
 set -eu
 cd "$(dirname "$0")/../.."
 radice=$PWD
