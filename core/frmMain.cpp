@@ -195,8 +195,8 @@ void frmMain::frmPwd_PwdReady(quint8 &esito)
 
 // --- a test -----------------------------------------------------------------------------------------------
 
-/// Reading a full folder takes a moment and lets events run: a second press meanwhile would lay the first list,
-/// which is not heard any more, over the second.
+/// Reading a full folder takes a moment and lets events run: a second press meanwhile would lay the first
+/// list, which is not heard any more, over the second.
 void frmMain::Inizia_Prova()
 {
     if (mApertura)

@@ -2,7 +2,7 @@
 #include "link/modComm.h"
 
 #include "core/modGeneral.h"
-#include "link/seriale.h"
+#include "link/controllo_seriale.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/numeri.h"
 

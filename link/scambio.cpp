@@ -3,8 +3,8 @@
 #include "link/scambio.h"
 
 #include "core/modGeneral.h"
+#include "link/controllo_seriale.h"
 #include "link/modComm.h"
-#include "link/seriale.h"
 #include "platform/errore_esecuzione.h"
 
 namespace {

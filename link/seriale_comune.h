@@ -2,7 +2,7 @@
 // the way its events come, are the bodies' own.
 #pragma once
 
-#include "link/seriale.h"
+#include "link/controllo_seriale.h"
 
 /// Pause before the line is watched again after a wake-up that brought nothing, in ms: long enough to cost no
 /// processor time if that goes on, shorter than a beat of the exchange.

@@ -1,7 +1,8 @@
 // The serial control on Qt's serial port, for the systems that have no control of their own. It knows bytes
 // and devices, nothing of frames or sessions.
-#include "link/seriale_comune.h"
+#include "link/seriale.h"
 
+#include "link/seriale_comune.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/percorsi.h"
 

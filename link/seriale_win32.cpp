@@ -1,5 +1,7 @@
 // The serial control on the communications calls of Windows. Every call that may wait is an overlapped one,
 // whose end comes to the form loop. It knows bytes and devices, nothing of frames or sessions.
+#include "link/seriale.h"
+
 #include "link/seriale_comune.h"
 
 #include <QList>

@@ -2,8 +2,8 @@
 // by a script and fails on demand; the window records what the operator would see.
 #pragma once
 
+#include "link/controllo_seriale.h"
 #include "link/scambio.h"
-#include "link/seriale.h"
 
 #include "tests/comuni/orologio_prova.h"
 

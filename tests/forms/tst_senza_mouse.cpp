@@ -116,11 +116,13 @@ void tst_senza_mouse::tabulazioneDiOgniForm()
         if (atteso.isEmpty())
             return; // a message that goes by itself has nothing to come to
         const QStringList avanti = Giro_Di(modulo, Qt::Key_Tab, Qt::NoModifier, atteso.first());
-        QVERIFY2(avanti == atteso,
-                 qPrintable(QStringLiteral("%1: %2\nwanted %3").arg(scena, avanti.join(u' '), atteso.join(u' '))));
+        QVERIFY2(
+            avanti == atteso,
+            qPrintable(QStringLiteral("%1: %2\nwanted %3").arg(scena, avanti.join(u' '), atteso.join(u' '))));
         QStringList indietro = Giro_Di(modulo, Qt::Key_Backtab, Qt::ShiftModifier, atteso.last());
         std::reverse(indietro.begin(), indietro.end());
-        QVERIFY2(indietro == atteso, qPrintable(QStringLiteral("%1, backwards: %2").arg(scena, indietro.join(u' '))));
+        QVERIFY2(indietro == atteso,
+                 qPrintable(QStringLiteral("%1, backwards: %2").arg(scena, indietro.join(u' '))));
     });
 }
 
@@ -142,7 +144,8 @@ void tst_senza_mouse::nomiDiOgniForm()
             if (nome.isEmpty())
                 difetti.append(QStringLiteral("%1: %2 has no name").arg(scena, widget->objectName()));
             else if (detti.contains(detto))
-                difetti.append(QStringLiteral("%1: %2 is a second \"%3\"").arg(scena, widget->objectName(), nome));
+                difetti.append(
+                    QStringLiteral("%1: %2 is a second \"%3\"").arg(scena, widget->objectName(), nome));
             detti.append(detto);
         }
     });
