@@ -127,7 +127,7 @@ void frmComm::Mostra_Titolo(const QString &testo)
 void frmComm::Mostra_Lbl(const QString &testo)
 {
     lbl[0].Caption(testo);
-    Finestra()->setAccessibleName(testo); // the window has no title before the exchange has begun
+    NomeAccessibile(testo); // the window has no title before the exchange has begun
 }
 
 void frmComm::Mostra_Tx(const QString &esadecimale)

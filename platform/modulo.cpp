@@ -268,6 +268,12 @@ void Modulo::Caption(const QString &testo)
         m_finestra->setWindowTitle(testo);
 }
 
+void Modulo::NomeAccessibile(const QString &nome)
+{
+    if (m_finestra != nullptr)
+        m_finestra->setAccessibleName(nome);
+}
+
 void Modulo::Linea(qint32 x1, qint32 y1, qint32 x2, qint32 y2)
 {
     m_segmenti.push_back({x1, y1, x2, y2});

@@ -58,6 +58,8 @@ public:
     void InPrimoPiano();
     QString Caption() const;
     void Caption(const QString &testo);
+    /// What a screen reader calls the window, in place of its title.
+    void NomeAccessibile(const QString &nome);
 
     /// Draws a segment in the default colour; counts only inside Paint.
     void Linea(qint32 x1, qint32 y1, qint32 x2, qint32 y2);
