@@ -156,17 +156,17 @@ public:
     Sosta()
     {
         m_orologio.start();
-        m_contesto.callOnTimeout([this] {
+        m_battito.callOnTimeout([this] {
             m_massima = std::max(m_massima, m_orologio.nsecsElapsed());
             m_orologio.start();
         });
-        m_contesto.start(0);
+        m_battito.start(0);
     }
     double Millisecondi() const { return static_cast<double>(m_massima) / 1e6; }
 
 private:
     QElapsedTimer m_orologio;
-    QTimer m_contesto;
+    QTimer m_battito;
     qint64 m_massima = 0;
 };
 

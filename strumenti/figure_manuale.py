@@ -123,9 +123,18 @@ class Figure:
         self.scatta(figura)
         self.programma.premi("Esci")
 
+    def prove(self):
+        self.file_errato()
+        self.veicolo(BUONI[0], ("lista", "veicolo", "collegamento"))
+        self.esito("ESITO REGOLARE", "esito_regolare")
+        self.menu()
+        self.veicolo(BUONI[1])
+        self.esito("ESITO IRREGOLARE", "esito_irregolare")
+
     def debug(self):
         """A session that stays open, with its traffic."""
         programma = self.programma
+        self.veicolo(BUONI[2])
         programma.attendi_testo("Scambio con lo strumento completato")
         self.scatta("debug")
         programma.premi("Interrompi")
@@ -133,26 +142,11 @@ class Figure:
         programma.premi("Esci")
 
 
-def amministrazione(figure):
-    figure.amministrazione()
-
-
-def prove(figure):
-    figure.file_errato()
-    figure.veicolo(BUONI[0], ("lista", "veicolo", "collegamento"))
-    figure.esito("ESITO REGOLARE", "esito_regolare")
-    figure.menu()
-    figure.veicolo(BUONI[1])
-    figure.esito("ESITO IRREGOLARE", "esito_irregolare")
-
-
-def debug(figure):
-    figure.veicolo(BUONI[2])
-    figure.debug()
-
-
 def giro(stazione, uscita, passi, **valori):
-    """One run of the program, from its menu to its end. @param valori Sezione__Chiave="value", for this run."""
+    """One run of the program, from its menu to its end.
+
+    @param passi what of Figure to do. @param valori Sezione__Chiave="value", for this run.
+    """
     prima = {nome: stazione.ini.valore(*nome.split("__")) for nome in valori}
     schermo = operatore.SchermoVirtuale()
     try:
@@ -185,9 +179,9 @@ def main(argomenti):
         stazione.accettazione(ERRATO, DatiLibrettoVeicolo__Targa="AB")
         strumento = operatore.Strumento(stazione.percorso("simulatore", "qx5sim"), stazione, SCENARIO)
         try:
-            giro(stazione, uscita, amministrazione, **{f"MCTC__{nome}": CARTELLA_MOSTRATA for nome in CARTELLE})
-            giro(stazione, uscita, prove)
-            giro(stazione, uscita, debug, GENERAL__Debug="1")
+            giro(stazione, uscita, Figure.amministrazione, **{f"MCTC__{nome}": CARTELLA_MOSTRATA for nome in CARTELLE})
+            giro(stazione, uscita, Figure.prove)
+            giro(stazione, uscita, Figure.debug, GENERAL__Debug="1")
         finally:
             strumento.spegni()
 

@@ -490,16 +490,22 @@ private Q_SLOTS:
         QVERIFY(regia.Finita());
     }
 
-    /// A press that falls into the reading of the worklist opens no second list: the one that shows is heard.
+    void secondaPressioneDuranteLaLettura_data() { uscitaDuranteLaLettura_data(); }
+    /// A press that falls into the reading of the folder opens no second list: the one that shows is heard.
     void secondaPressioneDuranteLaLettura()
     {
+        QFETCH(int, caricati);
         banco->Stazione.Accettazione(FILE_ACC);
         Apri();
         int volte = 0;
-        QTimer::singleShot(0, form.get(), [this, &volte] {
-            ++volte;
-            Premi_Prova();
+        QTimer attesa;
+        connect(&attesa, &QTimer::timeout, form.get(), [&] {
+            if (volte == 0 && Nomi_Caricati().size() == caricati) {
+                ++volte;
+                Premi_Prova();
+            }
         });
+        attesa.start(0);
         Premi_Prova();
         QCOMPARE(volte, 1);
         QCOMPARE(Nomi_Caricati(), QStringList({QStringLiteral("frmMain"), QStringLiteral("frmMctcO")}));
