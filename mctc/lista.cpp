@@ -28,12 +28,14 @@ qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
 {
     QString conBarra = cartella;
     QStringList nomi;
+    // A folder of thousands takes longer than an operator who presses a button waits for an answer: events
+    // run between the poll's listing and this one, and between two files.
+    QCoreApplication::processEvents();
     const qint32 ultima = Nomi_Elenca(conBarra, nomi);
     if (ultima < 0)
         return -1;
     QList<VoceLista> lette;
     for (const QString &nome : std::as_const(nomi)) {
-        // A folder of thousands takes longer than an operator who presses a button waits for an answer.
         QCoreApplication::processEvents();
         VoceLista voce;
         voce.NomeFile = Maiuscole(nome);
