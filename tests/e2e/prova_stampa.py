@@ -89,7 +89,7 @@ def testi_fissi(g):
         yield titolo, SINISTRA, g.MX, g.y(base)
         yield "Reg.", CENTRO, g.X1, g.y(base + 1)
         yield "Irreg.", CENTRO, g.X2, g.y(base + 1)
-        for i, voce in enumerate(("Orientamento verticale", "Orientamento orizzontale", "Intensità luminosa (lux)")):
+        for i, voce in enumerate(("Orientamento verticale", "Orientamento orizzontale", "Illuminamento (lux)")):
             yield voce, SINISTRA, g.MX, g.y(base + 2 + 3 * i)
             yield "Destro", CENTRO, g.X0, g.y(base + 2 + 3 * i)
             yield "Sinistro", CENTRO, g.X0, g.y(base + 3 + 3 * i)
