@@ -31,7 +31,9 @@ VEICOLI = {
 def prepara(cartella):
     """Makes a fresh installation, or that of the last time, ready for a demonstration."""
     stazione = operatore.Stazione(cartella)
-    stazione.imposta("MCTC", "Modalita", "1")
+    # The network's folders: with local ones the acceptance file is gone before the report is printed, and the
+    # vehicle is blank on it.
+    stazione.imposta("MCTC", "Modalita", "0")
     stazione.imposta("MCTC", "IniFile", "1")
     for resto in stazione.scambio.iterdir():
         resto.unlink()

@@ -47,6 +47,25 @@ constexpr Uguale UGUALI[] = {
     {FILE_MCTC,   141, u"No"       },
 };
 
+/// A word that names something else to an inspector of that country.
+struct Improprio
+{
+    const char16_t *lingua;
+    const char16_t *parola; // in small letters
+};
+
+/// Lux is the unit of illuminance; a lamp's own height and dip have their words, too.
+constexpr Improprio IMPROPRI[] = {
+    {u"IT", u"intensità"  },
+    {u"FR", u"intensité"  },
+    {u"FR", u"lumineuse"   },
+    {u"FR", u"inclin"      },
+    {u"EN", u"intensity"   },
+    {u"ES", u"intensidad"  },
+    {u"DE", u"lichtstärke"},
+    {u"DE", u"lampenhöhe" },
+};
+
 /// Bytes of each text, by its key, of each section. Byte by byte: the product's own reading passes over what
 /// a file has too much, or cuts it.
 using Sezione = QMap<QByteArray, QByteArray>;
@@ -403,6 +422,21 @@ private Q_SLOTS:
             const QString testo = Testo_DaAnsi(byte);
             if (Struttura_Di(testo) != Struttura_Di(italiano))
                 falli.append(Dove(file, lingua, chiave) + testo + QStringLiteral(" <> ") + italiano);
+        });
+        Senza_Falli(falli);
+    }
+
+    void nessunaParolaImpropria()
+    {
+        QStringList falli;
+        Per_Ogni_Testo([&](const QString &file, const QString &lingua, const QByteArray &chiave,
+                           const QByteArray &byte) {
+            const QString testo = Testo_DaAnsi(byte);
+            for (const Improprio &improprio : IMPROPRI) {
+                if (lingua == QString::fromUtf16(improprio.lingua) &&
+                    testo.toLower().contains(QString::fromUtf16(improprio.parola)))
+                    falli.append(Dove(file, lingua, chiave) + testo);
+            }
         });
         Senza_Falli(falli);
     }

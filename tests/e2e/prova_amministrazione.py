@@ -104,18 +104,19 @@ class Amministrazione(ProvaStazione):
         programma.clicca("check box", "Sblocca limiti")
         self.password(programma, "sbagliata")
         programma.attendi_pulsante("Verifica periodica")
-        programma.clicca("text", "Intensità min (lux)")
+        limite = "Illuminamento min (lux)"
+        programma.clicca("text", limite)
         programma.schermo.scrivi("9")
 
         def chiusi():
-            return programma.valore("Intensità min (lux)") == "3750" and programma.spuntata("Sblocca limiti") is False
+            return programma.valore(limite) == "3750" and programma.spuntata("Sblocca limiti") is False
 
         resta(chiusi, 1, "limiti chiusi")
 
         programma.clicca("check box", "Sblocca limiti")
         self.password(programma, "lumira")
         programma.attendi_pulsante("Verifica periodica")
-        programma.compila("Intensità min (lux)", "24400")
+        programma.compila(limite, "24400")
         programma.premi("Ok")
         programma.attendi_pulsante("Prova proiettori")
         self.assertEqual(self.stazione.ini.valore("PARAMETRI", "LuxMinAnab"), "24400")

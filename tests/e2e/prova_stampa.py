@@ -1,15 +1,23 @@
 """The printed report: what comes out of the printer, and what the operator is told when nothing can."""
 
+import contextlib
 import html
+import io
 import re
 import shutil
 import subprocess
+import sys
 import tempfile
 import time
+from pathlib import Path
 
 from operatore import attendi
 from prova import ProvaStazione, veicolo
 from stampante import Stampante
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "strumenti"))
+
+import dimostrazione  # noqa: E402
 
 SENZA_STAMPANTE = "Nessuna stampante pronta"
 
@@ -89,7 +97,7 @@ def testi_fissi(g):
         yield titolo, SINISTRA, g.MX, g.y(base)
         yield "Reg.", CENTRO, g.X1, g.y(base + 1)
         yield "Irreg.", CENTRO, g.X2, g.y(base + 1)
-        for i, voce in enumerate(("Orientamento verticale", "Orientamento orizzontale", "Intensità luminosa (lux)")):
+        for i, voce in enumerate(("Orientamento verticale", "Orientamento orizzontale", "Illuminamento (lux)")):
             yield voce, SINISTRA, g.MX, g.y(base + 2 + 3 * i)
             yield "Destro", CENTRO, g.X0, g.y(base + 2 + 3 * i)
             yield "Sinistro", CENTRO, g.X0, g.y(base + 3 + 3 * i)
@@ -204,6 +212,18 @@ class Stampa(ProvaStazione):
         self.pagina_giusta(foglio, 11906, 16838)
         for targa in ("ZZ999ZZ", "AA000AA"):
             self.assertNotIn(targa, [parola for parola, _ in foglio.parole])
+
+    def test_la_dimostrazione_mostra_il_veicolo_sul_rapporto(self):
+        stazione = dimostrazione.prepara(self.stazione.cartella)
+        self.addCleanup(dimostrazione.accendi_strumento(stazione).spegni)
+        with contextlib.redirect_stdout(io.StringIO()):
+            dimostrazione.porta_un_veicolo(stazione, self.schermo, self.stampante)
+        foglio = Foglio(dimostrazione.rapporto(stazione))
+        valori = next(iter(dimostrazione.VEICOLI.values()))
+        g = Geometria(11906, 16838)
+        righe = (("Marca:", "Fabbrica"), ("Modello:", "Tipo"), ("Targa:", "Targa"))
+        for riga, (etichetta, chiave) in enumerate(righe, 13):
+            self.sta(foglio, f"{etichetta} {valori[chiave]}", SINISTRA, g.CX, g.y(riga))
 
     def test_senza_coda_un_messaggio_e_il_risultato_resta(self):
         self.stampante.amministra("lpadmin", "-x", Stampante.CODA)
