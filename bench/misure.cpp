@@ -1,18 +1,18 @@
 // The times that docs/prestazioni.md tells: profile reads, a language table, the check of an acceptance file,
 // the poll of a full exchange folder, the worklist's longest stall, one evaluation.
-#include "core/avvio.h"
-#include "core/modApp.h"
+#include "app/avvio.h"
+#include "app/modApp.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
+#include "core/modReport.h"
 #include "link/protocollo.h"
 #include "mctc/campi_acc.h"
 #include "mctc/frmMctcO.h"
 #include "mctc/lista.h"
 #include "mctc/modMctc.h"
-#include "platform/controlli.h"
 #include "platform/profilo.h"
-#include "platform/schermo.h"
-#include "report/modReport.h"
+#include "toolkit/controlli.h"
+#include "toolkit/schermo.h"
 
 #include <benchmark/benchmark.h>
 

@@ -4,6 +4,6 @@ find_program(LUMIRA_RUN_CLANG_TIDY NAMES run-clang-tidy run-clang-tidy-14)
 if(LUMIRA_RUN_CLANG_TIDY)
   add_custom_target(tidy
     COMMAND ${LUMIRA_RUN_CLANG_TIDY} -quiet -p ${PROJECT_BINARY_DIR}
-            "^${PROJECT_SOURCE_DIR}/(platform|core|link|mctc|report|setup|dialogs|simulatore|strumenti)/[^/]*[.]cpp$"
+            "^${PROJECT_SOURCE_DIR}/(platform|toolkit|core|dialogs|link|report|mctc|setup|app|simulatore|strumenti)/[^/]*[.]cpp$"
     COMMENT "clang-tidy" USES_TERMINAL VERBATIM)
 endif()

@@ -2,8 +2,9 @@
 #include "core/modCtl.h"
 
 #include "core/modGeneral.h"
-#include "platform/aspetto.h"
+#include "platform/colori.h"
 #include "platform/errore_esecuzione.h"
+#include "toolkit/aspetto.h"
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/campo_form.h"
-#include "platform/modulo.h"
+#include "toolkit/modulo.h"
 
 /// Maps a place on the design grid of 15360 by 11520 to the screen, in twips; a half goes to the even
 /// neighbour. @throws ErroreEsecuzione 6 when the product passes 32 bits.

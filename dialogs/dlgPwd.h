@@ -2,8 +2,8 @@
 // pressed; anything else closes it after a longer one. Where the password is kept is its owner's business.
 #pragma once
 
-#include "platform/modulo.h"
 #include "platform/temporizzatore.h"
+#include "toolkit/modulo.h"
 
 /// What the box reports.
 enum EsitoPwd : quint8

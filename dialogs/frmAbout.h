@@ -1,7 +1,7 @@
 // Who the supplier is and which program this is: seven lines of configuration.
 #pragma once
 
-#include "platform/modulo.h"
+#include "toolkit/modulo.h"
 
 class frmAbout : public Modulo
 {

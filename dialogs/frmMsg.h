@@ -2,8 +2,8 @@
 // the main window exists.
 #pragma once
 
-#include "platform/modulo.h"
 #include "platform/temporizzatore.h"
+#include "toolkit/modulo.h"
 
 class frmMsg : public Modulo
 {

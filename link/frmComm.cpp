@@ -3,12 +3,12 @@
 
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
+#include "core/modReport.h"
 #include "dialogs/dlgPwd.h"
 #include "link/seriale.h"
-#include "platform/applicazione.h"
-#include "platform/aspetto.h"
-#include "platform/schermo.h"
-#include "report/modReport.h"
+#include "toolkit/applicazione.h"
+#include "toolkit/aspetto.h"
+#include "toolkit/schermo.h"
 
 namespace {
 

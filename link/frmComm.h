@@ -3,7 +3,7 @@
 #pragma once
 
 #include "link/scambio.h"
-#include "platform/modulo.h"
+#include "toolkit/modulo.h"
 
 #include <QStringList>
 #include <QVariant>

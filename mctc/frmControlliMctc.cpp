@@ -3,7 +3,7 @@
 
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
-#include "platform/schermo.h"
+#include "toolkit/schermo.h"
 
 #include <array>
 

@@ -2,7 +2,7 @@
 // levels, and what is changed here is not kept.
 #pragma once
 
-#include "platform/modulo.h"
+#include "toolkit/modulo.h"
 
 class frmControlliMctc : public Modulo
 {

@@ -9,10 +9,11 @@
 #include "mctc/campi_acc.h"
 #include "mctc/controllo_valori.h"
 #include "mctc/modMctc.h"
-#include "platform/aspetto.h"
+#include "platform/colori.h"
 #include "platform/errore_esecuzione.h"
-#include "platform/schermo.h"
 #include "report/frmMctc2.h"
+#include "toolkit/aspetto.h"
+#include "toolkit/schermo.h"
 
 #include <QScopedValueRollback>
 

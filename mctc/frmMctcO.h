@@ -3,8 +3,8 @@
 #pragma once
 
 #include "mctc/lista.h"
-#include "platform/modulo.h"
 #include "platform/temporizzatore.h"
+#include "toolkit/modulo.h"
 
 #include <QVariant>
 

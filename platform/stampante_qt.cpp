@@ -2,8 +2,8 @@
 // reaches the paper is the queues' business (code_stampa.h).
 #include "platform/stampante_qt.h"
 
-#include "platform/aspetto.h"
 #include "platform/code_stampa.h"
+#include "platform/colore_qt.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/tipi.h"
 

@@ -5,14 +5,15 @@
 #include "core/limiti.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
+#include "core/modReport.h"
 #include "core/risultato.h"
 #include "dialogs/frmMsg.h"
-#include "platform/aspetto.h"
+#include "platform/colori.h"
 #include "platform/numeri.h"
-#include "platform/schermo.h"
-#include "platform/segnale.h"
-#include "report/modReport.h"
 #include "report/pagina.h"
+#include "toolkit/aspetto.h"
+#include "toolkit/schermo.h"
+#include "toolkit/segnale.h"
 
 #include <array>
 

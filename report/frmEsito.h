@@ -2,8 +2,8 @@
 // failed, and the report. It reads the result record and changes nothing.
 #pragma once
 
-#include "platform/modulo.h"
 #include "platform/temporizzatore.h"
+#include "toolkit/modulo.h"
 
 #include <QVariant>
 

@@ -6,7 +6,7 @@
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
 #include "platform/numeri.h"
-#include "platform/schermo.h"
+#include "toolkit/schermo.h"
 
 #include <array>
 

@@ -2,7 +2,7 @@
 // data and confirms them to start the test.
 #pragma once
 
-#include "platform/modulo.h"
+#include "toolkit/modulo.h"
 
 #include <QVariant>
 

@@ -2,7 +2,7 @@
 // lumira.ini only if the instrument took it.
 #pragma once
 
-#include "platform/modulo.h"
+#include "toolkit/modulo.h"
 
 #include <QVariant>
 

@@ -2,11 +2,11 @@
 #include "report/pagina.h"
 
 #include "core/modGeneral.h"
+#include "core/modReport.h"
 #include "core/risultato.h"
 #include "platform/colori.h"
 #include "platform/errore_esecuzione.h"
 #include "report/modPrn.h"
-#include "report/modReport.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The workshop's own data, printed at the head of the report.
 #pragma once
 
-#include "platform/modulo.h"
+#include "toolkit/modulo.h"
 
 #include <QVariant>
 

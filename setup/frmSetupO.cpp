@@ -12,8 +12,8 @@
 #include "platform/elenco.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/numeri.h"
-#include "platform/schermo.h"
 #include "report/frmVerPerO.h"
+#include "toolkit/schermo.h"
 
 #include <array>
 

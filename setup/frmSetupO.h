@@ -2,7 +2,7 @@
 // serial port. It also reads the instrument into the configuration and writes the operator to it.
 #pragma once
 
-#include "platform/modulo.h"
+#include "toolkit/modulo.h"
 
 #include <QVariant>
 

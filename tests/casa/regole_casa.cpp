@@ -6,41 +6,33 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
-#include <functional>
+#include <algorithm>
+#include <iterator>
 
 namespace {
 
-/// Places in the order of the one way in. Nothing of the house includes what stands beside it.
-enum Livello
-{
-    Piattaforma,
-    Moduli,
-    Form,
-    FormPrincipale,
-    Avvio,
-    Accanto,
-};
+/// The folders of the house, from the ground up: each may include those before it, and none behind it.
+constexpr const char16_t *CARTELLE[] = {u"platform", u"toolkit", u"core",  u"dialogs", u"link",
+                                        u"report",   u"mctc",    u"setup", u"app"};
 
 QString Cartella_Di(const QString &file)
 {
     return file.section(u'/', 0, 0);
 }
 
-Livello Livello_Di(const QString &file)
+/// Place of a file's folder in that order; behind them all stands what is beside the house, tests and tools.
+qsizetype Piano_Di(const QString &file)
+{
+    const auto *posto = std::find(std::begin(CARTELLE), std::end(CARTELLE), Cartella_Di(file));
+    return std::distance(std::begin(CARTELLE), posto);
+}
+
+/// What must do without a window: all of the house above the toolkit but forms and the program's start.
+bool Senza_Finestra(const QString &file)
 {
     const QString nome = QFileInfo(file).completeBaseName();
-    const QString cartella = Cartella_Di(file);
-    if (cartella == u"platform")
-        return Piattaforma;
-    if (!QStringList{QStringLiteral("core"), QStringLiteral("link"), QStringLiteral("mctc"),
-                     QStringLiteral("report"), QStringLiteral("setup"), QStringLiteral("dialogs")}
-             .contains(cartella))
-        return Accanto;
-    if (nome == u"modMain")
-        return Avvio;
-    if (nome == u"frmMain")
-        return FormPrincipale;
-    return nome.startsWith(u"frm") || nome.startsWith(u"dlg") ? Form : Moduli;
+    const bool form = nome.startsWith(u"frm") || nome.startsWith(u"dlg") || nome == u"modMain";
+    return !form && Piano_Di(file) >= 2 && Piano_Di(file) < std::ssize(CARTELLE);
 }
 
 /// Header and bodies of one thing: the path without extension and without the name of a system.
@@ -230,11 +222,11 @@ QStringList Finestre_NeiModuli(const Sorgenti &sorgenti, const QSet<QString> &fi
 
     QStringList falli;
     for (auto i = grafo.cbegin(); i != grafo.cend(); ++i) {
-        if (Livello_Di(i.key()) != Moduli)
+        if (!Senza_Finestra(i.key()))
             continue;
         if (diretta.contains(i.key()))
             falli.append(i.key() + QStringLiteral(" includes ") + diretta.value(i.key()));
-        // These two make the controls and the drawings of the forms, through the types of platform/.
+        // These two make the controls and the drawings of the forms, through types of toolkit/ and platform/.
         const QString unita = Unita_Di(i.key());
         if (unita == u"core/modCtl" || unita == u"report/modPrn")
             continue;
@@ -271,7 +263,7 @@ QStringList Inclusioni_InSalita(const Sorgenti &sorgenti)
     const QMap<QString, Inclusioni> inclusioni = Inclusioni_Di(sorgenti);
     for (auto i = inclusioni.cbegin(); i != inclusioni.cend(); ++i) {
         for (const QString &altro : i->file) {
-            if (Livello_Di(altro) > Livello_Di(i.key()))
+            if (Piano_Di(altro) > Piano_Di(i.key()))
                 falli.append(i.key() + QStringLiteral(" includes ") + altro);
         }
     }

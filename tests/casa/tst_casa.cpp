@@ -63,7 +63,7 @@ private Q_SLOTS:
     void initTestCase()
     {
         m_casa = Sorgenti_Leggi(QStringLiteral(LUMIRA_SORGENTE));
-        for (const char16_t *file : {u"core/modGeneral.h", u"core/modMain.cpp", u"platform/profilo_posix.cpp",
+        for (const char16_t *file : {u"core/modGeneral.h", u"app/modMain.cpp", u"platform/profilo_posix.cpp",
                                      u"link/seriale.h", u"mctc/modMctc.cpp"})
             QVERIFY2(m_casa.contains(QString::fromUtf16(file)), qPrintable(QString::fromUtf16(file)));
     }
@@ -124,32 +124,32 @@ private Q_SLOTS:
     {
         const QSet<QString> finestre = {QStringLiteral("QWidget"), QStringLiteral("QPainter")};
         const Alberello albero{
-            {"core/modA.cpp",        "#include <QWidget>\n"               },
-            {"core/modCtl.cpp",      "#include <QtWidgets/QWidget>\n"     },
-            {"link/scambio.cpp",     "#include \"platform/controlli.h\"\n"},
-            {"mctc/lista.h",         "#include \"link/lontano.h\"\n"      },
-            {"link/lontano.h",       "#include \"platform/controlli.h\"\n"},
-            {"platform/controlli.h", "#include \"platform/base.h\"\n"     },
-            {"platform/base.h",      "#include <QPainter>\n"              },
+            {"core/modA.cpp",       "#include <QWidget>\n"              },
+            {"core/modCtl.cpp",     "#include <QtWidgets/QWidget>\n"    },
+            {"link/scambio.cpp",    "#include \"toolkit/controlli.h\"\n"},
+            {"mctc/lista.h",        "#include \"link/lontano.h\"\n"     },
+            {"link/lontano.h",      "#include \"toolkit/controlli.h\"\n"},
+            {"toolkit/controlli.h", "#include \"toolkit/base.h\"\n"     },
+            {"toolkit/base.h",      "#include <QPainter>\n"             },
         };
         QCOMPARE(Finestre_NeiModuli(albero.Leggi(), finestre),
                  (QStringList{QStringLiteral("core/modA.cpp includes QWidget"),
                               QStringLiteral("core/modCtl.cpp includes QWidget"),
-                              QStringLiteral("link/lontano.h reaches platform/base.h"),
-                              QStringLiteral("link/scambio.cpp reaches platform/base.h"),
-                              QStringLiteral("mctc/lista.h reaches platform/base.h")}));
+                              QStringLiteral("link/lontano.h reaches toolkit/base.h"),
+                              QStringLiteral("link/scambio.cpp reaches toolkit/base.h"),
+                              QStringLiteral("mctc/lista.h reaches toolkit/base.h")}));
     }
     void finestreAlLoroPostoPassano()
     {
         const QSet<QString> finestre = {QStringLiteral("QWidget")};
         const Alberello albero{
-            {"platform/controlli.h", "#include <QWidget>\n"                       },
-            {"core/modCtl.h",        "#include \"platform/controlli.h\"\n"        },
-            {"report/modPrn.cpp",    "#include \"platform/controlli.h\"\n"        },
-            {"core/frmMain.cpp",     "#include <QWidget>\n"                       },
-            {"core/modMain.cpp",     "#include \"platform/controlli.h\"\n"        },
-            {"dialogs/dlgPwd.h",     "#include \"platform/controlli.h\"\n"        },
-            {"core/modA.cpp",        "#include <QString>\n// #include <QWidget>\n"},
+            {"toolkit/controlli.h", "#include <QWidget>\n"                       },
+            {"core/modCtl.h",       "#include \"toolkit/controlli.h\"\n"         },
+            {"report/modPrn.cpp",   "#include \"toolkit/controlli.h\"\n"         },
+            {"app/frmMain.cpp",     "#include <QWidget>\n"                       },
+            {"app/modMain.cpp",     "#include \"toolkit/controlli.h\"\n"         },
+            {"dialogs/dlgPwd.h",    "#include \"toolkit/controlli.h\"\n"         },
+            {"core/modA.cpp",       "#include <QString>\n// #include <QWidget>\n"},
         };
         QCOMPARE(Finestre_NeiModuli(albero.Leggi(), finestre), QStringList());
     }
@@ -214,15 +214,16 @@ private Q_SLOTS:
         const auto riga = [](const char *chi, const char *cosa) {
             QTest::addRow("%s, %s", chi, cosa) << QString::fromLatin1(chi) << QString::fromLatin1(cosa);
         };
-        riga("platform/a.cpp", "core/modGeneral.h");
-        riga("platform/a.cpp", "dialogs/frmMsg.h");
-        riga("core/modA.cpp", "link/frmComm.h");
-        riga("mctc/lista.h", "dialogs/dlgPwd.h");
-        riga("core/modCtl.cpp", "core/frmMain.h");
-        riga("link/frmComm.cpp", "core/frmMain.h");
-        riga("core/frmMain.cpp", "core/modMain.h");
+        riga("platform/a.cpp", "toolkit/modulo.h");
+        riga("toolkit/a.cpp", "core/modGeneral.h");
+        riga("core/modA.cpp", "dialogs/frmMsg.h");
+        riga("dialogs/frmA.cpp", "link/frmComm.h");
+        riga("link/frmComm.cpp", "report/modPrn.h");
+        riga("report/frmA.cpp", "mctc/lista.h");
+        riga("mctc/frmA.cpp", "setup/frmSetupO.h");
+        riga("setup/frmA.cpp", "app/frmMain.h");
         riga("core/modA.cpp", "simulatore/trama.h");
-        riga("core/modMain.cpp", "tests/comuni/prova.h");
+        riga("app/modMain.cpp", "tests/comuni/prova.h");
     }
     void inclusioniInSalitaSiVedono()
     {

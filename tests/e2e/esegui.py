@@ -19,7 +19,8 @@ import unittest
 from pathlib import Path
 
 CARTELLA = Path(__file__).resolve().parent
-sys.path.insert(0, str(CARTELLA))
+ATTREZZI = CARTELLA.parents[1] / "attrezzi"
+sys.path[:0] = [str(CARTELLA), str(ATTREZZI)]
 
 import operatore  # noqa: E402
 

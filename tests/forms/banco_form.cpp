@@ -1,8 +1,8 @@
 #include "tests/forms/banco_form.h"
 
 #include "core/modGeneral.h"
-#include "platform/aspetto.h"
-#include "platform/schermo.h"
+#include "toolkit/aspetto.h"
+#include "toolkit/schermo.h"
 
 #include <QApplication>
 #include <QLocale>

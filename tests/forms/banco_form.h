@@ -4,10 +4,10 @@
 #pragma once
 
 #include "platform/errore_esecuzione.h"
-#include "platform/modulo.h"
 #include "tests/comuni/orologio_prova.h"
 #include "tests/comuni/stazione_prova.h"
 #include "tests/forms/modulo_prova.h"
+#include "toolkit/modulo.h"
 
 #include <QColor>
 #include <QImage>

@@ -1,6 +1,6 @@
 #include "tests/forms/difetti_prova.h"
 
-#include "platform/modulo.h"
+#include "toolkit/modulo.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

@@ -2,7 +2,7 @@
 // it inside them.
 #pragma once
 
-#include "platform/modulo.h"
+#include "toolkit/modulo.h"
 
 #include <QStringList>
 

@@ -2,7 +2,7 @@
 // box, which would otherwise wait for somebody to close it.
 #pragma once
 
-#include "platform/applicazione.h"
+#include "toolkit/applicazione.h"
 
 #include <QMessageBox>
 #include <QTest>

@@ -1,6 +1,6 @@
 #include "tests/forms/scene_prova.h"
 
-#include "core/frmMain.h"
+#include "app/frmMain.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"

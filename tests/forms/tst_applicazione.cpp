@@ -1,4 +1,4 @@
-#include "platform/applicazione.h"
+#include "toolkit/applicazione.h"
 
 #include "platform/errore_esecuzione.h"
 #include "tests/forms/figlio_prova.h"

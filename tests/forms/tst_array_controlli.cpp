@@ -1,8 +1,8 @@
-#include "platform/array_controlli.h"
+#include "toolkit/array_controlli.h"
 
-#include "platform/controlli.h"
 #include "tests/comuni/errore_prova.h"
 #include "tests/forms/principale_prova.h"
+#include "toolkit/controlli.h"
 
 class tst_array_controlli : public QObject
 {

@@ -1,9 +1,9 @@
-#include "platform/aspetto.h"
+#include "toolkit/aspetto.h"
 
-#include "platform/controlli.h"
-#include "platform/schermo.h"
 #include "tests/forms/difetti_prova.h"
 #include "tests/forms/principale_prova.h"
+#include "toolkit/controlli.h"
+#include "toolkit/schermo.h"
 
 #include <QPalette>
 
@@ -182,4 +182,5 @@ int main(int argc, char **argv)
     return Principale_Prova<tst_aspetto>(argc, argv);
 }
 
+#include "platform/colore_qt.h"
 #include "tst_aspetto.moc"

@@ -1,10 +1,10 @@
-#include "platform/controlli.h"
+#include "toolkit/controlli.h"
 
-#include "platform/aspetto.h"
 #include "platform/errore_esecuzione.h"
-#include "platform/schermo.h"
 #include "tests/comuni/errore_prova.h"
 #include "tests/forms/principale_prova.h"
+#include "toolkit/aspetto.h"
+#include "toolkit/schermo.h"
 
 #include <QAccessible>
 #include <QCheckBox>
@@ -1039,4 +1039,5 @@ int main(int argc, char **argv)
     return Principale_Prova<tst_controlli>(argc, argv);
 }
 
+#include "platform/colore_qt.h"
 #include "tst_controlli.moc"

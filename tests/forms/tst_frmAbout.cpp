@@ -2,11 +2,11 @@
 #include "dialogs/frmAbout.h"
 
 #include "core/modGeneral.h"
-#include "platform/aspetto.h"
-#include "platform/schermo.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/ini_prova.h"
 #include "tests/forms/principale_prova.h"
+#include "toolkit/aspetto.h"
+#include "toolkit/schermo.h"
 
 #include <QTest>
 

@@ -4,12 +4,12 @@
 
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
+#include "core/modReport.h"
 #include "dialogs/dlgPwd.h"
-#include "platform/applicazione.h"
-#include "platform/schermo.h"
-#include "report/modReport.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/seriale_prova.h"
+#include "toolkit/applicazione.h"
+#include "toolkit/schermo.h"
 
 #include <QListWidget>
 #include <QMessageBox>

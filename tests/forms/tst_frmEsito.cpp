@@ -5,11 +5,11 @@
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
-#include "platform/aspetto.h"
-#include "platform/segnale.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
+#include "toolkit/aspetto.h"
+#include "toolkit/segnale.h"
 
 #include <QFile>
 #include <QLocale>
@@ -443,4 +443,5 @@ int main(int argc, char **argv)
 {
     return Principale_Prova<tst_frmEsito>(argc, argv);
 }
+#include "platform/colori.h"
 #include "tst_frmEsito.moc"

@@ -4,10 +4,10 @@
 
 #include "core/limiti.h"
 #include "core/modGeneral.h"
+#include "core/modReport.h"
 #include "core/risultato.h"
 #include "dialogs/frmMsg.h"
 #include "report/modPrn.h"
-#include "report/modReport.h"
 #include "tests/comuni/stampa_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/principale_prova.h"

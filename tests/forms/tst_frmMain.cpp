@@ -1,6 +1,6 @@
 // The main window: its menu and picture, and the flow of a test from the menu to the result screen, on a line
 // of the test's own.
-#include "core/frmMain.h"
+#include "app/frmMain.h"
 
 #include "core/limiti.h"
 #include "core/modCtl.h"
@@ -8,14 +8,14 @@
 #include "core/risultato.h"
 #include "dialogs/dlgPwd.h"
 #include "mctc/frmMctcO.h"
-#include "platform/applicazione.h"
-#include "platform/schermo.h"
 #include "report/frmMctc2.h"
 #include "setup/frmSetupO.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
 #include "tests/forms/seriale_prova.h"
+#include "toolkit/applicazione.h"
+#include "toolkit/schermo.h"
 
 #include <QDir>
 #include <QFile>

@@ -4,10 +4,10 @@
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
-#include "platform/schermo.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
+#include "toolkit/schermo.h"
 
 #include <QCheckBox>
 #include <QFile>

@@ -3,13 +3,13 @@
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "platform/colori.h"
-#include "platform/schermo.h"
 #include "tests/comuni/orologio_prova.h"
 #include "tests/comuni/stazione_prova.h"
 #include "tests/forms/difetti_prova.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/modulo_prova.h"
 #include "tests/forms/principale_prova.h"
+#include "toolkit/schermo.h"
 
 #include <QLabel>
 #include <QPushButton>

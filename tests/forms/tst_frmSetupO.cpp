@@ -6,12 +6,12 @@
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
 #include "link/protocollo.h"
-#include "platform/schermo.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/ini_prova.h"
 #include "tests/forms/principale_prova.h"
 #include "tests/forms/strumento_prova.h"
 #include "tests/forms/tastiera_prova.h"
+#include "toolkit/schermo.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>

@@ -1,13 +1,13 @@
 #include "core/modCtl.h"
 
 #include "core/modGeneral.h"
-#include "platform/aspetto.h"
-#include "platform/schermo.h"
 #include "tests/comuni/errore_prova.h"
 #include "tests/comuni/stazione_prova.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/modulo_prova.h"
 #include "tests/forms/principale_prova.h"
+#include "toolkit/aspetto.h"
+#include "toolkit/schermo.h"
 
 #include <QComboBox>
 #include <QFile>
@@ -745,4 +745,5 @@ int main(int argc, char **argv)
     return Principale_Prova<tst_modCtl>(argc, argv);
 }
 
+#include "platform/colore_qt.h"
 #include "tst_modCtl.moc"

@@ -1,12 +1,12 @@
-#include "platform/modulo.h"
+#include "toolkit/modulo.h"
 
-#include "platform/aspetto.h"
 #include "platform/errore_esecuzione.h"
-#include "platform/schermo.h"
 #include "tests/comuni/errore_prova.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/modulo_prova.h"
 #include "tests/forms/principale_prova.h"
+#include "toolkit/aspetto.h"
+#include "toolkit/schermo.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>

@@ -1,4 +1,4 @@
-#include "platform/schermo.h"
+#include "toolkit/schermo.h"
 
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"

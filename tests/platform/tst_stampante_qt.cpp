@@ -112,7 +112,7 @@ class tst_stampante_qt : public QObject
 
 private:
     QString Cartella(const char *nome) const { return dir.filePath(QString::fromLatin1(nome)); }
-    static QString Copione() { return QStringLiteral(LUMIRA_SORGENTE "/tests/e2e/stampante.sh"); }
+    static QString Copione() { return QStringLiteral(LUMIRA_SORGENTE "/attrezzi/stampante.sh"); }
     bool Ferma() const { return Esegui(Copione(), {QStringLiteral("stop"), dir.path()}).stato == 0; }
     pid_t Gestore() const
     {

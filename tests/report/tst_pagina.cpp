@@ -4,9 +4,9 @@
 
 #include "core/limiti.h"
 #include "core/modGeneral.h"
+#include "core/modReport.h"
 #include "core/risultato.h"
 #include "report/modPrn.h"
-#include "report/modReport.h"
 #include "tests/comuni/errore_prova.h"
 #include "tests/comuni/orologio_prova.h"
 #include "tests/comuni/stampa_prova.h"

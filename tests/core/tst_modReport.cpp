@@ -1,5 +1,5 @@
 // The report tables, stage by stage, and the sections of the configuration file with their labels.
-#include "report/modReport.h"
+#include "core/modReport.h"
 
 #include "core/limiti.h"
 #include "core/modGeneral.h"

@@ -1,7 +1,7 @@
 // The look as values: palette, style sheet and families of type. It knows no form and no place of a control.
-#include "platform/aspetto.h"
+#include "toolkit/aspetto.h"
 
-#include "platform/schermo.h"
+#include "toolkit/schermo.h"
 
 #include <QApplication>
 #include <QFont>
@@ -12,17 +12,6 @@
 #include <cmath>
 
 namespace {
-
-struct ColoreSistema
-{
-    quint32 colore;
-    QRgb valore;
-};
-
-constexpr ColoreSistema COLORI_SISTEMA[] = {
-    {COLORE_SISTEMA_GRIGIO,   0xFFE3E8EC},
-    {COLORE_SISTEMA_FINESTRA, 0xFFFFFFFF},
-};
 
 /// The colours, in the order of Tinta, under the names that the style sheet uses.
 struct VoceTinta
@@ -151,16 +140,6 @@ QColor Mescola(const QColor &primo, const QColor &secondo, int parte)
 QColor Colore_Tema(Tinta tinta)
 {
     return QColor::fromRgb(TINTE[static_cast<size_t>(tinta)].valore);
-}
-
-QColor Colore_Da(quint32 colore)
-{
-    for (const ColoreSistema &sistema : COLORI_SISTEMA) {
-        if (sistema.colore == colore)
-            return QColor::fromRgb(sistema.valore);
-    }
-    return QColor(static_cast<int>(colore & 0xFF), static_cast<int>(colore >> 8 & 0xFF),
-                  static_cast<int>(colore >> 16 & 0xFF));
 }
 
 QColor Colore_Cornice()

@@ -1,9 +1,9 @@
 // The window of a form, its events and its life, on Qt's widgets. It knows controls and no form in
 // particular: what a form does stands in its handlers.
-#include "platform/modulo.h"
+#include "toolkit/modulo.h"
 
-#include "platform/aspetto.h"
-#include "platform/schermo.h"
+#include "toolkit/aspetto.h"
+#include "toolkit/schermo.h"
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -1,5 +1,5 @@
 // The primary screen, measured anew at every question, its pointer and its events. It knows no form.
-#include "platform/schermo.h"
+#include "toolkit/schermo.h"
 
 #include <QApplication>
 #include <QCursor>

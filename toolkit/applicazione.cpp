@@ -1,10 +1,10 @@
 // The application object on Qt's, and the program's end by an error: shown once, told on standard error,
 // status 1. It knows no form.
-#include "platform/applicazione.h"
+#include "toolkit/applicazione.h"
 
-#include "platform/aspetto.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/stampante_qt.h"
+#include "toolkit/aspetto.h"
 
 #include <QMessageBox>
 

@@ -1,5 +1,5 @@
 // Start-up, step by step, before any window: paths, customer variant, flags, exchange folders, texts.
-#include "core/avvio.h"
+#include "app/avvio.h"
 
 #include "core/modGeneral.h"
 #include "tests/comuni/stazione_prova.h"

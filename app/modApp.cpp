@@ -1,16 +1,16 @@
 // The evaluation as tables: which record feeds which row, which rows decide. It knows no form and no frame.
-#include "core/modApp.h"
+#include "app/modApp.h"
 
 #include "core/limiti.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
+#include "core/modReport.h"
 #include "core/risultato.h"
 #include "link/protocollo.h"
 #include "mctc/far.h"
 #include "platform/file.h"
 #include "platform/numeri.h"
 #include "platform/orologio.h"
-#include "report/modReport.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 // all forms share: leaving a box asks txt_Validate first, Enter and Escape press the form's buttons.
 #pragma once
 
-#include "platform/array_controlli.h"
-#include "platform/controlli.h"
+#include "toolkit/array_controlli.h"
+#include "toolkit/controlli.h"
 
 #include <QObject>
 #include <QPointer>

@@ -1,8 +1,6 @@
 // The one look of all forms: colours, lines, type, focus. Geometry is the forms' own.
 #pragma once
 
-#include "platform/colori.h"
-
 #include <QColor>
 
 class QApplication;
@@ -19,9 +17,6 @@ enum class Tinta
     Fuoco,   ///< where the keyboard is, and the chosen line of a list
 };
 QColor Colore_Tema(Tinta tinta);
-
-/// What a colour of platform/colori.h looks like.
-QColor Colore_Da(quint32 colore);
 
 /// Colour of the lines that frame parts of a form.
 QColor Colore_Cornice();

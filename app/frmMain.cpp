@@ -1,8 +1,8 @@
 // The menu on the design grid, and the way of a test through the forms it opens. How any of them works is
 // not known here.
-#include "core/frmMain.h"
+#include "app/frmMain.h"
 
-#include "core/modApp.h"
+#include "app/modApp.h"
 #include "core/modCtl.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
@@ -12,14 +12,14 @@
 #include "dialogs/frmMsg.h"
 #include "link/frmComm.h"
 #include "mctc/frmMctcO.h"
-#include "platform/applicazione.h"
 #include "platform/elenco.h"
-#include "platform/schermo.h"
 #include "report/frmEsito.h"
 #include "report/frmMctc2.h"
 #include "report/frmVerPerO.h"
 #include "setup/frmAnagOffO.h"
 #include "setup/frmSetupO.h"
+#include "toolkit/applicazione.h"
+#include "toolkit/schermo.h"
 
 #include <QScopedValueRollback>
 

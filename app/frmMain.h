@@ -2,7 +2,7 @@
 // opens every other form and receives their notifications; it holds no test data of its own.
 #pragma once
 
-#include "platform/modulo.h"
+#include "toolkit/modulo.h"
 
 #include <QVariant>
 

@@ -14,10 +14,8 @@ import tempfile
 import unittest
 from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tests" / "e2e"))
-
-import operatore  # noqa: E402
-import stampante  # noqa: E402
+import operatore
+import stampante
 
 SCENARIO = "tre_veicoli.ini"
 

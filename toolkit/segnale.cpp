@@ -1,5 +1,5 @@
 // The sound that calls the operator, by the toolkit. It knows neither form nor timer.
-#include "platform/segnale.h"
+#include "toolkit/segnale.h"
 
 #include <QApplication>
 

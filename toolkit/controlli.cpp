@@ -1,11 +1,12 @@
 // The controls on Qt's widgets, with what the toolkit lacks: pictures that follow their place, labels that
 // break anywhere, a tab stop in a list. It knows no form and no row of a table.
-#include "platform/controlli.h"
+#include "toolkit/controlli.h"
 
-#include "platform/aspetto.h"
+#include "platform/colore_qt.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/percorsi.h"
-#include "platform/schermo.h"
+#include "toolkit/aspetto.h"
+#include "toolkit/schermo.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

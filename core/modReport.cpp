@@ -1,6 +1,6 @@
 // The tables of the page filled from profile, acceptance file and result record. No place on the page is
 // known here.
-#include "report/modReport.h"
+#include "core/modReport.h"
 
 #include "core/limiti.h"
 #include "core/modGeneral.h"

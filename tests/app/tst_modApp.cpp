@@ -1,12 +1,12 @@
 // The evaluation: limits, verdicts, the result file of a whole test, and the end of the acceptance file.
-#include "core/modApp.h"
+#include "app/modApp.h"
 
 #include "core/limiti.h"
 #include "core/modGeneral.h"
+#include "core/modReport.h"
 #include "core/risultato.h"
 #include "link/protocollo.h"
 #include "platform/errore_esecuzione.h"
-#include "report/modReport.h"
 #include "tests/comuni/orologio_prova.h"
 #include "tests/comuni/stazione_prova.h"
 

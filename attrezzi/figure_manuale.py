@@ -10,10 +10,9 @@ import sys
 import tempfile
 from pathlib import Path
 
-RADICE = Path(__file__).resolve().parent.parent
-sys.path.insert(0, str(RADICE / "tests" / "e2e"))
+import operatore
 
-import operatore  # noqa: E402
+RADICE = Path(__file__).resolve().parent.parent
 
 COLORI = 256
 

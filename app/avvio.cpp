@@ -1,5 +1,5 @@
 // Start-up's readings, a line a flag. No window and no message: what is missing is modMain's to tell.
-#include "core/avvio.h"
+#include "app/avvio.h"
 
 #include "core/modGeneral.h"
 #include "core/modStr.h"

@@ -1,13 +1,13 @@
 // The entry point: start-up in its order, then the form loop until the main window is unloaded.
-#include "core/avvio.h"
-#include "core/frmMain.h"
+#include "app/avvio.h"
+#include "app/frmMain.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
-#include "platform/applicazione.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/istanza.h"
 #include "platform/percorsi.h"
-#include "platform/schermo.h"
+#include "toolkit/applicazione.h"
+#include "toolkit/schermo.h"
 
 namespace {
 
