@@ -6,18 +6,13 @@ import io
 import re
 import shutil
 import subprocess
-import sys
 import tempfile
 import time
-from pathlib import Path
 
+import dimostrazione
 from operatore import attendi
 from prova import ProvaStazione, veicolo
 from stampante import Stampante
-
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "strumenti"))
-
-import dimostrazione  # noqa: E402
 
 SENZA_STAMPANTE = "Nessuna stampante pronta"
 

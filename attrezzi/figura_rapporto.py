@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Makes docs/figure/rapporto.png: the report as a printer lays it out, printed by the installed program.
 
-usage: rapporto.py COSTRUZIONE [USCITA [LINGUA [CARTA]]]
-       e.g. rapporto.py build/release /tmp/report.png EN Letter
+usage: figura_rapporto.py COSTRUZIONE [USCITA [LINGUA [CARTA]]]
+       e.g. figura_rapporto.py build/release /tmp/report.png EN Letter
 """
 
 import subprocess
@@ -10,11 +10,10 @@ import sys
 import tempfile
 from pathlib import Path
 
-RADICE = Path(__file__).resolve().parent.parent.parent
-sys.path.insert(0, str(RADICE / "tests" / "e2e"))
+import operatore
+import stampante
 
-import operatore  # noqa: E402
-import stampante  # noqa: E402
+RADICE = Path(__file__).resolve().parent.parent
 
 PUNTI_POLLICE = 100
 VEICOLO = "20000001"
