@@ -487,9 +487,12 @@ void tst_frmMsg::testoLunghissimoCostaQuantoSiVede()
     };
     const qsizetype lungo = caratteri_per(QStringLiteral("Entry: a - Entry Estranea\r\n").repeated(2285));
     const qsizetype breve = caratteri_per(QStringLiteral("Entry: a - Entry Estranea\r\n"));
+    const qsizetype parola = caratteri_per(QString(32000, u'='));
     Aspetto_Applica(*qApp);
     QVERIFY2(breve > 27, qPrintable(QString::number(breve))); // the label is laid out by the style
     QVERIFY2(lungo < 63980, qPrintable(QString::number(lungo)));
+    // A word that no line holds is measured once and painted once, not once for every size of type.
+    QVERIFY2(parola < 3 * 32000, qPrintable(QString::number(parola)));
 }
 
 void tst_frmMsg::inPrimoPiano()
