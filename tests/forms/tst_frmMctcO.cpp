@@ -404,6 +404,21 @@ private Q_SLOTS:
         QCOMPARE(rifatta.count(), 1);
     }
 
+    /// Nor is there anything to build in a folder that is empty, whatever the one before held.
+    void riapertaSuUnaCartellaVuota()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Battito();
+        form->Scarica();
+        Togli_File(QStringLiteral("12345678.acc"));
+        form->Mostra();
+        QVERIFY(Attiva(*form));
+        QSignalSpy rifatta(Lista()->model(), &QAbstractItemModel::modelReset);
+        Battito();
+        QCOMPARE(rifatta.count(), 0);
+    }
+
     /// What changes on its place between the opening and the first beat was never told by two listings.
     void cambiatoPrimaDelPrimoBattito()
     {
