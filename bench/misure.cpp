@@ -1,10 +1,13 @@
 // The times that docs/prestazioni.md tells: profile reads, a language table, the check of an acceptance file,
-// the poll of a full exchange folder, the worklist's longest stall, one evaluation.
+// the worst files that can be checked, the poll of a full exchange folder, the worklist's longest stall, one
+// evaluation.
 #include "app/avvio.h"
 #include "app/modApp.h"
+#include "core/modCtl.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
+#include "dialogs/frmMsg.h"
 #include "link/protocollo.h"
 #include "mctc/campi_acc.h"
 #include "mctc/frmMctcO.h"
@@ -26,6 +29,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <malloc.h>
 
 namespace {
 
@@ -56,6 +60,24 @@ public:
     {
         QFile::copy(m_cartella.filePath(QStringLiteral("dati/ModelloAcc.acc")),
                     m_cartella.filePath(QStringLiteral("DIR_FAR/") + nome));
+    }
+
+    void Scrivi(const QString &nome, const QByteArray &byte) const
+    {
+        QFile file(m_cartella.filePath(QStringLiteral("DIR_FAR/") + nome));
+        if (file.open(QIODevice::WriteOnly))
+            file.write(byte);
+        file.close();
+        QThread::msleep(50); // as old as those of a workshop
+    }
+    void Togli(const QString &nome) const
+    {
+        QFile::remove(m_cartella.filePath(QStringLiteral("DIR_FAR/") + nome));
+    }
+    QByteArray Modello() const
+    {
+        QFile file(m_cartella.filePath(QStringLiteral("dati/ModelloAcc.acc")));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
 private:
@@ -106,6 +128,129 @@ void Acc_Controlla_Completo(benchmark::State &stato)
         if (Acc_Controlla(file, rapporto) != AccBuona)
             stato.SkipWithError("the file does not pass");
     }
+}
+
+/// Shows a message until it has been painted once.
+void Mostra_E_Chiudi(const QString &testo)
+{
+    QTimer::singleShot(0, qApp, [] {
+        auto &msg = Predefinito<frmMsg>();
+        msg.Finestra()->grab();
+        msg.Scarica();
+    });
+    Mostra_MsgConferma(testo);
+}
+
+/// A file of up to 32767 bytes and the kind of trouble that it makes.
+struct FilePeggiore
+{
+    const char *nome;
+    QByteArray testa;   ///< what it begins with
+    QByteArray periodo; ///< what fills it
+    QByteArray coda;    ///< what it ends with
+};
+
+/// Heads of all the sections, so that their keys are compared.
+QByteArray Teste_Del_Modello(const QByteArray &prima)
+{
+    QByteArray teste = prima;
+    for (const QByteArray &riga : La_Stazione().Modello().split('\n')) {
+        if (riga.startsWith('[') && !prima.contains(riga.trimmed()))
+            teste += riga.trimmed() + "\r\n";
+    }
+    return teste;
+}
+
+QList<FilePeggiore> File_Peggiori()
+{
+    const QByteArray teste = Teste_Del_Modello({});
+    const QByteArray prenotazione = "[Prenotazione]\r\n";
+    const QByteArray altre = Teste_Del_Modello(prenotazione).mid(prenotazione.size());
+    const QByteArray uguali = prenotazione + QByteArray(300, '=') + "\r\n";
+    const QByteArray dopo = "\r\n" + altre + prenotazione.repeated(90);
+    const QByteArray nul(1, '\0');
+    const QByteArray righe = "]\r\n" + QByteArray(" =\r").repeated(4000);
+    return {
+        {"one line of =",              teste,  "=",       ""   },
+        {"many lines of one key",      teste,  "a=\r",    ""   },
+        {"key lines with blanks",      teste,  " a = \r", ""   },
+        {"a section many times",       uguali, "x",       dopo },
+        {"empty heads",                "",     "[]",      ""   },
+        {"heads a line",               "",     "[a]\r",   ""   },
+        {"one long head",              "[",    "a",       righe},
+        {"[ alone",                    "",     "[",       ""   },
+        {"] alone",                    "[]",   "]",       ""   },
+        {"CR alone",                   "",     "\r",      ""   },
+        {"LF alone",                   "[]",   "\n",      ""   },
+        {"lines of one letter",        teste,  "a\r",     ""   },
+        {"one long line",              teste,  "x",       ""   },
+        {"one line of words",          teste,  "xx ",     ""   },
+        {"one line of narrow letters", teste,  "i",       ""   },
+        {"one line of blanks",         teste,  " ",       ""   },
+        {"one line of soft hyphens",   teste,  "\xAD",    ""   },
+        {"one line of tabs",           teste,  "\t",      ""   },
+        {"one line of NULs",           teste,  nul,       ""   },
+    };
+}
+
+constexpr int FILE_PEGGIORI = 19;
+
+QByteArray Byte_Di(const FilePeggiore &peggiore)
+{
+    constexpr qsizetype MASSIMO = 32767;
+    QByteArray byte = peggiore.testa;
+    while (byte.size() + peggiore.periodo.size() + peggiore.coda.size() <= MASSIMO)
+        byte += peggiore.periodo;
+    return byte + peggiore.coda;
+}
+
+/// The highest memory of the program since its mark, in MB; from the system's account of the process.
+double Picco()
+{
+    QFile stato(QStringLiteral("/proc/self/status"));
+    if (!stato.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray &riga : stato.readAll().split('\n')) {
+        if (riga.startsWith("VmHWM:"))
+            return riga.mid(6).trimmed().chopped(3).toDouble() / 1024;
+    }
+    return 0;
+}
+
+/// Sets the mark to what the program holds now, without what it has given back.
+void Picco_DaQui()
+{
+    ::malloc_trim(0);
+    QFile marca(QStringLiteral("/proc/self/clear_refs"));
+    if (marca.open(QIODevice::WriteOnly))
+        marca.write("5");
+}
+
+/// The worst files: checked, and told in a message until it is painted.
+void File_Peggiore_Detto(benchmark::State &stato)
+{
+    const FilePeggiore peggiore = File_Peggiori()[stato.range(0)];
+    stato.SetLabel(peggiore.nome);
+    gScreenW = Schermo_Larghezza();
+    gScreenH = Schermo_Altezza();
+    gControlloVisivo = Vero;
+    Campi_Azzera(gCampiAcc, ULTIMA_RIGA_ACC);
+    Campi_ImpostaAcc();
+    Mostra_E_Chiudi(QStringLiteral("pronto"));
+    const QString file = gDirAcc + QStringLiteral("87654321.acc");
+    La_Stazione().Scrivi(QStringLiteral("87654321.acc"), Byte_Di(peggiore));
+    Picco_DaQui();
+    const double prima = Picco();
+    for (auto giro : stato) {
+        (void)giro;
+        QString rapporto;
+        Acc_Apri(file);
+        if (Acc_Controlla(file, rapporto) != AccAnomala)
+            stato.SkipWithError("the file passes");
+        Mostra_E_Chiudi(Testo_Mctc(110) + QStringLiteral(": \r\n") + rapporto);
+    }
+    stato.counters["MB"] = Picco() - prima;
+    La_Stazione().Togli(QStringLiteral("87654321.acc"));
 }
 
 void Sondaggio_10000(benchmark::State &stato)
@@ -211,6 +356,10 @@ void Calcola_Esito_Uno(benchmark::State &stato)
 BENCHMARK(Leggi_Ini_Invariato)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Carica_Lingua_160)->Unit(benchmark::kMillisecond);
 BENCHMARK(Acc_Controlla_Completo)->Unit(benchmark::kMillisecond);
+BENCHMARK(File_Peggiore_Detto)
+    ->DenseRange(0, FILE_PEGGIORI - 1)
+    ->Iterations(1)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(Sondaggio_10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Lettura_5000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Righe_5000)->Unit(benchmark::kMillisecond);

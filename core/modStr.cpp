@@ -6,7 +6,7 @@
 namespace {
 
 /// The result of a listing. @param prima names that the array held before it.
-qint16 Ultimo_Aggiunto(const QStringList &nomi, qsizetype prima)
+qint16 Ultimo_Aggiunto(const ListaBrani &nomi, qsizetype prima)
 {
     return nomi.size() == prima ? qint16{-1} : Intero16(nomi.size() - 1);
 }
@@ -40,27 +40,31 @@ QString Str_Token(const QString &testo, const QString &separatore, qint16 numero
     return testo.split(separatore).value(numero - 1);
 }
 
-qint16 Ini_Sezioni(const QString &testo, QStringList &nomi)
+qint16 Ini_Sezioni(const QString &testo, ListaBrani &nomi)
 {
     // What stands between one "[" and the next holds one name at most.
     const qsizetype prima = nomi.size();
-    const QStringList pezzi = testo.split(u'[').mid(1);
-    for (const QString &pezzo : pezzi) {
-        const qsizetype chiusa = pezzo.indexOf(u']');
-        if (chiusa >= 0)
-            nomi.append(pezzo.left(chiusa));
+    qsizetype inizio = -1; // behind the last "[" that no "]" has closed
+    for (qsizetype i = 0; i < testo.size(); ++i) {
+        if (testo[i] == u'[') {
+            inizio = i + 1;
+        } else if (testo[i] == u']' && inizio >= 0) {
+            nomi.append(Brano(testo, inizio, i - inizio));
+            inizio = -1;
+        }
     }
     return Ultimo_Aggiunto(nomi, prima);
 }
 
-qint16 Ini_Chiavi(const QString &testo, QStringList &nomi)
+qint16 Ini_Chiavi(const QString &testo, ListaBrani &nomi)
 {
     const qsizetype prima = nomi.size();
-    for (qsizetype uguale = testo.indexOf(u'='); uguale >= 0; uguale = testo.indexOf(u'=', uguale + 1)) {
-        qsizetype inizio = uguale;
-        while (inizio > 0 && testo[inizio - 1] != u'\r' && testo[inizio - 1] != u'\n')
-            --inizio;
-        nomi.append(testo.mid(inizio, uguale - inizio));
+    qsizetype inizio = 0; // of the line
+    for (qsizetype i = 0; i < testo.size(); ++i) {
+        if (testo[i] == u'\r' || testo[i] == u'\n')
+            inizio = i + 1;
+        else if (testo[i] == u'=')
+            nomi.append(Brano(testo, inizio, i - inizio));
     }
     return Ultimo_Aggiunto(nomi, prima);
 }

@@ -2,10 +2,10 @@
 // been read as a whole. No state, no files.
 #pragma once
 
+#include "core/brano.h"
 #include "platform/tipi.h"
 
 #include <QString>
-#include <QStringList>
 
 /// Reverses the scrambling of a stored password: the character at position i (from 1) was raised by 4 times
 /// i in the code page. The length stays.
@@ -23,8 +23,9 @@ QString Str_Token(const QString &testo, const QString &separatore, qint16 numero
 
 /// Adds the section names of a profile text to an array, as they stand, duplicates included.
 /// @return the highest index filled, -1 when the text has none.
-qint16 Ini_Sezioni(const QString &testo, QStringList &nomi);
+qint16 Ini_Sezioni(const QString &testo, ListaBrani &nomi);
 
 /// Adds the key names of one section's text to an array. Every "=" ends a key, also one inside a value:
-/// such a line yields a second name. @return the highest index filled, -1 when the text has none.
-qint16 Ini_Chiavi(const QString &testo, QStringList &nomi);
+/// such a line yields a second name, which begins where the first does.
+/// @return the highest index filled, -1 when the text has none.
+qint16 Ini_Chiavi(const QString &testo, ListaBrani &nomi);

@@ -48,7 +48,6 @@ void frmMsg::Disegno()
 
 void frmMsg::Load()
 {
-    lbl[0].Caption(Text);
     Height(std::min(Altezza_Per(Text), gScreenH));
     Width(ScalaX(9000));
     PicMex->Posto(PicMex->Left(), PicMex->Top() - 200, 680, 680);
@@ -73,9 +72,13 @@ void frmMsg::Adatta_Testo()
     const qint32 meta = Height() / 2 - SALITA_TESTO;
     const qint32 fondo = cmd[0].Visible() ? cmd[0].Top() : Height();
     const qint32 spazio = 2 * std::min(meta, fondo - meta);
-    lbl[0].Width(Width() - 2 * MARGINE_TESTO);
-    lbl[0].Height(spazio);
-    lbl[0].Allineamento(Qt::AlignHCenter | (lbl[0].Entra() ? Qt::AlignVCenter : Qt::AlignTop));
+    lbl[0].Posto(lbl[0].Left(), lbl[0].Top(), Width() - 2 * MARGINE_TESTO, spazio);
+    lbl[0].Allineamento(Qt::AlignHCenter | Qt::AlignVCenter);
+    // Only now that the room is known: of a report many screens long no more is laid out than can be seen.
+    lbl[0].Caption(lbl[0].Principio(Text));
+    lbl[0].NomeAccessibile(Text);
+    if (!lbl[0].Entra())
+        lbl[0].Allineamento(Qt::AlignHCenter | Qt::AlignTop);
     lbl[0].Height(std::min(lbl[0].Altezza_Testo(), spazio));
 }
 

@@ -2,6 +2,8 @@
 // report words.
 #pragma once
 
+#include "core/brano.h"
+
 #include <QList>
 #include <QString>
 
@@ -28,7 +30,7 @@ enum ErroreAnomalia : quint8
 
 struct AnomaliaAcc
 {
-    QString Testo;   ///< the section, key, file path or whole line concerned
+    Brano Testo;     ///< the section, key, file path or whole line concerned
     quint8 Tipo;     ///< a TipoAnomalia
     quint8 Errore;   ///< an ErroreAnomalia
     QString Sezione; ///< where an entry stands; empty otherwise

@@ -6,8 +6,10 @@
 #include "core/modStr.h"
 #include "platform/numeri.h"
 
+#include <QHash>
+
+#include <algorithm>
 #include <optional>
-#include <vector>
 
 ListaAnomalie gAnomalieStruttura;
 
@@ -46,7 +48,7 @@ std::optional<Testa> Prossima_Testa(const QString &testo, qsizetype da)
 struct TestoLetto
 {
     QString testo;
-    QStringList sezioni;
+    ListaBrani sezioni;
 };
 
 /// @return what makes the file unfit, or nothing.
@@ -81,6 +83,60 @@ std::optional<AnomaliaAcc> Leggi_Entrambi(const QString &modello, const QString 
     return impedimento;
 }
 
+/// @return the findings about the keys of one section; none when it has no key on either side.
+ListaAnomalie Chiavi_Confronta(const QString &testoModello, const QString &testoFile, const QString &sezione)
+{
+    ListaAnomalie lista;
+    qint16 ultimo = -1;
+    ListaBrani chiaviModello, chiaviFile;
+    if (Sezione_Chiavi(testoModello, sezione, chiaviModello) >= 0 &&
+        Sezione_Chiavi(testoFile, sezione, chiaviFile) >= 0)
+        Liste_Confronta(chiaviModello, chiaviFile, AnomaliaEntry, ultimo, lista, sezione);
+    return lista;
+}
+
+/// How often one name stands on either side.
+struct Copie
+{
+    qsizetype nelModello = 0;
+    qsizetype nelFile = 0;
+};
+
+/// The names of the template and how often each stands on either side.
+class Conteggio
+{
+public:
+    /// @throws ErroreEsecuzione 6 for a name on both sides that stands 256 times on one of them.
+    Conteggio(const ListaBrani &modello, const ListaBrani &file)
+    {
+        for (const Brano &nome : modello) {
+            ++m_copie[nome.Vista()].nelModello;
+            m_piuLungo = std::max(m_piuLungo, nome.Vista().size());
+        }
+        for (const Brano &nome : file) {
+            if (Noto(nome))
+                ++m_copie[nome.Vista()].nelFile;
+        }
+        for (const Copie &copie : std::as_const(m_copie)) {
+            if (copie.nelFile > 0)
+                Intero8(std::max(copie.nelModello, copie.nelFile));
+        }
+    }
+    /// All 0 for a name that is not in the template.
+    Copie Di(const Brano &nome) const { return Noto(nome) ? m_copie.value(nome.Vista()) : Copie{}; }
+
+private:
+    /// The length first: a line of thousands of equals signs makes names that are too long to look each of
+    /// them up.
+    bool Noto(const Brano &nome) const
+    {
+        return nome.Vista().size() <= m_piuLungo && m_copie.contains(nome.Vista());
+    }
+
+    QHash<QStringView, Copie> m_copie;
+    qsizetype m_piuLungo = 0;
+};
+
 } // namespace
 
 Flag Acc_NomeValido(const QString &file)
@@ -103,46 +159,39 @@ qint16 Acc_ControllaStruttura(const QString &modello, const QString &file, Lista
     if (Liste_Confronta(testoModello.sezioni, testoFile.sezioni, AnomaliaSezione, ultimo, lista, QString()) >=
         0)
         return ultimo;
-    for (const QString &sezione : std::as_const(testoFile.sezioni)) {
-        QStringList chiaviModello, chiaviFile;
-        const qint16 ultimaModello = Sezione_Chiavi(testoModello.testo, sezione, chiaviModello);
-        const qint16 ultimaFile = Sezione_Chiavi(testoFile.testo, sezione, chiaviFile);
-        if (ultimaModello >= 0 && ultimaFile >= 0)
-            Liste_Confronta(chiaviModello, chiaviFile, AnomaliaEntry, ultimo, lista, sezione);
+    // A name that stands in the file many times means its first section each time: the same findings again.
+    QHash<QString, ListaAnomalie> confrontate;
+    for (const Brano &nome : std::as_const(testoFile.sezioni)) {
+        const QString sezione = nome.Copia();
+        auto confrontata = confrontate.find(sezione);
+        if (confrontata == confrontate.end())
+            confrontata =
+                confrontate.insert(sezione, Chiavi_Confronta(testoModello.testo, testoFile.testo, sezione));
+        ultimo = Intero16(ultimo + confrontata->size());
+        lista += *confrontata;
     }
     return ultimo;
 }
 
-qint16 Liste_Confronta(const QStringList &modello, const QStringList &file, quint8 tipo, qint16 &ultimo,
+qint16 Liste_Confronta(const ListaBrani &modello, const ListaBrani &file, quint8 tipo, qint16 &ultimo,
                        ListaAnomalie &lista, const QString &sezione)
 {
-    std::vector<quint8> nelModello(static_cast<size_t>(modello.size()));
-    std::vector<quint8> nelFile(static_cast<size_t>(file.size()));
-    for (size_t f = 0; f < nelFile.size(); ++f) {
-        for (size_t m = 0; m < nelModello.size(); ++m) {
-            if (modello[static_cast<qsizetype>(m)] != file[static_cast<qsizetype>(f)])
-                continue;
-            nelModello[m] = Intero8(nelModello[m] + 1);
-            nelFile[f] = Intero8(nelFile[f] + 1);
-        }
-    }
-
     const qint16 prima = ultimo;
-    const auto aggiungi = [&](const QStringList &nomi, const std::vector<quint8> &volte, quint8 mai) {
-        for (size_t i = 0; i < volte.size(); ++i) {
-            if (volte[i] != 0 && volte[i] != 2)
-                continue;
-            ultimo = Intero16(ultimo + 1);
-            lista.append({nomi[static_cast<qsizetype>(i)], tipo,
-                          volte[i] == 0 ? mai : quint8{AnomaliaDuplicata}, sezione});
-        }
+    const auto esamina = [&](const Brano &nome, qsizetype volte, quint8 mai) {
+        if (volte != 0 && volte != 2)
+            return;
+        ultimo = Intero16(ultimo + 1);
+        lista.append({nome, tipo, volte == 0 ? mai : quint8{AnomaliaDuplicata}, sezione});
     };
-    aggiungi(modello, nelModello, AnomaliaMancante);
-    aggiungi(file, nelFile, AnomaliaEstranea);
+    const Conteggio conteggio(modello, file);
+    for (const Brano &nome : modello)
+        esamina(nome, conteggio.Di(nome).nelFile, AnomaliaMancante);
+    for (const Brano &nome : file)
+        esamina(nome, conteggio.Di(nome).nelModello, AnomaliaEstranea);
     return ultimo > prima ? ultimo : qint16{-1};
 }
 
-qint16 Sezione_Chiavi(const QString &testo, const QString &sezione, QStringList &chiavi)
+qint16 Sezione_Chiavi(const QString &testo, const QString &sezione, ListaBrani &chiavi)
 {
     chiavi.clear();
     std::optional<Testa> testa = Prossima_Testa(testo, 0);

@@ -2,10 +2,9 @@
 // at no value.
 #pragma once
 
+#include "core/brano.h"
 #include "mctc/anomalia_acc.h"
 #include "platform/tipi.h"
-
-#include <QStringList>
 
 /// Findings of the last check.
 extern ListaAnomalie gAnomalieStruttura;
@@ -24,9 +23,9 @@ qint16 Acc_ControllaStruttura(const QString &modello, const QString &file, Lista
 /// @param tipo a TipoAnomalia. @param[in,out] ultimo last index of the list, raised with each finding.
 /// @param sezione where the names stand; empty for sections.
 /// @return the last index when this call added any, otherwise -1.
-qint16 Liste_Confronta(const QStringList &modello, const QStringList &file, quint8 tipo, qint16 &ultimo,
+qint16 Liste_Confronta(const ListaBrani &modello, const ListaBrani &file, quint8 tipo, qint16 &ultimo,
                        ListaAnomalie &lista, const QString &sezione);
 
 /// The key names of a section, as they stand in a profile text. Of sections with the same name the first.
 /// @return the last index of chiavi, -1 for none or when there is no such section.
-qint16 Sezione_Chiavi(const QString &testo, const QString &sezione, QStringList &chiavi);
+qint16 Sezione_Chiavi(const QString &testo, const QString &sezione, ListaBrani &chiavi);

@@ -29,14 +29,14 @@ qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
     QString conBarra = cartella;
     QStringList nomi;
     // A folder of thousands takes longer than an operator who presses a button waits for an answer: events
-    // run between the poll's listing and this one, and between two files.
+    // run between the poll's listing and this one, and behind every file. Behind the last one too: what was
+    // pressed while it was read is for the list that the operator still sees.
     QCoreApplication::processEvents();
     const qint32 ultima = Nomi_Elenca(conBarra, nomi);
     if (ultima < 0)
         return -1;
     QList<VoceLista> lette;
     for (const QString &nome : std::as_const(nomi)) {
-        QCoreApplication::processEvents();
         VoceLista voce;
         voce.NomeFile = Maiuscole(nome);
         // Opened as listed: where names tell case apart, the upper-case name would cost a search of the
@@ -44,6 +44,7 @@ qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
         voce.Targa = Targa_Leggi(conBarra + nome);
         voce.Stato = Testo_Mctc(112);
         lette.append(voce);
+        QCoreApplication::processEvents();
     }
     voci = lette;
     return ultima;

@@ -18,7 +18,7 @@ struct VoceLista
 };
 
 /// Lists the acceptance files of a folder, in the order of the folder, each opened once for its plate.
-/// Events run between two files; what they see of voci is the reading before.
+/// Events run behind every file; what they see of voci is the reading before.
 /// @param[out] voci left as it was when there is no file or the folder cannot be listed.
 /// @return the last index, -1 for none.
 qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci);

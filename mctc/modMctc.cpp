@@ -35,17 +35,24 @@ QString Inizio_Riga(const AnomaliaAcc &anomalia)
     QString riga;
     if (anomalia.Tipo == AnomaliaEntry)
         riga += u"Sezione:[" % anomalia.Sezione % u"] - ";
-    return riga % PAROLE_TIPO[anomalia.Tipo] % u": " % anomalia.Testo % u" - ";
+    return riga % PAROLE_TIPO[anomalia.Tipo] % u": " % anomalia.Testo.Vista() % u" - ";
 }
 
+/// Not composed beyond what a report may hold: of a file of 30 KB it can be half a gigabyte.
 QString Rapporto_Anomalie()
 {
     QString rapporto;
-    for (const AnomaliaAcc &anomalia : std::as_const(gAnomalieStruttura))
+    for (const AnomaliaAcc &anomalia : std::as_const(gAnomalieStruttura)) {
+        if (rapporto.size() > MASSIMO_RAPPORTO)
+            break;
         rapporto += Inizio_Riga(anomalia) % PAROLE_TIPO[anomalia.Tipo] % u' ' %
                     PAROLE_ERRORE[anomalia.Errore] % A_CAPO;
-    for (const AnomaliaAcc &anomalia : std::as_const(gAnomalieSintassi))
+    }
+    for (const AnomaliaAcc &anomalia : std::as_const(gAnomalieSintassi)) {
+        if (rapporto.size() > MASSIMO_RAPPORTO)
+            break;
         rapporto += Inizio_Riga(anomalia) % PAROLE_ERRORE[anomalia.Errore] % A_CAPO;
+    }
     return rapporto;
 }
 
@@ -56,6 +63,14 @@ QString Rapporto_Errori()
         rapporto += riga % A_CAPO;
     for (const QString &sezione : std::as_const(mErroriVisivi))
         rapporto += u"Controllo Visivo-Sezione: " % sezione % A_CAPO;
+    return rapporto;
+}
+
+/// Cuts a report at the last end of a line that it may hold.
+QString Tagliato(QString rapporto)
+{
+    if (rapporto.size() > MASSIMO_RAPPORTO)
+        rapporto.truncate(rapporto.lastIndexOf(A_CAPO, MASSIMO_RAPPORTO - A_CAPO.size()) + A_CAPO.size());
     return rapporto;
 }
 
@@ -71,11 +86,11 @@ qint16 Acc_Controlla(const QString &percorso, QString &rapporto)
     const qint16 visivi = gControlloVisivo ? Visivo_Controlla(percorso, mErroriVisivi) : qint16{0};
 
     if (!gAnomalieStruttura.isEmpty() || !gAnomalieSintassi.isEmpty()) {
-        rapporto = Rapporto_Anomalie();
+        rapporto = Tagliato(Rapporto_Anomalie());
         return AccAnomala;
     }
     if (dati == 0 && visivi == 0)
         return AccBuona;
-    rapporto = Rapporto_Errori();
+    rapporto = Tagliato(Rapporto_Errori());
     return AccErrata;
 }

@@ -32,6 +32,61 @@
 
 namespace {
 
+/// Width that a character adds to its line at least: none when the layout may hide it or let it hang over.
+int Larghezza_Certa(QChar carattere, const QFontMetrics &metrica)
+{
+    const bool incerto =
+        carattere.isSpace() || carattere.isMark() || carattere.category() == QChar::Other_Format;
+    return incerto ? 0 : metrica.horizontalAdvance(carattere);
+}
+
+/// How many lines leave nothing of a place free, whatever a layout saves: twice as many as it has.
+int Righe_Abbondanti(const QSize &posto, const QFontMetrics &metrica)
+{
+    return 2 * (posto.height() / metrica.lineSpacing() + 1);
+}
+
+/// True when the letters of a text cannot stand in a place, in whatever way its lines are broken. It reads no
+/// further than it takes to know.
+bool Trabocca(const QString &testo, const QSize &posto, const QFontMetrics &metrica)
+{
+    qint64 libero = qint64{posto.width()} * Righe_Abbondanti(posto, metrica);
+    for (const QChar carattere : testo) {
+        libero -= Larghezza_Certa(carattere, metrica);
+        if (libero < 0)
+            return true;
+    }
+    return false;
+}
+
+/// How many characters of a text leave nothing of a place free. A word that is wider than the place takes one
+/// line of it.
+qsizetype Quanto_Riempie(const QString &testo, const QSize &posto, const QFontMetrics &metrica)
+{
+    const int righe = Righe_Abbondanti(posto, metrica);
+    int piene = 0;
+    int riga = 0;   // width of the words that stand in the present line
+    int parola = 0; // width of the present word
+    for (qsizetype i = 0; i < testo.size(); ++i) {
+        if (!testo[i].isSpace()) {
+            if (parola < posto.width())
+                parola += Larghezza_Certa(testo[i], metrica);
+            continue;
+        }
+        const bool nuova = riga > 0 && riga + parola > posto.width();
+        riga = nuova ? parola : riga + parola;
+        parola = 0;
+        piene += nuova;
+        if (testo[i] == u'\n') {
+            riga = 0;
+            ++piene;
+        }
+        if (piene >= righe)
+            return i;
+    }
+    return testo.size();
+}
+
 class WidgetEtichetta : public QLabel
 {
 public:
@@ -44,7 +99,11 @@ public:
     {
         if (text().isEmpty())
             return true;
+        if (Trabocca(text(), size(), fontMetrics()))
+            return false;
         const int fuori = (spezza ? Altezza_Spezzata() : heightForWidth(width())) - height();
+        if (fuori > fontMetrics().height())
+            return false; // more than a line
         if (!spezza && minimumSizeHint().width() > width())
             return false; // its longest word
         const QRect lettere = fontMetrics().tightBoundingRect(text());
@@ -555,6 +614,15 @@ void Etichetta::Etichetta_Di(const Controllo &controllo)
 {
     if (Widget() != nullptr)
         Label()->setBuddy(controllo.Widget());
+}
+
+QString Etichetta::Principio(const QString &testo) const
+{
+    if (Widget() == nullptr)
+        return testo;
+    QFont carattere = Label()->font();
+    carattere.setPixelSize(Carattere_Minimo());
+    return testo.left(Quanto_Riempie(testo, Label()->size(), QFontMetrics(carattere)));
 }
 
 qint32 Etichetta::Altezza_Testo() const

@@ -95,6 +95,9 @@ public:
     /// Tells an assistive technology that this is the label of a control. A list that drops down is known by
     /// the entry that it shows: no name of its own would be heard.
     void Etichetta_Di(const Controllo &controllo);
+    /// The beginning of a text: what fills the label even in the smallest type, and as much again. Behind it
+    /// nothing of the text could be seen, and a layout of all of it would cost its length.
+    QString Principio(const QString &testo) const;
     /// Height that the caption needs at the present width, in twips.
     qint32 Altezza_Testo() const;
     bool Entra() const override;

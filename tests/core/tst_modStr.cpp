@@ -8,6 +8,14 @@
 
 namespace {
 
+QStringList Testi_Di(const ListaBrani &brani)
+{
+    QStringList testi;
+    for (const Brano &brano : brani)
+        testi.append(brano.Copia());
+    return testi;
+}
+
 /// A text at random out of a few letters.
 QString Testo_ACaso(QRandomGenerator &caso, const QString &lettere, quint32 massimo)
 {
@@ -28,6 +36,19 @@ QStringList Sezioni_PassoAPasso(const QString &testo)
         if (chiusa >= 0 && (prossima < 0 || chiusa < prossima))
             nomi.append(testo.mid(inizio, chiusa - inizio));
         inizio = prossima + 1;
+    }
+    return nomi;
+}
+
+/// Key names, walked back from each equals sign.
+QStringList Chiavi_PassoAPasso(const QString &testo)
+{
+    QStringList nomi;
+    for (qsizetype uguale = testo.indexOf(u'='); uguale >= 0; uguale = testo.indexOf(u'=', uguale + 1)) {
+        QString nome;
+        for (qsizetype i = uguale - 1; i >= 0 && testo[i] != u'\r' && testo[i] != u'\n'; --i)
+            nome.prepend(testo[i]);
+        nomi.append(nome);
     }
     return nomi;
 }
@@ -208,9 +229,9 @@ private Q_SLOTS:
     {
         QFETCH(QString, testo);
         QFETCH(QStringList, nomi);
-        QStringList trovati;
+        ListaBrani trovati;
         QCOMPARE(Ini_Sezioni(testo, trovati), qint16(nomi.size() - 1));
-        QCOMPARE(trovati, nomi);
+        QCOMPARE(Testi_Di(trovati), nomi);
     }
 
     void sezioniACaso()
@@ -218,25 +239,25 @@ private Q_SLOTS:
         QRandomGenerator caso(12);
         for (int volta = 0; volta < 5000; ++volta) {
             const QString testo = Testo_ACaso(caso, QStringLiteral("[]a"), 12);
-            QStringList nomi;
+            ListaBrani nomi;
             Ini_Sezioni(testo, nomi);
-            QCOMPARE(nomi, Sezioni_PassoAPasso(testo));
+            QCOMPARE(Testi_Di(nomi), Sezioni_PassoAPasso(testo));
         }
     }
 
     /// A file of brackets is refused by its content, not by the time that it takes.
     void sezioniDiUnFileDiSoleParentesi()
     {
-        QStringList nomi;
+        ListaBrani nomi;
         QCOMPARE(Ini_Sezioni(QString(1000000, u'['), nomi), qint16{-1});
         QCOMPARE(Errore_Di([&] { Ini_Sezioni(QStringLiteral("[]").repeated(32769), nomi); }), 6);
     }
 
     void sezioniSiAggiungono()
     {
-        QStringList nomi = {QStringLiteral("prima")};
+        ListaBrani nomi = {QStringLiteral("prima")};
         QCOMPARE(Ini_Sezioni(QStringLiteral("[A]"), nomi), qint16{1});
-        QCOMPARE(nomi, (QStringList{QStringLiteral("prima"), QStringLiteral("A")}));
+        QCOMPARE(Testi_Di(nomi), (QStringList{QStringLiteral("prima"), QStringLiteral("A")}));
     }
 
     void sezioniNessunaInUnaListaPiena_data()
@@ -249,9 +270,9 @@ private Q_SLOTS:
     void sezioniNessunaInUnaListaPiena()
     {
         QFETCH(QString, testo);
-        QStringList nomi = {QStringLiteral("prima")};
+        ListaBrani nomi = {QStringLiteral("prima")};
         QCOMPARE(Ini_Sezioni(testo, nomi), qint16{-1});
-        QCOMPARE(nomi, QStringList(QStringLiteral("prima")));
+        QCOMPARE(Testi_Di(nomi), QStringList(QStringLiteral("prima")));
     }
 
     void chiavi_data()
@@ -279,23 +300,47 @@ private Q_SLOTS:
     {
         QFETCH(QString, testo);
         QFETCH(QStringList, nomi);
-        QStringList trovate;
+        ListaBrani trovate;
         QCOMPARE(Ini_Chiavi(testo, trovate), qint16(nomi.size() - 1));
-        QCOMPARE(trovate, nomi);
+        QCOMPARE(Testi_Di(trovate), nomi);
+    }
+
+    void chiaviACaso()
+    {
+        QRandomGenerator caso(13);
+        for (int volta = 0; volta < 5000; ++volta) {
+            const QString testo = Testo_ACaso(caso, QStringLiteral("=a\r\n"), 12);
+            ListaBrani nomi;
+            QCOMPARE(Ini_Chiavi(testo, nomi), qint16(testo.count(u'=') - 1));
+            QCOMPARE(Testi_Di(nomi), Chiavi_PassoAPasso(testo));
+        }
+    }
+
+    /// A line of equals signs has as many names as signs, each as long as what stands before it: copied they
+    /// would be a gigabyte.
+    void chiaviDiUnaRigaDiSoliUguali()
+    {
+        const QString testo = QStringLiteral("a\r\n") + QString(32000, u'=');
+        ListaBrani nomi;
+        QCOMPARE(Ini_Chiavi(testo, nomi), qint16{31999});
+        for (qsizetype i = 0; i < nomi.size(); ++i) {
+            QCOMPARE(nomi.at(i).Vista().size(), i);
+            QCOMPARE(nomi.at(i).Vista().data(), testo.constData() + 3);
+        }
     }
 
     void chiaviSiAggiungono()
     {
-        QStringList nomi = {QStringLiteral("prima")};
+        ListaBrani nomi = {QStringLiteral("prima")};
         QCOMPARE(Ini_Chiavi(QStringLiteral("A=1"), nomi), qint16{1});
-        QCOMPARE(nomi, (QStringList{QStringLiteral("prima"), QStringLiteral("A")}));
+        QCOMPARE(Testi_Di(nomi), (QStringList{QStringLiteral("prima"), QStringLiteral("A")}));
     }
 
     void chiaviNessunaInUnaListaPiena()
     {
-        QStringList nomi = {QStringLiteral("prima")};
+        ListaBrani nomi = {QStringLiteral("prima")};
         QCOMPARE(Ini_Chiavi(QStringLiteral("[A]\r\n"), nomi), qint16{-1});
-        QCOMPARE(nomi, QStringList(QStringLiteral("prima")));
+        QCOMPARE(Testi_Di(nomi), QStringList(QStringLiteral("prima")));
     }
 };
 

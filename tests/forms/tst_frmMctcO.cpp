@@ -387,6 +387,48 @@ private Q_SLOTS:
         QCOMPARE(Lista()->currentRow(), -1);
     }
 
+    /// The form forgets at each opening what it knew of the folder: the same one, opened again, builds its
+    /// list once more at its first beat.
+    void riapertaRicominciaDaCapo()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Orologio_Banco().Avanza(3 * BATTITO);
+        form->Scarica();
+        form->Mostra();
+        QVERIFY(Attiva(*form));
+        QSignalSpy rifatta(Lista()->model(), &QAbstractItemModel::modelReset);
+        Battito();
+        QCOMPARE(rifatta.count(), 1);
+        Battito();
+        QCOMPARE(rifatta.count(), 1);
+    }
+
+    /// Nor is there anything to build in a folder that is empty, whatever the one before held.
+    void riapertaSuUnaCartellaVuota()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Battito();
+        form->Scarica();
+        Togli_File(QStringLiteral("12345678.acc"));
+        form->Mostra();
+        QVERIFY(Attiva(*form));
+        QSignalSpy rifatta(Lista()->model(), &QAbstractItemModel::modelReset);
+        Battito();
+        QCOMPARE(rifatta.count(), 0);
+    }
+
+    /// What changes on its place between the opening and the first beat was never told by two listings.
+    void cambiatoPrimaDelPrimoBattito()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Riscrivi_File(QStringLiteral("12345678.acc"), Con("Targa=AB123CD", "Targa=EF456GH"));
+        Battito();
+        QCOMPARE(Righe(), QStringList(QStringLiteral("12345678.ACC\tEF456GH")));
+    }
+
     void cartellaVuotaPoiIlPrimoFile()
     {
         Apri();
@@ -524,6 +566,33 @@ private Q_SLOTS:
         Widget_Di(*form, "txt_0")->disconnect(this);
         Battito();
         QCOMPARE(Lista()->count(), 2);
+    }
+
+    /// Nor does a beat begin while the files are read for the list: it would build the list inside the
+    /// building.
+    void battitoDuranteLaLettura()
+    {
+        Scrivi_File(QStringLiteral("10000000.acc"), Buono());
+        Apri();
+        Battito();
+        Scrivi_File(QStringLiteral("20000000.acc"), Buono());
+        QSignalSpy rifatta(Lista()->model(), &QAbstractItemModel::modelReset);
+        int volte = 0;
+        QMetaObject::invokeMethod(
+            this,
+            [&] {
+                ++volte;
+                Scrivi_File(QStringLiteral("30000000.acc"), Buono());
+                Battito();
+                QCOMPARE(rifatta.count(), 0);
+                QVERIFY(QApplication::overrideCursor() != nullptr);
+            },
+            Qt::QueuedConnection);
+        Battito();
+        QCOMPARE(volte, 1);
+        QCOMPARE(rifatta.count(), 1);
+        Battito();
+        QCOMPARE(Lista()->count(), 3);
     }
 
     void battitoConIlRapportoAperto()

@@ -2,6 +2,7 @@
 
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
+#include "toolkit/aspetto.h"
 #include "platform/colori.h"
 #include "tests/comuni/orologio_prova.h"
 #include "tests/comuni/stazione_prova.h"
@@ -11,7 +12,9 @@
 #include "tests/forms/principale_prova.h"
 #include "toolkit/schermo.h"
 
+#include <QApplication>
 #include <QLabel>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QWindow>
 
@@ -89,6 +92,9 @@ private Q_SLOTS:
     void testoTuttoInVista_data();
     void testoTuttoInVista();
     void testoTroppoLungoMostraIlPrincipio();
+    void testoLunghissimoComeIntero_data();
+    void testoLunghissimoComeIntero();
+    void testoLunghissimoCostaQuantoSiVede();
     void inPrimoPiano();
 
     void secondoMessaggioMentreUnoSiMostra();
@@ -411,6 +417,73 @@ void tst_frmMsg::testoTroppoLungoMostraIlPrincipio()
         QCOMPARE(difetti, QStringLiteral("tagliato "));
         QVERIFY(allineamento.testFlag(Qt::AlignTop)); // what is cut is the end
     }
+}
+
+void tst_frmMsg::testoLunghissimoComeIntero_data()
+{
+    QTest::addColumn<QString>("testo");
+    QTest::newRow("parole") << Testo(64000);
+    QTest::newRow("righe") << QStringLiteral("File: a - Estranea\r\n").repeated(3200);
+    QTest::newRow("righe vuote") << QStringLiteral("\r\n").repeated(32000);
+    QTest::newRow("una parola larga, poi altre righe")
+        << QString(32000, u'=') + QStringLiteral(" - Estranea\r\n") + Testo(20000);
+    QTest::newRow("bianchi, poi altre parole") << QString(20000, u' ') + Testo(20000);
+    QTest::newRow("trattini invisibili, poi altre parole") << QString(20000, QChar(0xAD)) + Testo(20000);
+}
+
+/// What is seen is to the dot what a label shows that has been given the whole text.
+void tst_frmMsg::testoLunghissimoComeIntero()
+{
+    QFETCH(QString, testo);
+    QImage vista, intera;
+    QString nome;
+    Mostra_E_Guarda(1, testo, [&] {
+        auto *lbl = Parte<QLabel>("lbl_0");
+        nome = lbl->accessibleName();
+        vista = lbl->grab().toImage();
+        lbl->setText(testo);
+        intera = lbl->grab().toImage();
+    });
+    QVERIFY(!vista.isNull());
+    QCOMPARE(vista, intera);
+    QCOMPARE(nome, testo);
+}
+
+namespace {
+
+/// The look of before, and how many characters were painted by it.
+class StileContatore : public QProxyStyle
+{
+public:
+    StileContatore() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    void drawItemText(QPainter *pennello, const QRect &posto, int modo, const QPalette &colori, bool acceso,
+                      const QString &testo, QPalette::ColorRole ruolo) const override
+    {
+        caratteri += testo.size();
+        QProxyStyle::drawItemText(pennello, posto, modo, colori, acceso, testo, ruolo);
+    }
+
+    mutable qsizetype caratteri = 0;
+};
+
+} // namespace
+
+/// A report many screens long is not handed on whole: what is painted is a screen or two.
+void tst_frmMsg::testoLunghissimoCostaQuantoSiVede()
+{
+    auto *stile = new StileContatore;
+    QApplication::setStyle(stile);
+    const auto caratteri_per = [stile](const QString &testo) {
+        stile->caratteri = 0;
+        Mostra_E_Guarda(1, testo, [] {});
+        return stile->caratteri;
+    };
+    const qsizetype lungo = caratteri_per(QStringLiteral("Entry: a - Entry Estranea\r\n").repeated(2285));
+    const qsizetype breve = caratteri_per(QStringLiteral("Entry: a - Entry Estranea\r\n"));
+    Aspetto_Applica(*qApp);
+    QVERIFY2(breve > 27, qPrintable(QString::number(breve))); // the label is painted by the style
+    QVERIFY2(lungo < 64000 / 4, qPrintable(QString::number(lungo)));
 }
 
 void tst_frmMsg::inPrimoPiano()

@@ -22,7 +22,8 @@ private:
         m_ultimo = Acc_ControllaSintassi(m_stazione.Percorso(nome), m_lista);
         QStringList testi;
         for (const AnomaliaAcc &a : std::as_const(m_lista))
-            testi.append(QStringLiteral("%1/%2 [%3] %4").arg(a.Tipo).arg(a.Errore).arg(a.Sezione, a.Testo));
+            testi.append(
+                QStringLiteral("%1/%2 [%3] %4").arg(a.Tipo).arg(a.Errore).arg(a.Sezione, a.Testo.Copia()));
         return testi;
     }
 
@@ -95,6 +96,17 @@ private Q_SLOTS:
     {
         QCOMPARE(Esito("[A]b]\r\nN =y\r\n"), QStringList{QStringLiteral("2/6 [A] N =y")});
         QCOMPARE(Esito("[a[b]\r\nN =y\r\n"), QStringList{QStringLiteral("2/6 [a[b] N =y")});
+    }
+
+    /// What stands before a bracket closes nothing, and what stands behind a head is looked at as on any
+    /// line.
+    void laRigaDiUnaTesta()
+    {
+        QCOMPARE(Esito("[A]\r\nb]c[D]\r\nN =y\r\n"),
+                 (QStringList{QStringLiteral("1/6 [] b]c[D]"), QStringLiteral("2/6 [D] N =y")}));
+        QCOMPARE(Esito("[A]\r\n[D] N =y\r\n"),
+                 (QStringList{QStringLiteral("1/7 [] [D] N =y"), QStringLiteral("2/6 [D] [D] N =y")}));
+        QCOMPARE(Esito("[A]\r\n][\r\n"), QStringList());
     }
 
     void ogniRigaPrimaDellaPrimaSezione()

@@ -5,14 +5,18 @@
 #include "tests/mctc/prova_acc.h"
 
 #include <QLocale>
+#include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTest>
+
+#include <algorithm>
 
 namespace {
 
 /// A finding as one text, short to write: kind, error, section, what.
 QString Testo_Di(const AnomaliaAcc &a)
 {
-    return QStringLiteral("%1/%2 [%3] %4").arg(a.Tipo).arg(a.Errore).arg(a.Sezione, a.Testo);
+    return QStringLiteral("%1/%2 [%3] %4").arg(a.Tipo).arg(a.Errore).arg(a.Sezione, a.Testo.Copia());
 }
 
 QStringList Testi_Di(const ListaAnomalie &lista)
@@ -21,6 +25,104 @@ QStringList Testi_Di(const ListaAnomalie &lista)
     for (const AnomaliaAcc &anomalia : lista)
         testi.append(Testo_Di(anomalia));
     return testi;
+}
+
+QStringList Nomi_Di(const ListaBrani &brani)
+{
+    QStringList nomi;
+    for (const Brano &brano : brani)
+        nomi.append(brano.Copia());
+    return nomi;
+}
+
+// --- the same comparison, plain and slow ------------------------------------------------------------------
+
+/// A head and what stands behind its bracket, up to the next head.
+struct SezioneLenta
+{
+    QString nome;
+    QString testo;
+};
+
+QList<SezioneLenta> Sezioni_Lente(const QString &testo)
+{
+    QList<SezioneLenta> sezioni;
+    static const QRegularExpression TESTA(QStringLiteral("\\[([^\\[\\]]*)\\]"));
+    for (auto teste = TESTA.globalMatch(testo); teste.hasNext();) {
+        const auto testa = teste.next();
+        const qsizetype fine = teste.hasNext() ? teste.peekNext().capturedStart() : testo.size();
+        sezioni.append(
+            {testa.captured(1), testo.mid(testa.capturedEnd() - 1, fine - testa.capturedEnd() + 1)});
+    }
+    return sezioni;
+}
+
+QStringList Chiavi_Lente(const QString &testo)
+{
+    QStringList chiavi;
+    for (qsizetype i = 0; i < testo.size(); ++i) {
+        if (testo[i] != u'=')
+            continue;
+        QString chiave;
+        for (qsizetype j = i - 1; j >= 0 && testo[j] != u'\r' && testo[j] != u'\n'; --j)
+            chiave.prepend(testo[j]);
+        chiavi.append(chiave);
+    }
+    return chiavi;
+}
+
+/// Every name against every name.
+QStringList Confronto_Lento(const QStringList &modello, const QStringList &file, int tipo,
+                            const QString &sezione)
+{
+    QStringList testi;
+    const auto aggiungi = [&](const QString &nome, qsizetype volte, int mai) {
+        if (volte == 0 || volte == 2)
+            testi.append(
+                QStringLiteral("%1/%2 [%3] %4").arg(tipo).arg(volte == 0 ? mai : 3).arg(sezione, nome));
+    };
+    for (const QString &nome : modello)
+        aggiungi(nome, file.count(nome), 2);
+    for (const QString &nome : file)
+        aggiungi(nome, modello.count(nome), 1);
+    return testi;
+}
+
+/// The findings about two texts that have a section each.
+QStringList Struttura_Lenta(const QString &modello, const QString &file)
+{
+    const QList<SezioneLenta> delModello = Sezioni_Lente(modello), delFile = Sezioni_Lente(file);
+    const auto nomi = [](const QList<SezioneLenta> &sezioni) {
+        QStringList testi;
+        for (const SezioneLenta &sezione : sezioni)
+            testi.append(sezione.nome);
+        return testi;
+    };
+    const auto chiavi = [](const QList<SezioneLenta> &sezioni, const QString &nome) {
+        const auto prima = std::find_if(sezioni.begin(), sezioni.end(),
+                                        [&](const SezioneLenta &sezione) { return sezione.nome == nome; });
+        return prima == sezioni.end() ? QStringList() : Chiavi_Lente(prima->testo);
+    };
+    QStringList testi = Confronto_Lento(nomi(delModello), nomi(delFile), 1, QString());
+    if (!testi.isEmpty())
+        return testi;
+    for (const SezioneLenta &sezione : delFile) {
+        const QStringList sue = chiavi(delModello, sezione.nome), altre = chiavi(delFile, sezione.nome);
+        if (!sue.isEmpty() && !altre.isEmpty())
+            testi += Confronto_Lento(sue, altre, 2, sezione.nome);
+    }
+    return testi;
+}
+
+/// A text of a few sections and lines that often agree with another one, and often do not.
+QByteArray Testo_ACaso(QRandomGenerator &caso)
+{
+    static const QList<QByteArray> PEZZI = {"[A]\r\n", "[B]\r\n", "[A]\r\n", "a=1\r\n", "b=\r\n",  "a=1\r\n",
+                                            "=",       "==\r",    "[C",      "]",       "a=[A]\n", "x"};
+    QByteArray testo = "[A]\r\na=\r\n";
+    for (quint32 n = caso.bounded(8U); n > 0; --n)
+        testo += PEZZI[qsizetype(caso.bounded(quint32(PEZZI.size())))];
+    return testo;
 }
 
 int Numero_Errore(const std::function<void()> &azione)
@@ -48,19 +150,24 @@ private:
     qint16 m_ultimo = 0;
 
     /// Compares a file with a template, both given as lines.
-    QStringList Esito(const QByteArray &modello, const QByteArray &file)
+    void Confronta(const QByteArray &modello, const QByteArray &file)
     {
         m_stazione.Scrivi(MODELLO, modello);
         m_stazione.Scrivi(NOME, file);
         m_ultimo = Acc_ControllaStruttura(m_stazione.Percorso(MODELLO), m_stazione.Percorso(NOME), m_lista);
+    }
+    QStringList Esito(const QByteArray &modello, const QByteArray &file)
+    {
+        Confronta(modello, file);
         return Testi_Di(m_lista);
     }
 
     static QStringList Chiavi_Di(const QString &testo, const QString &sezione)
     {
-        QStringList chiavi{QStringLiteral("vecchia")};
+        ListaBrani chiavi{QStringLiteral("vecchia")};
         const qint16 ultima = Sezione_Chiavi(testo, sezione, chiavi);
-        return ultima == chiavi.size() - 1 ? chiavi : QStringList{QStringLiteral("indice sbagliato")};
+        return ultima == chiavi.size() - 1 ? Nomi_Di(chiavi)
+                                           : QStringList{QStringLiteral("indice sbagliato")};
     }
 
 private Q_SLOTS:
@@ -132,6 +239,25 @@ private Q_SLOTS:
         QCOMPARE(Testi_Di(m_lista), QStringList{QStringLiteral("3/5 [] ") + modello});
     }
 
+    /// A folder of that name stands for anything that is there and cannot be read.
+    void modelloCheNonSiLegge()
+    {
+        m_stazione.Scrivi(QStringLiteral("dati\\Chiuso.acc\\x"), "x");
+        const QString modello = m_stazione.Percorso(QStringLiteral("dati\\Chiuso.acc"));
+        m_stazione.Scrivi(NOME, "[A]\r\nx=1\r\n");
+        QCOMPARE(Acc_ControllaStruttura(modello, m_stazione.Percorso(NOME), m_lista), qint16{0});
+        QCOMPARE(Testi_Di(m_lista), QStringList{QStringLiteral("3/5 [] ") + modello});
+    }
+
+    /// Of two files that are missing the template is told: without it no other could pass either.
+    void mancanoTuttiEDue()
+    {
+        const QString modello = m_stazione.Percorso(QStringLiteral("dati\\Manca.acc"));
+        const QString manca = m_stazione.Percorso(QStringLiteral("DIR_FAR\\99999999.acc"));
+        QCOMPARE(Acc_ControllaStruttura(modello, manca, m_lista), qint16{0});
+        QCOMPARE(Testi_Di(m_lista), QStringList{QStringLiteral("3/5 [] ") + modello});
+    }
+
     void fileMancanteOVuoto()
     {
         m_stazione.Scrivi(MODELLO, "[A]\r\nx=1\r\n");
@@ -198,6 +324,66 @@ private Q_SLOTS:
             6);
     }
 
+    /// As many on the template's side, and of a section; a name that stands on one side only is not counted.
+    void duecentocinquantaseiCopieDovunque()
+    {
+        const QByteArray chiavi = QByteArray("x=1\r\n").repeated(256),
+                         teste = QByteArray("[A]\r\n").repeated(256);
+        QCOMPARE(Numero_Errore([&] { Esito("[A]\r\n" + chiavi, "[A]\r\nx=1\r\n"); }), 6);
+        QCOMPARE(Numero_Errore([&] { Esito("[A]\r\n", teste); }), 6);
+        QCOMPARE(Numero_Errore([&] { Esito(teste, "[A]\r\n"); }), 6);
+        QCOMPARE(Esito("[A]\r\ny=1\r\n", "[A]\r\n" + chiavi).size(), 257);
+        QCOMPARE(Esito("[A]\r\n" + chiavi, "[A]\r\ny=1\r\n").size(), 257);
+    }
+
+    /// Thousands of small files give to the letter what every name held against every name gives.
+    void comeIlConfrontoPianoELento()
+    {
+        QRandomGenerator caso(20);
+        int conAnomalie = 0;
+        for (int volta = 0; volta < 3000; ++volta) {
+            const QByteArray modello = Testo_ACaso(caso), file = Testo_ACaso(caso);
+            const QStringList attese =
+                Struttura_Lenta(QString::fromLatin1(modello), QString::fromLatin1(file));
+            QCOMPARE(Esito(modello, file), attese);
+            QCOMPARE(m_ultimo, qint16(attese.size() - 1));
+            conAnomalie += attese.size() > 3 && attese.constFirst().startsWith(u'2');
+        }
+        QVERIFY2(conAnomalie > 200, qPrintable(QString::number(conAnomalie)));
+    }
+
+    /// Sixteen bits of findings and no more.
+    void piuDi16BitDiAnomalieFinisconoIlProgramma()
+    {
+        const QByteArray file = "[A]\r\n" + QByteArray(32760, '=');
+        Confronta("[A]\r\na=\r\nb=\r\nc=\r\n", file);
+        QCOMPARE(m_lista.size(), 32763);
+        QCOMPARE(m_ultimo, qint16{32762});
+        QByteArray modello = "[A]\r\n";
+        for (int i = 0; i < 9; ++i)
+            modello += "k" + QByteArray::number(i) + "=\r\n";
+        QCOMPARE(Numero_Errore([&] { Confronta(modello, file); }), 6);
+    }
+
+    /// What a short file can say of itself must not fill the workstation: the names of a line share it, and a
+    /// section that stands there many times is compared once.
+    void leAnomalieNonCopianoIlTesto()
+    {
+        const QByteArray sezione = "[A]\r\n" + QByteArray(8000, '=') + "\r\n";
+        Confronta("[A]\r\nx=\r\n", sezione + "[A]\r\n[A]\r\n");
+        QCOMPARE(m_ultimo, qint16{3 * 8001 - 1});
+        const QChar *riga = m_lista.at(1).Testo.Vista().data();
+        for (qsizetype i = 0; i < m_lista.size(); ++i) {
+            const QStringView testo = m_lista.at(i).Testo.Vista();
+            if (i % 8001 == 0) {
+                QCOMPARE(testo, QStringLiteral("x"));
+            } else {
+                QCOMPARE(testo.size(), i % 8001 - 1);
+                QCOMPARE(testo.data(), riga);
+            }
+        }
+    }
+
     void sezioneSenzaChiaviDaUnaParteNonDaNulla()
     {
         QCOMPARE(Esito("[A]\r\nx=1\r\ny=1\r\n", "[A]\r\n"), QStringList());
@@ -261,6 +447,11 @@ private Q_SLOTS:
             << QStringLiteral("[A]\r\nabc\r\n[B]\r\nx=\r\n") << QStringList();
         QTest::newRow("testa aperta due volte") << QStringLiteral("[A[A]\r\nx=\r\ny=\r\n") << xy;
         QTest::newRow("parentesi mai chiusa non ferma") << QStringLiteral("[A]\r\nx=\r\n[B\r\ny=\r\n") << xy;
+        // What stands behind a head is looked through from its "]" on, up to the next head and no further.
+        QTest::newRow("teste sulla stessa riga") << QStringLiteral("[B][A]\r\nx=\r\ny=\r\n[A]z=\r\n") << xy;
+        QTest::newRow("parentesi chiusa davanti") << QStringLiteral("]z=[A]\r\nx=\r\ny=\r\n[B]z=\r\n") << xy;
+        QTest::newRow("parentesi chiusa due volte")
+            << QStringLiteral("[B]A]\r\nz=\r\n[A]\r\nx=\r\ny=\r\n") << xy;
         QTest::newRow("parentesi chiusa da sola") << QStringLiteral("[A]\r\nx=]\r\ny=\r\n") << xy;
         QTest::newRow("bianchi nel nome")
             << QStringLiteral("[A]\r\n x =1\r\n") << QStringList{QStringLiteral(" x ")};

@@ -73,6 +73,26 @@ private Q_SLOTS:
         QVERIFY(intatta);
     }
 
+    /// What is pressed while the last file is read is dealt with before the new list stands: there is a turn
+    /// of events that comes too late to be read.
+    void ancheDietroLUltimoFile()
+    {
+        const ProvaAcc prova;
+        prova.Scrivi(prova.Buono());
+        int giri = 0;
+        const auto targa = [&giri] { return "GIRO" + QByteArray::number(giri); };
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, this, [&] {
+            ++giri;
+            prova.Scrivi(prova.Con("DatiLibrettoVeicolo", "Targa", targa()));
+        });
+        timer.start(0);
+        QList<VoceLista> voci;
+        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint32{0});
+        QVERIFY(voci.at(0).Targa.startsWith(QStringLiteral("GIRO")));
+        QVERIFY(voci.at(0).Targa != QString::fromLatin1(targa()));
+    }
+
     /// A name in capitals still names its file.
     void nomeConUnaLetteraSenzaMaiuscola()
     {

@@ -250,6 +250,63 @@ private Q_SLOTS:
                  QStringLiteral("Sezione:[Prenotazione] - Campo:DataAccettazione - testo 94\r\n"));
     }
 
+    // --- a report longer than anybody reads
+    // -------------------------------------------------------------------
+
+    /// Lines without a key, a few characters each, behind a complete file.
+    QByteArray Con_RigheEstranee(int quante, int lunga) const
+    {
+        return m_prova.Buono() + (QByteArray(lunga, 'x') + "\r\n").repeated(quante);
+    }
+    /// The line of the report for such a line.
+    static QString Riga_Estranea(int lunga)
+    {
+        return QStringLiteral("File: ") + QString(lunga, u'x') + QStringLiteral(" - Estranea\r\n");
+    }
+
+    /// 64,000 characters are given to the letter, the line that would pass them is left out whole.
+    void rapportoFinoA64000Caratteri()
+    {
+        const QString riga = Riga_Estranea(1); // 20 characters
+        QCOMPARE(riga.size(), 20);
+        QCOMPARE(m_prova.Controlla(Con_RigheEstranee(3200, 1)), qint16{1});
+        QCOMPARE(m_prova.Rapporto, riga.repeated(3200));
+        QCOMPARE(m_prova.Controlla(Con_RigheEstranee(3201, 1)), qint16{1});
+        QCOMPARE(m_prova.Rapporto, riga.repeated(3200));
+        const QString altra = Riga_Estranea(4); // 23 characters, which do not make 64,000
+        QCOMPARE(m_prova.Controlla(Con_RigheEstranee(3000, 4)), qint16{1});
+        QCOMPARE(m_prova.Rapporto, altra.repeated(64000 / 23));
+    }
+
+    /// The structure's findings come first, and the cut may fall among them or behind them.
+    void rapportoTagliatoInMezzoAllaStruttura()
+    {
+        QByteArray righe;
+        for (int i = 0; i < 2000; ++i)
+            righe += "k" + QByteArray::number(i) + "=\r\n";
+        QCOMPARE(m_prova.Controlla(m_prova.Al_Posto("Prenotazione", "Nome=", righe) + "abc\r\n"), qint16{1});
+        QString intero = QStringLiteral("Sezione:[Prenotazione] - Entry: Nome - Entry Mancante\r\n");
+        for (int i = 0; i < 2000; ++i)
+            intero += QStringLiteral("Sezione:[Prenotazione] - Entry: k%1 - Entry Estranea\r\n").arg(i);
+        QVERIFY(intero.size() > 64000);
+        QCOMPARE(m_prova.Rapporto, intero.left(intero.lastIndexOf(QStringLiteral("\r\n"), 63998) + 2));
+        QCOMPARE(gAnomalieStruttura.size(), 2001); // the findings themselves are all there
+        QCOMPARE(gAnomalieSintassi.size(), 1);
+    }
+
+    /// A line of equals signs would make half a gigabyte of report: it is not even composed.
+    void rapportoNonCompostoOltre()
+    {
+        const QByteArray riga(20000, '=');
+        QCOMPARE(m_prova.Controlla(m_prova.Al_Posto("Prenotazione", "Note=", "Note=\r\n" + riga + "\r\n")),
+                 qint16{1});
+        QCOMPARE(gAnomalieStruttura.size(), 20000);
+        QVERIFY(m_prova.Rapporto.size() <= 64000);
+        QVERIFY(m_prova.Rapporto.size() > 63000);
+        QVERIFY2(m_prova.Rapporto.capacity() < 4 * 64000,
+                 qPrintable(QString::number(m_prova.Rapporto.capacity())));
+    }
+
     void fileTroppoLungoFinisceIlProgramma()
     {
         int numero = 0;

@@ -128,9 +128,17 @@ private Q_SLOTS:
         QTest::newRow("minuti") << QStringLiteral("236000") << qint16{ValoreNonOra};
         QTest::newRow("secondi") << QStringLiteral("235960") << qint16{ValoreNonOra};
         QTest::newRow("5 cifre, resto buono") << QStringLiteral("93000") << qint16{ValoreNonOra};
-        QTest::newRow("5 cifre, ore buone") << QStringLiteral("09300") << qint16{ValoreLunghezza};
         QTest::newRow("7 cifre") << QStringLiteral("0930000") << qint16{ValoreLunghezza};
         QTest::newRow("7 cifre, contano le ultime") << QStringLiteral("0930100") << qint16{ValoreLunghezza};
+        // Of a time of another length the minutes are its third and fourth character, the seconds its last
+        // two.
+        QTest::newRow("7 cifre, minuti dopo le ore") << QStringLiteral("0960500") << qint16{ValoreNonOra};
+        QTest::newRow("7 cifre, 96 non sono minuti") << QStringLiteral("0959600") << qint16{ValoreLunghezza};
+        QTest::newRow("7 cifre, secondi in fondo") << QStringLiteral("0930160") << qint16{ValoreNonOra};
+        QTest::newRow("7 cifre, 60 non sono secondi") << QStringLiteral("0930600") << qint16{ValoreLunghezza};
+        QTest::newRow("5 cifre, minuti dopo le ore") << QStringLiteral("09600") << qint16{ValoreNonOra};
+        QTest::newRow("5 cifre, 93 non sono minuti") << QStringLiteral("09300") << qint16{ValoreLunghezza};
+        QTest::newRow("5 cifre, secondi in fondo") << QStringLiteral("09360") << qint16{ValoreNonOra};
         QTest::newRow("una cifra") << QStringLiteral("5") << qint16{ValoreLunghezza};
         QTest::newRow("con punti") << QStringLiteral("09.30.00") << qint16{ValoreNonOra};
         QTest::newRow("lettere") << QStringLiteral("AABBCC") << qint16{ValoreNonOra};
@@ -257,6 +265,8 @@ private Q_SLOTS:
         QTest::addColumn<qint16>("fuori");
         QTest::newRow("nessuno") << QStringLiteral("235959") << qint16{0};
         QTest::newRow("ore") << QStringLiteral("245959") << qint16{1};
+        QTest::newRow("minuti") << QStringLiteral("096000") << qint16{1};
+        QTest::newRow("secondi") << QStringLiteral("005960") << qint16{1};
         QTest::newRow("ore e secondi") << QStringLiteral("245960") << qint16{2};
         QTest::newRow("tutti") << QStringLiteral("999999") << qint16{3};
         QTest::newRow("non numeri") << QStringLiteral("AABBCC") << qint16{0};
