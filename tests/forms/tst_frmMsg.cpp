@@ -2,7 +2,6 @@
 
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
-#include "toolkit/aspetto.h"
 #include "platform/colori.h"
 #include "tests/comuni/orologio_prova.h"
 #include "tests/comuni/stazione_prova.h"
@@ -10,6 +9,7 @@
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/modulo_prova.h"
 #include "tests/forms/principale_prova.h"
+#include "toolkit/aspetto.h"
 #include "toolkit/schermo.h"
 
 #include <QApplication>
