@@ -22,6 +22,8 @@ Applicazione::Applicazione(int &argc, char **argv) : QApplication(argc, argv)
 
 bool Applicazione::notify(QObject *ricevente, QEvent *evento)
 {
+    if (m_gesti.Da_Scartare(ricevente, *evento))
+        return true;
     try {
         return QApplication::notify(ricevente, evento);
     } catch (const ErroreEsecuzione &errore) {
