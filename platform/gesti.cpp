@@ -2,6 +2,7 @@
 // the one before has just been confirmed: what the hand still does there was not meant for it.
 #include "platform/gesti.h"
 
+#include <QAbstractButton>
 #include <QKeyEvent>
 
 #include <utility>
@@ -17,22 +18,36 @@ const QWidget *Form_Di(const QWidget *widget)
     return finestra;
 }
 
-/// Enter and Escape press buttons and do nothing else, so that no control misses their repeats. Space presses
-/// when it is let go, once; a text box takes its repeats.
-bool Tenuto(const QKeyEvent &tasto)
+/// Enter and Escape press buttons and do nothing else, so that no control misses their repeats. Space does on
+/// a button alone: a text box takes its repeats.
+bool Preme(const QObject *ricevente, int tasto)
 {
-    return tasto.isAutoRepeat() &&
-           (tasto.key() == Qt::Key_Return || tasto.key() == Qt::Key_Enter || tasto.key() == Qt::Key_Escape);
+    return tasto == Qt::Key_Return || tasto == Qt::Key_Enter || tasto == Qt::Key_Escape ||
+           (tasto == Qt::Key_Space && qobject_cast<const QAbstractButton *>(ricevente) != nullptr);
 }
 
 } // namespace
+
+/// A repeat comes as a release and a press of one moment. On a busy machine the toolkit sees the release
+/// before the press has come in, and takes both for the operator's; no hand is that quick.
+bool Gesti::Tenuto(const QKeyEvent &tasto) const
+{
+    const bool momento = tasto.timestamp() != 0 && tasto.timestamp() == m_momento;
+    return tasto.isAutoRepeat() || (momento && tasto.key() == m_lasciato);
+}
 
 bool Gesti::Da_Scartare(const QObject *ricevente, const QEvent &evento)
 {
     switch (evento.type()) {
     case QEvent::ShortcutOverride: // where an open list lets Enter choose
-    case QEvent::KeyPress:
-        return Tenuto(static_cast<const QKeyEvent &>(evento));
+    case QEvent::KeyPress: {
+        const auto &tasto = static_cast<const QKeyEvent &>(evento);
+        return Preme(ricevente, tasto.key()) && Tenuto(tasto);
+    }
+    case QEvent::KeyRelease:
+        m_lasciato = static_cast<const QKeyEvent &>(evento).key();
+        m_momento = static_cast<const QKeyEvent &>(evento).timestamp();
+        return false;
     case QEvent::ContextMenu:
         return true; // of a text box or a scroll bar: its words would not be in the station's language
     default:

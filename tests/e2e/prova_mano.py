@@ -84,14 +84,12 @@ class Mano(ProvaStazione):
         programma.attendi_pulsante("Prova proiettori")
 
     def test_escape_tenuto_chiude_un_form_solo(self):
+        self.stazione.accettazione("94000002", DatiLibrettoVeicolo__Targa="AB")
         programma = self.avvia_al_menu()
-        programma.premi("Impostazioni")
-        programma.attendi_pulsante("Ok")
-        programma.tasto("F12")
-        programma.attendi_testo("Livelli dei controlli")
-        self.tieni_verso(programma, "Escape", "Ok", lambda: not programma.mostra("Livelli dei controlli"))
-        programma.attendi(lambda: programma.titolo() == "Impostazioni", cosa="le impostazioni")
-        resta(lambda: programma.titolo() == "Impostazioni", 1.5, "le impostazioni")
+        programma.premi("Prova proiettori")
+        programma.scegli_riga("94000002.ACC")
+        self.tieni_verso(programma, "Escape", "Ok", lambda: programma.abilitato("Annulla"))
+        resta(lambda: programma.in_qualche_finestra("push button", "Annulla"), 2, "la lista")
 
     def test_invio_doppio_non_interrompe(self):
         programma = self.avvia_al_menu()

@@ -22,9 +22,13 @@ enum Pressione
     Ripetuta
 };
 
-/// A key goes down in the window that has the keyboard.
+/// A key goes down in the window that has the keyboard. A hand takes longer than a moment of the window
+/// system's clock; a repeat does not.
 void Premi(int tasto, Pressione pressione, const QString &testo = {})
 {
+    const QDeadlineTimer mano(pressione == Singola ? 2 : 0);
+    while (!mano.hasExpired())
+        QCoreApplication::processEvents();
     qt_handleKeyEvent(QGuiApplication::focusWindow(), QEvent::KeyPress, tasto, Qt::NoModifier, testo,
                       pressione == Ripetuta);
     QCoreApplication::processEvents();
@@ -93,6 +97,8 @@ private Q_SLOTS:
     void tenutoNonPassaAlFormDopo();
     void tenutoNonPremeNelDialogoDelToolkit();
     void tenutoNonSceglieNellaListaAperta();
+    void ripetizioneNonRiconosciuta_data();
+    void ripetizioneNonRiconosciuta();
     void spazioTenutoPremeUnaVoltaSola();
     void spazioTenutoNonPassaAlFormDopo();
     void casellaPrendeLeRipetizioni();
@@ -252,6 +258,51 @@ void tst_gesti::tenutoNonSceglieNellaListaAperta()
     Batti(Qt::Key_Return, QStringLiteral("\r"));
     QTRY_VERIFY(!combo->view()->isVisible());
     QCOMPARE(primo->Volte(QStringLiteral("cbo_Click 0")), 1);
+}
+
+void tst_gesti::ripetizioneNonRiconosciuta_data()
+{
+    QTest::addColumn<int>("lasciato");
+    QTest::addColumn<int>("premuto");
+    QTest::addColumn<quint64>("passati");
+    QTest::addColumn<QString>("dove");
+    QTest::addColumn<bool>("scartato");
+    const auto riga = [](const char *nome, int lasciato, int premuto, quint64 passati, const char *dove,
+                         bool scartato) {
+        QTest::newRow(nome) << lasciato << premuto << passati << QString::fromLatin1(dove) << scartato;
+    };
+    riga("Invio nello stesso momento", Qt::Key_Return, Qt::Key_Return, 0, "cmd_0", true);
+    riga("Invio del tastierino", Qt::Key_Enter, Qt::Key_Enter, 0, "txt_0", true);
+    riga("Escape", Qt::Key_Escape, Qt::Key_Escape, 0, "txt_0", true);
+    riga("Invio premuto di nuovo", Qt::Key_Return, Qt::Key_Return, 1, "cmd_0", false);
+    riga("un altro tasto", Qt::Key_A, Qt::Key_Return, 0, "cmd_0", false);
+    riga("spazio su un pulsante", Qt::Key_Space, Qt::Key_Space, 0, "cmd_0", true);
+    riga("spazio su una spunta", Qt::Key_Space, Qt::Key_Space, 0, "chk_0", true);
+    riga("spazio in una casella", Qt::Key_Space, Qt::Key_Space, 0, "txt_0", false);
+    riga("lettera in una casella", Qt::Key_A, Qt::Key_A, 0, "txt_0", false);
+}
+
+// What the toolkit does not know for a repeat.
+void tst_gesti::ripetizioneNonRiconosciuta()
+{
+    QFETCH(int, lasciato);
+    QFETCH(int, premuto);
+    QFETCH(quint64, passati);
+    QFETCH(QString, dove);
+    primo = Form("cmd_0");
+    primo->Mostra();
+    const QObject *ricevente = primo->Finestra()->findChild<QWidget *>(dove);
+    Gesti gesti;
+    const auto da_scartare = [&](QEvent::Type tipo, int tasto, quint64 momento) {
+        QKeyEvent evento(tipo, tasto, Qt::NoModifier);
+        evento.setTimestamp(momento);
+        return gesti.Da_Scartare(ricevente, evento);
+    };
+    QVERIFY(!da_scartare(QEvent::KeyPress, lasciato, 1000));
+    QVERIFY(!da_scartare(QEvent::KeyRelease, lasciato, 1500));
+    QTEST(da_scartare(QEvent::KeyPress, premuto, 1500 + passati), "scartato");
+    QVERIFY(!da_scartare(QEvent::KeyRelease, lasciato, 0)); // of a program, not of a hand
+    QVERIFY(!da_scartare(QEvent::KeyPress, premuto, 0));
 }
 
 void tst_gesti::spazioTenutoPremeUnaVoltaSola()
