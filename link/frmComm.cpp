@@ -20,6 +20,7 @@ constexpr qint32 MARGINE = 150;
 constexpr qint32 LBL_ALTA = 700;
 constexpr qint32 HEX_ALTA = 460;
 constexpr qint32 LAMPADA = 700;
+constexpr int RITARDO_TASTI = 500;  // ms: the form comes up where the operator has just pressed Enter
 constexpr double PUNTI_FISSI = 0.9; // of the normal size
 
 } // namespace
@@ -40,6 +41,7 @@ void frmComm::Disegno()
     shaComm = std::make_unique<Forma>(Finestra(), QStringLiteral("shaComm"), Forma::Cerchio);
     cmd.Carica(0).Visible(true);
     cmd[0].Cancel(true);
+    RitardoTasti(RITARDO_TASTI);
     for (Controllo *fisso : {static_cast<Controllo *>(lblTx.get()), static_cast<Controllo *>(lblRx.get()),
                              static_cast<Controllo *>(lstDbg.get())})
     {

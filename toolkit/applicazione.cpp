@@ -7,21 +7,62 @@
 #include "toolkit/aspetto.h"
 
 #include <QMessageBox>
+#include <QPushButton>
+#include <QTranslator>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+
+namespace {
+
+/// What the toolkit would tell an assistive technology in English: what an action is called and does, and
+/// which key performs it. A reader says that itself, in its own language.
+struct Parola
+{
+    const char *contesto;
+    const char *testo; ///< nullptr: every one
+};
+
+constexpr Parola TACIUTE[] = {
+    {"QAccessibleActionInterface", nullptr},
+    {"QComboBox",                  nullptr},
+    {"QShortcut",                  "Down" },
+    {"QShortcut",                  "Enter"},
+};
+
+class SenzaParole : public QTranslator
+{
+public:
+    using QTranslator::QTranslator;
+    bool isEmpty() const override { return false; }
+    /// An empty text for what is left unsaid; a null one leaves the toolkit its own.
+    QString translate(const char *contesto, const char *testo, const char *, int) const override
+    {
+        const bool taciuta = std::any_of(std::begin(TACIUTE), std::end(TACIUTE), [&](const Parola &parola) {
+            return qstrcmp(contesto, parola.contesto) == 0 &&
+                   (parola.testo == nullptr || qstrcmp(testo, parola.testo) == 0);
+        });
+        return taciuta ? QStringLiteral("") : QString();
+    }
+};
+
+} // namespace
 
 Applicazione::Applicazione(int &argc, char **argv) : QApplication(argc, argv)
 {
     setApplicationName(QStringLiteral("lumira"));
     setQuitOnLastWindowClosed(false); // the forms say when the program has ended, not the windows
     Aspetto_Applica(*this);
+    installTranslator(new SenzaParole(this));
     static SistemaStampaQt stampanti;
     Stampa_Imposta(&stampanti);
 }
 
 bool Applicazione::notify(QObject *ricevente, QEvent *evento)
 {
+    if (m_gesti.Da_Scartare(ricevente, *evento))
+        return true;
     try {
         return QApplication::notify(ricevente, evento);
     } catch (const ErroreEsecuzione &errore) {
@@ -52,5 +93,6 @@ void Errore_Fatale(const ErroreEsecuzione &errore)
 void Messaggio_Sistema(const QString &titolo, const QString &testo)
 {
     QMessageBox box(QMessageBox::Warning, titolo, testo, QMessageBox::Ok);
+    box.button(QMessageBox::Ok)->setText(QStringLiteral("OK")); // in every language, and with every theme
     box.exec();
 }

@@ -1,6 +1,8 @@
 // The application object: the form loop, and the one place where a run-time error that nobody caught ends up.
 #pragma once
 
+#include "toolkit/gesti.h"
+
 #include <QApplication>
 
 class ErroreEsecuzione;
@@ -12,6 +14,9 @@ class Applicazione : public QApplication
 public:
     Applicazione(int &argc, char **argv);
     bool notify(QObject *ricevente, QEvent *evento) override;
+
+private:
+    Gesti m_gesti;
 };
 
 /// Ends the program at once, as the rules of a missing file ask: nothing more of it runs.

@@ -5,6 +5,7 @@
 #include "platform/colore_qt.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/percorsi.h"
+#include "platform/una_riga.h"
 #include "toolkit/aspetto.h"
 #include "toolkit/schermo.h"
 
@@ -24,9 +25,11 @@
 #include <QStyle>
 #include <QStylePainter>
 #include <QStyledItemDelegate>
+#include <QValidator>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 // --- widgets of our own -----------------------------------------------------------------------------------
 
@@ -196,6 +199,22 @@ protected:
         pennello.setBrush(palette().color(QPalette::Text));
         pennello.drawPolygon(QPolygonF({centro + QPointF(-lato, -lato / 2), centro + QPointF(lato, -lato / 2),
                                         centro + QPointF(0, lato / 2)}));
+    }
+};
+
+/// A box holds one line. The toolkit asks a validator whatever way a text comes: typed, pasted, dropped, from
+/// an input method, an assistive technology or the program.
+class UnaRigaSola : public QValidator
+{
+public:
+    using QValidator::QValidator;
+    State validate(QString &testo, int &cursore) const override
+    {
+        // What came in ends at the cursor. What the box held behind it stays.
+        const QString prima = Una_Riga(testo.left(cursore));
+        testo = prima + Una_Riga(testo.mid(cursore));
+        cursore = static_cast<int>(prima.size());
+        return Acceptable;
     }
 };
 
@@ -634,10 +653,13 @@ qint32 Etichetta::Altezza_Testo() const
 
 CasellaTesto::CasellaTesto(QWidget *finestra, const QString &nome) : Controllo(new QLineEdit(finestra), nome)
 {
-    QObject::connect(Riga(), &QLineEdit::textChanged, Riga(), [this] {
-        if (Change)
-            Change();
-    });
+    Riga()->setValidator(new UnaRigaSola(Riga()));
+    // The toolkit also tells of a text that was cut back to the one that stood there.
+    QObject::connect(Riga(), &QLineEdit::textChanged, Riga(),
+                     [this, prima = QString()](const QString &testo) mutable {
+                         if (std::exchange(prima, testo) != testo && Change)
+                             Change();
+                     });
 }
 
 QLineEdit *CasellaTesto::Riga() const

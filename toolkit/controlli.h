@@ -116,6 +116,8 @@ private:
     LineaBordo m_bordo = Senza;
 };
 
+/// A box holds one line: a text is cut at its first CR, LF or NUL, whoever writes it. Every other character
+/// stays.
 class CasellaTesto : public Controllo
 {
 public:

@@ -2,6 +2,7 @@
 // particular: what a form does stands in its handlers.
 #include "toolkit/modulo.h"
 
+#include "platform/orologio.h"
 #include "toolkit/aspetto.h"
 #include "toolkit/schermo.h"
 
@@ -116,6 +117,7 @@ void Modulo::Carica()
     m_finestra = new FinestraModulo(*this);
     m_finestra->setObjectName(m_nome);
     m_intero = false;
+    m_ritardoTasti = 0;
     m_segmenti.clear();
     m_tasti.clear();
     caricati.push_back(shared_from_this());
@@ -148,6 +150,7 @@ void Modulo::Mostra(Modalita modalita)
     // Some window systems activate the window before they return, and Activate may unload the form: the
     // window itself stands until the loop has control.
     QWidget *finestra = m_finestra;
+    m_mostrato = Orologio_Corrente().Adesso();
     finestra->show();
     finestra->raise();
     finestra->activateWindow();
@@ -479,6 +482,16 @@ QPushButton *Modulo::Bottone_Per(QWidget *widget, int tasto) const
     return pulsante != nullptr ? static_cast<QPushButton *>(pulsante->Widget()) : nullptr;
 }
 
+/// True for Enter or Space on a button of a form that asks for a moment first: they were meant for the form
+/// before it. A clock that has been put back holds nobody up.
+bool Modulo::Troppo_Presto(QWidget *widget, int tasto) const
+{
+    const bool preme = tasto == Qt::Key_Space ? qobject_cast<QPushButton *>(widget) != nullptr
+                                              : E_Invio(tasto) && Bottone_Per(widget, tasto) != nullptr;
+    const qint64 passati = m_mostrato.msecsTo(Orologio_Corrente().Adesso());
+    return preme && passati >= 0 && passati < m_ritardoTasti;
+}
+
 bool Modulo::Tasto(QWidget *widget, int tasto, const QString &testo)
 {
     if (tasto == Qt::Key_Tab || tasto == Qt::Key_Backtab)
@@ -491,6 +504,8 @@ bool Modulo::Tasto(QWidget *widget, int tasto, const QString &testo)
         return true;
     }
     if (Inghiottito(widget, testo))
+        return true;
+    if (Troppo_Presto(widget, tasto))
         return true;
     QPushButton *bottone = Bottone_Per(widget, tasto);
     if (bottone == nullptr)

@@ -5,6 +5,7 @@
 #include "toolkit/array_controlli.h"
 #include "toolkit/controlli.h"
 
+#include <QDateTime>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -56,6 +57,10 @@ public:
     /// The form covers the screen and has no frame of its own.
     void Massimizza();
     void InPrimoPiano();
+    /// For a form that comes up by itself under the operator's hands: Enter and Space press no button until
+    /// so long after the form has come up. The mouse, Escape and an assistive technology press at once.
+    /// @param ms 0, as at first: they press at once too.
+    void RitardoTasti(int ms) { m_ritardoTasti = ms; }
     QString Caption() const;
     void Caption(const QString &testo);
     /// What a screen reader calls the window, in place of its title.
@@ -117,6 +122,7 @@ private:
     bool Inghiottito(const QWidget *widget, const QString &testo);
     QPushButton *Bottone_Per(QWidget *widget, int tasto) const;
     bool Tasto(QWidget *widget, int tasto, const QString &testo);
+    bool Troppo_Presto(QWidget *widget, int tasto) const;
     void Dipingi(QWidget *finestra);
     const Pulsante *Pulsante_Con(bool (Pulsante::*proprieta)() const) const;
     template <typename T>
@@ -132,6 +138,8 @@ private:
     bool m_intero = false;
     bool m_scarica = false;
     bool m_convalida = false;
+    int m_ritardoTasti = 0;
+    QDateTime m_mostrato; ///< when the form came up
     std::vector<std::pair<const QWidget *, std::function<void(qint16 &)>>> m_tasti;
     QPointer<QWidget> m_lasciata; ///< the control that the click at hand took the focus from
     struct Segmento

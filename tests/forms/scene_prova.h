@@ -8,6 +8,9 @@
 
 class Modulo;
 
+/// The languages that the program is delivered with.
+inline constexpr const char *LINGUE[] = {"IT", "FR", "EN", "ES", "DE"};
+
 /// Opens the scenes one after the other and hands each to the procedure, while it shows.
 /// @param lingua language in force, e.g. "DE". @param guarda gets the scene's name and its form.
 void Scene_Percorri(const QString &lingua,

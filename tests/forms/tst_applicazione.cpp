@@ -3,6 +3,7 @@
 #include "platform/errore_esecuzione.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/modulo_prova.h"
+#include "tests/forms/parole_prova.h"
 #include "tests/forms/principale_prova.h"
 
 #include <QPushButton>
@@ -23,6 +24,7 @@ private Q_SLOTS:
     void terminaSubito();
     void terminaScriveCioCheEScritto();
     void messaggioDiSistemaAspetta();
+    void messaggioDiSistemaSenzaParoleAltrui();
     void nomeDelProgramma();
 };
 
@@ -93,6 +95,16 @@ int Figlio(int argc, char **argv)
             modulo->Mostra();
             std::printf("senza fine riga");
             Programma_Termina(caso.mid(7).toInt());
+        }
+        if (caso == "parole") {
+            const SegnaParole segna;
+            operatore.AlBox = [] {
+                QWidget *box = QApplication::activeModalWidget();
+                for (const QString &parola : Parole_Del_Toolkit(box) + Menu_Del_Toolkit(box))
+                    std::printf("%s\n", qPrintable(parola));
+            };
+            Messaggio_Sistema(QStringLiteral("Err Rs232"), QStringLiteral("Rec sts: 13"));
+            QCoreApplication::exit(0);
         }
         if (caso == "messaggio") {
             Messaggio_Sistema(QStringLiteral("Err Rs232"),
@@ -185,6 +197,14 @@ void tst_applicazione::messaggioDiSistemaAspetta()
     QCOMPARE(figlio.Stato, 3);
     QCOMPARE(figlio.Uscita,
              QStringLiteral("[Err Rs232] Rec sts: 13\r\nErr: Type mismatch\ndopo il messaggio\n"));
+}
+
+// One box for every language: its button reads OK whatever the toolkit would call it.
+void tst_applicazione::messaggioDiSistemaSenzaParoleAltrui()
+{
+    const EsitoFiglio figlio = Caso("parole");
+    QVERIFY2(figlio.Buono(), qPrintable(figlio.Racconto()));
+    QCOMPARE(figlio.Uscita, QStringLiteral("[Err Rs232] Rec sts: 13\n"));
 }
 
 void tst_applicazione::nomeDelProgramma()

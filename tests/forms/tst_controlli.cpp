@@ -8,11 +8,15 @@
 
 #include <QAccessible>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QFile>
+#include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMimeData>
 #include <QPushButton>
 #include <QTemporaryDir>
 
@@ -53,6 +57,11 @@ private Q_SLOTS:
     void testoSfondo();
     void coloriTengonoIlCarattere();
     void testoNascosto();
+    void testoUnaRigaSola_data();
+    void testoUnaRigaSola();
+    void testoIncollatoInMezzo();
+    void testoTagliatoACioCheCEra();
+    void testoAltriSegniRestano();
 
     void comboNientePrescelto();
     void comboPerTesto();
@@ -560,6 +569,156 @@ void tst_controlli::testoNascosto()
     QVERIFY(!qobject_cast<QLineEdit *>(casella.Widget())->displayText().contains(QStringLiteral("segreta")));
     casella.Nascosta(false);
     QCOMPARE(qobject_cast<QLineEdit *>(casella.Widget())->displayText(), QStringLiteral("segreta"));
+}
+
+namespace {
+
+/// A way into a box for a text of more than one line.
+struct Via
+{
+    const char *nome;
+    void (*scrivi)(CasellaTesto &casella, const QString &testo);
+};
+
+QLineEdit *Riga_Di(const CasellaTesto &casella)
+{
+    return static_cast<QLineEdit *>(casella.Widget());
+}
+
+QAccessibleInterface *Accesso(const CasellaTesto &casella)
+{
+    return QAccessible::queryAccessibleInterface(casella.Widget());
+}
+
+void Rilascia(const CasellaTesto &casella, const QString &testo)
+{
+    QMimeData dati;
+    dati.setText(testo);
+    const QPoint posto(casella.Widget()->width() - 2, 5);
+    QDragEnterEvent entra(posto, Qt::CopyAction, &dati, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(casella.Widget(), &entra);
+    QDropEvent lascia(posto, Qt::CopyAction, &dati, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(casella.Widget(), &lascia);
+}
+
+const Via VIE[] = {
+    {"programma",                      [](CasellaTesto &casella, const QString &testo) { casella.Text(testo); }     },
+    {"tasti",
+     [](CasellaTesto &casella,                                   const QString &testo) {
+         QTest::sendKeyEvent(QTest::Click, casella.Widget(), Qt::Key_unknown, testo, Qt::NoModifier);
+     }                                                                                },
+    {"Ctrl V",
+     [](CasellaTesto &casella,                                   const QString &testo) {
+         QGuiApplication::clipboard()->setText(testo);
+         QTest::keyClick(casella.Widget(), Qt::Key_V, Qt::ControlModifier);
+     }                                                                                },
+    {"Maiusc Ins",
+     [](CasellaTesto &casella,                                   const QString &testo) {
+         QGuiApplication::clipboard()->setText(testo);
+         QTest::keyClick(casella.Widget(), Qt::Key_Insert, Qt::ShiftModifier);
+     }                                                                                },
+    {"trascinato",                     [](CasellaTesto &casella, const QString &testo) { Rilascia(casella, testo); }},
+    {"metodo di immissione",
+     [](CasellaTesto &casella,                                   const QString &testo) {
+         QInputMethodEvent evento;
+         evento.setCommitString(testo);
+         QCoreApplication::sendEvent(casella.Widget(), &evento);
+     }                                                                                },
+    {"tecnologia assistiva, valore",
+     [](CasellaTesto &casella,                                   const QString &testo) {
+         Accesso(casella)->setText(QAccessible::Value, testo);
+     }                                                                                },
+    {"tecnologia assistiva, testo",
+     [](CasellaTesto &casella,                                   const QString &testo) {
+         Accesso(casella)->editableTextInterface()->insertText(0, testo);
+     }                                                                                },
+    {"tecnologia assistiva, al posto",
+     [](CasellaTesto &casella,                                   const QString &testo) {
+         Accesso(casella)->editableTextInterface()->replaceText(0, 0, testo);
+     }                                                                                },
+};
+
+} // namespace
+
+void tst_controlli::testoUnaRigaSola_data()
+{
+    QTest::addColumn<int>("via");
+    QTest::addColumn<QString>("fine");
+    QTest::addColumn<bool>("nascosta");
+    const QPair<const char *, QString> fini[] = {
+        {"CR",   QStringLiteral("\r")  },
+        {"LF",   QStringLiteral("\n")  },
+        {"CRLF", QStringLiteral("\r\n")},
+        {"NUL",  QString(QChar(u'\0')) },
+    };
+    for (int i = 0; i < static_cast<int>(std::size(VIE)); ++i) {
+        for (const auto &fine : fini) {
+            for (const bool nascosta : {false, true})
+                QTest::addRow("%s, %s%s", VIE[i].nome, fine.first, nascosta ? ", nascosta" : "")
+                    << i << fine.second << nascosta;
+        }
+    }
+}
+
+// A value goes into files and frames as it stands in the box: what is behind a line break would be a line, a
+// section even, of its own there. It is one change, as the password box counts them.
+void tst_controlli::testoUnaRigaSola()
+{
+    QFETCH(int, via);
+    QFETCH(QString, fine);
+    QFETCH(bool, nascosta);
+    CasellaTesto casella(m_finestra.get(), QStringLiteral("txt"));
+    casella.Posto(0, 0, 3000, 450);
+    casella.Visible(true);
+    casella.Nascosta(nascosta);
+    casella.SetFocus();
+    QStringList cambi;
+    casella.Change = [&] { cambi.append(casella.Text()); };
+    VIE[via].scrivi(casella, QStringLiteral("Officina Rossi") + fine + QStringLiteral("Pwd=") + fine);
+    QCOMPARE(casella.Text(), QStringLiteral("Officina Rossi"));
+    QCOMPARE(Riga_Di(casella)->text(), casella.Text());
+    QCOMPARE(cambi, QStringList(QStringLiteral("Officina Rossi")));
+}
+
+// What stood behind the cursor is no part of what came in.
+void tst_controlli::testoIncollatoInMezzo()
+{
+    CasellaTesto casella(m_finestra.get(), QStringLiteral("txt"));
+    casella.Visible(true);
+    casella.SetFocus();
+    casella.Text(QStringLiteral("ABCD"));
+    Riga_Di(casella)->setCursorPosition(2);
+    QGuiApplication::clipboard()->setText(QStringLiteral("xy\nz"));
+    QTest::keyClick(casella.Widget(), Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(casella.Text(), QStringLiteral("ABxyCD"));
+    QCOMPARE(Riga_Di(casella)->cursorPosition(), 4);
+    Riga_Di(casella)->setSelection(0, 2);
+    QTest::keyClick(casella.Widget(), Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(casella.Text(), QStringLiteral("xyxyCD"));
+}
+
+// The box of the password counts its changes.
+void tst_controlli::testoTagliatoACioCheCEra()
+{
+    CasellaTesto casella(m_finestra.get(), QStringLiteral("txt"));
+    int cambi = 0;
+    casella.Change = [&] { ++cambi; };
+    casella.Text(QStringLiteral("\nPwd="));
+    QCOMPARE(casella.Text(), QString());
+    QCOMPARE(cambi, 0);
+    casella.Text(QStringLiteral("AB"));
+    casella.Text(QStringLiteral("AB\r\nPwd="));
+    QCOMPARE(casella.Text(), QStringLiteral("AB"));
+    QCOMPARE(cambi, 1);
+}
+
+// Whoever else has rules for characters, the line of the instrument say, keeps them itself.
+void tst_controlli::testoAltriSegniRestano()
+{
+    CasellaTesto casella(m_finestra.get(), QStringLiteral("txt"));
+    const QString testo = QStringLiteral("a\tb\u0003c\u0017d\u000be\u0085f\u2028g\u007f");
+    casella.Text(testo);
+    QCOMPARE(casella.Text(), testo);
 }
 
 // --- CasellaCombinata -------------------------------------------------------------------------------------

@@ -6,6 +6,7 @@
 #include "tests/forms/principale_prova.h"
 #include "tests/forms/tastiera_prova.h"
 
+#include <QClipboard>
 #include <QTest>
 
 namespace {
@@ -244,6 +245,48 @@ private Q_SLOTS:
         Batti(Qt::Key_Return);
         Batti(Qt::Key_Escape);
         Chiude_Dopo(1, PwdNonInserita);
+    }
+
+    /// Enter on the menu's entry brings the box up: as long as it is held it neither closes the box nor
+    /// starts the time of its closing again.
+    void tastoTenuto_data()
+    {
+        QTest::addColumn<int>("tasto");
+        for (const int tasto : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
+            QTest::addRow("%x", tasto) << tasto;
+    }
+    void tastoTenuto()
+    {
+        QFETCH(int, tasto);
+        Apri(PASSWORD);
+        const auto ripeti = [tasto] {
+            QTest::simulateEvent(QApplication::focusWidget(), true, tasto, Qt::NoModifier,
+                                 QStringLiteral("\r"), true);
+        };
+        ripeti();
+        QVERIFY(Casella()->isEnabled());
+        Batti(QStringLiteral("zz"));
+        Batti(Qt::Key_Return);
+        Orologio_Banco().Avanza(700);
+        ripeti();
+        Chiude_Dopo(100, PwdErrata);
+    }
+
+    /// What is pasted with a line break is one change, of its first line.
+    void incollata()
+    {
+        Apri(PASSWORD);
+        QGuiApplication::clipboard()->setText(QStringLiteral("zz\r\n"));
+        Batti(Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(Casella()->text(), QStringLiteral("zz"));
+        Chiude_Dopo(4000, PwdErrata); // two changes would make it 2000
+    }
+    void incollataGiusta()
+    {
+        Apri(PASSWORD);
+        QGuiApplication::clipboard()->setText(PASSWORD + QStringLiteral("\n"));
+        Batti(Qt::Key_V, Qt::ControlModifier);
+        Chiude_Dopo(800, PwdGiusta);
     }
 
     /// Once the right text stands, what is typed after it is lost, and takes no time.

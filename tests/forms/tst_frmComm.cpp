@@ -429,6 +429,48 @@ private Q_SLOTS:
         QCOMPARE(notifiche->size(), 1);
     }
 
+    void mezzoSecondoPerITasti_data()
+    {
+        QTest::addColumn<int>("tasto");
+        for (const int tasto : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space})
+            QTest::addRow("%x", tasto) << tasto;
+    }
+    /// A second Enter on the button that starts the session falls here.
+    void mezzoSecondoPerITasti()
+    {
+        QFETCH(int, tasto);
+        Apri();
+        const auto batti = [tasto] {
+            QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(tasto));
+        };
+        batti();
+        Passa(499);
+        batti();
+        QVERIFY(form->Caricato());
+        QVERIFY(Linea_Corrente()->PortOpen());
+        Passa(1);
+        batti();
+        QVERIFY(!form->Caricato());
+        QCOMPARE(notifiche->size(), 1);
+    }
+
+    void mouseEdEscapeSubito_data()
+    {
+        QTest::addColumn<bool>("mouse");
+        QTest::newRow("mouse") << true;
+        QTest::newRow("escape") << false;
+    }
+    void mouseEdEscapeSubito()
+    {
+        QFETCH(bool, mouse);
+        Apri();
+        if (mouse)
+            Premi(*form, "cmd_0");
+        else
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QVERIFY(!form->Caricato());
+    }
+
     /// Broken off between the two frames of a write the session counts as done.
     void interruzioneDopoLaPrimaScrittura()
     {

@@ -2,6 +2,7 @@
 
 #include "platform/errore_esecuzione.h"
 #include "tests/comuni/errore_prova.h"
+#include "tests/comuni/orologio_prova.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/modulo_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -92,6 +93,11 @@ private Q_SLOTS:
     void invioPremeIlPredefinito_data();
     void invioPremeIlPredefinito();
     void escapePremeAnnulla();
+    void ritardoDeiTasti_data();
+    void ritardoDeiTasti();
+    void ritardoSoloPerITasti();
+    void ritardoDaOgniMostra();
+    void ritardoConLOrologioRimesso();
     void pulsanteSpentoONascostoNonSiPreme_data();
     void pulsanteSpentoONascostoNonSiPreme();
     void senzaPulsantiInvioEdEscapeNonFannoNulla();
@@ -1142,6 +1148,90 @@ void tst_modulo::escapePremeAnnulla()
     modulo->cmd[1].SetFocus();
     Premi(*modulo, Qt::Key_Escape);
     QCOMPARE(modulo->Registro, QStringList(QStringLiteral("cmd_Click 2")));
+}
+
+void tst_modulo::ritardoDeiTasti_data()
+{
+    QTest::addColumn<int>("tasto");
+    QTest::addColumn<QString>("fuoco");
+    QTest::addColumn<QString>("effetto");
+    const auto riga = [](const char *nome, int tasto, const char *fuoco, const char *effetto) {
+        QTest::newRow(nome) << tasto << QString::fromLatin1(fuoco) << QString::fromLatin1(effetto);
+    };
+    riga("Invio sul pulsante", Qt::Key_Return, "cmd_1", "cmd_Click 1");
+    riga("Invio del tastierino", Qt::Key_Enter, "cmd_1", "cmd_Click 1");
+    riga("Invio altrove", Qt::Key_Return, "chk_0", "cmd_Click 0");
+    riga("spazio", Qt::Key_Space, "cmd_1", "cmd_Click 1");
+}
+
+void tst_modulo::ritardoDeiTasti()
+{
+    QFETCH(int, tasto);
+    QFETCH(QString, fuoco);
+    QFETCH(QString, effetto);
+    OrologioProva orologio;
+    const auto modulo = Completo();
+    QVERIFY(Attiva(*modulo));
+    modulo->RitardoTasti(500);
+    QWidget *widget = modulo->Finestra()->findChild<QWidget *>(fuoco);
+    widget->setFocus();
+    QTest::keyClick(widget, static_cast<Qt::Key>(tasto));
+    orologio.Avanza(499);
+    QTest::keyPress(widget, static_cast<Qt::Key>(tasto));
+    orologio.Avanza(1);
+    QTest::keyRelease(widget, static_cast<Qt::Key>(tasto)); // pressed too early, whenever it is let go
+    QCOMPARE(modulo->Registro, QStringList());
+    QTest::keyClick(widget, static_cast<Qt::Key>(tasto));
+    QCOMPARE(modulo->Registro, QStringList(effetto));
+}
+
+void tst_modulo::ritardoSoloPerITasti()
+{
+    const OrologioProva orologio;
+    const auto modulo = Completo();
+    QVERIFY(Attiva(*modulo));
+    modulo->RitardoTasti(500);
+    QTest::mouseClick(modulo->cmd[1].Widget(), Qt::LeftButton);
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 1")), 1);
+    Premi(*modulo, Qt::Key_Escape);
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 2")), 1);
+    Azioni(modulo->cmd[1])->doAction(QAccessibleActionInterface::pressAction());
+    QTRY_COMPARE(modulo->Volte(QStringLiteral("cmd_Click 1")), 2);
+    modulo->txt[1].SetFocus();
+    Premi(*modulo, Qt::Key_Space);
+    QCOMPARE(modulo->txt[1].Text(), QStringLiteral(" "));
+    modulo->chk[0].SetFocus();
+    Premi(*modulo, Qt::Key_Space);
+    QCOMPARE(modulo->chk[0].Value(), qint16{1});
+}
+
+void tst_modulo::ritardoDaOgniMostra()
+{
+    OrologioProva orologio;
+    const auto modulo = Completo();
+    QVERIFY(Attiva(*modulo));
+    modulo->RitardoTasti(500);
+    orologio.Avanza(1000);
+    modulo->Mostra(); // it comes up again
+    QVERIFY(Attiva(*modulo));
+    modulo->cmd[1].SetFocus();
+    Premi(*modulo, Qt::Key_Return);
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 1")), 0);
+    orologio.Avanza(500);
+    Premi(*modulo, Qt::Key_Return);
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 1")), 1);
+}
+
+// The station's clock is set by the network now and then.
+void tst_modulo::ritardoConLOrologioRimesso()
+{
+    const auto modulo = Completo();
+    QVERIFY(Attiva(*modulo));
+    modulo->RitardoTasti(500);
+    const OrologioProva indietro; // long before the form came up
+    modulo->cmd[1].SetFocus();
+    Premi(*modulo, Qt::Key_Return);
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 1")), 1);
 }
 
 void tst_modulo::pulsanteSpentoONascostoNonSiPreme_data()

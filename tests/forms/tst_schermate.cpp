@@ -17,8 +17,6 @@
 
 namespace {
 
-constexpr const char *LINGUE[] = {"IT", "FR", "EN", "ES", "DE"};
-
 /// What lies on each other because the rules place it so.
 constexpr Sovrapposti VOLUTI[] = {
     {"frmAbout", "lblAbout_1", "lblAbout_2", "tops and heights of the lines are given"           },

@@ -1,10 +1,12 @@
 // Every form worked without a mouse and without eyes: the Tab key comes to every control in the order of the
 // rows, and every control tells its name.
 #include "tests/forms/modulo_prova.h"
+#include "tests/forms/parole_prova.h"
 #include "tests/forms/principale_prova.h"
 #include "tests/forms/scene_prova.h"
 
 #include <QAccessible>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -107,6 +109,9 @@ class tst_senza_mouse : public QObject
 private Q_SLOTS:
     void tabulazioneDiOgniForm();
     void nomiDiOgniForm();
+    void paroleDelToolkitSiSentono();
+    void nessunaParolaDelToolkit_data();
+    void nessunaParolaDelToolkit();
 };
 
 void tst_senza_mouse::tabulazioneDiOgniForm()
@@ -150,6 +155,40 @@ void tst_senza_mouse::nomiDiOgniForm()
         }
     });
     QVERIFY2(difetti.isEmpty(), qPrintable(difetti.join(u'\n')));
+}
+
+// The judge hears what the toolkit says of its own.
+void tst_senza_mouse::paroleDelToolkitSiSentono()
+{
+    const SegnaParole segna;
+    QWidget finestra;
+    QDialogButtonBox pulsanti(QDialogButtonBox::Cancel, &finestra);
+    QLineEdit casella(&finestra);
+    finestra.show();
+    QVERIFY(QTest::qWaitForWindowActive(&finestra));
+    const QStringList parole = Parole_Del_Toolkit(&finestra);
+    QVERIFY2(!parole.filter(QStringLiteral("Cancel")).isEmpty(), qPrintable(parole.join(u'\n')));
+}
+
+// The station speaks one language: what the toolkit would say of its own stands in English between its texts.
+void tst_senza_mouse::nessunaParolaDelToolkit_data()
+{
+    QTest::addColumn<QString>("lingua");
+    for (const char *lingua : LINGUE)
+        QTest::newRow(lingua) << QString::fromLatin1(lingua);
+}
+
+void tst_senza_mouse::nessunaParolaDelToolkit()
+{
+    QFETCH(QString, lingua);
+    const SegnaParole segna;
+    QStringList trovate;
+    Scene_Percorri(lingua, [&trovate](const QString &scena, const Modulo &modulo) {
+        const QStringList qui = Parole_Del_Toolkit(modulo.Finestra()) + Menu_Del_Toolkit(modulo.Finestra());
+        for (const QString &parola : qui)
+            trovate.append(scena + QStringLiteral(", ") + parola);
+    });
+    QVERIFY2(trovate.isEmpty(), qPrintable(trovate.join(u'\n')));
 }
 
 int main(int argc, char **argv)
