@@ -40,6 +40,8 @@ public:
     /// Runs Unload and takes the window away; harmless on a form already unloaded. The object lives on as
     /// long as somebody holds a reference.
     void Scarica();
+    /// Brings a form that shows to the front and gives it the keyboard; harmless on one that is not loaded.
+    void PortaAvanti();
     bool Caricato() const { return m_finestra != nullptr; }
     /// Asks for a new painting.
     void Aggiorna();
@@ -53,7 +55,7 @@ public:
     void Height(qint32 twip);
     void Sposta(qint32 left, qint32 top);
     void Centra();
-    /// The form covers the screen and has no frame of its own.
+    /// The form covers the screen, a desktop's panels included, and has no frame of its own.
     void Massimizza();
     void InPrimoPiano();
     QString Caption() const;
@@ -107,6 +109,7 @@ private:
     friend class FinestraModulo;
 
     void Togli_Finestra();
+    void Posa_Sopra();
     void Prepara_Array();
     void Ordina_Tabulazione();
     void Disponi();
