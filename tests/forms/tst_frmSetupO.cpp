@@ -740,6 +740,23 @@ private Q_SLOTS:
         QCOMPARE(Ini(), prima);
     }
 
+    /// A folder that is not there is kept in the table alone. When one that is there comes after it, the
+    /// acceptance key is written with what the table holds by then.
+    void cartellaCheNonCEEPoiUnaCheCE()
+    {
+        const QString manca = banco->Stazione.Percorso(QStringLiteral("manca")) + u'\\';
+        const QString nuova = Cartella("nuova");
+        const QByteArray prima = Ini();
+        Apri();
+        Riscrivi_Riga(DATI, manca);
+        Lascia();
+        QCOMPARE(Ini(), prima);
+        Riscrivi_Riga(DATI, nuova);
+        Lascia();
+        QCOMPARE(Ini(), Ini_Con(Ini_Con(prima, "MCTC", "DirDati", manca.toLatin1()), "MCTC", "DirRisultati",
+                                nuova.toLatin1()));
+    }
+
     void cartellaVuota()
     {
         const QByteArray prima = Ini();
@@ -1123,6 +1140,40 @@ private Q_SLOTS:
         QCOMPARE(Ini(), prima);
         for (int riga = 0; riga <= OPERATORE; ++riga)
             QCOMPARE(Casella(riga)->text(), Valore(ATTESE[riga].sezione, ATTESE[riga].chiave));
+    }
+
+    void operatoreDopoLaLettura_data()
+    {
+        QTest::addColumn<bool>("riuscita");
+        QTest::addColumn<QString>("operatore");
+        QTest::newRow("riuscita") << true << TESTI_STRUMENTO[OPERATORE];
+        QTest::newRow("fallita") << false << QStringLiteral("Rossi Mario");
+    }
+    /// What the box shows is what the save keeps, and not the name that stood typed there before the reading.
+    void operatoreDopoLaLettura()
+    {
+        QFETCH(bool, riuscita);
+        QFETCH(QString, operatore);
+        Imposta("VEICOLO", "Operatore", QStringLiteral("Rossi Mario"));
+        if (!riuscita)
+            Linee_Prepara({});
+        Apri();
+        Riscrivi_Riga(OPERATORE, QStringLiteral("Neri Ada"));
+        Lascia();
+        Leggi_Strumento(DURATA_SILENZIO);
+        QCOMPARE(Casella(OPERATORE)->text(), operatore);
+        Salva_ConSessione(DURATA_SILENZIO); // the row has been touched: the operator goes to the instrument
+        QCOMPARE(Valore("VEICOLO", "Operatore"), operatore);
+    }
+
+    /// What the profile keeps of an instrument's text is what the box shows of it.
+    void testoDelloStrumentoComeSiVede()
+    {
+        strumento->Imposta(Blocco::Dati, QStringList(6, QStringLiteral("QX5\r\nPwd=")));
+        Apri();
+        Leggi_Strumento();
+        for (int riga = 0; riga <= OPERATORE; ++riga)
+            QCOMPARE(Valore(ATTESE[riga].sezione, ATTESE[riga].chiave), Casella(riga)->text());
     }
 
     void testiMancanti_data()
