@@ -165,7 +165,8 @@ void Modulo::PortaAvanti()
     // Some window systems activate the window before they return, and Activate may unload the form: the
     // window itself stands until the loop has control.
     QWidget *finestra = m_finestra;
-    finestra->setWindowState(finestra->windowState() & ~Qt::WindowMinimized);
+    if (finestra->isMinimized())
+        finestra->setWindowState(finestra->windowState() & ~Qt::WindowMinimized);
     finestra->raise();
     finestra->activateWindow();
 }

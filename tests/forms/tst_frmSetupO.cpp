@@ -89,7 +89,20 @@ const QStringList TESTI_TARATURA = {QStringLiteral("1012"), QStringLiteral("8"),
                                     QStringLiteral("105"),  QStringLiteral("106"), QStringLiteral("107"),
                                     QStringLiteral("108")};
 
+QList<Qt::CursorShape> puntatori; // while the form asked for a folder, question by question
+
 } // namespace
+
+// The linker leads the form's question for a folder through the second of these, on to the first.
+Flag Cartella_Esiste(const QString &percorso, qint16 attributo) asm("__real__Z9Fs_EsisteRK7QStrings");
+Flag Cartella_Chiesta(const QString &percorso, qint16 attributo) asm("__wrap__Z9Fs_EsisteRK7QStrings");
+
+Flag Cartella_Chiesta(const QString &percorso, qint16 attributo)
+{
+    const QCursor *puntatore = QApplication::overrideCursor();
+    puntatori.append(puntatore != nullptr ? puntatore->shape() : Qt::ArrowCursor);
+    return Cartella_Esiste(percorso, attributo);
+}
 
 class tst_frmSetupO : public QObject
 {
@@ -755,6 +768,24 @@ private Q_SLOTS:
         Lascia();
         QCOMPARE(Ini(), Ini_Con(Ini_Con(prima, "MCTC", "DirDati", manca.toLatin1()), "MCTC", "DirRisultati",
                                 nuova.toLatin1()));
+    }
+
+    void clessidraPerLaCartella_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::newRow("c'è") << QStringLiteral("dati");
+        QTest::newRow("manca") << QStringLiteral("manca");
+    }
+    /// A folder of the network may take its time: the pointer says so, and no longer than that.
+    void clessidraPerLaCartella()
+    {
+        QFETCH(QString, nome);
+        Apri();
+        Riscrivi_Riga(DATI, banco->Stazione.Percorso(nome));
+        puntatori.clear();
+        Lascia();
+        QCOMPARE(puntatori, QList<Qt::CursorShape>{Qt::WaitCursor});
+        QVERIFY(QApplication::overrideCursor() == nullptr);
     }
 
     void cartellaVuota()
