@@ -49,6 +49,20 @@ constexpr qint16 TESTO_CARTELLA_IMMAGINI = 4; // of lingue.ini
 /// Logo of a further customer variant, with a password of its own: a hook, no code assigns it today.
 constexpr const char16_t *LOGO_NORVO = u"norvo_logo.gif";
 
+/// Brings the open form of a kind to the front, whoever opened it; false when there is none. The forms of a
+/// kind share one table of rows: a second one would clear what stands typed in the first.
+template <typename Form>
+bool Riporta_Avanti()
+{
+    for (const auto &modulo : Moduli_Caricati()) {
+        if (dynamic_cast<Form *>(modulo.get()) != nullptr) {
+            modulo->PortaAvanti();
+            return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 frmMain::frmMain() : Modulo(QStringLiteral("frmMain")), cmdMnu(QStringLiteral("cmdMnu")) {}
@@ -147,21 +161,19 @@ void frmMain::cmdMnu_Click(qint16 Index)
     }
 }
 
-/// A new form in its reference. One that is still open from before, by a double click on the menu say, stays
-/// open and is not heard any more: a vehicle is tested once.
+/// A new form in its reference, heard from now on, and shown.
 template <typename Form, typename Gestore>
-void frmMain::Rinnova(std::shared_ptr<Form> &riferimento, Gestore gestore)
+void frmMain::Apri_Nuovo(std::shared_ptr<Form> &riferimento, Gestore gestore)
 {
-    if (riferimento != nullptr)
-        riferimento->disconnect(this);
     riferimento = Nuovo<Form>();
     connect(riferimento.get(), &Form::Notifica, this, gestore);
+    riferimento->Mostra();
 }
 
 void frmMain::Apri_Setup()
 {
-    Rinnova(formSetup, &frmMain::formSetup_Notifica);
-    formSetup->Mostra();
+    if (!Riporta_Avanti<frmSetupO>())
+        Apri_Nuovo(formSetup, &frmMain::formSetup_Notifica);
 }
 
 void frmMain::Apri_Verifica()
@@ -173,6 +185,8 @@ void frmMain::Apri_Verifica()
 
 void frmMain::Apri_Anagrafica()
 {
+    if (Riporta_Avanti<frmAnagOffO>())
+        return;
     formAnagOff = Nuovo<frmAnagOffO>();
     formAnagOff->Mostra();
 }
@@ -195,11 +209,11 @@ void frmMain::frmPwd_PwdReady(quint8 &esito)
 
 // --- a test -----------------------------------------------------------------------------------------------
 
-/// Reading a full folder takes a moment and lets events run: a second press meanwhile would lay the first
-/// list, which is not heard any more, over the second.
+/// Reading a full folder takes a moment and lets events run: a second press meanwhile opens nothing. Nor does
+/// one while a vehicle is being chosen: a vehicle is tested once.
 void frmMain::Inizia_Prova()
 {
-    if (mApertura)
+    if (mApertura || Riporta_Avanti<frmMctcO>() || Riporta_Avanti<frmMctc2>())
         return;
     const QScopedValueRollback<bool> apertura(mApertura, true);
     gTipoProva = 2;
@@ -221,14 +235,12 @@ bool frmMain::Accettazioni_Presenti() const
 void frmMain::Apri_Veicolo()
 {
     gFileAcc.clear(); // of a vehicle tested before: this test has no file to answer to
-    Rinnova(formMctc2, &frmMain::formMctc2_Notifica);
-    formMctc2->Mostra();
+    Apri_Nuovo(formMctc2, &frmMain::formMctc2_Notifica);
 }
 
 void frmMain::Apri_Lista()
 {
-    Rinnova(formMctcO, &frmMain::formMctcO_Notifica);
-    formMctcO->Mostra();
+    Apri_Nuovo(formMctcO, &frmMain::formMctcO_Notifica);
 }
 
 void frmMain::Avvia_Prova(qint16)

@@ -35,7 +35,7 @@ private:
     void Carica_Password();
     void cmdMnu_Click(qint16 Index);
     template <typename Form, typename Gestore>
-    void Rinnova(std::shared_ptr<Form> &riferimento, Gestore gestore);
+    void Apri_Nuovo(std::shared_ptr<Form> &riferimento, Gestore gestore);
     void Apri_Setup();
     void Apri_Verifica();
     void Apri_Anagrafica();

@@ -638,7 +638,16 @@ void frmSetupO::Setup_Aggiorna()
         lbl[riga].Enabled(false);
     }
     for (const qint16 riga : ORDINE_LETTURA)
-        txt[Campo(riga).CtlIndex].Text(Valore_Ini(gFileIni, Campo(riga).Section, Campo(riga).Key));
+        Mostra_Valore(riga, Valore_Ini(gFileIni, Campo(riga).Section, Campo(riga).Key));
+}
+
+/// Shows a text in place of what the operator may have typed: what the box shows is what a save keeps, which
+/// is no more than the first line of a text.
+void frmSetupO::Mostra_Valore(qint16 riga, const QString &testo)
+{
+    CampoForm &campo = Campo(riga);
+    txt[campo.CtlIndex].Text(testo);
+    campo.Value = txt[campo.CtlIndex].Text();
 }
 
 void frmSetupO::Collega_Strumento(quint8 modo)
@@ -668,10 +677,9 @@ void frmSetupO::formComm_Notifica(qint16 &codice, QVariant &)
 void frmSetupO::Accetta_Strumento()
 {
     for (const qint16 riga : ORDINE_LETTURA) {
+        Mostra_Valore(riga, Testo_Blocco(gDatiStrumento, riga));
         const CampoForm &campo = Campo(riga);
-        const QString testo = Testo_Blocco(gDatiStrumento, riga);
-        txt[campo.CtlIndex].Text(testo);
-        Scrivi_Ini(gFileIni, campo.Section, campo.Key, testo);
+        Scrivi_Ini(gFileIni, campo.Section, campo.Key, campo.Value);
     }
     for (qint16 i = 0; i < static_cast<qint16>(CHIAVI_TARATURA.size()); ++i) {
         Scrivi_Ini(gFileIni, QString::fromUtf16(SEZIONE_TARATURA),

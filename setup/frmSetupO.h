@@ -51,6 +51,7 @@ private:
     void Scrivi_Operatore();
     void Mostra_Verifica();
     void Setup_Aggiorna();
+    void Mostra_Valore(qint16 riga, const QString &testo);
     void Chiedi_Password(const QString &password);
     void Collega_Strumento(quint8 modo);
     void frmPwd_PwdReady(quint8 &esito);

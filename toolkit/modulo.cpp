@@ -22,16 +22,22 @@ namespace {
 
 std::vector<std::shared_ptr<Modulo>> caricati;
 
-/// After a form has gone, the one loaded last of those that show takes the keyboard.
-void Attiva_Ultimo()
+/// The window of the form loaded last of those that show; nullptr when none does.
+QWidget *Ultima_Visibile()
 {
     for (auto modulo = caricati.rbegin(); modulo != caricati.rend(); ++modulo) {
         QWidget *finestra = (*modulo)->Finestra();
-        if (finestra != nullptr && finestra->isVisible()) {
-            finestra->activateWindow();
-            return;
-        }
+        if (finestra != nullptr && finestra->isVisible())
+            return finestra;
     }
+    return nullptr;
+}
+
+/// After a form has gone, the one loaded last of those that show takes the keyboard.
+void Attiva_Ultimo()
+{
+    if (QWidget *finestra = Ultima_Visibile(); finestra != nullptr)
+        finestra->activateWindow();
 }
 
 bool E_Invio(int tasto)
@@ -147,15 +153,25 @@ void Modulo::Mostra(Modalita modalita)
         m_finestra->setWindowModality(Qt::ApplicationModal);
         m_ciclo = &ciclo;
     }
+    Posa_Sopra();
+    m_mostrato = Orologio_Corrente().Adesso();
+    m_finestra->show();
+    PortaAvanti();
+    if (modalita == Modale && m_ciclo == &ciclo)
+        ciclo.exec();
+}
+
+void Modulo::PortaAvanti()
+{
+    if (m_finestra == nullptr)
+        return;
     // Some window systems activate the window before they return, and Activate may unload the form: the
     // window itself stands until the loop has control.
     QWidget *finestra = m_finestra;
-    m_mostrato = Orologio_Corrente().Adesso();
-    finestra->show();
+    if (finestra->isMinimized())
+        finestra->setWindowState(finestra->windowState() & ~Qt::WindowMinimized);
     finestra->raise();
     finestra->activateWindow();
-    if (modalita == Modale && m_ciclo == &ciclo)
-        ciclo.exec();
 }
 
 void Modulo::Scarica()
@@ -227,6 +243,22 @@ void Modulo::Sposta(qint32 left, qint32 top)
     Disponi();
 }
 
+/// A small form belongs to the window that it opens over. Without that a window manager may take the screen
+/// away from the form below, so that the desktop's panel comes up over its buttons, or lay the small one
+/// under.
+void Modulo::Posa_Sopra()
+{
+    if (m_intero || m_finestra->isVisible())
+        return;
+    const QWidget *attiva = QApplication::activeWindow();
+    const QWidget *sotto = attiva != nullptr ? attiva : Ultima_Visibile();
+    if (sotto == nullptr)
+        return;
+    m_finestra->setWindowFlag(Qt::Dialog); // windows of another kind belong to none
+    m_finestra->winId();                   // makes its handle
+    m_finestra->windowHandle()->setTransientParent(sotto->windowHandle());
+}
+
 void Modulo::Centra()
 {
     Sposta((Schermo_Larghezza() - m_width) / 2, (Schermo_Altezza() - m_height) / 2);
@@ -238,6 +270,7 @@ void Modulo::Massimizza()
     m_width = Schermo_Larghezza();
     m_height = Schermo_Altezza();
     m_finestra->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    m_finestra->setWindowState(Qt::WindowFullScreen);
     Sposta(0, 0);
 }
 

@@ -41,6 +41,8 @@ public:
     /// Runs Unload and takes the window away; harmless on a form already unloaded. The object lives on as
     /// long as somebody holds a reference.
     void Scarica();
+    /// Brings a form that shows to the front and gives it the keyboard; harmless on one that is not loaded.
+    void PortaAvanti();
     bool Caricato() const { return m_finestra != nullptr; }
     /// Asks for a new painting.
     void Aggiorna();
@@ -54,7 +56,7 @@ public:
     void Height(qint32 twip);
     void Sposta(qint32 left, qint32 top);
     void Centra();
-    /// The form covers the screen and has no frame of its own.
+    /// The form covers the screen, a desktop's panels included, and has no frame of its own.
     void Massimizza();
     void InPrimoPiano();
     /// For a form that comes up by itself under the operator's hands: Enter and Space press no button until
@@ -112,6 +114,7 @@ private:
     friend class FinestraModulo;
 
     void Togli_Finestra();
+    void Posa_Sopra();
     void Prepara_Array();
     void Ordina_Tabulazione();
     void Disponi();

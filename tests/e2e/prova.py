@@ -34,10 +34,11 @@ class ProvaStazione(unittest.TestCase):
     """A station of its own for each test, a screen for all tests of a class."""
 
     maxDiff = None
+    SCHERMO = operatore.SchermoVirtuale  # makes the screen
 
     @classmethod
     def setUpClass(cls):
-        cls.schermo = operatore.SchermoVirtuale()
+        cls.schermo = cls.SCHERMO()
         cls.addClassCleanup(cls.schermo.chiudi)
 
     def setUp(self):

@@ -389,6 +389,24 @@ private Q_SLOTS:
         QCOMPARE(esiti.size(), 1);
     }
 
+    /// A window that comes between takes the keyboard: back at the box it is in the text again, wherever it
+    /// was before, and the time begins anew.
+    void tornataDavantiAspettaLaPassword()
+    {
+        Apri(PASSWORD);
+        Premi(*form, "cmd_0");
+        QCOMPARE(QApplication::focusWidget(), Widget_Di(*form, "cmd_0"));
+        Orologio_Banco().Avanza(3000);
+        QWidget altra;
+        altra.show();
+        altra.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&altra));
+        form->PortaAvanti();
+        QVERIFY(Attiva(*form));
+        QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(Casella()));
+        Chiude_Dopo(4000, PwdNonInserita);
+    }
+
     // --- asked by a form ----------------------------------------------------------------------------------
 
     void chiesta_data()

@@ -159,8 +159,21 @@ private Q_SLOTS:
         Apri();
         Scrivi(*form, "txt_0", QStringLiteral("99"));
         QCOMPARE(Testo_Di(*form, "txt_0"), QStringLiteral("65"));
-        QCOMPARE(Widget_Di(*form, "txt_0")->y(), Posto_Twip(0, ScalaY(2500), 0, 0).y());
-        QCOMPARE(Widget_Di(*form, "lbl_1")->y(), Posto_Twip(0, ScalaY(3500) - ScalaY(300), 0, 0).y());
+    }
+
+    /// The verdict is the highest line of the screen; each of the two boxes stands under its own caption.
+    void postiDelVerdettoEDelFaro()
+    {
+        Apri();
+        const QRect titolo = Widget_Di(*form, "lblTitolo")->geometry();
+        QCOMPARE(titolo.height(), Posto_Twip(0, ScalaY(200), 0, ScalaY(1000)).height());
+        for (int i = 0; i <= 1; ++i) {
+            const qint32 cima = ScalaY(2500 + i * 1000);
+            QCOMPARE(Membro_Di<QWidget>(*form, "txt", i)->pos(),
+                     Posto_Twip(ScalaX(500), cima, 0, 0).topLeft());
+            QCOMPARE(Membro_Di<QWidget>(*form, "lbl", i)->pos(),
+                     Posto_Twip(ScalaX(500), cima - ScalaY(300), 0, 0).topLeft());
+        }
     }
 
     // --- the table ----------------------------------------------------------------------------------------
@@ -285,7 +298,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("lingua");
         QTest::addColumn<qint32>("cimaColonne");
         QTest::newRow("italiano") << QStringLiteral("IT") << 2000;
-        QTest::newRow("inglese") << QStringLiteral("EN") << 1800;
+        for (const char *lingua : {"FR", "EN", "ES", "DE"})
+            QTest::newRow(lingua) << QString::fromLatin1(lingua) << 1800;
     }
     /// Each head stands over its column or beside its row, and so every figure under its own lamp.
     void postiDellaTabella()
@@ -303,6 +317,7 @@ private Q_SLOTS:
         for (int i = 0; i < 4; ++i) {
             const QRect testa = Membro_Di<QWidget>(*form, "lblPar", i)->geometry();
             QCOMPARE(testa.left(), Cella(i)->geometry().left());
+            QCOMPARE(testa.width(), Cella(i)->geometry().width());
             QCOMPARE(testa.top(), Posto_Twip(0, ScalaY(cimaColonne), 0, 0).y());
         }
         for (int i = 4; i < 7; ++i) {
@@ -310,9 +325,14 @@ private Q_SLOTS:
             QCOMPARE(testa.top(), Cella(4 * (i - 4))->geometry().top());
             QVERIFY(testa.right() < Cella(0)->geometry().left());
         }
-        QCOMPARE(Widget_Di(*form, "lblDes_0")->pos(), Posto_Twip(ScalaX(500), ScalaY(1500), 0, 0).topLeft());
-        QCOMPARE(Widget_Di(*form, "lblDes_1")->pos(),
-                 Posto_Twip(meta + ScalaX(300), ScalaY(1450), 0, 0).topLeft());
+        const qint32 sinistre[] = {ScalaX(500), meta + ScalaX(300)};
+        const qint32 cime[] = {ScalaY(1500), ScalaY(1450)};
+        for (int i = 0; i <= 1; ++i) {
+            const QRect testa = Membro_Di<QWidget>(*form, "lblDes", i)->geometry();
+            const QRect posto = Posto_Twip(sinistre[i], cime[i], ScalaX(4000), 0);
+            QCOMPARE(testa.topLeft(), posto.topLeft());
+            QCOMPARE(testa.width(), posto.width());
+        }
     }
 
     void corniciDipinte()
@@ -432,8 +452,8 @@ private Q_SLOTS:
     {
         QFETCH(QSize, schermo);
         const EsitoFiglio esito =
-            Figlio_Esegui({QStringLiteral("postiDellaTabella"), QStringLiteral("pulsanti"),
-                           QStringLiteral("corniciDipinte")},
+            Figlio_Esegui({QStringLiteral("postiDellaTabella"), QStringLiteral("postiDelVerdettoEDelFaro"),
+                           QStringLiteral("pulsanti"), QStringLiteral("corniciDipinte")},
                           schermo);
         QVERIFY2(esito.Buono(), qPrintable(esito.Racconto()));
     }

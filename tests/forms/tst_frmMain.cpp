@@ -7,6 +7,7 @@
 #include "core/modGeneral.h"
 #include "core/risultato.h"
 #include "dialogs/dlgPwd.h"
+#include "link/frmComm.h"
 #include "mctc/frmMctcO.h"
 #include "report/frmMctc2.h"
 #include "setup/frmSetupO.h"
@@ -57,6 +58,46 @@ void Sessione_Completa(Regia &regia, const std::function<void(Modulo &)> &guarda
         });
 }
 
+/// Counts the paintings of a form's window.
+class Dipinture : public QObject
+{
+public:
+    explicit Dipinture(Modulo &modulo) : m_finestra(modulo.Finestra())
+    {
+        m_finestra->installEventFilter(this);
+    }
+    /// The count begins when the window of another form, which is in front, has gone; a painting of this one
+    /// is pending then.
+    void Al_Nascondersi(Modulo &davanti)
+    {
+        m_davanti = davanti.Finestra();
+        m_davanti->installEventFilter(this);
+    }
+    bool eventFilter(QObject *oggetto, QEvent *evento) override
+    {
+        if (oggetto == m_finestra && evento->type() == QEvent::Paint)
+            ++Volte;
+        if (oggetto == m_davanti && evento->type() == QEvent::Hide) {
+            m_finestra->update();
+            Volte = 0;
+        }
+        return false;
+    }
+    /// True when no painting is pending.
+    bool Ferme()
+    {
+        const int prima = Volte;
+        QCoreApplication::processEvents();
+        return Volte == prima;
+    }
+
+    int Volte = 0;
+
+private:
+    QWidget *m_finestra;
+    QWidget *m_davanti = nullptr;
+};
+
 } // namespace
 
 class tst_frmMain : public QObject
@@ -69,6 +110,12 @@ private:
         form = Nuovo<frmMain>();
         form->Mostra();
         QVERIFY(Attiva(*form));
+    }
+    /// Another form gives the keyboard up to this one.
+    static bool Davanti(Modulo &modulo)
+    {
+        modulo.PortaAvanti();
+        return Attiva(modulo);
     }
     QPushButton *Voce(int i) const { return Membro_Di<QPushButton>(*form, "cmdMnu", i); }
     QString Nativo(const QString &nome) const { return banco->Stazione.Nativo(nome); }
@@ -101,6 +148,19 @@ private:
         Sessione_Completa(regia);
         Conferma_Veicolo();
         QVERIFY(regia.Finita());
+    }
+    /// Every code but the confirmation comes from a form that chooses a vehicle: nothing happens.
+    template <typename Form>
+    static void Notifica_Altri(Form &scelta)
+    {
+        const QStringList aperti = Nomi_Caricati();
+        for (qint16 codice : {qint16{0}, qint16{1}, qint16{2}, qint16{5}, qint16{6}, qint16{7}}) {
+            QVariant valore = 4;
+            Q_EMIT scelta.Notifica(codice, valore);
+        }
+        QCOMPARE(gTipoProva, qint16{2});
+        QVERIFY(Linea_Corrente() == nullptr);
+        QCOMPARE(Nomi_Caricati(), aperti);
     }
     static void Conferma_Veicolo() { Premi(*Modulo_Aperto("frmMctc2"), "cmd_0"); }
     static void Scrivi_Password(Modulo &dialogo, const QString &password)
@@ -406,6 +466,53 @@ private Q_SLOTS:
         QVERIFY(form->Finestra()->isVisible());
     }
 
+    /// Whatever its end, the menu is painted anew when a session reports it, while the link form still
+    /// stands.
+    void dopoLaSessioneIlMenuSiRidipinge()
+    {
+        Linee_Prepara({});
+        Apri();
+        Scegli_DallaLista();
+        Dipinture dipinture(*form);
+        int alRitorno = -1;
+        Regia regia;
+        regia.Quando("frmComm", [&](Modulo &comm) {
+            // Heard after the main window, which was there first.
+            connect(&dynamic_cast<frmComm &>(comm), &frmComm::Notifica, &dipinture,
+                    [&] { alRitorno = dipinture.Volte; });
+            QTRY_VERIFY(dipinture.Ferme());
+            dipinture.Volte = 0;
+            Premi(comm, "cmd_0");
+        });
+        Conferma_Veicolo();
+        QVERIFY(regia.Finita());
+        QCOMPARE(alRitorno, 1);
+    }
+
+    /// When the result has gone pending events run, and the menu is painted anew behind them.
+    void dopoIlRisultatoIlMenuSiRidipinge()
+    {
+        Apri();
+        Scegli_DallaLista();
+        Dipinture dipinture(*form);
+        int alRitorno = -1;
+        Regia regia;
+        regia
+            .Quando("frmComm",
+                    [&](Modulo &comm) {
+                        connect(&dynamic_cast<frmComm &>(comm), &frmComm::Notifica, &dipinture,
+                                [&] { alRitorno = dipinture.Volte; });
+                        Orologio_Banco().Avanza(SESSIONE);
+                    })
+            .Quando("frmEsito", [&dipinture](Modulo &esito) {
+                dipinture.Al_Nascondersi(esito);
+                Premi(esito, "cmd_0");
+            });
+        Conferma_Veicolo();
+        QVERIFY(regia.Finita());
+        QCOMPARE(alRitorno, 2); // the painting that was pending, and the one asked for
+    }
+
     void seconaProvaDopoLaPrima()
     {
         Apri();
@@ -425,19 +532,12 @@ private Q_SLOTS:
         Apri();
         gIniFile = Falso;
         Premi_Prova();
-        const auto veicolo = Modulo_Aperto<frmMctc2>("frmMctc2");
+        Notifica_Altri(*Modulo_Aperto<frmMctc2>("frmMctc2"));
+        Modulo_Aperto("frmMctc2")->Scarica(); // as long as it is open no list opens beside it
         gIniFile = Vero;
         banco->Stazione.Accettazione(FILE_ACC);
         Premi_Prova();
-        const auto lista = Modulo_Aperto<frmMctcO>("frmMctcO");
-        for (qint16 codice : {qint16{0}, qint16{1}, qint16{2}, qint16{5}, qint16{6}, qint16{7}}) {
-            QVariant valore = 4;
-            Q_EMIT veicolo->Notifica(codice, valore);
-            Q_EMIT lista->Notifica(codice, valore);
-        }
-        QCOMPARE(gTipoProva, qint16{2});
-        QVERIFY(Linea_Corrente() == nullptr);
-        QCOMPARE(Nomi_Caricati().size(), 3);
+        Notifica_Altri(*Modulo_Aperto<frmMctcO>("frmMctcO"));
     }
 
     /// The value that comes with code 4 says how the test was started.
@@ -471,23 +571,45 @@ private Q_SLOTS:
         QCOMPARE(gTipoProva, qint16{4});
     }
 
-    /// Two presses of the button open two forms; the main window listens to the second alone.
-    void dueVolteProvaUnaSolaMisura()
+    void primaProvaAncoraAperta_data()
     {
-        gIniFile = Falso;
+        QTest::addColumn<bool>("lista");
+        QTest::addColumn<bool>("scelto");
+        QTest::newRow("la lista") << true << false;
+        QTest::newRow("il veicolo della lista") << true << true;
+        QTest::newRow("il veicolo a mano") << false << false;
+    }
+    /// A second press of the button, before the vehicle is confirmed, brings the open form to the front:
+    /// there is one choice at a time, and its vehicle is tested once.
+    void primaProvaAncoraAperta()
+    {
+        QFETCH(bool, lista);
+        QFETCH(bool, scelto);
+        gIniFile = Flag_Da(lista);
         Apri();
+        if (scelto)
+            Scegli_DallaLista();
+        else if (lista)
+            banco->Stazione.Accettazione(FILE_ACC);
+        if (!scelto)
+            Premi_Prova();
+        const auto aperti = Moduli_Caricati();
+        QCOMPARE(aperti.size(), 2u);
+        gIniFile = Flag_Da(!lista); // whatever a press would open now
+        QVERIFY(Davanti(*form));
         Premi_Prova();
-        const auto primo = Modulo_Aperto("frmMctc2");
-        Premi_Prova();
-        const auto secondo = Modulo_Aperto("frmMctc2");
-        QVERIFY(primo != secondo);
-        Premi(*primo, "cmd_0");
-        QVERIFY(!primo->Caricato());
-        QVERIFY(Linea_Corrente() == nullptr);
+        QVERIFY(Moduli_Caricati() == aperti);
+        QVERIFY(Attiva(*aperti.back()));
+        gIniFile = Flag_Da(lista);
+        if (lista && !scelto) {
+            Widget_Di<QListWidget>(*aperti.back(), "lstAuto")->setCurrentRow(0);
+            Premi(*aperti.back(), "cmd_0");
+        }
         Regia regia;
         Sessione_Completa(regia);
-        Premi(*secondo, "cmd_0");
+        Conferma_Veicolo();
         QVERIFY(regia.Finita());
+        QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMain")));
     }
 
     void secondaPressioneDuranteLaLettura_data() { uscitaDuranteLaLettura_data(); }
@@ -559,6 +681,61 @@ private Q_SLOTS:
         QTest::mouseClick(Voce(voce), Qt::LeftButton);
         QCOMPARE(Nomi_Caricati(), QStringList({QStringLiteral("frmMain"), finestra}));
         QVERIFY(QApplication::activeModalWidget() == nullptr);
+    }
+
+    void ancoraAperta_data()
+    {
+        QTest::addColumn<int>("voce");
+        QTest::addColumn<QByteArray>("casella");
+        QTest::addColumn<QString>("sezione");
+        QTest::addColumn<QString>("chiave");
+        // Of setup the folder of the acceptance files, which its Ok gives to the results too.
+        QTest::newRow("impostazioni")
+            << 1 << QByteArray("txt_19") << QStringLiteral("MCTC") << QStringLiteral("DirRisultati");
+        QTest::newRow("anagrafica") << 5 << QByteArray("txt_0") << QStringLiteral("OFFICINA")
+                                    << QStringLiteral("Denominazione");
+    }
+    /// A second press brings the open form to the front, with what stands typed in it, and its Ok saves that.
+    void ancoraAperta()
+    {
+        QFETCH(int, voce);
+        QFETCH(QByteArray, casella);
+        QFETCH(QString, sezione);
+        QFETCH(QString, chiave);
+        const QString testo = banco->Stazione.Percorso(QStringLiteral("dati\\")); // a folder that is there
+        Apri();
+        QTest::mouseClick(Voce(voce), Qt::LeftButton);
+        const auto aperta = Moduli_Caricati().back();
+        QVERIFY(Attiva(*aperta));
+        Scrivi(*aperta, casella.constData(), testo);
+        QVERIFY(Davanti(*form));
+        QTest::mouseClick(Voce(voce), Qt::LeftButton);
+        QCOMPARE(Moduli_Caricati().size(), 2u);
+        QVERIFY(Moduli_Caricati().back() == aperta);
+        QVERIFY(Attiva(*aperta));
+        QCOMPARE(Testo_Di(*aperta, casella.constData()), testo);
+        Premi(*aperta, "cmd_0");
+        QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMain")));
+        QCOMPARE(Valore_Ini(gFileIni, sezione, chiave), testo);
+        // A press after that opens it afresh.
+        QTest::mouseClick(Voce(voce), Qt::LeftButton);
+        QVERIFY(Moduli_Caricati().back() != aperta);
+        QCOMPARE(Moduli_Caricati().size(), 2u);
+    }
+
+    /// The menu is painted when the box has gone, before anything else comes.
+    void dopoLeInformazioniIlMenuSiRidipinge()
+    {
+        Apri();
+        Dipinture dipinture(*form);
+        Regia regia;
+        regia.Quando("frmAbout", [&dipinture](Modulo &about) {
+            dipinture.Al_Nascondersi(about);
+            Premi(about, "cmd_0");
+        });
+        Voce(6)->click();
+        QVERIFY(regia.Finita());
+        QCOMPARE(dipinture.Volte, 1);
     }
 
     void informazioni()

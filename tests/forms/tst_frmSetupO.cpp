@@ -89,7 +89,20 @@ const QStringList TESTI_TARATURA = {QStringLiteral("1012"), QStringLiteral("8"),
                                     QStringLiteral("105"),  QStringLiteral("106"), QStringLiteral("107"),
                                     QStringLiteral("108")};
 
+QList<Qt::CursorShape> puntatori; // while the form asked for a folder, question by question
+
 } // namespace
+
+// The linker leads the form's question for a folder through the second of these, on to the first.
+Flag Cartella_Esiste(const QString &percorso, qint16 attributo) asm("__real__Z9Fs_EsisteRK7QStrings");
+Flag Cartella_Chiesta(const QString &percorso, qint16 attributo) asm("__wrap__Z9Fs_EsisteRK7QStrings");
+
+Flag Cartella_Chiesta(const QString &percorso, qint16 attributo)
+{
+    const QCursor *puntatore = QApplication::overrideCursor();
+    puntatori.append(puntatore != nullptr ? puntatore->shape() : Qt::ArrowCursor);
+    return Cartella_Esiste(percorso, attributo);
+}
 
 class tst_frmSetupO : public QObject
 {
@@ -740,6 +753,41 @@ private Q_SLOTS:
         QCOMPARE(Ini(), prima);
     }
 
+    /// A folder that is not there is kept in the table alone. When one that is there comes after it, the
+    /// acceptance key is written with what the table holds by then.
+    void cartellaCheNonCEEPoiUnaCheCE()
+    {
+        const QString manca = banco->Stazione.Percorso(QStringLiteral("manca")) + u'\\';
+        const QString nuova = Cartella("nuova");
+        const QByteArray prima = Ini();
+        Apri();
+        Riscrivi_Riga(DATI, manca);
+        Lascia();
+        QCOMPARE(Ini(), prima);
+        Riscrivi_Riga(DATI, nuova);
+        Lascia();
+        QCOMPARE(Ini(), Ini_Con(Ini_Con(prima, "MCTC", "DirDati", manca.toLatin1()), "MCTC", "DirRisultati",
+                                nuova.toLatin1()));
+    }
+
+    void clessidraPerLaCartella_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::newRow("c'è") << QStringLiteral("dati");
+        QTest::newRow("manca") << QStringLiteral("manca");
+    }
+    /// A folder of the network may take its time: the pointer says so, and no longer than that.
+    void clessidraPerLaCartella()
+    {
+        QFETCH(QString, nome);
+        Apri();
+        Riscrivi_Riga(DATI, banco->Stazione.Percorso(nome));
+        puntatori.clear();
+        Lascia();
+        QCOMPARE(puntatori, QList<Qt::CursorShape>{Qt::WaitCursor});
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+    }
+
     void cartellaVuota()
     {
         const QByteArray prima = Ini();
@@ -1123,6 +1171,40 @@ private Q_SLOTS:
         QCOMPARE(Ini(), prima);
         for (int riga = 0; riga <= OPERATORE; ++riga)
             QCOMPARE(Casella(riga)->text(), Valore(ATTESE[riga].sezione, ATTESE[riga].chiave));
+    }
+
+    void operatoreDopoLaLettura_data()
+    {
+        QTest::addColumn<bool>("riuscita");
+        QTest::addColumn<QString>("operatore");
+        QTest::newRow("riuscita") << true << TESTI_STRUMENTO[OPERATORE];
+        QTest::newRow("fallita") << false << QStringLiteral("Rossi Mario");
+    }
+    /// What the box shows is what the save keeps, and not the name that stood typed there before the reading.
+    void operatoreDopoLaLettura()
+    {
+        QFETCH(bool, riuscita);
+        QFETCH(QString, operatore);
+        Imposta("VEICOLO", "Operatore", QStringLiteral("Rossi Mario"));
+        if (!riuscita)
+            Linee_Prepara({});
+        Apri();
+        Riscrivi_Riga(OPERATORE, QStringLiteral("Neri Ada"));
+        Lascia();
+        Leggi_Strumento(DURATA_SILENZIO);
+        QCOMPARE(Casella(OPERATORE)->text(), operatore);
+        Salva_ConSessione(DURATA_SILENZIO); // the row has been touched: the operator goes to the instrument
+        QCOMPARE(Valore("VEICOLO", "Operatore"), operatore);
+    }
+
+    /// What the profile keeps of an instrument's text is what the box shows of it.
+    void testoDelloStrumentoComeSiVede()
+    {
+        strumento->Imposta(Blocco::Dati, QStringList(6, QStringLiteral("QX5\r\nPwd=")));
+        Apri();
+        Leggi_Strumento();
+        for (int riga = 0; riga <= OPERATORE; ++riga)
+            QCOMPARE(Valore(ATTESE[riga].sezione, ATTESE[riga].chiave), Casella(riga)->text());
     }
 
     void testiMancanti_data()

@@ -107,6 +107,8 @@ private Q_SLOTS:
     void misureInTwip();
     void centrato();
     void massimizzatoCopreLoSchermo();
+    void piccoloSopraQuelloAttivo();
+    void portatoAvanti();
     void senzaCorniceMisuraFissa();
     void titolo();
     void inPrimoPiano();
@@ -1326,8 +1328,49 @@ void tst_modulo::massimizzatoCopreLoSchermo()
     modulo->Mostra();
     QCOMPARE(modulo->Finestra()->geometry(), QRect(0, 0, 800, 800));
     QVERIFY(modulo->Finestra()->windowFlags().testFlag(Qt::FramelessWindowHint));
+    QTRY_VERIFY(modulo->Finestra()->isFullScreen()); // over the panels of a desktop, too
     QCOMPARE(modulo->Width(), Schermo_Larghezza());
     QCOMPARE(modulo->Height(), Schermo_Altezza());
+}
+
+/// A small form belongs to the one it opens over, whatever was loaded last; one that covers the screen to
+/// none.
+void tst_modulo::piccoloSopraQuelloAttivo()
+{
+    const auto grande = Nuovo<ModuloProva>();
+    grande->AlLoad = [&] { grande->Massimizza(); };
+    grande->Mostra();
+    const auto altro = Nuovo<ModuloProva>();
+    altro->Mostra();
+    QCOMPARE(altro->Finestra()->windowHandle()->transientParent(), grande->Finestra()->windowHandle());
+    grande->PortaAvanti();
+    QVERIFY(Attiva(*grande));
+    const auto piccolo = Nuovo<ModuloProva>();
+    piccolo->Mostra();
+    QCOMPARE(piccolo->Finestra()->windowHandle()->transientParent(), grande->Finestra()->windowHandle());
+    QCOMPARE(piccolo->Finestra()->windowType(), Qt::Dialog);
+    const auto intero = Nuovo<ModuloProva>();
+    intero->AlLoad = [&] { intero->Massimizza(); };
+    intero->Mostra();
+    QVERIFY(intero->Finestra()->windowHandle()->transientParent() == nullptr);
+}
+
+/// What stands in the form stays, nothing is loaded again.
+void tst_modulo::portatoAvanti()
+{
+    const auto primo = Nuovo<ModuloProva>();
+    primo->PortaAvanti(); // not loaded: nothing
+    primo->Mostra();
+    const auto secondo = Nuovo<ModuloProva>();
+    secondo->Mostra();
+    QVERIFY(Attiva(*secondo));
+    primo->PortaAvanti();
+    QVERIFY(Attiva(*primo));
+    QCOMPARE(primo->Volte(QStringLiteral("Load")), 1);
+    secondo->Finestra()->showMinimized();
+    secondo->PortaAvanti();
+    QVERIFY(!secondo->Finestra()->isMinimized());
+    QVERIFY(Attiva(*secondo));
 }
 
 void tst_modulo::senzaCorniceMisuraFissa()
