@@ -1084,18 +1084,16 @@ private Q_SLOTS:
     /// A text with a line break is kept by its first line: refused whole, the old one would stay unnoticed.
     void taraturaConUnACapo()
     {
-        const QByteArray aCapo = "\r\n[MCTC]\r\nModalita=0";
-        Linee_Prepara([&aCapo](LineaProva &linea) {
+        Linee_Prepara([](LineaProva &linea) {
             linea.Copione({Risposta_Stato('1'), Risposta_Dati(QList<QByteArray>(6, "d")),
-                           Risposta_Taratura(QList<QByteArray>(9, "nuova" + aCapo) << "ultima\nx")});
+                           Risposta_Taratura(QList<QByteArray>(9, "n\r\n[M]") << "u\nx")});
         });
         Apri();
         Leggi_Strumento();
-        for (const char16_t *chiave : {u"MaxManopola", u"MinManopola", u"S1", u"S7"})
-            QCOMPARE(Valore("CALIBRAZIONE_COM", QString::fromUtf16(chiave).toLatin1().constData()),
-                     QStringLiteral("nuova"));
-        QCOMPARE(Valore("CALIBRAZIONE_COM", "S8"), QStringLiteral("ultima"));
-        QCOMPARE(Ini().count("[MCTC]"), 1);
+        for (const char *chiave : {"MaxManopola", "MinManopola", "S1", "S7"})
+            QCOMPARE(Valore("CALIBRAZIONE_COM", chiave), QStringLiteral("n"));
+        QCOMPARE(Valore("CALIBRAZIONE_COM", "S8"), QStringLiteral("u"));
+        QVERIFY(!Ini().contains("[M]"));
     }
 
     /// After a session, whatever its end, three settings are out of reach.
