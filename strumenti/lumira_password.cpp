@@ -33,8 +33,9 @@ int Scrivi(const QString &file)
     if (!Ini_Adatto(file, errore))
         return Finisci(EsitoPassword::FileRifiutato, errore);
     const std::optional<QString> password = Terminale_Chiedi(QStringLiteral("Nuova password: "));
-    const std::optional<QString> ancora = Terminale_Chiedi(QStringLiteral("Ancora la stessa: "));
-    if (!password || !ancora)
+    const std::optional<QString> ancora =
+        password ? Terminale_Chiedi(QStringLiteral("Ancora la stessa: ")) : std::nullopt;
+    if (!ancora)
         return Finisci(EsitoPassword::PasswordRifiutata, QStringLiteral("la password va scritta due volte"));
     if (*password != *ancora)
         return Finisci(EsitoPassword::PasswordRifiutata, QStringLiteral("le due password non sono uguali"));
