@@ -78,15 +78,16 @@ private Q_SLOTS:
     /// What the tool takes opens the box; what it does not take it refuses with a word, and the file stays.
     void diecimilaPassword()
     {
-        const StazioneProva stazione;
         const QTemporaryDir veloce(Cartella_Veloce());
-        const QString nativo = veloce.filePath(QStringLiteral("lumira.ini"));
-        QVERIFY(QFile::copy(stazione.Nativo(QStringLiteral("lumira.ini")), nativo));
-        const auto byte = [&nativo] {
-            QFile file(nativo);
+        QFile ini(veloce.filePath(QStringLiteral("lumira.ini")));
+        QVERIFY(ini.open(QIODevice::WriteOnly));
+        QVERIFY(ini.write("[IMPOSTAZIONI]\r\nLingua=IT\r\nPwd=\r\nPwd2=\r\n[MCTC]\r\n") > 0);
+        ini.close();
+        const auto byte = [&ini] {
+            QFile file(ini.fileName());
             return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
         };
-        const QString file = QString(nativo).replace(u'/', u'\\');
+        const QString file = ini.fileName().replace(u'/', u'\\');
         QRandomGenerator caso(20260131);
         int scritte = 0, rifiutate = 0, accentate = 0;
         for (int volta = 0; volta < PASSWORD_A_CASO; ++volta) {
