@@ -5,6 +5,7 @@
 #include "core/modGeneral.h"
 #include "core/risultato.h"
 #include "platform/file.h"
+#include "platform/una_riga.h"
 
 QString gFileFar;
 
@@ -12,7 +13,8 @@ void Far_Scrivi(const QString &percorsoAcc)
 {
     gFileFar = gDirAcc + Fs_Radice(percorsoAcc) + QStringLiteral(".far");
     QStringList righe{QStringLiteral("[Kandelo]")};
+    // Whoever takes the file up reads it by its lines: a value is one line, whatever it holds.
     for (const RigaFar &riga : gRisultatoFar)
-        righe.append(riga.Chiave + u'=' + riga.Valore);
+        righe.append(riga.Chiave + u'=' + Una_Riga(riga.Valore));
     File_ScriviRighe(gFileFar, righe);
 }

@@ -1,5 +1,6 @@
 // Folder listings, in the shape of the system's two: the directory query by path and attribute mask, and
-// the find records. Both come in the order of an NTFS volume: by name, without regard to case.
+// the find records. Both come in the order of an NTFS volume: by name, without regard to case. Of names that
+// differ by case alone one comes: the one that the name in capitals opens.
 #pragma once
 
 #include <QList>

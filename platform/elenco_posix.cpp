@@ -2,6 +2,7 @@
 #include "platform/elenco.h"
 
 #include "platform/errore_esecuzione.h"
+#include "platform/maiuscole.h"
 #include "platform/percorsi.h"
 
 #include <QFile>
@@ -57,12 +58,23 @@ quint64 Tempo_1601(const timespec &tempo)
                                 tempo.tv_nsec / 100);
 }
 
+bool Gemelli(const RecordTrovato &a, const RecordTrovato &b)
+{
+    return std::equal(a.cFileName.cbegin(), a.cFileName.cend(), b.cFileName.cbegin(), b.cFileName.cend(),
+                      [](QChar x, QChar y) { return x.toUpper() == y.toUpper(); });
+}
+
+/// By name without regard to case; of names that differ by case alone, the one first that a search for the
+/// name in capitals opens: the one in capitals, else the first in plain order.
 bool Prima_Su_Ntfs(const RecordTrovato &a, const RecordTrovato &b)
 {
-    const auto alto = [](QChar c) { return c.toUpper(); };
-    const auto minore = [&](QChar x, QChar y) { return alto(x) < alto(y); };
+    if (Gemelli(a, b)) {
+        const QString grande = Maiuscole(a.cFileName);
+        return b.cFileName != grande && (a.cFileName == grande || a.cFileName < b.cFileName);
+    }
     return std::lexicographical_compare(a.cFileName.cbegin(), a.cFileName.cend(), b.cFileName.cbegin(),
-                                        b.cFileName.cend(), minore);
+                                        b.cFileName.cend(),
+                                        [](QChar x, QChar y) { return x.toUpper() < y.toUpper(); });
 }
 
 RecordTrovato Record_Di(const QString &nome, const struct stat &stato)
@@ -96,6 +108,9 @@ int Elenca(const QString &cartella, const QRegularExpression &espressione, QList
             trovati.append(Record_Di(trovato, stato));
     }
     std::sort(trovati.begin(), trovati.end(), Prima_Su_Ntfs);
+    // A volume of Windows holds one name in one spelling. Here a line of the worklist, whose name is in
+    // capitals, would show one file and open another.
+    trovati.erase(std::unique(trovati.begin(), trovati.end(), Gemelli), trovati.end());
     return 0;
 }
 

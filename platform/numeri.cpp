@@ -11,7 +11,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -34,7 +33,9 @@ template <typename T>
 QString Testo_PiuCorto(T valore)
 {
     std::array<char, 512> cifre; // the longest plain form of a double has some 330 characters
-    const auto fine = std::to_chars(cifre.begin(), cifre.end(), valore, std::chars_format::fixed);
+    // Zero has no sign on paper, wherever it came from: "-0" typed as a height is 0.
+    const T senzaSegno = valore == 0 ? 0 : valore;
+    const auto fine = std::to_chars(cifre.begin(), cifre.end(), senzaSegno, std::chars_format::fixed);
     QString testo = QString::fromLatin1(cifre.data(), fine.ptr - cifre.data());
     return testo.replace(u'.', Separatore_Decimale());
 }
@@ -59,10 +60,11 @@ double Numero_Doppio(const QString &testo)
 
 float Numero_Singolo(const QString &testo)
 {
-    const double valore = Numero_Doppio(testo);
-    if (std::fabs(valore) > static_cast<double>(std::numeric_limits<float>::max()))
+    // Rounded first: the digits of the largest single, as it is written, are a little more than it is.
+    const auto singolo = static_cast<float>(Numero_Doppio(testo));
+    if (std::isinf(singolo))
         Solleva(NumeroErrore::Overflow);
-    return static_cast<float>(valore);
+    return singolo;
 }
 
 qint32 Numero_32(const QString &testo)

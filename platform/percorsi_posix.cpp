@@ -2,22 +2,28 @@
 // regard to case. It opens no file.
 #include "platform/percorsi.h"
 
+#include "platform/maiuscole.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
 namespace {
 
-/// The entry of a folder that has this name, whatever its case; the name itself when there is none.
+/// The entry of a folder that has this name, whatever its case, the first in plain order of several; the name
+/// itself when there is none. A listing shows the same one of several.
 QString Nome_SenzaCaso(const QString &cartella, const QString &nome)
 {
     const QStringList voci = QDir(cartella.isEmpty() ? QStringLiteral(".") : cartella)
                                  .entryList(QDir::AllEntries | QDir::Hidden | QDir::System, QDir::Unsorted);
+    const QString grande = Maiuscole(nome);
+    QString trovato;
     for (const QString &voce : voci) {
-        if (voce.compare(nome, Qt::CaseInsensitive) == 0)
-            return voce;
+        const bool suo = voce.size() == nome.size() && Maiuscole(voce) == grande;
+        if (suo && (trovato.isEmpty() || voce < trovato))
+            trovato = voce;
     }
-    return nome;
+    return trovato.isEmpty() ? nome : trovato;
 }
 
 } // namespace
@@ -26,7 +32,7 @@ QString Percorso_Nativo(const QString &percorso)
 {
     QString nativo = percorso;
     nativo.replace(u'\\', u'/');
-    if (nativo.isEmpty() || QFileInfo::exists(nativo))
+    if (QFileInfo::exists(nativo))
         return nativo;
 
     QString fatto;

@@ -312,6 +312,8 @@ QString Profilo_Leggi(const QString &sezione, const QString &chiave, const QStri
 
 bool Profilo_Scrivi(const QString &sezione, const QString &chiave, const QString &valore, const QString &file)
 {
+    if (!Profilo_Scrivibile(sezione, chiave, valore))
+        return false;
     const QString nativo = Percorso_Nativo(file);
     tenuti.remove(nativo); // a write starts from what the file holds, never from what is kept of it
     const Profilo *attuale = Profilo_Attuale(nativo);

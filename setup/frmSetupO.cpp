@@ -12,6 +12,7 @@
 #include "platform/elenco.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/numeri.h"
+#include "platform/una_riga.h"
 #include "report/frmVerPerO.h"
 #include "toolkit/schermo.h"
 
@@ -684,7 +685,7 @@ void frmSetupO::Accetta_Strumento()
     for (qint16 i = 0; i < static_cast<qint16>(CHIAVI_TARATURA.size()); ++i) {
         Scrivi_Ini(gFileIni, QString::fromUtf16(SEZIONE_TARATURA),
                    QString::fromUtf16(CHIAVI_TARATURA[static_cast<size_t>(i)]),
-                   Testo_Blocco(gDatiTaratura, i));
+                   Una_Riga(Testo_Blocco(gDatiTaratura, i))); // of more the profile would keep none
     }
 }
 

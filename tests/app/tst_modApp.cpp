@@ -246,6 +246,7 @@ private Q_SLOTS:
         QTest::newRow("punto") << 6.5 << false << QStringLiteral("#6.5");
         QTest::newRow("virgola") << 6.5 << true << QStringLiteral("#6,5");
         QTest::newRow("zero") << 0.0 << false << QStringLiteral("#0");
+        QTest::newRow("zero con il meno") << -0.0 << false << QStringLiteral("#0");
     }
     void altezzaComeLaScriveIlLocale()
     {

@@ -17,11 +17,17 @@ class TestModFs : public QObject
     const StazioneProva m_stazione;
 
     QString Percorso(const char16_t *nome) const { return m_stazione.Percorso(QString::fromUtf16(nome)); }
-    bool Tempi(const char16_t *nome, const QDateTime &tempo) const
+    bool Tempi(const char16_t *nome, const QDateTime &accesso, const QDateTime &scrittura) const
     {
         QFile file(m_stazione.Nativo(QString::fromUtf16(nome)));
-        return file.open(QIODevice::ReadWrite) && file.setFileTime(tempo, QFileDevice::FileAccessTime) &&
-               file.setFileTime(tempo, QFileDevice::FileModificationTime);
+        return file.open(QIODevice::ReadWrite) && file.setFileTime(accesso, QFileDevice::FileAccessTime) &&
+               file.setFileTime(scrittura, QFileDevice::FileModificationTime);
+    }
+    QStringList Firma_Di(const char16_t *nome) const
+    {
+        QStringList firme;
+        Fs_ElencoFirme(Percorso(u"L\\"), QString::fromUtf16(nome), firme);
+        return firme;
     }
 
 private Q_SLOTS:
@@ -191,11 +197,25 @@ private Q_SLOTS:
     /// signed.
     void formaDellaFirma()
     {
-        // 133444736001230000 steps since 1601: 31070023 times 2^32 and 3330262192, with a sign -964705104.
-        QVERIFY(Tempi(u"L\\b.acc", QDateTime::fromMSecsSinceEpoch(1'700'000'000'123, Qt::UTC)));
-        QStringList firme;
-        QCOMPARE(Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("b.acc"), firme), qint32{0});
-        QCOMPARE(firme, QStringList{QStringLiteral("b.acc - 31070023-964705104")});
+        // Written: 133444736001230000 steps since 1601, 31070023 times 2^32 and 3330262192, with a sign
+        // -964705104. Read a thousand days later: 134308736001230000 steps, 31271189 times 2^32.
+        const QDateTime scritto = QDateTime::fromMSecsSinceEpoch(1'700'000'000'123, Qt::UTC);
+        QVERIFY(Tempi(u"L\\b.acc", scritto.addDays(1000), scritto));
+        QCOMPARE(Firma_Di(u"b.acc"), QStringList{QStringLiteral("b.acc - 31271189-964705104")});
+    }
+
+    /// The high half of the time of access moves every seven minutes; that of writing is not in it.
+    void oreDiAccessoEDiScritturaNellaFirma()
+    {
+        const QDateTime tempo = QDateTime::fromMSecsSinceEpoch(1'700'000'000'123, Qt::UTC);
+        QVERIFY(Tempi(u"L\\b.acc", tempo, tempo));
+        const QStringList prima = Firma_Di(u"b.acc");
+        QVERIFY(Tempi(u"L\\b.acc", tempo.addSecs(1000), tempo));
+        const QStringList letto = Firma_Di(u"b.acc");
+        QVERIFY(letto != prima);
+        QVERIFY(Tempi(u"L\\b.acc", tempo, tempo.addMSecs(1)));
+        const QStringList riscritto = Firma_Di(u"b.acc");
+        QVERIFY(riscritto != prima && riscritto != letto);
     }
 
     void firmeDiUnaCartellaFermaSonoUguali()
@@ -210,9 +230,9 @@ private Q_SLOTS:
     {
         const QDateTime tempo = QDateTime::fromMSecsSinceEpoch(1'700'000'000'000, Qt::UTC);
         QStringList prima, dopo;
-        QVERIFY(Tempi(u"L\\b.acc", tempo));
+        QVERIFY(Tempi(u"L\\b.acc", tempo, tempo));
         Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("*.acc"), prima);
-        QVERIFY(Tempi(u"L\\b.acc", tempo.addMSecs(1)));
+        QVERIFY(Tempi(u"L\\b.acc", tempo, tempo.addMSecs(1)));
         Fs_ElencoFirme(Percorso(u"L\\"), QStringLiteral("*.acc"), dopo);
         QCOMPARE(dopo.size(), prima.size());
         QCOMPARE(dopo[0], prima[0]);

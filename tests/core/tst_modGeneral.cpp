@@ -103,14 +103,34 @@ private Q_SLOTS:
         QCOMPARE(Errore_Di([&] { File_Presente(troppoLungo, 0); }), 52);
     }
 
+    void localeInfo_data()
+    {
+        QTest::addColumn<QLocale>("locale");
+        QTest::addColumn<QString>("decimali");
+        QTest::addColumn<QString>("data");
+        QTest::newRow("italiano") << QLocale(QLocale::Italian) << QStringLiteral(",") << QStringLiteral("/");
+        QTest::newRow("tedesco") << QLocale(QLocale::German) << QStringLiteral(",") << QStringLiteral(".");
+        QTest::newRow("olandese") << QLocale(QLocale::Dutch) << QStringLiteral(",") << QStringLiteral("-");
+        QTest::newRow("inglese") << QLocale(QLocale::English) << QStringLiteral(".") << QStringLiteral("/");
+        QTest::newRow("svizzero") << QLocale(QLocale::German, QLocale::Switzerland) << QStringLiteral(".")
+                                  << QStringLiteral(".");
+    }
     void localeInfo()
     {
-        QLocale::setDefault(QLocale(QLocale::Italian));
-        QCOMPARE(Locale_Info(14), QStringLiteral(","));
-        QCOMPARE(Locale_Info(29), QStringLiteral("/"));
-        QLocale::setDefault(QLocale(QLocale::English));
-        QCOMPARE(Locale_Info(14), QStringLiteral("."));
-        QCOMPARE(Locale_Info(9999), QString());
+        QFETCH(QLocale, locale);
+        const QLocale prima;
+        QLocale::setDefault(locale);
+        const QString decimali = Locale_Info(14), data = Locale_Info(29);
+        QLocale::setDefault(prima);
+        QTEST(decimali, "decimali");
+        QTEST(data, "data");
+    }
+
+    /// The buffer has the size of the date separator: of a longer text, the language's name, nothing comes.
+    void localeInfoSenzaTestoPiuLungo()
+    {
+        for (const qint32 tipo : {2, 9999})
+            QCOMPARE(Locale_Info(tipo), QString());
     }
 
     void fileLeggi()

@@ -86,7 +86,7 @@ private Q_SLOTS:
                 QCOMPARE(Testo_InAnsi(Pwd_Decifra(Valore_Ini(gFileIni, IMPOSTAZIONI, PWD))), byte);
             }
         }
-        QCOMPARE(accettate, (251 - 31) * 2);
+        QCOMPARE(accettate, (251 - 31 - 6) * 2); // six of them are no characters: DEL and the unassigned
         QCOMPARE(rifiutate, 255 * 3 - accettate);
     }
 
@@ -94,17 +94,25 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("password");
         QTest::addColumn<QString>("motivo");
-        const QString dalPosto = QStringLiteral("non può essere cifrato in quel posto");
-        const QString daSola = QStringLiteral("vuota o ha caratteri fuori da Windows-1252");
-        QTest::newRow("vuota") << QString() << daSola;
-        QTest::newRow("fuori dalla tabella") << QStringLiteral("caffè\u0416") << daSola;
-        QTest::newRow("troppo lunga") << QString(56, u' ') << dalPosto;
-        QTest::newRow("oltre 255") << QString(QChar(0xFC)) << dalPosto;
-        QTest::newRow("oltre 255 più avanti") << QStringLiteral("aa") + QChar(0xF4) << dalPosto;
-        QTest::newRow("tabulazione") << QStringLiteral("a\tb") << dalPosto;
-        QTest::newRow("fine riga") << QStringLiteral("\nb") << dalPosto;
-        QTest::newRow("diventerebbe un blank") << QString(QChar(0x1C)) << dalPosto;
-        QTest::newRow("diventerebbe tra apici") << QStringLiteral("#z") + QChar(0x1B) << dalPosto;
+        const QString comando = QStringLiteral("è un comando");
+        const QString mai = QStringLiteral("non può stare in una password");
+        QTest::newRow("vuota") << QString() << QStringLiteral("la password è vuota");
+        QTest::newRow("fuori dalla tabella")
+            << QStringLiteral("caffè\u0416")
+            << QStringLiteral("il carattere 6 (\"Ж\") è fuori da Windows-1252");
+        QTest::newRow("fuori dal piano di base")
+            << QStringLiteral("a\U0001F600")
+            << QStringLiteral("il carattere 2 (\"\U0001F600\") è fuori da Windows-1252");
+        QTest::newRow("troppo lunga") << QString(56, u' ') << QStringLiteral("al più al posto 55");
+        QTest::newRow("oltre 255") << QString(QChar(0xFC)) << mai;
+        QTest::newRow("oltre 255 più avanti")
+            << QStringLiteral("aa") + QChar(0xF4) << QStringLiteral("al più al posto 2");
+        QTest::newRow("tabulazione") << QStringLiteral("a\tb") << comando;
+        QTest::newRow("fine riga") << QStringLiteral("\nb") << comando;
+        QTest::newRow("cancella") << QStringLiteral("a\u007F") << comando;
+        QTest::newRow("byte senza carattere") << QStringLiteral("\u0081") << comando;
+        QTest::newRow("diventerebbe un blank") << QString(QChar(0x1C)) << comando;
+        QTest::newRow("diventerebbe tra apici") << QStringLiteral("#z") + QChar(0x1B) << comando;
     }
     void rifiutata()
     {

@@ -341,9 +341,10 @@ private Q_SLOTS:
         QVERIFY(QApplication::activeModalWidget() == nullptr);
     }
 
+    /// A folder that cannot even be asked for is as good as an empty one; a missing one lists nothing anyway.
     void cartellaDellaLetturaIrraggiungibile()
     {
-        gDirAcc = QStringLiteral("Z:\\non\\esiste\\");
+        gDirAcc += QString(5000, u'x') + u'\\';
         Apri();
         Premi_Prova();
         QVERIFY(Modulo_Aperto("frmMctc2") != nullptr);

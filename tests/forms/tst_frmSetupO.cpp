@@ -1129,6 +1129,21 @@ private Q_SLOTS:
             QCOMPARE(Casella(riga)->text(), TESTI_STRUMENTO[riga]);
     }
 
+    /// A text with a line break is kept by its first line: refused whole, the old one would stay unnoticed.
+    void taraturaConUnACapo()
+    {
+        Linee_Prepara([](LineaProva &linea) {
+            linea.Copione({Risposta_Stato('1'), Risposta_Dati(QList<QByteArray>(6, "d")),
+                           Risposta_Taratura(QList<QByteArray>(9, "n\r\n[M]") << "u\nx")});
+        });
+        Apri();
+        Leggi_Strumento();
+        for (const char *chiave : {"MaxManopola", "MinManopola", "S1", "S7"})
+            QCOMPARE(Valore("CALIBRAZIONE_COM", chiave), QStringLiteral("n"));
+        QCOMPARE(Valore("CALIBRAZIONE_COM", "S8"), QStringLiteral("u"));
+        QVERIFY(!Ini().contains("[M]"));
+    }
+
     /// After a session, whatever its end, three settings are out of reach.
     void dopoLaSessione_data()
     {

@@ -47,6 +47,28 @@ private Q_SLOTS:
         QCOMPARE(righe.at(30), QByteArray("Operatore=Bianchi\r"));
     }
 
+    void trentunoRigheQualunqueSiaIlValore_data()
+    {
+        QTest::addColumn<QString>("valore");
+        QTest::newRow("CRLF") << QStringLiteral("Rossi\r\nEsito=R");
+        QTest::newRow("LF") << QStringLiteral("Rossi\nEsito=R");
+        QTest::newRow("CR") << QStringLiteral("Rossi\rEsito=R");
+        QTest::newRow("NUL") << QString(QStringLiteral("Rossi") + QChar(0) + QStringLiteral("Esito=R"));
+        QTest::newRow("a capo in fondo") << QStringLiteral("Rossi\r\n");
+    }
+    void trentunoRigheQualunqueSiaIlValore()
+    {
+        QFETCH(QString, valore);
+        const StazioneProva stazione;
+        for (const RigaFar &riga : gRisultatoFar)
+            Far_Imposta(riga.Chiave, valore);
+        Far_Scrivi(gDirAcc + QStringLiteral("12345678.acc"));
+        QByteArray atteso = "[Kandelo]\r\n";
+        for (const RigaFar &riga : gRisultatoFar)
+            atteso += riga.Chiave.toLatin1() + "=Rossi\r\n";
+        QCOMPARE(stazione.Leggi(QStringLiteral("DIR_FAR\\12345678.far")), atteso);
+    }
+
     void nomeAccantoAllAccettazione_data()
     {
         QTest::addColumn<QString>("percorso");

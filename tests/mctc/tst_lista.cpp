@@ -3,6 +3,8 @@
 
 #include "core/modFs.h"
 #include "core/modGeneral.h"
+#include "mctc/campi_acc.h"
+#include "platform/percorsi.h"
 #include "tests/mctc/prova_acc.h"
 
 #include <QTest>
@@ -91,6 +93,35 @@ private Q_SLOTS:
         QCOMPARE(Lista_Leggi(gDirAcc, voci), qint32{0});
         QVERIFY(voci.at(0).Targa.startsWith(QStringLiteral("GIRO")));
         QVERIFY(voci.at(0).Targa != QString::fromLatin1(targa()));
+    }
+
+    /// Two names that differ by case alone, as no volume of Windows has them, are one line: what it shows is
+    /// what it opens.
+    void dueNomiPerUnaRiga_data()
+    {
+        QTest::addColumn<QStringList>("nomi");
+        QTest::newRow("uno in maiuscolo")
+            << QStringList{QStringLiteral("12345678.acc"), QStringLiteral("12345678.ACC")};
+        QTest::newRow("nessuno in maiuscolo")
+            << QStringList{QStringLiteral("12345678.acc"), QStringLiteral("12345678.Acc")};
+    }
+    void dueNomiPerUnaRiga()
+    {
+        QFETCH(QStringList, nomi);
+        const ProvaAcc prova;
+        prova.Scrivi(prova.Con("DatiLibrettoVeicolo", "Targa", "AA111AA"), nomi[0]);
+        prova.Scrivi(prova.Con("DatiLibrettoVeicolo", "Targa", "BB222BB"), nomi[1]);
+        QList<VoceLista> voci;
+        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint32{0});
+        QCOMPARE(voci.at(0).NomeFile, QStringLiteral("12345678.ACC"));
+        QCOMPARE(voci.at(0).Targa, Targa_Leggi(gDirAcc + voci.at(0).NomeFile));
+        QStringList firme;
+        QCOMPARE(Fs_ElencoFirme(gDirAcc, QStringLiteral("*.acc"), firme), qint32{0});
+        // The other one comes into its place when it goes.
+        QVERIFY(QFile::remove(Percorso_Nativo(gDirAcc + voci.at(0).NomeFile)));
+        const QString prima = voci.at(0).Targa;
+        QCOMPARE(Lista_Leggi(gDirAcc, voci), qint32{0});
+        QVERIFY(voci.at(0).Targa != prima);
     }
 
     /// A name in capitals still names its file.

@@ -6,17 +6,33 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
 
 #include <cstdio>
 #include <memory>
 
 namespace {
 
+/// A child of the other program: stays for as long as its file does, a minute at most.
+int Programma_Figlio(const QString &segno)
+{
+    QFile file(segno);
+    if (!file.open(QIODevice::WriteOnly))
+        return 1;
+    file.close();
+    for (int attesa = 0; attesa < 6000 && QFile::exists(segno); ++attesa)
+        QThread::msleep(10);
+    return 0;
+}
+
 /// The other program: tells whether it came second, and stays until its input ends.
-int Programma_Istanza()
+/// @param segno the file of a child that outlives it; empty for none.
+int Programma_Istanza(const QString &segno)
 {
     std::puts(Istanza_Precedente() ? "second" : "first");
     std::fflush(stdout);
+    if (!segno.isEmpty())
+        QProcess::startDetached(QCoreApplication::applicationFilePath(), {QStringLiteral("figlio"), segno});
     while (std::getchar() != EOF)
         continue;
     return 0;
@@ -25,9 +41,10 @@ int Programma_Istanza()
 class Programma
 {
 public:
-    explicit Programma(const QString &file = QCoreApplication::applicationFilePath())
+    explicit Programma(const QString &file = QCoreApplication::applicationFilePath(),
+                       const QString &segno = QString())
     {
-        m_processo.start(file, {QStringLiteral("istanza")});
+        m_processo.start(file, {QStringLiteral("istanza"), segno});
     }
     /// What the program said of itself.
     QByteArray Detto()
@@ -89,6 +106,22 @@ private Q_SLOTS:
         QVERIFY(dopo.Chiudi());
     }
 
+    /// A viewer that the station opened, say, stays when the station goes: it holds no lock.
+    void unFiglioNonTieneIlPosto()
+    {
+        const QTemporaryDir cartella;
+        const QString segno = cartella.filePath(QStringLiteral("segno"));
+        Programma prima(QCoreApplication::applicationFilePath(), segno);
+        QCOMPARE(prima.Detto(), "first");
+        QTRY_VERIFY(QFile::exists(segno));
+        QVERIFY(prima.Uccidi());
+        Programma dopo;
+        const QByteArray detto = dopo.Detto();
+        QVERIFY(QFile::remove(segno)); // the child was there all the time, and goes now
+        QCOMPARE(detto, "first");
+        QVERIFY(dopo.Chiudi());
+    }
+
     /// The second one goes away without taking the first one's lock along.
     void laSecondaCheEsceNonLiberaLaPrima()
     {
@@ -118,8 +151,11 @@ private Q_SLOTS:
 int main(int argc, char *argv[])
 {
     const QCoreApplication applicazione(argc, argv);
-    if (QCoreApplication::arguments().value(1) == u"istanza")
-        return Programma_Istanza();
+    const QStringList argomenti = QCoreApplication::arguments();
+    if (argomenti.value(1) == u"istanza")
+        return Programma_Istanza(argomenti.value(2));
+    if (argomenti.value(1) == u"figlio")
+        return Programma_Figlio(argomenti.value(2));
     TestIstanza prova;
     return QTest::qExec(&prova, argc, argv);
 }

@@ -164,7 +164,7 @@ private Q_SLOTS:
             QTest::addRow("16 bits %s", testo) << 16 << QString::fromLatin1(testo);
         for (const char *testo : {"2147483648", "2147483647.5", "-2147483649", "1e10", "1e400"})
             QTest::addRow("32 bits %s", testo) << 32 << QString::fromLatin1(testo);
-        for (const char *testo : {"3.5e38", "-3.5e38", "1e400"})
+        for (const char *testo : {"3.4028236e38", "-3.4028236e38", "3.5e38", "-3.5e38", "1e400"})
             QTest::addRow("single %s", testo) << 1 << QString::fromLatin1(testo);
         for (const char *testo : {"1.8e308", "-1.8e308", "1e400", "1e99999"})
             QTest::addRow("double %s", testo) << 2 << QString::fromLatin1(testo);
@@ -189,6 +189,12 @@ private Q_SLOTS:
         QCOMPARE(Numero_Singolo(QStringLiteral("0.1")), 0.1F);
         QVERIFY(double{Numero_Singolo(QStringLiteral("0.1"))} != 0.1);
         QCOMPARE(Numero_Singolo(QStringLiteral("3.4e38")), 3.4e38F);
+        // The largest, as it is written; up to half a step past it a number still rounds to it.
+        const float massimo = std::numeric_limits<float>::max();
+        for (const char *testo : {"3.4028235e38", "3.40282356e38"}) {
+            QCOMPARE(Numero_Singolo(QString::fromLatin1(testo)), massimo);
+            QCOMPARE(Numero_Singolo(u'-' + QString::fromLatin1(testo)), -massimo);
+        }
     }
 
     void pezzoDiUnaData_data()
@@ -215,6 +221,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("testo");
         QTest::newRow("whole") << 12.0 << QStringLiteral("12");
         QTest::newRow("zero") << 0.0 << QStringLiteral("0");
+        QTest::newRow("zero with a sign") << -0.0 << QStringLiteral("0");
         QTest::newRow("one place") << 12.3 << QStringLiteral("12.3");
         QTest::newRow("below one") << 0.75 << QStringLiteral("0.75");
         QTest::newRow("negative") << -1.5 << QStringLiteral("-1.5");
@@ -238,6 +245,7 @@ private Q_SLOTS:
     void testoDiUnSingolo()
     {
         QCOMPARE(Numero_Testo(12.3F), QStringLiteral("12.3"));
+        QCOMPARE(Numero_Testo(-0.0F), QStringLiteral("0"));
         QCOMPARE(Numero_Testo(0.1F), QStringLiteral("0.1"));
         Virgola();
         QCOMPARE(Numero_Testo(12.3F), QStringLiteral("12,3"));

@@ -72,6 +72,22 @@ private Q_SLOTS:
         }
     }
 
+    /// A search gives the same one of several, however the folder keeps them: capitals stand before small
+    /// letters.
+    void diPiuGrafieSempreLaStessa()
+    {
+        for (const QStringList &ordine : {
+                 QStringList{QStringLiteral("primo"), QStringLiteral("Primo"), QStringLiteral("pRimo")},
+                 QStringList{QStringLiteral("tErzo"), QStringLiteral("Terzo"), QStringLiteral("terzo")}
+        })
+        {
+            for (const QString &nome : ordine)
+                Crea(nome);
+            const QString grande = ordine[0].toUpper();
+            QCOMPARE(Percorso_Nativo(m_base + u'\\' + grande), m_cartella.filePath(ordine[1]));
+        }
+    }
+
     void laGrafiaEsattaDellaCartellaVince()
     {
         for (const char16_t *nome : {u"gemella", u"Gemella", u"GEMELLA"})
@@ -82,8 +98,6 @@ private Q_SLOTS:
                      m_cartella.filePath(esatta + QStringLiteral("/manca.txt")));
         }
     }
-
-    void percorsoVuoto() { QCOMPARE(Percorso_Nativo(QString()), QString()); }
 
     void percorsoRelativo()
     {

@@ -143,7 +143,10 @@ constexpr Scrittura SCRITTURE[] = {
     {"new key behind a line without equals sign", "[A]\r\nX\r\n",    u"A",   u"Y",   u"9",  "[A]\r\nX\r\nY=9\r\n"},
     {"tabs of a name stay",             "[A]\r\nX=1\r\n",               u"A",   u"\tY", u"9",  "[A]\r\nX=1\r\n\tY=9\r\n"},
     {"comment is not updated",          "[A]\r\n;X=1\r\n",              u"A",   u"X",   u"9",  "[A]\r\nX=9\r\n;X=1\r\n"},
-    {"comment asked by its name",       "[A]\r\nX=1\r\n;Y=1\r\n",       u"A",   u";Y",  u"9",  "[A]\r\nX=1\r\n;Y=9\r\n;Y=1\r\n"},
+    {"semicolon inside the key",        "[A]\r\nX=1\r\n",               u"A",   u"Y;",  u"9",  "[A]\r\nX=1\r\nY;=9\r\n"},
+    {"bracket inside the key",          "[A]\r\nX=1\r\n",               u"A",   u"Y[]", u"9",  "[A]\r\nX=1\r\nY[]=9\r\n"},
+    {"value like a head",               "[A]\r\nX=1\r\n",               u"A",   u"X",   u"[B]", "[A]\r\nX=[B]\r\n"},
+    {"value like a comment",            "[A]\r\nX=1\r\n",               u"A",   u"X",   u";9", "[A]\r\nX=;9\r\n"},
     {"empty section name",              "X=1\r\n[]\r\nX=2\r\n",         u"",    u"X",   u"9",  "X=1\r\n[]\r\nX=9\r\n"},
     {"empty section name, new",         "X=1\r\n",                      u"",    u"X",   u"9",  "X=1\r\n[]\r\nX=9\r\n"},
     {"keys before the first head",      "X=1\r\n[A]\r\n",               u"A",   u"X",   u"9",  "X=1\r\n[A]\r\nX=9\r\n"},
@@ -151,6 +154,40 @@ constexpr Scrittura SCRITTURE[] = {
     {"outside the code page",           "[A]\r\nX=1\r\n",               u"A",   u"X",   u"Ж9Ω", "[A]\r\nX=?9?\r\n"},
     {"bytes that have no character",    "[A]\r\nX=1\r\nY=\x81\x8D\r\n", u"A",   u"X",   u"9",  "[A]\r\nX=9\r\nY=\x81\x8D\r\n"},
     {"head with a byte order mark",     "\xEF\xBB\xBF[A]\r\nX=1\r\n",   u"A",   u"X",   u"9",  "\xEF\xBB\xBF[A]\r\nX=1\r\n[A]\r\nX=9\r\n"},
+};
+// clang-format on
+
+/// What would end its line early, or make another line of it.
+struct Rifiuto
+{
+    const char *nome;
+    const char16_t *sezione;
+    const char16_t *chiave;
+    const char16_t *valore;
+};
+
+// clang-format off
+constexpr Rifiuto RIFIUTI[] = {
+    {"value with CRLF",                 u"A",      u"X",      u"9\r\n[A]\r\nY=0"},
+    {"value with LF",                   u"A",      u"X",      u"9\nY=0"},
+    {"value with CR",                   u"A",      u"X",      u"9\rY=0"},
+    {"value that is a line break",      u"A",      u"X",      u"\n"},
+    {"value with a line break behind",  u"A",      u"X",      u"9\r\n"},
+    {"new key with a line break",       u"A",      u"Y\n[B]\nZ", u"9"},
+    {"known key with a line break",     u"A",      u"X\r\n", u"9"},
+    {"section with a line break",       u"A]\r\nX=0\r\n[B", u"X", u"9"},
+    {"section with LF",                 u"A\n",   u"X",      u"9"},
+    {"key with an equals sign",         u"A",      u"X=0",    u"9"},
+    {"key that is an equals sign",      u"A",      u"=",      u"9"},
+    {"key like a head",                 u"A",      u"[B]",    u"9"},
+    {"key like a head behind blanks",   u"A",      u" \t\v[B", u"9"},
+    {"key like a comment",              u"A",      u";X",     u"9"},
+    {"key like a comment behind blanks", u"A",     u"\t ;X",  u"9"},
+    {"no key",                          u"A",      u"",       u"9"},
+    {"key of spaces",                   u"A",      u"  ",     u"9"},
+    {"key of blanks",                   u"A",      u"\t\v",  u"9"},
+    {"section with a bracket",          u"A]B",    u"X",      u"9"},
+    {"section that is a bracket",       u"]",      u"X",      u"9"},
 };
 // clang-format on
 
@@ -229,6 +266,71 @@ private Q_SLOTS:
         Scrivi(prima);
         QVERIFY(Profilo_Scrivi(sezione, chiave, valore, m_file));
         QTEST(Byte(), "dopo");
+    }
+
+    void rifiuta_data()
+    {
+        QTest::addColumn<QString>("sezione");
+        QTest::addColumn<QString>("chiave");
+        QTest::addColumn<QString>("valore");
+        for (const Rifiuto &riga : RIFIUTI) {
+            QTest::newRow(riga.nome) << QString::fromUtf16(riga.sezione) << QString::fromUtf16(riga.chiave)
+                                     << QString::fromUtf16(riga.valore);
+        }
+    }
+    /// The file stays as it is, and none is made.
+    void rifiuta()
+    {
+        QFETCH(QString, sezione);
+        QFETCH(QString, chiave);
+        QFETCH(QString, valore);
+        const QByteArray prima = "[A]\r\nX=1\r\n[C]\r\n";
+        Scrivi(prima);
+        QVERIFY(!Profilo_Scrivi(sezione, chiave, valore, m_file));
+        QCOMPARE(Byte(), prima);
+        QVERIFY(QFile::remove(m_stazione.Nativo(m_nome)));
+        QVERIFY(!Profilo_Scrivi(sezione, chiave, valore, m_file));
+        QVERIFY(!QFile::exists(m_stazione.Nativo(m_nome)));
+    }
+
+    /// What stands behind a NUL is not written, and so stands in the way of nothing.
+    void dietroIlNulNienteConta()
+    {
+        const QString nul = QChar(0) + QStringLiteral("\r\n]=");
+        QVERIFY(Profilo_Scrivi(u'A' + nul, u'X' + nul, u'9' + nul, m_file));
+        QCOMPARE(Byte(), "[A]\r\nX=9\r\n");
+        QVERIFY(!Profilo_Scrivi(QStringLiteral("A"), nul, QStringLiteral("9"), m_file));
+    }
+
+    /// Texts of any characters: either refused, and the file untouched, or read back, and no line more.
+    void testiACasoSiRileggonoOSiRifiutano()
+    {
+        static const QString CARATTERI = QStringLiteral("\r\n[]=;\t \vABab19");
+        QRandomGenerator caso(19970101);
+        const auto testo = [&caso] {
+            QString pezzo;
+            for (quint32 quanti = caso.bounded(6u); quanti > 0; --quanti)
+                pezzo += CARATTERI[qsizetype(caso.bounded(quint32(CARATTERI.size())))];
+            return pezzo;
+        };
+        int scritti = 0, rifiutati = 0;
+        for (int giro = 0; giro < 1000; ++giro) {
+            const QByteArray prima = "[Prima]\r\nX=1\r\n";
+            Scrivi(prima);
+            const QString sezione = testo(), chiave = testo(), valore = testo();
+            if (!Profilo_Scrivi(sezione, chiave, valore, m_file)) {
+                QCOMPARE(Byte(), prima);
+                ++rifiutati;
+                continue;
+            }
+            QCOMPARE(Byte().count('\n'), 4);
+            QCOMPARE(Byte().count('\r'), 4);
+            QVERIFY(Byte().startsWith(prima));
+            // Blanks are dropped on the way back, round the names and the value.
+            QCOMPARE(Valore(sezione.trimmed(), chiave.trimmed()), valore.trimmed());
+            ++scritti;
+        }
+        QVERIFY2(scritti > 100 && rifiutati > 100, qPrintable(QString::number(scritti)));
     }
 
     /// A character outside the base plane is two units in memory and one "?" in the file.

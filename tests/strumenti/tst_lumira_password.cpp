@@ -1,7 +1,12 @@
-// The installer's password tool, as a process: what goes in by the standard input, what comes out where.
+// The technician's password tool, as a process behind a pipe: what it says, how it ends, and what it leaves.
+#include "core/modGeneral.h"
 #include "core/modStr.h"
+#include "tests/comuni/stazione_prova.h"
 
+#include <QDir>
+#include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTest>
 
 namespace {
@@ -13,7 +18,7 @@ struct Esecuzione
     QString errori;
 };
 
-Esecuzione Esegui(const QByteArray &ingresso, const QStringList &argomenti = {})
+Esecuzione Esegui(const QStringList &argomenti, const QByteArray &ingresso = {})
 {
     QProcess strumento;
     strumento.start(QStringLiteral(LUMIRA_PASSWORD), argomenti);
@@ -25,65 +30,162 @@ Esecuzione Esegui(const QByteArray &ingresso, const QStringList &argomenti = {})
             QString::fromUtf8(strumento.readAllStandardError())};
 }
 
+QString Password_Attesa(const char16_t *chiave)
+{
+    return Pwd_Decifra(Valore_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), QString::fromUtf16(chiave)));
+}
+
 } // namespace
 
 class tst_lumira_password : public QObject
 {
     Q_OBJECT
 
+    const StazioneProva m_stazione;
+    const QString m_ini = m_stazione.Nativo(QStringLiteral("lumira.ini"));
+    QByteArray m_prima;
+
+    QStringList Copie() const
+    {
+        return QDir(m_stazione.Nativo(QString())).entryList({QStringLiteral("lumira.ini.*")}, QDir::Files);
+    }
+
 private Q_SLOTS:
-    void passwordCifrataInUscita_data()
+    void init() { m_prima = m_stazione.Leggi(QStringLiteral("lumira.ini")); }
+    void cleanup()
+    {
+        m_stazione.Scrivi(QStringLiteral("lumira.ini"), m_prima);
+        for (const QString &copia : Copie())
+            QVERIFY(QFile::remove(m_stazione.Nativo(copia)));
+    }
+
+    void scritta_data()
     {
         QTest::addColumn<QByteArray>("ingresso");
         QTest::addColumn<QString>("password");
-        QTest::newRow("una riga") << QByteArray("lumira\n") << QStringLiteral("lumira");
-        QTest::newRow("senza fine riga") << QByteArray("lumira") << QStringLiteral("lumira");
-        QTest::newRow("fine riga di Windows") << QByteArray("lumira\r\n") << QStringLiteral("lumira");
-        QTest::newRow("solo la prima riga") << QByteArray("prima\nseconda\n") << QStringLiteral("prima");
-        QTest::newRow("blank tenuti") << QByteArray(" a b \n") << QStringLiteral(" a b ");
-        QTest::newRow("accenti") << QByteArray("è ora\n") << QStringLiteral("è ora");
+        QTest::newRow("due righe") << QByteArray("lampada\nlampada\n") << QStringLiteral("lampada");
+        QTest::newRow("senza fine riga") << QByteArray("lampada\nlampada") << QStringLiteral("lampada");
+        QTest::newRow("fine riga di Windows")
+            << QByteArray("lampada\r\nlampada\r\n") << QStringLiteral("lampada");
+        QTest::newRow("altre righe") << QByteArray("faro 1\nfaro 1\nterza\n") << QStringLiteral("faro 1");
+        QTest::newRow("blank tenuti") << QByteArray(" a b \n a b \n") << QStringLiteral(" a b ");
+        QTest::newRow("accenti") << QByteArray("è ora\nè ora\n") << QStringLiteral("è ora");
     }
-    void passwordCifrataInUscita()
+    void scritta()
     {
         QFETCH(QByteArray, ingresso);
         QFETCH(QString, password);
-        const Esecuzione esecuzione = Esegui(ingresso);
+        const Esecuzione esecuzione = Esegui({QStringLiteral("--scrivi"), m_ini}, ingresso);
         QCOMPARE(esecuzione.stato, 0);
-        QCOMPARE(esecuzione.uscita.count(u'\n'), 1); // the text alone, ready to be redirected
-        QVERIFY(esecuzione.uscita.endsWith(u'\n'));
-        QCOMPARE(Pwd_Decifra(esecuzione.uscita.chopped(1)), password);
-        QCOMPARE(esecuzione.errori, QStringLiteral("Password: "));
+        QCOMPARE(Password_Attesa(u"Pwd"), password);
+        QCOMPARE(Password_Attesa(u"Pwd2"), password);
+        QCOMPARE(esecuzione.errori, QStringLiteral("Nuova password: Ancora la stessa: "));
+        QVERIFY(!esecuzione.uscita.contains(password));
+        QCOMPARE(Copie().size(), 1);
+        static const QRegularExpression NOME(QStringLiteral("^lumira\\.ini\\.[0-9]{8}-[0-9]{6}$"));
+        QVERIFY2(NOME.match(Copie()[0]).hasMatch(), qPrintable(Copie()[0]));
+        QVERIFY2(esecuzione.uscita.contains(Copie()[0]), qPrintable(esecuzione.uscita));
+        QCOMPARE(m_stazione.Leggi(Copie()[0]), m_prima);
     }
-
-    void testoNotoAlCarattere() { QCOMPARE(Esegui("AAA\n").uscita, QStringLiteral("EIM\n")); }
 
     void passwordRifiutata_data()
     {
         QTest::addColumn<QByteArray>("ingresso");
         QTest::addColumn<QString>("motivo");
-        QTest::newRow("niente") << QByteArray() << QStringLiteral("vuota");
-        QTest::newRow("riga vuota") << QByteArray("\n") << QStringLiteral("vuota");
-        QTest::newRow("fuori dalla tabella") << QByteArray("Ж\n") << QStringLiteral("Windows-1252");
-        QTest::newRow("oltre la tabella") << QByteArray("aaÿ\n") << QStringLiteral("il carattere 3 (\"ÿ\")");
+        QTest::newRow("niente") << QByteArray() << QStringLiteral("va scritta due volte");
+        QTest::newRow("una volta sola") << QByteArray("lampada\n") << QStringLiteral("va scritta due volte");
+        QTest::newRow("vuota") << QByteArray("\n\n") << QStringLiteral("la password è vuota");
+        QTest::newRow("diverse") << QByteArray("lampada\nlampade\n") << QStringLiteral("non sono uguali");
+        QTest::newRow("fuori dalla tabella")
+            << QByteArray("aЖ\naЖ\n") << QStringLiteral("il carattere 2 (\"Ж\") è fuori da Windows-1252");
+        QTest::newRow("non UTF-8") << QByteArray("\xE8\n\xE8\n") << QStringLiteral("è fuori da Windows-1252");
+        QTest::newRow("oltre la tabella")
+            << QByteArray("aaù\naaù\n")
+            << QStringLiteral("il carattere 3 (\"ù\") può stare al più al posto 1");
+        QTest::newRow("mai nella tabella")
+            << QByteArray("ü\nü\n") << QStringLiteral("il carattere 1 (\"ü\") non può stare in una password");
+        QTest::newRow("tabulazione") << QByteArray("a\tb\na\tb\n")
+                                     << QStringLiteral("il carattere 2 è un comando");
+        QTest::newRow("troppo lunga")
+            << QByteArray(60, 'a') + '\n' + QByteArray(60, 'a') + '\n'
+            << QStringLiteral("il carattere 40 (\"a\") può stare al più al posto 39");
     }
     void passwordRifiutata()
     {
         QFETCH(QByteArray, ingresso);
         QFETCH(QString, motivo);
-        const Esecuzione esecuzione = Esegui(ingresso);
+        const Esecuzione esecuzione = Esegui({QStringLiteral("--scrivi"), m_ini}, ingresso);
         QCOMPARE(esecuzione.stato, 1);
-        QVERIFY(esecuzione.uscita.isEmpty()); // nothing that could be stored by mistake
-        QVERIFY2(esecuzione.errori.contains(QStringLiteral("Non si può usare: ")),
-                 qPrintable(esecuzione.errori));
         QVERIFY2(esecuzione.errori.contains(motivo), qPrintable(esecuzione.errori));
+        QVERIFY(esecuzione.uscita.isEmpty());
+        QCOMPARE(m_stazione.Leggi(QStringLiteral("lumira.ini")), m_prima);
+        QCOMPARE(Copie(), QStringList());
+    }
+
+    void fileRifiutato_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<QString>("motivo");
+        QTest::newRow("manca") << QStringLiteral("manca.ini") << QStringLiteral("manca.ini non c'è");
+        QTest::newRow("cartella") << QStringLiteral("dati") << QStringLiteral("non si può leggere");
+        QTest::newRow("un altro profilo")
+            << QStringLiteral("lingue.ini") << QStringLiteral("manca la sezione [IMPOSTAZIONI]");
+    }
+    /// It is told before the password is asked for.
+    void fileRifiutato()
+    {
+        QFETCH(QString, nome);
+        QFETCH(QString, motivo);
+        const QByteArray prima = m_stazione.Leggi(nome);
+        const Esecuzione esecuzione =
+            Esegui({QStringLiteral("--scrivi"), m_stazione.Nativo(nome)}, "lampada\nlampada\n");
+        QCOMPARE(esecuzione.stato, 3);
+        QVERIFY2(esecuzione.errori.contains(motivo), qPrintable(esecuzione.errori));
+        QVERIFY(!esecuzione.errori.contains(QStringLiteral("Nuova")));
+        QCOMPARE(m_stazione.Leggi(nome), prima);
+        QVERIFY(!QFile::exists(m_stazione.Nativo(QStringLiteral("manca.ini"))));
+    }
+
+    void percorsoRelativo()
+    {
+        const QString prima = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(m_stazione.Nativo(QString())));
+        const Esecuzione esecuzione =
+            Esegui({QStringLiteral("--scrivi"), QStringLiteral("lumira.ini")}, "AAA\nAAA\n");
+        QVERIFY(QDir::setCurrent(prima));
+        QCOMPARE(esecuzione.stato, 0);
+        QCOMPARE(Password_Attesa(u"Pwd"), QStringLiteral("AAA"));
     }
 
     /// A password among the arguments would stay in the shell's history: it is not taken.
-    void argomentiNonLetti()
+    void usoErrato_data()
     {
-        const Esecuzione esecuzione = Esegui("AAA\n", {QStringLiteral("BBB")});
-        QCOMPARE(esecuzione.stato, 0);
-        QCOMPARE(esecuzione.uscita, QStringLiteral("EIM\n"));
+        QTest::addColumn<QStringList>("argomenti");
+        QTest::newRow("niente") << QStringList();
+        QTest::newRow("senza file") << QStringList{QStringLiteral("--scrivi")};
+        QTest::newRow("solo il file") << QStringList{m_ini};
+        QTest::newRow("password fra gli argomenti")
+            << QStringList{QStringLiteral("--scrivi"), m_ini, QStringLiteral("lampada")};
+        QTest::newRow("sconosciuta") << QStringList{QStringLiteral("--stampa"), m_ini};
+    }
+    void usoErrato()
+    {
+        QFETCH(QStringList, argomenti);
+        const Esecuzione esecuzione = Esegui(argomenti, "lampada\nlampada\n");
+        QCOMPARE(esecuzione.stato, 2);
+        QVERIFY2(esecuzione.errori.contains(QStringLiteral("--help")), qPrintable(esecuzione.errori));
+        QCOMPARE(m_stazione.Leggi(QStringLiteral("lumira.ini")), m_prima);
+    }
+
+    void aiutoEVersione()
+    {
+        const Esecuzione aiuto = Esegui({QStringLiteral("--help")});
+        QCOMPARE(aiuto.stato, 0);
+        QVERIFY(aiuto.uscita.startsWith(QStringLiteral("Uso: lumira-password --scrivi FILE\n")));
+        QVERIFY(aiuto.errori.isEmpty());
+        const Esecuzione versione = Esegui({QStringLiteral("--version")});
+        QCOMPARE(versione.stato, 0);
+        QCOMPARE(versione.uscita.trimmed(), QStringLiteral("lumira-password " LUMIRA_VERSIONE));
     }
 };
 

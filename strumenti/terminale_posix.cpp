@@ -1,0 +1,70 @@
+// A terminal by its modes. The echo comes back at the end of the question, and when a signal ends the
+// program.
+#include "strumenti/terminale.h"
+
+#include "strumenti/riga_ingresso.h"
+
+#include <csignal>
+#include <cstdio>
+#include <termios.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int SEGNALI[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+
+termios normale; // as the terminal was: a signal's handler has no other way to it
+
+/// It has been taken down by its own call, so that the signal raised again does what it does without it.
+void Fine_Richiesta(int segnale)
+{
+    ::tcsetattr(STDIN_FILENO, TCSADRAIN, &normale);
+    ::raise(segnale);
+}
+
+class SenzaEco
+{
+public:
+    SenzaEco() : m_terminale(::tcgetattr(STDIN_FILENO, &normale) == 0)
+    {
+        if (!m_terminale)
+            return;
+        struct sigaction fine = {};
+        fine.sa_handler = Fine_Richiesta;
+        fine.sa_flags = static_cast<int>(SA_RESETHAND);
+        for (const int segnale : SEGNALI)
+            ::sigaction(segnale, &fine, nullptr);
+        termios muto = normale;
+        muto.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        muto.c_lflag |= ECHONL; // Enter still ends the line of the question
+        ::tcsetattr(STDIN_FILENO, TCSADRAIN, &muto);
+    }
+    ~SenzaEco()
+    {
+        if (!m_terminale)
+            return;
+        ::tcsetattr(STDIN_FILENO, TCSADRAIN, &normale);
+        for (const int segnale : SEGNALI)
+            std::signal(segnale, SIG_DFL);
+    }
+    Q_DISABLE_COPY_MOVE(SenzaEco)
+
+private:
+    const bool m_terminale;
+};
+
+} // namespace
+
+void Terminale_Scrivi(Canale canale, const QString &testo)
+{
+    std::FILE *flusso = canale == Canale::Errori ? stderr : stdout;
+    std::fputs(testo.toUtf8().constData(), flusso);
+    std::fflush(flusso);
+}
+
+std::optional<QString> Terminale_Chiedi(const QString &domanda)
+{
+    const SenzaEco muto; // before the question: who answers it at once is not shown either
+    Terminale_Scrivi(Canale::Errori, domanda);
+    return Riga_Ingresso();
+}
