@@ -26,6 +26,9 @@ enum EventoSeriale : qint16
     ErroreDcb = 1011,
 };
 
+/// Bytes that the input buffer holds, the control's own default. What it cannot hold is lost.
+inline constexpr int BUFFER_INGRESSO = 1024;
+
 /// Properties bear the names of the control. All events come on the form's loop, in order.
 class ControlloSeriale
 {
@@ -46,7 +49,7 @@ public:
     virtual void RThreshold(qint16 soglia) = 0;
     /// false: byte 0x00 is kept.
     virtual void NullDiscard(bool scarta) = 0;
-    /// Bytes waiting.
+    /// Bytes waiting, at most BUFFER_INGRESSO.
     virtual qint16 InBufferCount() const = 0;
     /// The waiting bytes, which leave the buffer. @throws ErroreEsecuzione 8018 when the port is not open.
     virtual QByteArray Input() = 0;

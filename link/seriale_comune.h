@@ -38,7 +38,8 @@ protected:
     /// Queues bytes for the line. Only on an open device.
     virtual void Manda(const QByteArray &byte) = 0;
 
-    /// Takes what came in. @return true when it is enough for a receive event.
+    /// Takes what came in, as far as the input buffer holds it. @return true when it is enough for a receive
+    /// event.
     bool Ricevi(const QByteArray &byte);
     /// Raises an event; none of a port that has been closed, and one of received bytes only while there are
     /// any.
@@ -51,6 +52,6 @@ private:
     qint16 m_numero = 1;
     bool m_aperta = false;
     qint16 m_soglia = 0;   ///< 0, as a control is born: no event for what comes in
-    QByteArray m_ricevuti; ///< input buffer, without a limit of its own
+    QByteArray m_ricevuti; ///< input buffer
     qint16 m_evento = 0;
 };

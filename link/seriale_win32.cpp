@@ -16,8 +16,7 @@
 
 namespace {
 
-/// Buffers of the driver, in bytes: the defaults of the control.
-constexpr DWORD BUFFER_INGRESSO = 1024;
+/// The driver's output buffer, in bytes: the default of the control.
 constexpr DWORD BUFFER_USCITA = 512;
 
 struct VoceEvento
