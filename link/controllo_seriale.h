@@ -39,7 +39,9 @@ public:
     virtual bool PortOpen() const = 0;
     /// @throws ErroreEsecuzione when the port cannot be opened.
     virtual void PortOpen(bool aperta) = 0;
-    /// "speed,parity,data bits,stop bits", e.g. 9600,N,8,1. @throws ErroreEsecuzione 380 for a bad text.
+    /// "speed,parity,data bits,stop bits", e.g. 9600,N,8,1.
+    /// @throws ErroreEsecuzione 380 for a bad text, and for a format that the device does not have; that one
+    /// closes the port too.
     virtual void Settings(const QString &testo) = 0;
     /// 0: a read takes everything waiting.
     virtual void InputLen(qint16 numero) = 0;

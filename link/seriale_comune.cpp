@@ -44,6 +44,12 @@ void SerialeComune::Chiudi()
     Chiudi_Dispositivo();
 }
 
+void SerialeComune::Rifiuta_Formato()
+{
+    Chiudi();
+    Solleva(NumeroErrore::ValoreProprietaErrato);
+}
+
 qint16 SerialeComune::InBufferCount() const
 {
     return static_cast<qint16>(m_ricevuti.size());

@@ -45,6 +45,10 @@ protected:
     /// any.
     void Solleva_Evento(EventoSeriale evento);
     void Chiudi();
+    /// The device does not have the format that it was given: a line at any other says nothing that both
+    /// ends understand. The port is closed, so that the session stands as without a port and does not end as
+    /// with an instrument that is silent. @throws ErroreEsecuzione 380.
+    [[noreturn]] void Rifiuta_Formato();
 
 private:
     void Pretendi_Aperta() const;

@@ -612,6 +612,7 @@ private Q_SLOTS:
         else
             Premi(*form, "cmd_0");
         QVERIFY(!form->Caricato());
+        QCOMPARE(Orologio_Banco().Armate(), 0);
         Passa_Con_Rumore(60000, caso);
         QCoreApplication::processEvents();
         QCOMPARE(guardia.Testi.size(), 1);
@@ -640,10 +641,10 @@ private Q_SLOTS:
         QCOMPARE(*notifiche, (Notifiche{
                                  {7, 0}
         }));
+        QCOMPARE(Orologio_Banco().Armate(), 0);
         Passa(60000);
         QCoreApplication::processEvents();
         QCOMPARE(box, 1);
-        QCOMPARE(Orologio_Banco().Armate(), 0);
     }
 
     // --- the prepared entries
