@@ -26,6 +26,9 @@ enum EventoSeriale : qint16
     ErroreDcb = 1011,
 };
 
+/// Bytes that the input buffer holds, the control's own default. What it cannot hold is lost.
+inline constexpr int BUFFER_INGRESSO = 1024;
+
 /// Properties bear the names of the control. All events come on the form's loop, in order.
 class ControlloSeriale
 {
@@ -36,7 +39,9 @@ public:
     virtual bool PortOpen() const = 0;
     /// @throws ErroreEsecuzione when the port cannot be opened.
     virtual void PortOpen(bool aperta) = 0;
-    /// "speed,parity,data bits,stop bits", e.g. 9600,N,8,1. @throws ErroreEsecuzione 380 for a bad text.
+    /// "speed,parity,data bits,stop bits", e.g. 9600,N,8,1.
+    /// @throws ErroreEsecuzione 380 for a bad text, and for a format that the device does not have; that one
+    /// closes the port too.
     virtual void Settings(const QString &testo) = 0;
     /// 0: a read takes everything waiting.
     virtual void InputLen(qint16 numero) = 0;
@@ -46,7 +51,7 @@ public:
     virtual void RThreshold(qint16 soglia) = 0;
     /// false: byte 0x00 is kept.
     virtual void NullDiscard(bool scarta) = 0;
-    /// Bytes waiting.
+    /// Bytes waiting, at most BUFFER_INGRESSO.
     virtual qint16 InBufferCount() const = 0;
     /// The waiting bytes, which leave the buffer. @throws ErroreEsecuzione 8018 when the port is not open.
     virtual QByteArray Input() = 0;

@@ -23,9 +23,17 @@ constexpr qint32 LAMPADA = 700;
 constexpr int RITARDO_TASTI = 500;  // ms: the form comes up where the operator has just pressed Enter
 constexpr double PUNTI_FISSI = 0.9; // of the normal size
 
+/// "Err Rs232" boxes that wait, at most: a frame leaves one for a byte, and no more bytes wait than these.
+constexpr int MASSIMO_ERRORI = BUFFER_INGRESSO;
+/// How long the form stands free after a box, in ms: time for a person to press Escape or the button.
+constexpr int PAUSA_FRA_BOX = 2000;
+
 } // namespace
 
-frmComm::frmComm() : Modulo(QStringLiteral("frmComm")) {}
+frmComm::frmComm() : Modulo(QStringLiteral("frmComm")), tmrPausa([this] { tmrPausa_Timer(); })
+{
+    tmrPausa.Interval(PAUSA_FRA_BOX);
+}
 
 frmComm::~frmComm() = default;
 
@@ -93,6 +101,7 @@ void frmComm::cmd_Click(qint16)
 void frmComm::Unload()
 {
     m_macchina->Scarica();
+    Lascia_Errori();
     qint16 codice = m_macchina->Esito;
     QVariant valore = qint16{0};
     Q_EMIT Notifica(codice, valore);
@@ -157,20 +166,46 @@ void frmComm::Scarica_Modulo()
     Esegui([this] { Scarica(); });
 }
 
+// --- the boxes of a line in trouble -----------------------------------------------------------------------
+
 void frmComm::Mostra_Errore(const QString &testo)
 {
+    if (m_errori.size() == MASSIMO_ERRORI)
+        return; // a line that never falls silent would fill the memory
     m_errori.append(testo);
-    // From the loop, not from here: the batch of bytes that brought the error is taken whole first.
-    QMetaObject::invokeMethod(
-        this, [this] { Esegui([this] { Mostra_ErroriInCoda(); }); }, Qt::QueuedConnection);
+    Annuncia_Errori();
 }
 
-void frmComm::Mostra_ErroriInCoda()
+/// From the loop, not from here: the batch of bytes that brought the error is taken whole first.
+void frmComm::Annuncia_Errori()
 {
-    if (m_boxAperto)
+    QMetaObject::invokeMethod(
+        this, [this] { Esegui([this] { Mostra_ProssimoErrore(); }); }, Qt::QueuedConnection);
+}
+
+void frmComm::Mostra_ProssimoErrore()
+{
+    if (m_box != nullptr || tmrPausa.Enabled() || m_errori.isEmpty())
         return;
-    m_boxAperto = true;
-    while (!m_errori.isEmpty())
-        Messaggio_Sistema(QStringLiteral("Err Rs232"), m_errori.takeFirst());
-    m_boxAperto = false;
+    m_box = std::make_unique<BoxSistema>(QStringLiteral("Err Rs232"), m_errori.takeFirst());
+    m_box->Mostra();
+    m_box.reset();
+    // A bad line has a box for every byte: without a pause nobody would get to the form behind them.
+    if (Caricato())
+        tmrPausa.Enabled(true);
+}
+
+void frmComm::tmrPausa_Timer()
+{
+    tmrPausa.Enabled(false);
+    Annuncia_Errori();
+}
+
+/// The errors of a session end with it: what stands behind the form is not theirs to cover.
+void frmComm::Lascia_Errori()
+{
+    m_errori.clear();
+    tmrPausa.Enabled(false);
+    if (m_box != nullptr)
+        m_box->Chiudi();
 }

@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QVariant>
 
+class BoxSistema;
 class ControlloSeriale;
 class dlgPwd;
 
@@ -50,7 +51,10 @@ private:
     void Colora_Sha(quint32 colore) override;
     void Mostra_Errore(const QString &testo) override;
     void Scarica_Modulo() override;
-    void Mostra_ErroriInCoda();
+    void Annuncia_Errori();
+    void Mostra_ProssimoErrore();
+    void Lascia_Errori();
+    void tmrPausa_Timer();
     void frmPwd_PwdReady(quint8 &esito);
 
     std::unique_ptr<Immagine> Image1;
@@ -61,8 +65,9 @@ private:
     std::unique_ptr<ControlloSeriale> commApp;
     std::unique_ptr<MacchinaScambio> m_macchina;
     std::shared_ptr<dlgPwd> frmPwd;
-    QStringList m_errori; // texts of "Err Rs232" boxes not yet shown
-    bool m_boxAperto = false;
+    QStringList m_errori;              // texts of "Err Rs232" boxes not yet shown
+    std::unique_ptr<BoxSistema> m_box; // the one that is open
+    Temporizzatore tmrPausa;           // on while the form stands free between two boxes
 };
 
 /// Runs one link session: makes the form, loads it, which starts the session, and shows it until it has

@@ -30,7 +30,8 @@ extern QByteArray gRxDati; ///< those bytes
 void Leggi_Porta(const QString &profilo);
 
 /// Opens the port gPortaNum and sets it up for binary frames. The settings are written after the opening: a
-/// settings text that the control refuses leaves the port open all the same, and deaf.
+/// settings text that is none leaves the port open all the same, and deaf; a format that the device does not
+/// have leaves it closed.
 /// @return True when the port is open and set up, or was open before: then nothing is written to it.
 Flag Apri_Porta(ControlloSeriale &porta);
 

@@ -51,7 +51,8 @@ public:
     /// red at even ones, green when a complete frame has come in.
     virtual void Colora_Sha(quint32 colore) = 0;
     /// The box "Err Rs232". May come many times in one receive event: the window queues the texts, shows them
-    /// one at a time in order, and returns at once, so that a batch of bytes is taken whole.
+    /// one at a time in order, and returns at once, so that a batch of bytes is taken whole. It keeps no more
+    /// of them than an input buffer has bytes, and none beyond the session.
     virtual void Mostra_Errore(const QString &testo) = 0;
     /// Unloads the window, by way of MacchinaScambio::Scarica; may destroy the machine.
     virtual void Scarica_Modulo() = 0;

@@ -4,7 +4,6 @@
 #include "platform/errore_esecuzione.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 namespace {
@@ -45,10 +44,15 @@ void SerialeComune::Chiudi()
     Chiudi_Dispositivo();
 }
 
+void SerialeComune::Rifiuta_Formato()
+{
+    Chiudi();
+    Solleva(NumeroErrore::ValoreProprietaErrato);
+}
+
 qint16 SerialeComune::InBufferCount() const
 {
-    constexpr qsizetype MASSIMO = std::numeric_limits<qint16>::max();
-    return static_cast<qint16>(std::min(m_ricevuti.size(), MASSIMO));
+    return static_cast<qint16>(m_ricevuti.size());
 }
 
 QByteArray SerialeComune::Input()
@@ -74,7 +78,7 @@ void SerialeComune::Output(const QByteArray &byte)
 
 bool SerialeComune::Ricevi(const QByteArray &byte)
 {
-    m_ricevuti += byte;
+    m_ricevuti += byte.first(std::min(byte.size(), BUFFER_INGRESSO - m_ricevuti.size()));
     return !byte.isEmpty() && m_soglia > 0 && m_ricevuti.size() >= m_soglia;
 }
 

@@ -38,12 +38,17 @@ protected:
     /// Queues bytes for the line. Only on an open device.
     virtual void Manda(const QByteArray &byte) = 0;
 
-    /// Takes what came in. @return true when it is enough for a receive event.
+    /// Takes what came in, as far as the input buffer holds it. @return true when it is enough for a receive
+    /// event.
     bool Ricevi(const QByteArray &byte);
     /// Raises an event; none of a port that has been closed, and one of received bytes only while there are
     /// any.
     void Solleva_Evento(EventoSeriale evento);
     void Chiudi();
+    /// The device does not have the format that it was given: a line at any other says nothing that both
+    /// ends understand. The port is closed, so that the session stands as without a port and does not end as
+    /// with an instrument that is silent. @throws ErroreEsecuzione 380.
+    [[noreturn]] void Rifiuta_Formato();
 
 private:
     void Pretendi_Aperta() const;
@@ -51,6 +56,6 @@ private:
     qint16 m_numero = 1;
     bool m_aperta = false;
     qint16 m_soglia = 0;   ///< 0, as a control is born: no event for what comes in
-    QByteArray m_ricevuti; ///< input buffer, without a limit of its own
+    QByteArray m_ricevuti; ///< input buffer
     qint16 m_evento = 0;
 };

@@ -2,6 +2,7 @@
 // and devices, nothing of frames or sessions.
 #include "link/seriale.h"
 
+#include "link/dispositivo_qt.h"
 #include "link/seriale_comune.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/percorsi.h"
@@ -12,9 +13,8 @@
 #include <QStringList>
 #include <QTimer>
 
+#include <algorithm>
 #include <limits>
-
-#include <poll.h>
 
 namespace {
 
@@ -126,11 +126,11 @@ private:
     void Manda(const QByteArray &byte) override { m_porta.write(byte); }
     void Raccogli();
     void Errore_Porta(QSerialPort::SerialPortError errore);
-    bool Dispositivo_Perso() const;
 
-    QTimer m_annuncio;   ///< carries a receive event through the form loop
-    QTimer m_ripresa;    ///< watches the line again after an empty wake-up
-    QSerialPort m_porta; ///< open as long as PortOpen says so and the device is there
+    bool m_lineaVera = false; ///< the device has modem lines, and so a line format
+    QTimer m_annuncio;        ///< carries a receive event through the form loop
+    QTimer m_ripresa;         ///< watches the line again after an empty wake-up
+    QSerialPort m_porta;      ///< open as long as PortOpen says so and the device is there
 };
 
 SerialeQt::SerialeQt()
@@ -151,8 +151,9 @@ bool SerialeQt::Apri_Dispositivo(qint16 numero)
     if (!m_porta.open(QIODevice::ReadWrite))
         return false;
     // The system raises both lines to the instrument; the control's own default is DTR raised, RTS not. A
-    // pseudo terminal has neither and refuses, which takes nothing from its use.
-    m_porta.setRequestToSend(false);
+    // pseudo terminal has neither and refuses, and it has no line format either: what it refuses of that
+    // later takes nothing from its use.
+    m_lineaVera = m_porta.setRequestToSend(false);
     return true;
 }
 
@@ -169,11 +170,10 @@ void SerialeQt::Chiudi_Dispositivo()
 void SerialeQt::Settings(const QString &testo)
 {
     const Formato formato = Formato_Di(testo);
-    // A pseudo terminal has no line format and refuses some of these: that is no bad value.
-    m_porta.setBaudRate(formato.velocita);
-    m_porta.setParity(formato.parita);
-    m_porta.setDataBits(formato.bit);
-    m_porta.setStopBits(formato.stop);
+    const bool presi[] = {m_porta.setBaudRate(formato.velocita), m_porta.setParity(formato.parita),
+                          m_porta.setDataBits(formato.bit), m_porta.setStopBits(formato.stop)};
+    if (m_lineaVera && std::ranges::count(presi, false) > 0)
+        Rifiuta_Formato();
 }
 
 void SerialeQt::Raccogli()
@@ -188,20 +188,12 @@ void SerialeQt::Errore_Porta(QSerialPort::SerialPortError errore)
 {
     if (!PortOpen() || errore == QSerialPort::NoError || !m_porta.isOpen())
         return;
-    if (Dispositivo_Perso()) {
+    if (Dispositivo_Perso(m_porta)) {
         Chiudi_Dispositivo();
         return;
     }
     // After a wake-up that brought nothing the serial port no longer watches the line, until somebody reads.
     m_ripresa.start(RIPRESA);
-}
-
-/// True for an adapter pulled out, or a pseudo terminal whose other end is closed. Such a device reads as
-/// ready for ever: watching it would take the whole processor.
-bool SerialeQt::Dispositivo_Perso() const
-{
-    pollfd stato = {static_cast<int>(m_porta.handle()), 0, 0};
-    return poll(&stato, 1, 0) > 0 && (stato.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
 }
 
 } // namespace

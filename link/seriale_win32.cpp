@@ -16,8 +16,7 @@
 
 namespace {
 
-/// Buffers of the driver, in bytes: the defaults of the control.
-constexpr DWORD BUFFER_INGRESSO = 1024;
+/// The driver's output buffer, in bytes: the default of the control.
 constexpr DWORD BUFFER_USCITA = 512;
 
 struct VoceEvento
@@ -135,6 +134,7 @@ private:
     void Svuota_Uscita() override;
     void Manda(const QByteArray &byte) override;
     bool Prepara_Dispositivo() const;
+    bool Ha_Linee_Modem() const;
     void Osserva();
     void Leggi();
     bool Chiedi();
@@ -233,9 +233,16 @@ void SerialeWin32::Settings(const QString &testo)
     formato.fErrorChar = formato.fNull = formato.fAbortOnError = FALSE;
     formato.fDtrControl = DTR_CONTROL_ENABLE;
     formato.fRtsControl = RTS_CONTROL_DISABLE;
-    // A line that cannot do a format refuses it: that is no bad value.
-    if (Dispositivo_Aperto())
-        SetCommState(m_porta, &formato);
+    if (Dispositivo_Aperto() && SetCommState(m_porta, &formato) == FALSE && Ha_Linee_Modem())
+        Rifiuta_Formato();
+}
+
+/// @return false for a terminal that stands in for a port: without modem lines it has no line format either,
+/// and what it refuses of that takes nothing from its use.
+bool SerialeWin32::Ha_Linee_Modem() const
+{
+    DWORD linee = 0;
+    return GetCommModemStatus(m_porta, &linee) != FALSE;
 }
 
 void SerialeWin32::Svuota_Uscita()

@@ -25,6 +25,8 @@ public:
     std::function<void(const QByteArray &)> Ricevuti;
     /// The station has closed its end. A real device cannot tell.
     std::function<void()> Lasciata;
+    /// The device has gone, an adapter pulled out: the line is closed. A pseudo terminal never goes.
+    std::function<void()> Perduta;
 };
 
 /// A pseudo terminal: every opening gets a new one.

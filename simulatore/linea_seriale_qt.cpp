@@ -1,6 +1,8 @@
 // The real serial device: a cable to a station on another computer.
 #include "simulatore/linea.h"
 
+#include "link/dispositivo_qt.h"
+
 #include <QSerialPort>
 
 namespace {
@@ -14,6 +16,8 @@ public:
         m_porta.setBaudRate(velocita);
         QObject::connect(&m_porta, &QSerialPort::readyRead, &m_porta,
                          [this] { Ricevuti(m_porta.readAll()); });
+        QObject::connect(&m_porta, &QSerialPort::errorOccurred, &m_porta,
+                         [this](QSerialPort::SerialPortError) { Guarda_Dispositivo(); });
     }
 
     bool Apri(QString &errore) override
@@ -31,6 +35,15 @@ public:
     }
 
 private:
+    /// After an error: what cannot be read any more is not watched any more.
+    void Guarda_Dispositivo()
+    {
+        if (!m_porta.isOpen() || !Dispositivo_Perso(m_porta))
+            return;
+        m_porta.close();
+        Perduta();
+    }
+
     QString m_dispositivo;
     QSerialPort m_porta;
 };

@@ -10,6 +10,9 @@
 
 namespace {
 
+/// Status of an end because the device has gone; 1 stands for a start that failed.
+constexpr int STATO_SENZA_DISPOSITIVO = 2;
+
 int Errore_Mostra(const QString &errore)
 {
     QTextStream(stderr) << QStringLiteral("qx5sim: ") << errore << Qt::endl;
@@ -38,6 +41,14 @@ int Simula(const Opzioni &opzioni)
     const std::unique_ptr<Linea> linea = opzioni.dispositivo.isEmpty()
                                              ? Crea_LineaPty()
                                              : Crea_LineaSeriale(opzioni.dispositivo, opzioni.velocita);
+    // An adapter that comes back has often another name: whoever started the program knows, and starts it
+    // again.
+    linea->Perduta = [&opzioni, &registro] {
+        const QString perche = QStringLiteral("%1: il dispositivo non c'è più").arg(opzioni.dispositivo);
+        registro.Annota(QStringLiteral("-- ") + perche);
+        Errore_Mostra(perche);
+        QCoreApplication::exit(STATO_SENZA_DISPOSITIVO);
+    };
     Collegamento collegamento(opzioni.collega);
     Banco banco(*linea, strumento, registro, collegamento);
     Fine_Prepara();

@@ -7,6 +7,7 @@
 #include "toolkit/aspetto.h"
 
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QTranslator>
 
@@ -90,9 +91,29 @@ void Errore_Fatale(const ErroreEsecuzione &errore)
     Programma_Termina(1);
 }
 
+BoxSistema::BoxSistema(const QString &titolo, const QString &testo)
+    : m_box(std::make_unique<QMessageBox>(QMessageBox::Warning, titolo, testo, QMessageBox::Ok))
+{
+    m_box->button(QMessageBox::Ok)->setText(QStringLiteral("OK")); // in every language, and with every theme
+}
+
+BoxSistema::~BoxSistema() = default;
+
+void BoxSistema::Mostra()
+{
+    const QPointer<QWidget> prima = QApplication::activeWindow();
+    m_box->exec();
+    // Not every window system gives the keyboard back by itself.
+    if (prima != nullptr && prima->isVisible())
+        prima->activateWindow();
+}
+
+void BoxSistema::Chiudi()
+{
+    m_box->reject();
+}
+
 void Messaggio_Sistema(const QString &titolo, const QString &testo)
 {
-    QMessageBox box(QMessageBox::Warning, titolo, testo, QMessageBox::Ok);
-    box.button(QMessageBox::Ok)->setText(QStringLiteral("OK")); // in every language, and with every theme
-    box.exec();
+    BoxSistema(titolo, testo).Mostra();
 }

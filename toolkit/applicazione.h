@@ -5,7 +5,10 @@
 
 #include <QApplication>
 
+#include <memory>
+
 class ErroreEsecuzione;
+class QMessageBox;
 
 class Applicazione : public QApplication
 {
@@ -26,5 +29,24 @@ private:
 /// status 1. The procedure that failed does not go on.
 [[noreturn]] void Errore_Fatale(const ErroreEsecuzione &errore);
 
-/// A message box of the system with its single default button; returns when it is closed. Timers go on.
+/// A message box of the system with its single default button, for whoever may have to take it away again.
+class BoxSistema
+{
+public:
+    BoxSistema(const QString &titolo, const QString &testo);
+    ~BoxSistema();
+    Q_DISABLE_COPY_MOVE(BoxSistema)
+
+    /// Returns when the box is closed, by its button or by Chiudi, and the keyboard is where it was before.
+    /// Timers go on.
+    void Mostra();
+    /// Takes the box off the screen at once; Mostra returns when whoever called this has returned to the
+    /// loop.
+    void Chiudi();
+
+private:
+    std::unique_ptr<QMessageBox> m_box;
+};
+
+/// Shows such a box; returns when it is closed.
 void Messaggio_Sistema(const QString &titolo, const QString &testo);

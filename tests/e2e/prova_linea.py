@@ -2,6 +2,7 @@
 
 import signal
 
+from operatore import resta
 from prova import ProvaStazione, veicolo
 
 A_LUNGO = 50000  # polls: longer than any test
@@ -56,6 +57,34 @@ class InMezzoAllaProva(ProvaStazione):
         programma.premi("Esci")
         self.esci(programma)
         self.far_uguale("40000001", "regolare")
+
+    def test_da_una_linea_guasta_si_esce_chiudendo_un_riquadro(self):
+        guasto = "Guasto1=Stato;*;lunga;4096"
+        strumento = self.simula(veicolo(1, riposo=A_LUNGO, altro=guasto))
+        programma = self.avvia_al_menu()
+        for esci in (lambda: programma.tasto("Escape"), lambda: programma.premi("Interrompi")):
+            programma.premi("Prova proiettori")
+            programma.scegli_riga("40000001.ACC")
+            programma.premi_verso("Conferma", "Avvia")
+            programma.premi("Avvia")
+            programma.attendi_testo("Err Rs232")
+            programma.premi("OK")
+            programma.attendi(programma.in_collegamento, cosa="la finestra di collegamento è libera")
+            esci()
+            programma.attendi_pulsante("Prova proiettori")
+            resta(lambda: self.senza_riquadri(programma), 3, "il menu senza riquadri")
+        strumento.spegni()
+
+        self.simula(veicolo(1))
+        self.prova_veicolo(programma, "40000001", "ESITO REGOLARE")
+        resta(lambda: self.senza_riquadri(programma), 3, "l'esito senza riquadri")
+        programma.premi("Esci")
+        self.esci(programma)
+        self.far_uguale("40000001", "regolare")
+
+    @staticmethod
+    def senza_riquadri(programma):
+        return "Err Rs232" not in [finestra.nome for finestra in programma.guarda(programma.finestre) or []]
 
     def test_un_programma_ucciso_lascia_intatta_la_configurazione(self):
         strumento = self.simula(veicolo(1, riposo=A_LUNGO))

@@ -13,11 +13,14 @@
 
 #include <QListWidget>
 #include <QMessageBox>
+#include <QRandomGenerator>
 #include <QTest>
+#include <QTimer>
 
 namespace {
 
-constexpr qint64 TICK = 200; // ms
+constexpr qint64 TICK = 200;           // ms
+constexpr qint64 PAUSA_FRA_BOX = 2000; // ms
 
 const QByteArray MISURA = Risposta_Misura("0123O#", "0456OO", "0789XO", "9999##");
 const QList<QByteArray> TESTI_STRUMENTO = {"QX5", "Marca", "OM1", "N1", "31/12/2027", "Rossi"};
@@ -26,6 +29,48 @@ const QList<QByteArray> TESTI_TARATURA = {"1000", "0", "1", "2", "3", "4", "5", 
 QMessageBox *Box_Aperto()
 {
     return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+}
+
+/// Stands before the screen while boxes hold the test: once for each box that comes it does what the test
+/// gives it, and closes the box if that has left it standing.
+class GuardiaBox
+{
+public:
+    explicit GuardiaBox(std::function<void()> alBox = {}) : m_alBox(std::move(alBox))
+    {
+        QObject::connect(&m_sguardo, &QTimer::timeout, &m_sguardo, [this] { Guarda(); });
+        m_sguardo.start(1);
+    }
+    QList<qint64> Quando; ///< ms of the clock at which each box came
+    QStringList Testi;    ///< title and text of each
+    int Insieme = 0;      ///< boxes seen, those behind another too
+
+private:
+    void Guarda()
+    {
+        const QPointer<QMessageBox> box = Box_Aperto();
+        if (box == nullptr)
+            return;
+        Quando.append(Orologio_Banco().Passati());
+        Testi.append(box->windowTitle() + u'|' + box->text());
+        for (const QWidget *finestra : QApplication::topLevelWidgets()) {
+            if (finestra->isVisible() && qobject_cast<const QMessageBox *>(finestra) != nullptr)
+                ++Insieme;
+        }
+        if (m_alBox)
+            m_alBox();
+        if (box != nullptr)
+            box->accept();
+    }
+
+    std::function<void()> m_alBox;
+    QTimer m_sguardo;
+};
+
+/// A frame that does not end, with that many bytes for which there is no place.
+QByteArray Frame_Troppo_Lungo(qsizetype oltre)
+{
+    return '\x02' + QByteArray(MISURA_RX - 1 + oltre, 'x');
 }
 
 } // namespace
@@ -53,6 +98,19 @@ private:
         Linee_Prepara([risposte](LineaProva &linea) { linea.Copione(risposte); });
     }
     static void Passa(qint64 ms) { Orologio_Banco().Avanza(ms); }
+    /// Time goes by on a line at a wrong speed, 9600 baud: about a byte of nonsense every ms.
+    static void Passa_Con_Rumore(qint64 ms, QRandomGenerator &caso)
+    {
+        constexpr qint64 OGNI = 10;
+        for (qint64 passati = 0; passati < ms; passati += OGNI) {
+            QByteArray byte(OGNI, '\0');
+            for (char &uno : byte)
+                uno = static_cast<char>(caso.bounded(256));
+            if (Linea_Corrente() != nullptr)
+                Linea_Corrente()->Arriva(byte);
+            Passa(OGNI);
+        }
+    }
     QString Scritta() const { return Testo_Di(*form, "lbl_0"); }
     QColor Lampada() const
     {
@@ -536,30 +594,99 @@ private Q_SLOTS:
     }
 
     /// A frame that outgrows the buffer: one box for every byte too many, one after the other, and the batch
-    /// is taken whole first.
+    /// is taken whole first. Between two boxes the form stands free for a while.
     void piuBoxUnoAllaVolta()
     {
         Apri();
-        int box = 0;
-        int insieme = 0;
-        Regia regia;
-        for (int i = 0; i < 3; ++i) {
-            regia.Quando([] { return Box_Aperto() != nullptr; },
-                         [&] {
-                             for (const QWidget *finestra : QApplication::topLevelWidgets())
-                                 insieme += finestra->isVisible() &&
-                                            qobject_cast<const QMessageBox *>(finestra) != nullptr;
-                             ++box;
-                             QCOMPARE(Box_Aperto()->text(),
-                                      QStringLiteral("Auto sts: 1\r\nSubscript out of range"));
-                             Box_Aperto()->accept();
-                         });
+        GuardiaBox guardia;
+        Linea_Corrente()->Arriva(Frame_Troppo_Lungo(3));
+        QVERIFY(guardia.Quando.isEmpty()); // shown from the loop, not from the receive event
+        const qint64 inizio = Orologio_Banco().Passati();
+        for (int passo = 0; passo < 80; ++passo) {
+            QCoreApplication::processEvents();
+            Passa(100);
         }
-        Linea_Corrente()->Arriva('\x02' + QByteArray(105 + 3, 'x'));
-        QCOMPARE(box, 0); // shown from the loop, not from the receive event
-        QTRY_VERIFY(regia.Finita() && Box_Aperto() == nullptr);
-        QCOMPARE(box, 3);
-        QCOMPARE(insieme, 3);
+        QCOMPARE(guardia.Testi,
+                 QStringList(3, QStringLiteral("Err Rs232|Auto sts: 1\r\nSubscript out of range")));
+        QCOMPARE(guardia.Quando, (QList<qint64>{inizio, inizio + PAUSA_FRA_BOX, inizio + 2 * PAUSA_FRA_BOX}));
+        QCOMPARE(guardia.Insieme, 3);
+    }
+
+    /// A line that never falls silent does not fill the memory: what comes beyond the boxes that wait is
+    /// dropped.
+    void alPiuTantiBoxQuantiByteInIngresso()
+    {
+        gDebug = Vero; // the form stays, whatever the exchange comes to
+        Apri();
+        GuardiaBox guardia;
+        Linea_Corrente()->Arriva(Frame_Troppo_Lungo(4096));
+        for (int passo = 0; passo < 1100; ++passo) {
+            QCoreApplication::processEvents();
+            Passa(PAUSA_FRA_BOX);
+        }
+        QCOMPARE(guardia.Testi.size(), 1024);
+    }
+
+    void viaDiUscitaDopoUnBox_data()
+    {
+        QTest::addColumn<bool>("escape");
+        QTest::newRow("pulsante") << false;
+        QTest::newRow("escape") << true;
+    }
+    /// However bad the line, one box has to be closed and no more to get out of the session.
+    void viaDiUscitaDopoUnBox()
+    {
+        QFETCH(bool, escape);
+        QRandomGenerator caso(20240315);
+        gDebug = Vero;
+        Apri();
+        GuardiaBox guardia([&caso] { Passa_Con_Rumore(60000, caso); });
+        Linea_Corrente()->Arriva(Frame_Troppo_Lungo(1));
+        QCoreApplication::processEvents();
+        QCOMPARE(guardia.Testi.size(), 1);
+
+        Passa_Con_Rumore(PAUSA_FRA_BOX - 100, caso);
+        QCoreApplication::processEvents();
+        QCOMPARE(guardia.Testi.size(), 1);
+        QVERIFY(Attiva(*form)); // the keyboard is the form's again
+        if (escape)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        else
+            Premi(*form, "cmd_0");
+        QVERIFY(!form->Caricato());
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+        Passa_Con_Rumore(60000, caso);
+        QCoreApplication::processEvents();
+        QCOMPARE(guardia.Testi.size(), 1);
+    }
+
+    /// A session that ends by itself takes its box along, and those that wait: nothing of it stands over what
+    /// its parent opens.
+    void boxFinisconoConLaSessione()
+    {
+        QRandomGenerator caso(1);
+        form = Nuovo<frmComm>();
+        notifiche = Ascolta(*form);
+        int box = 0;
+        bool liberaAllaNotifica = false;
+        connect(form.get(), &frmComm::Notifica, this, [&] { liberaAllaNotifica = Box_Aperto() == nullptr; });
+        GuardiaBox guardia([&] {
+            ++box;
+            Passa_Con_Rumore(60000, caso);
+            QVERIFY(Box_Aperto() == nullptr);
+        });
+        form->Carica();
+        Linea_Corrente()->Arriva(Frame_Troppo_Lungo(50));
+        form->Mostra(Modulo::Modale);
+        QVERIFY(!form->Caricato());
+        QVERIFY(liberaAllaNotifica);
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {7, 0}
+        }));
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+        Passa(60000);
+        QCoreApplication::processEvents();
+        QCOMPARE(box, 1);
     }
 
     // --- the prepared entries

@@ -83,6 +83,7 @@ private Q_SLOTS:
     void impostazioniRifiutateSessioneSorda();
     void datiTroppoLunghiAllAvvioPassanoOltre();
     void laSecondaSessioneRicominciaDaCapo();
+    void macchinaDistruttaLasciaLaLinea();
 
     // waiting
     void laLampadaLampeggia();
@@ -106,6 +107,8 @@ private Q_SLOTS:
     void scritturaRifiutata_data();
     void scritturaRifiutata();
     void scritturaInterrottaTraIDueFrame();
+    void scritturaDellaTaratura_data();
+    void scritturaDellaTaratura();
     void defaultCompleto();
     void defaultAccettaOgniRisposta();
     void controlloErratoInOgniModo_data();
@@ -294,6 +297,19 @@ void tst_scambio::laSecondaSessioneRicominciaDaCapo()
     QCOMPARE(s.macchina.Esito, qint16(7));
     s.orologio.Avanza(2000);
     QCOMPARE(s.linea.Frame().size(), 1);
+}
+
+/// The line may still have an event when the machine has gone.
+void tst_scambio::macchinaDistruttaLasciaLaLinea()
+{
+    OrologioProva orologio;
+    LineaProva linea(orologio);
+    FinestraProva finestra(orologio);
+    {
+        const MacchinaScambio macchina(finestra, linea);
+        QVERIFY(linea.OnComm);
+    }
+    QVERIFY(!linea.OnComm);
 }
 
 // --- waiting ----------------------------------------------------------------------------------------------
@@ -595,6 +611,34 @@ void tst_scambio::scritturaInterrottaTraIDueFrame()
     QCOMPARE(s.macchina.Comando, quint8(CmdScriviDati2));
     s.finestra.Scarica_Modulo();
     QCOMPARE(s.finestra.Notifiche, QList<qint16>(1, 6));
+}
+
+void tst_scambio::scritturaDellaTaratura_data()
+{
+    QTest::addColumn<char>("risposta");
+    QTest::addColumn<qint16>("esito");
+    QTest::addColumn<quint8>("comando");
+    QTest::addColumn<QString>("scritta");
+    QTest::newRow("accettata") << '\xFF' << qint16{6} << quint8{CmdScriviDati2} << ATTESA;
+    QTest::newRow("rifiutata") << '\xFE' << qint16{7} << quint8{CmdScriviTaratura} << QStringLiteral("154");
+}
+
+/// A caller may give the session a sequence of its own: the calibration is judged as the identity is.
+void tst_scambio::scritturaDellaTaratura()
+{
+    QFETCH(char, risposta);
+    QFETCH(qint16, esito);
+    QFETCH(quint8, comando);
+    QFETCH(QString, scritta);
+    Sessione s(ModoScrivi);
+    s.linea.Copione({Risposta_Stato('1'), Risposta_Scritto(risposta)});
+    s.macchina.Prepara();
+    s.macchina.Sequenza = QByteArray(1, char{CmdStato}) + char{CmdScriviTaratura} + char{CmdScriviDati2};
+    s.macchina.Avvia();
+    s.orologio.Avanza(400);
+    QCOMPARE(s.macchina.Esito, esito);
+    QCOMPARE(s.macchina.Comando, comando);
+    QCOMPARE(s.finestra.Scritta(), scritta);
 }
 
 void tst_scambio::defaultCompleto()

@@ -4,6 +4,7 @@
 
 #include "platform/errore_esecuzione.h"
 #include "tests/comuni/errore_prova.h"
+#include "tests/link/porta_vera_posix.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -94,6 +95,8 @@ private Q_SLOTS:
     void legameMancante();
     void legameSenzaDispositivo();
     void legameChiamatoInMinuscolo();
+    void legameApertoAlSuoDispositivo();
+    void senzaLegameLaPortaDellaMacchina();
     void portaOccupata();
     void dueLegamiUnDispositivo();
     void portaChiusaSolleva();
@@ -101,15 +104,24 @@ private Q_SLOTS:
     void impostazioni_data();
     void impostazioni();
     void formatoCheLoPseudoTerminaleNonHa();
+    void formatoCheArrivaAllaPorta_data();
+    void formatoCheArrivaAllaPorta();
+    void formatoRifiutato_data();
+    void formatoRifiutato();
+    void richiestaDiInvioAbbassata();
     void valoriCheIlCollegamentoNonUsa();
 
     void lineaPienaNonBlocca();
     void frameInCodaLasciatoCadere();
     void chiusuraNonAspettaLaLineaPiena();
+    void chiusuraSvuotaLeCode();
+    void ingressoPienoPerdeIlResto();
 
     void cavoStaccato_data();
     void cavoStaccato();
     void ultimiByteAncoraLeggibili();
+    void letturaGuastaNonPerdeLaLinea();
+    void dispositivoRottoLasciato();
 
 private:
     static QString Legame(const QString &nome = QStringLiteral("COM7"))
@@ -336,6 +348,26 @@ void tst_seriale_qt::legameChiamatoInMinuscolo()
     QVERIFY(m_porta->PortOpen());
 }
 
+/// The lock of a port goes by the name that was opened: two links to one device have to come to one.
+void tst_seriale_qt::legameApertoAlSuoDispositivo()
+{
+    const PortaVera porta;
+    Apri();
+    QCOMPARE(porta.Aperti, QStringList(m_capo->Nome()));
+}
+
+void tst_seriale_qt::senzaLegameLaPortaDellaMacchina()
+{
+    const PortaVera porta;
+    QVERIFY(QFile::remove(Legame()));
+    Errore_Di([this] { m_porta->PortOpen(true); });
+    QCOMPARE(porta.Aperti, QStringList(QStringLiteral("/dev/ttyS6")));
+    m_porta->PortOpen(false);
+    m_porta->CommPort(1);
+    Errore_Di([this] { m_porta->PortOpen(true); });
+    QCOMPARE(porta.Aperti.last(), QStringLiteral("/dev/ttyS0"));
+}
+
 void tst_seriale_qt::portaOccupata()
 {
     Apri();
@@ -397,10 +429,84 @@ void tst_seriale_qt::impostazioni()
 
 void tst_seriale_qt::formatoCheLoPseudoTerminaleNonHa()
 {
+    PortaVera porta; // a pseudo terminal, so to speak, of those systems that say what it does not have
+    porta.LineeModem = false;
+    porta.Rifiuta = [](const termios &formato) { return (formato.c_cflag & PARENB) != 0; };
     Apri();
     m_porta->Settings(QStringLiteral("9600,E,7,2"));
+    QCOMPARE(porta.Formato.c_cflag & (CSIZE | CSTOPB), tcflag_t{CS7 | CSTOPB}); // what it does have
     m_capo->Manda("abc");
     QTRY_COMPARE(m_arrivati, QByteArray("abc"));
+}
+
+void tst_seriale_qt::formatoCheArrivaAllaPorta_data()
+{
+    QTest::addColumn<QString>("testo");
+    QTest::addColumn<uint>("velocita");
+    QTest::addColumn<uint>("formato");
+
+    const auto riga = [](const char *testo, speed_t velocita, tcflag_t formato) {
+        QTest::newRow(testo) << QString::fromLatin1(testo) << uint{velocita} << uint{formato};
+    };
+    riga("9600,N,8,1", B9600, CS8);
+    riga("1200,N,8,2", B1200, CS8 | CSTOPB);
+    riga("300,E,7,1", B300, CS7 | PARENB);
+    riga("19200,O,7,2", B19200, CS7 | PARENB | PARODD | CSTOPB);
+    riga("38400,M,6,1", B38400, CS6 | PARENB | PARODD | CMSPAR);
+    riga("57600,S,5,1", B57600, CS5 | PARENB | CMSPAR);
+    riga("115200,n,8,1", B115200, CS8);
+    riga("2400,e,8,1", B2400, CS8 | PARENB);
+    riga("4800,o,8,1", B4800, CS8 | PARENB | PARODD);
+}
+
+void tst_seriale_qt::formatoCheArrivaAllaPorta()
+{
+    QFETCH(QString, testo);
+    QFETCH(uint, velocita);
+    QFETCH(uint, formato);
+    const PortaVera porta;
+    m_porta->PortOpen(true);
+    m_porta->Settings(testo);
+    QCOMPARE(cfgetispeed(&porta.Formato), speed_t{velocita});
+    QCOMPARE(cfgetospeed(&porta.Formato), speed_t{velocita});
+    QCOMPARE(porta.Formato.c_cflag & (CSIZE | CSTOPB | PARENB | PARODD | CMSPAR | CRTSCTS),
+             tcflag_t{formato});
+    QCOMPARE(porta.Formato.c_iflag & (IXON | IXOFF), tcflag_t{0});
+}
+
+void tst_seriale_qt::formatoRifiutato_data()
+{
+    QTest::addColumn<uint>("velocita");
+    QTest::addColumn<uint>("formato");
+    QTest::newRow("velocita'") << uint{B19200} << uint{0};
+    QTest::newRow("parita'") << uint{B0} << uint{PARENB};
+    QTest::newRow("bit di stop") << uint{B0} << uint{CSTOPB};
+    QTest::newRow("bit di dati") << uint{B0} << uint{CSIZE};
+}
+
+/// The port is closed and every frame fails: the session stands, and is not taken for one with a silent
+/// instrument.
+void tst_seriale_qt::formatoRifiutato()
+{
+    QFETCH(uint, velocita);
+    QFETCH(uint, formato);
+    PortaVera porta;
+    Apri();
+    porta.Rifiuta = [velocita, formato](const termios &nuovo) {
+        const bool bit = formato == CSIZE ? (nuovo.c_cflag & CSIZE) == CS7 : (nuovo.c_cflag & formato) != 0;
+        return bit || (velocita != B0 && cfgetospeed(&nuovo) == velocita);
+    };
+    QCOMPARE(Errore_Di([this] { m_porta->Settings(QStringLiteral("19200,E,7,2")); }), 380);
+    QVERIFY(!m_porta->PortOpen());
+    QCOMPARE(Errore_Di([this] { m_porta->Output("x"); }), 8018);
+}
+
+void tst_seriale_qt::richiestaDiInvioAbbassata()
+{
+    PortaVera porta;
+    porta.Alzate = TIOCM_DTR | TIOCM_RTS; // as the system leaves them at the opening
+    Apri();
+    QCOMPARE(porta.Alzate, int{TIOCM_DTR});
 }
 
 void tst_seriale_qt::valoriCheIlCollegamentoNonUsa()
@@ -450,6 +556,40 @@ void tst_seriale_qt::chiusuraNonAspettaLaLineaPiena()
     durata.start();
     m_porta->PortOpen(false);
     QVERIFY(durata.elapsed() < 1000);
+}
+
+/// What has not gone out would be waited for, and what has come in would be the first reply of the next
+/// session.
+void tst_seriale_qt::chiusuraSvuotaLeCode()
+{
+    const PortaVera porta;
+    Apri();
+    QCOMPARE(porta.Svuotati, QList<int>());
+    m_porta->PortOpen(false);
+    QCOMPARE(porta.Svuotati, QList<int>{TCIOFLUSH});
+}
+
+void tst_seriale_qt::ingressoPienoPerdeIlResto()
+{
+    Apri();
+    m_porta->RThreshold(0); // nobody takes them
+    const int vicino = open(qPrintable(m_capo->Nome()), O_RDWR | O_NOCTTY | O_NONBLOCK);
+    QVERIFY(vicino >= 0);
+    const auto presi_tutti = [vicino] {
+        int restano = -1;
+        return ioctl(vicino, FIONREAD, &restano) == 0 && restano == 0;
+    };
+    QByteArray byte;
+    for (int i = 0; i < 1500; ++i)
+        byte.append(static_cast<char>('0' + i % 60));
+    m_capo->Manda(byte);
+    QTRY_COMPARE(m_porta->InBufferCount(), qint16(1024));
+    QTRY_VERIFY(presi_tutti());
+    QCOMPARE(m_porta->Input(), byte.first(1024));
+    m_capo->Manda("abc");
+    QTRY_COMPARE(m_porta->InBufferCount(), qint16(3));
+    QCOMPARE(m_porta->Input(), QByteArray("abc"));
+    close(vicino);
 }
 
 void tst_seriale_qt::cavoStaccato_data()
@@ -508,6 +648,34 @@ void tst_seriale_qt::ultimiByteAncoraLeggibili()
     const QDeadlineTimer unPo(100);
     QTRY_VERIFY(unPo.hasExpired());
     QCOMPARE(m_porta->Input(), QByteArray("abc"));
+}
+
+void tst_seriale_qt::letturaGuastaNonPerdeLaLinea()
+{
+    PortaVera porta;
+    Apri();
+    porta.LettureGuaste = 1;
+    m_capo->Manda("abc");
+    QTRY_COMPARE(porta.LettureGuaste, 0);
+    QTRY_COMPARE(m_arrivati, QByteArray("abc"));
+    QVERIFY(m_porta->PortOpen());
+}
+
+/// A device in trouble without a hang-up is given up like one that was pulled out: it would wake the program
+/// for ever.
+void tst_seriale_qt::dispositivoRottoLasciato()
+{
+    PortaVera porta;
+    Apri();
+    porta.Rotta = true;
+    porta.LettureGuaste = 1;
+    m_capo->Manda("abc");
+    QTRY_COMPARE(porta.LettureGuaste, 0);
+    QTRY_COMPARE(porta.Svuotati, QList<int>{TCIOFLUSH}); // closed, and not looked at once more
+    QVERIFY(m_porta->PortOpen());
+    QCOMPARE(Errore_Di([this] { m_porta->Output("frame"); }), 0);
+    QCOMPARE(m_capo->Arrivati(), QByteArray());
+    QCOMPARE(m_eventi, 0);
 }
 
 QTEST_GUILESS_MAIN(tst_seriale_qt)

@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
@@ -113,6 +114,17 @@ private:
     int m_porta;
 };
 
+/// Processor time of the programs that have ended, in seconds.
+double Secondi_Dei_Finiti()
+{
+    rusage uso = {};
+    ::getrusage(RUSAGE_CHILDREN, &uso);
+    const auto secondi = [](const timeval &t) {
+        return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_usec) / 1e6;
+    };
+    return secondi(uso.ru_utime) + secondi(uso.ru_stime);
+}
+
 /// A command with a payload, sent and answered as a write.
 const QByteArray SCRIVI_DATI2 = Byte("02 41 42 43 80 41 42 17 00 36 03");
 
@@ -151,6 +163,7 @@ private Q_SLOTS:
     void riaggancio();
     void dispositivoVero();
     void dispositivoMancante();
+    void dispositivoPerduto();
     void registroLeggibile();
     void scenariDiEsempio_data();
     void scenariDiEsempio();
@@ -383,6 +396,26 @@ void tst_qx5sim::dispositivoMancante()
     Simulatore simulatore({QStringLiteral("--dispositivo"), File(QStringLiteral("manca"))});
     QCOMPARE(simulatore.Codice(), 1);
     QVERIFY(simulatore.Errori().startsWith(QStringLiteral("qx5sim: ") + File(QStringLiteral("manca"))));
+}
+
+void tst_qx5sim::dispositivoPerduto()
+{
+    // The other end of the terminal is closed: to the program that is an adapter pulled out.
+    const int vicino = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC); // not the program's too
+    QVERIFY(vicino >= 0 && ::grantpt(vicino) == 0 && ::unlockpt(vicino) == 0);
+    const QString lontano = QFile::decodeName(::ptsname(vicino));
+    auto sessione = std::make_unique<Sessione>(vicino);
+    const double prima = Secondi_Dei_Finiti();
+    Simulatore simulatore({QStringLiteral("--dispositivo"), lontano, QStringLiteral("--registro"),
+                           File(QStringLiteral("registro.txt"))});
+    QCOMPARE(simulatore.Pronto(), lontano);
+    QCOMPARE(sessione->Chiedi(STATO), A_RIPOSO);
+    sessione.reset();
+    QCOMPARE(simulatore.Codice(), 2);
+    const QString perche = lontano + QStringLiteral(": il dispositivo non c'è più\n");
+    QCOMPARE(simulatore.Errori(), QStringLiteral("qx5sim: ") + perche);
+    QVERIFY(QString::fromUtf8(Registro()).endsWith(QStringLiteral("-- ") + perche));
+    QVERIFY(Secondi_Dei_Finiti() - prima < 1);
 }
 
 void tst_qx5sim::registroLeggibile()
