@@ -22,7 +22,7 @@ QString Senza_Margine(const QString &testo)
 
 } // namespace
 
-bool Profilo_Scrivibile(const QString &sezione, const QString &chiave, const QString &valore)
+bool Profilo_Ammette(const QString &sezione, const QString &chiave, const QString &valore)
 {
     const auto unaRiga = [](const QString &testo) { return Una_Riga(testo) == Argomento(testo); };
     if (!unaRiga(sezione) || !unaRiga(chiave) || !unaRiga(valore))

@@ -19,12 +19,12 @@ QString Profilo_Leggi(const QString &sezione, const QString &chiave, const QStri
 /// a section along that hides the real one; a key with "=" is read as a shorter one, one that begins like a
 /// head or a note is none, nor is an empty one; a section ends at its first "]". A text ends at its first
 /// NUL.
-bool Profilo_Scrivibile(const QString &sezione, const QString &chiave, const QString &valore);
+bool Profilo_Ammette(const QString &sezione, const QString &chiave, const QString &valore);
 
 /// Writes one value: changes the one line that holds the key and leaves every other byte alone; a new key
 /// goes right after the last key of its section, a new section to the end of the file.
 /// @return true when the file now holds the value. On false the file is as it was: what is not
-/// Profilo_Scrivibile is refused, and the write happens whole or not at all, even if the process dies in the
+/// Profilo_Ammette is refused, and the write happens whole or not at all, even if the process dies in the
 /// middle of it.
 bool Profilo_Scrivi(const QString &sezione, const QString &chiave, const QString &valore,
                     const QString &file);

@@ -312,7 +312,7 @@ QString Profilo_Leggi(const QString &sezione, const QString &chiave, const QStri
 
 bool Profilo_Scrivi(const QString &sezione, const QString &chiave, const QString &valore, const QString &file)
 {
-    if (!Profilo_Scrivibile(sezione, chiave, valore))
+    if (!Profilo_Ammette(sezione, chiave, valore))
         return false;
     const QString nativo = Percorso_Nativo(file);
     tenuti.remove(nativo); // a write starts from what the file holds, never from what is kept of it

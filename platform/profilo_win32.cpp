@@ -43,7 +43,7 @@ QString Profilo_Leggi(const QString &sezione, const QString &chiave, const QStri
 bool Profilo_Scrivi(const QString &sezione, const QString &chiave, const QString &valore, const QString &file)
 {
     const QByteArray percorso = Percorso_Intero(file);
-    return !percorso.isEmpty() && Profilo_Scrivibile(sezione, chiave, valore) &&
+    return !percorso.isEmpty() && Profilo_Ammette(sezione, chiave, valore) &&
            WritePrivateProfileStringA(Testo_InAnsi(sezione).constData(), Testo_InAnsi(chiave).constData(),
                                       Testo_InAnsi(valore).constData(), percorso.constData()) != FALSE;
 }
