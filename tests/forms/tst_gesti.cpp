@@ -460,6 +460,7 @@ void tst_gesti::doppioClicSuUnaListaCheSiApre()
     QVERIFY(!gesti.Da_Scartare(combo, evento(QEvent::MouseButtonPress)));
     QVERIFY(!gesti.Da_Scartare(vista, evento(QEvent::MouseButtonDblClick)));
     QVERIFY(!gesti.Da_Scartare(vista, evento(QEvent::MouseButtonRelease)));
+    combo->hidePopup();
     secondo = Form("cmd_0");
     secondo->Mostra();
     QVERIFY(gesti.Da_Scartare(secondo->cmd[0].Widget(), evento(QEvent::MouseButtonDblClick)));
