@@ -9,7 +9,7 @@ SCARTO = 2 * MM
 PUNTI = 288  # an inch: a line of the frame is two pixels wide
 LINEA = 60  # points: longer than anything in a letter
 ORA = re.compile(r"^\d\d:\d\d:\d\d$")
-SCURO = 160  # of 255
+SCURO = 224  # of 255: a thin line may lie between two rows of pixels
 
 
 def ricuci(parole):

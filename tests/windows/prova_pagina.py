@@ -33,10 +33,11 @@ CODE = [
     ("A4 senza margini", {MARGINI: '*ImageableArea A4/A4: "0 0 595 842"'}, "A4", False),
     ("A4 con margini larghi", {MARGINI: '*ImageableArea A4/A4: "70 90 500 700"'}, "A4", False),
     ("A4 più grande di un millimetro scarso", {MISURE: '*PaperDimension A4/A4: "597 843"'}, "A4", False),
-    ("A4 coricato", {}, "A4", True),
     ("Letter con i margini", {}, "Letter", False),
-    ("Letter coricato", {}, "Letter", True),
     ("carta di misure sue", PROPRIA, "Foglio", False),
+    # The last ones: what a machine has set for a queue outlives the queue.
+    ("A4 coricato", {}, "A4", True),
+    ("Letter coricato", {}, "Letter", True),
 ]
 
 ORIENTAMENTO = 44  # place in a printer's settings
