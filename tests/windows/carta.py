@@ -53,7 +53,7 @@ def _tratti(file):
         if inizio < 0:
             continue
         if numero > precedente + 1:
-            yield numero, inizio, pixel.find(b"\x00", inizio) if b"\x00" in pixel[inizio:] else len(pixel)
+            yield numero, inizio, (pixel + b"\x00").find(b"\x00", inizio)
         precedente = numero
 
 
@@ -62,17 +62,21 @@ def confronta(prova, trovato, atteso):
     fogli = Foglio(trovato), Foglio(atteso)
     for uno, altro in zip(*(foglio.misure[0] for foglio in fogli)):
         prova.assertAlmostEqual(uno, altro, delta=1)
-    parole, attese = ([(uguale(testo), posto) for testo, posto in ricuci(foglio.parole)] for foglio in fogli)
-    for testo, posto in attese:
-        trovata = next((p for p in parole if p[0] == testo and vicini(p[1], posto)), None)
-        prova.assertIsNotNone(trovata, f"{testo!r} non sta a {posto}: {parole}")
-        parole.remove(trovata)
-    prova.assertEqual(parole, [])
-    tratti = [sorted(linee(percorso)) for percorso in (trovato, atteso)]
-    prova.assertEqual(len(tratti[0]), 4, tratti)  # the frame of the heading
-    prova.assertEqual(len(tratti[1]), 4, tratti)
-    for uno, altro in zip(*tratti):
-        prova.assertTrue(vicini(uno, altro), tratti)
+    prova.assertEqual([len(foglio.misure) for foglio in fogli], [1, 1])
+    accoppia(prova, *(ricuci(foglio.parole) for foglio in fogli))
+    cornice = [[("linea", posto) for posto in linee(percorso)] for percorso in (trovato, atteso)]
+    prova.assertEqual(len(cornice[1]), 4, cornice)
+    accoppia(prova, *cornice)
+
+
+def accoppia(prova, trovati, attesi):
+    """Each text in its place, and none is left over."""
+    restano = [(uguale(testo), posto) for testo, posto in trovati]
+    for testo, posto in attesi:
+        trovato = next((r for r in restano if r[0] == uguale(testo) and vicini(r[1], posto)), None)
+        prova.assertIsNotNone(trovato, f"{testo!r} non sta a {posto}: {restano}")
+        restano.remove(trovato)
+    prova.assertEqual(restano, [])
 
 
 def uguale(testo):
