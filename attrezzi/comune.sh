@@ -13,8 +13,9 @@ PACCHETTI_SCHERMO_VIRTUALE=(xvfb xdotool imagemagick dbus at-spi2-core python3-g
 PACCHETTI_SCRIVANIA=(openbox xfwm4 tint2 x11-utils)
 # A print queue that makes PDFs, and what looks into them.
 PACCHETTI_STAMPA=(cups cups-client cups-filters ghostscript printer-driver-cups-pdf poppler-utils)
-# The Windows program: its compiler, its installer, and what it runs on here.
-PACCHETTI_WINDOWS=(g++-mingw-w64-x86-64-posix nsis wine64 wine)
+# The Windows program: its compiler, its installer, and what it runs on here. Wine prints where it finds libcups2;
+# the tests sign with a certificate of their own.
+PACCHETTI_WINDOWS=(g++-mingw-w64-x86-64-posix nsis wine64 wine libcups2 openssl osslsigncode)
 # The Debian package is made and looked into: dpkg-dev and file.
 PACCHETTI_CONTROLLI=(git clang-format cppcheck dpkg-dev file)
 

@@ -30,6 +30,9 @@ if(WIN32)
   set(CPACK_NSIS_EXTRA_INSTALL_COMMANDS [[
     IfFileExists "$INSTDIR\lumira.ini" +2
       CopyFiles /SILENT "$INSTDIR\impianto\lumira.ini" "$INSTDIR\lumira.ini"]])
+  # The installer is signed when it is made, the uninstaller before it goes into it.
+  set(firma "'\"${PROJECT_SOURCE_DIR}/packaging/windows/firma.sh\" \"%1\"' = 0")
+  string(APPEND CPACK_NSIS_DEFINES "\n  !finalize ${firma}\n  !uninstfinalize ${firma}")
 else()
   set(CPACK_GENERATOR DEB)
   set(CPACK_PACKAGING_INSTALL_PREFIX /opt/lumira)

@@ -16,3 +16,9 @@ if(CPACK_GENERATOR STREQUAL "DEB")
   file(COPY ${sorgente}/dati/sorgenti/lumira.svg
        DESTINATION ${CPACK_TEMPORARY_DIRECTORY}/usr/share/icons/hicolor/scalable/apps)
 endif()
+
+# Signed last of all: a signature covers every byte. Programs are ours, libraries are others'.
+file(GLOB_RECURSE programmi ${CPACK_TEMPORARY_DIRECTORY}/*.exe)
+foreach(programma ${programmi})
+  execute_process(COMMAND ${CMAKE_CURRENT_LIST_DIR}/windows/firma.sh ${programma} COMMAND_ERROR_IS_FATAL ANY)
+endforeach()

@@ -8,6 +8,7 @@
 
 #include <memory>
 
+class QPageSize;
 class QPagedPaintDevice;
 
 struct CodaStampa
@@ -28,6 +29,9 @@ class FoglioStampa
 {
 public:
     virtual ~FoglioStampa() = default;
+    /// Lays in the paper, upright: the surface goes from its corner to its edges, whatever margins the queue
+    /// has of its own. Called before a painter begins. @return false when the queue has it otherwise.
+    virtual bool Imposta_Carta(const QPageSize &carta) = 0;
     /// What a painter begins on. The painter has ended before the sheet is handed over.
     virtual QPagedPaintDevice &Superficie() = 0;
     /// @return false when the system does not take it.

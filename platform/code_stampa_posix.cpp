@@ -81,6 +81,12 @@ public:
         m_scrittore = std::make_unique<QPdfWriter>(&m_pdf);
         m_scrittore->setTitle(titolo);
     }
+    bool Imposta_Carta(const QPageSize &carta) override
+    {
+        QPageLayout pagina(carta, QPageLayout::Portrait, QMarginsF());
+        pagina.setMode(QPageLayout::FullPageMode);
+        return m_scrittore->setPageLayout(pagina);
+    }
     QPagedPaintDevice &Superficie() override { return *m_scrittore; }
     bool Consegna() override
     {

@@ -5,9 +5,12 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 
+#include <cmath>
+
 namespace {
 
 const QSizeF A4(210, 297);
+constexpr double SCARTO_CARTA = 1; // mm
 
 class FoglioCoda : public FoglioStampa
 {
@@ -16,6 +19,15 @@ public:
         : m_stampante(QPrinterInfo::printerInfo(coda), QPrinter::HighResolution)
     {
         m_stampante.setDocName(titolo);
+    }
+    /// Call by call: a layout as a whole is refused for margins below the driver's own, and nothing of it
+    /// holds then. Lying on its side, shifted by margins or made for other paper a page would be spoilt.
+    bool Imposta_Carta(const QPageSize &carta) override
+    {
+        const bool diritta = m_stampante.setPageOrientation(QPageLayout::Portrait);
+        m_stampante.setPageSize(carta); // the measures tell whether it holds: see Stessa_Carta
+        m_stampante.setFullPage(true);
+        return diritta && Stessa_Carta(carta) && m_stampante.setPageMargins(QMarginsF());
     }
     QPagedPaintDevice &Superficie() override { return m_stampante; }
     /// The job has gone out with the painter's end; here it shows whether the driver took it.
@@ -26,6 +38,14 @@ public:
     }
 
 private:
+    /// True when the driver has this paper, be it under a name of its own or a hair larger or smaller.
+    bool Stessa_Carta(const QPageSize &carta) const
+    {
+        const QSizeF trovata = m_stampante.pageLayout().fullRect(QPageLayout::Millimeter).size();
+        const QSizeF scarto = trovata - carta.size(QPageSize::Millimeter);
+        return std::abs(scarto.width()) <= SCARTO_CARTA && std::abs(scarto.height()) <= SCARTO_CARTA;
+    }
+
     QPrinter m_stampante;
 };
 

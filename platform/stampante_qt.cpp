@@ -131,10 +131,8 @@ QPainter &StampanteQt::Pennello()
     if (!m_foglio) {
         m_foglio = Foglio_Nuovo(m_nome, QStringLiteral("lumira"));
         QPagedPaintDevice &superficie = m_foglio->Superficie();
-        QPageLayout pagina(Carta(), QPageLayout::Portrait, QMarginsF());
-        pagina.setMode(QPageLayout::FullPageMode); // from the corner of the paper, whatever the margins
-        superficie.setPageLayout(pagina);
-        if (m_pennello.begin(&superficie))
+        // From the corner of the paper, whatever the margins.
+        if (m_foglio->Imposta_Carta(Carta()) && m_pennello.begin(&superficie))
             m_pennello.scale(superficie.logicalDpiX() / TWIP_POLLICE,
                              superficie.logicalDpiY() / TWIP_POLLICE);
     }

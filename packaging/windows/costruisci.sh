@@ -3,7 +3,8 @@
 # and an installer, in build/windows/pacchetti.
 #   packaging/windows/costruisci.sh
 # The Qt for Windows lies in build/qt6-mingw. If it is not there yet it is unpacked from QT6_MINGW_ARCHIVIO, by
-# default ../shared/windows/qt6-mingw.tar.xz. COMPITI: how many compilers at a time.
+# default ../shared/windows/qt6-mingw.tar.xz. COMPITI: how many compilers at a time. LUMIRA_FIRMA: how programs and
+# installer are signed (firma.sh); without it they are not.
 set -eu
 cd "$(dirname "$0")/../.."
 radice=$PWD
@@ -33,5 +34,8 @@ cmake --build build/windows -j "${COMPITI:-$(nproc)}"
 # A new folder at every run: the last one might hold the lumira.ini of somebody's trial.
 rm -rf "$consegna"
 cmake --install build/windows --strip --prefix "$consegna"
+for programma in "$consegna"/*.exe; do
+    packaging/windows/firma.sh "$programma"
+done
 cpack --config build/windows/CPackConfig.cmake
 ls -l build/windows/pacchetti/lumira-*

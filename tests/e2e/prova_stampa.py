@@ -1,50 +1,25 @@
 """The printed report: what comes out of the printer, and what the operator is told when nothing can."""
 
 import contextlib
-import html
 import io
-import re
 import shutil
-import subprocess
 import tempfile
 import time
 
 import dimostrazione
+from foglio import MM, Foglio
 from operatore import attendi
 from prova import ProvaStazione, veicolo
 from stampante import Stampante
 
 SENZA_STAMPANTE = "Nessuna stampante pronta"
 
-MM = 72 / 25.4
 SCARTO = 2 * MM  # points
 TWIP = 20  # a point
 
 # On the left too high and too far to the left, on the right too weak; the main beams are in order.
 RECORD = ("0305AS", "0720OO", "0037OO", "0734OO")
 IRREGOLARI = {"VertAnabSx", "OrizzAnabSx", "EsitoIllumLuxAnabDx"}
-
-
-class Foglio:
-    """A printed sheet: its size and its words, in points from the upper left corner."""
-
-    PAROLA = re.compile(r'<word xMin="(.*?)" yMin="(.*?)" xMax="(.*?)" yMax="(.*?)">(.*?)</word>')
-
-    def __init__(self, percorso):
-        testo = subprocess.run(
-            ["pdftotext", "-bbox", percorso, "-"], check=True, capture_output=True, text=True
-        ).stdout
-        self.misure = [(float(w), float(h)) for w, h in re.findall(r'<page width="(.*?)" height="(.*?)">', testo)]
-        self.parole = [(html.unescape(p[4]), tuple(map(float, p[:4]))) for p in self.PAROLA.findall(testo)]
-
-    def posti(self, testo):
-        """The places of a text, one word after the other on one line: left, top, right, bottom."""
-        cercate = testo.split(" ")
-        for inizio in range(len(self.parole) - len(cercate) + 1):
-            trovate = self.parole[inizio : inizio + len(cercate)]
-            posti = [posto for _, posto in trovate]
-            if [parola for parola, _ in trovate] == cercate and max(p[1] for p in posti) < min(p[3] for p in posti):
-                yield posti[0][0], posti[0][1], posti[-1][2], posti[-1][3]
 
 
 class Geometria:
