@@ -44,18 +44,18 @@ class Macchina:
         opzioni = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL} | opzioni
         return operatore.avvia_processo(self.comando(programma, *argomenti), env=self.ambiente, **opzioni)
 
-    def esegui(self, programma, *argomenti):
+    def esegui(self, programma, *argomenti, stato=0, **opzioni):
         """Runs a program to its end.
 
         @returns what it wrote on its standard output.
-        @throws AssertionError when its status is not 0.
+        @throws AssertionError when its status is another than this one.
         """
-        processo = self.avvia(programma, *argomenti, stdout=subprocess.PIPE)
+        processo = self.avvia(programma, *argomenti, stdout=subprocess.PIPE, **opzioni)
         try:
             uscita = processo.communicate(timeout=TEMPO)[0].decode("utf-8", "replace")
         finally:
             operatore.ferma_processo(processo)
-        if processo.returncode != 0:
+        if processo.returncode != stato:
             raise AssertionError(f"{programma}: {processo.returncode}\n{uscita}")
         return uscita
 
