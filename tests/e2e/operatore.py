@@ -289,13 +289,14 @@ class Programma:
 
     SCHERMATE = os.environ.get("LUMIRA_SCHERMATE")  # where a wait that failed leaves its picture
 
-    def __init__(self, stazione, schermo, **ambiente):
+    def __init__(self, stazione, schermo, *davanti, **ambiente):
+        """@param davanti command that runs the program, if it is not run by itself."""
         self.schermo = schermo
         self._diario = stazione.percorso("lumira.out")
         self._applicazione = None
         with open(self._diario, "wb") as diario:
             self.processo = avvia_processo(
-                [stazione.percorso("lumira")],
+                [*davanti, stazione.percorso("lumira")],
                 cwd=stazione.cartella,
                 env=schermo.ambiente | ambiente,
                 stdout=diario,
