@@ -4,11 +4,9 @@ import os
 import shutil
 import time
 
-from operatore import attendi
+from operatore import SENZA_POTERI, attendi
 from prova import ProvaStazione
 
-# Root without its powers is refused what anybody is refused, and keeps its place on the buses of the screen.
-SENZA_POTERI = ["setpriv", "--bounding-set=-all", "--inh-caps=-all"] if os.geteuid() == 0 else []
 AVVISO = "Le modifiche alle impostazioni andranno perse"
 
 

@@ -2,12 +2,11 @@
 
 import shutil
 
+from finestre import TEMPO
 from macchina import COSTRUZIONE, ProvaMacchina
 from operatore import attendi
 
 IN_USO = 3  # status of a run that found the station open
-TEMPO = 120  # seconds: the machine unpacks a whole station meanwhile
-
 CHIAVE = r"HKLM\Software\lumira\lumira"
 DISINSTALLAZIONE = r"HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\lumira"
 
