@@ -6,10 +6,13 @@
 #include "platform/errore_esecuzione.h"
 #include "platform/istanza.h"
 #include "platform/percorsi.h"
+#include "platform/profilo_scrivibile.h"
 #include "toolkit/applicazione.h"
 #include "toolkit/schermo.h"
 
 namespace {
+
+constexpr qint16 TESTO_CONFIGURAZIONE_BLOCCATA = 160;
 
 /// The text is fixed and in English: no text file may be there to provide another.
 void Esige_File(const QString &file)
@@ -18,6 +21,17 @@ void Esige_File(const QString &file)
         return;
     Mostra_MsgTempo(QStringLiteral("Setup File not Found\r\n (") + file + u')');
     Programma_Termina();
+}
+
+/// Whoever saves a value is not told when it is lost: the forms go on as if it had been written. So it is
+/// said here, once, and the station works on. An older text file has no words for it.
+void Avverte_SeNonScrivibile(const QString &file)
+{
+    if (Profilo_Scrivibile(file))
+        return;
+    const QString testo = Testo_Mctc(TESTO_CONFIGURAZIONE_BLOCCATA);
+    Mostra_MsgConferma((testo.isEmpty() ? QStringLiteral("Setup File not Writable") : testo) +
+                       QStringLiteral("\r\n (") + file + u')');
 }
 
 /// @return true when the main window is open.
@@ -34,6 +48,7 @@ bool Avvia()
     Esige_File(gFileLingue);
     Avvio_Impostazioni();
     Predefinito<frmMain>().Mostra();
+    Avverte_SeNonScrivibile(gFileIni);
     return true;
 }
 

@@ -18,6 +18,10 @@ PAUSA = 0.05  # seconds between two looks at a condition
 ATTESA = 30  # seconds: far more than anything takes, so that a slow machine fails no test
 RIPROVA = 3  # seconds until an operator clicks again
 
+# Runs a command without the powers of root: it is refused what anybody is refused, and keeps its place on the buses
+# of the screen.
+SENZA_POTERI = ["setpriv", "--bounding-set=-all", "--inh-caps=-all"] if os.geteuid() == 0 else []
+
 PR_SET_PDEATHSIG = 1
 _libc = ctypes.CDLL(None)
 
@@ -289,13 +293,14 @@ class Programma:
 
     SCHERMATE = os.environ.get("LUMIRA_SCHERMATE")  # where a wait that failed leaves its picture
 
-    def __init__(self, stazione, schermo, **ambiente):
+    def __init__(self, stazione, schermo, *davanti, **ambiente):
+        """@param davanti command that runs the program, if it is not run by itself."""
         self.schermo = schermo
         self._diario = stazione.percorso("lumira.out")
         self._applicazione = None
         with open(self._diario, "wb") as diario:
             self.processo = avvia_processo(
-                [stazione.percorso("lumira")],
+                [*davanti, stazione.percorso("lumira")],
                 cwd=stazione.cartella,
                 env=schermo.ambiente | ambiente,
                 stdout=diario,

@@ -99,7 +99,7 @@ void Carica_Lingua(const QString &file, qint16 ultimo, QStringList &tabella)
 
 QString Testo_Mctc(qint16 id)
 {
-    return gTabMctc.value(id);
+    return id <= ULTIMO_TESTO_MCTC ? gTabMctc.value(id) : Valore_Ini(gFileLingueMctc, gLingua, Lingua_Id(id));
 }
 QString Testo_Lingua(qint16 id)
 {

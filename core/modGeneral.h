@@ -77,7 +77,8 @@ QString Lingua_Id(qint16 id);
 /// file or key gives an empty text.
 void Carica_Lingua(const QString &file, qint16 ultimo, QStringList &tabella);
 
-/// The text of an id, empty where the table was never filled.
+/// The text of an id, empty where the table was never filled. Texts that came behind the last of
+/// lingueMCTC.ini are read when they are asked for: a file from before them, kept by a workshop, has none.
 QString Testo_Mctc(qint16 id);
 QString Testo_Lingua(qint16 id);
 

@@ -259,7 +259,7 @@ Ids Ids_Di(QString espressione, const Luogo &luogo)
 Sorgenti Sorgenti_CheMostrano(const Sorgenti &sorgenti)
 {
     static const QRegularExpression POSTO(
-        QStringLiteral("^(core|link|mctc|report|setup|dialogs)/(?!modGeneral\\.)"));
+        QStringLiteral("^(app|core|link|mctc|report|setup|dialogs)/(?!modGeneral\\.)"));
     Sorgenti spogli;
     for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
         if (POSTO.match(sorgente.key()).hasMatch())

@@ -327,15 +327,14 @@ private Q_SLOTS:
         Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
         Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);
         QStringList mancano;
-        const auto cerca = [&mancano](const char16_t *file, const QSet<int> &ids,
-                                      const QStringList &tabella) {
+        const auto cerca = [&mancano](const char16_t *file, const QSet<int> &ids, QString (*testo)(qint16)) {
             for (const int id : ids) {
-                if (tabella.value(id).isEmpty())
+                if (testo(static_cast<qint16>(id)).isEmpty())
                     mancano.append(QString::fromUtf16(file) + u' ' + Lingua_Id(static_cast<qint16>(id)));
             }
         };
-        cerca(FILE_MCTC, m_usati.mctc, gTabMctc);
-        cerca(FILE_LINGUA, m_usati.lingua, gTabLingua);
+        cerca(FILE_MCTC, m_usati.mctc, Testo_Mctc);
+        cerca(FILE_LINGUA, m_usati.lingua, Testo_Lingua);
         mancano.sort();
         Senza_Falli(mancano);
     }

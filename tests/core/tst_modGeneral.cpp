@@ -220,6 +220,17 @@ private Q_SLOTS:
         QCOMPARE(Testo_Mctc(159), QString());
     }
 
+    /// Texts behind the table come from the file; one that a workshop has kept from before has none.
+    void testoDietroLaTabella()
+    {
+        const StazioneProva stazione;
+        QVERIFY(!Testo_Mctc(ULTIMO_TESTO_MCTC + 1).isEmpty());
+        stazione.Scrivi(QStringLiteral("lingueMCTC.ini"), "[IT]\r\n159=Controllo\r\n");
+        QCOMPARE(Testo_Mctc(ULTIMO_TESTO_MCTC + 1), QString());
+        stazione.Scrivi(QStringLiteral("lingueMCTC.ini"), "[IT]\r\n160=Dietro\r\n");
+        QCOMPARE(Testo_Mctc(ULTIMO_TESTO_MCTC + 1), QStringLiteral("Dietro"));
+    }
+
     void testoFuoriDallaTabella()
     {
         gTabMctc.clear();

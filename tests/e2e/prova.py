@@ -51,9 +51,9 @@ class ProvaStazione(unittest.TestCase):
         self.addCleanup(strumento.spegni)
         return strumento
 
-    def avvia(self, **ambiente):
-        """Starts the program and waits for nothing."""
-        programma = operatore.Programma(self.stazione, self.schermo, **ambiente)
+    def avvia(self, *davanti, **ambiente):
+        """Starts the program and waits for nothing. @param davanti command that runs it."""
+        programma = operatore.Programma(self.stazione, self.schermo, *davanti, **ambiente)
         self.addCleanup(programma.chiudi)
         return programma
 

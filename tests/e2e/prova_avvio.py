@@ -1,9 +1,13 @@
 """How the program starts, and when it does not."""
 
+import os
+import shutil
 import time
 
-from operatore import attendi
+from operatore import SENZA_POTERI, attendi
 from prova import ProvaStazione
+
+AVVISO = "Le modifiche alle impostazioni andranno perse"
 
 
 class Avvio(ProvaStazione):
@@ -41,6 +45,52 @@ class Avvio(ProvaStazione):
         self.assertEqual(programma.attendi_fine(10), 0)
         self.assertAlmostEqual(time.monotonic() - inizio, 2, delta=1)
         self.assertFalse(self.stazione.percorso(nome).exists())
+
+    def test_dove_la_configurazione_non_si_scrive_lo_dice_e_lavora(self):
+        self.stazione.cartella.chmod(0o555)
+        self.addCleanup(self.stazione.cartella.chmod, 0o755)
+        programma = self.avviso(AVVISO)
+        self.assertTrue(any("\\lumira.ini)" in testo for testo in programma.testi()), programma.testi())
+        programma.premi("Ok")
+        programma.premi("Informazioni")
+        programma.attendi_testo("Informazioni")
+        programma.premi("Ok")
+        self.esci(programma)
+
+    def test_un_file_di_un_altro_anche_in_unaltra_lingua_o_senza_il_testo(self):
+        self.stazione.imposta("IMPOSTAZIONI", "Lingua", "EN")
+        ini = self.stazione.percorso("lumira.ini")
+        if os.geteuid() == 0:
+            shutil.chown(ini, "nobody")
+        ini.chmod(0o444)
+        prima = ini.read_bytes()
+        self.congeda(self.avviso("Changes to the settings will be lost"))
+
+        testi = self.stazione.percorso("lingueMCTC.ini")
+        testi.write_bytes(b"\r\n".join(r for r in testi.read_bytes().split(b"\r\n") if not r.startswith(b"160=")))
+        self.congeda(self.avviso("Setup File not Writable"))
+        self.assertEqual(ini.read_bytes(), prima)
+
+    def test_dopo_laggiornamento_di_una_stazione_aperta_non_ne_parte_una_seconda(self):
+        programma = self.avvia_al_menu()
+        # As a package does: the new file beside the old one, then in its place.
+        nuovo = self.stazione.percorso("lumira.dpkg-new")
+        shutil.copy2(self.stazione.percorso("lumira"), nuovo)
+        nuovo.rename(self.stazione.percorso("lumira"))
+        self.assertEqual(self.avvia().attendi_fine(10), 0)
+        self.esci(programma)
+
+    def avviso(self, testo):
+        """A start that ends in a warning."""
+        programma = self.avvia(*SENZA_POTERI)
+        programma.attendi_testo(testo)
+        return programma
+
+    def congeda(self, programma):
+        """From the warning to the end of the program."""
+        programma.premi("Ok")
+        programma.premi("Exit")
+        self.assertEqual(programma.attendi_fine(), 0)
 
     def test_senza_i_testi_delle_finestre_parte_con_le_scritte_vuote(self):
         self.stazione.percorso("lingueMCTC.ini").unlink()

@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -133,6 +134,27 @@ private Q_SLOTS:
         Programma terza;
         QCOMPARE(terza.Detto(), "second");
         QVERIFY(prima.Chiudi() && terza.Chiudi());
+    }
+
+    /// A package puts a new program file in the old one's place, whether the station runs or not.
+    void unAggiornamentoNonLasciaEntrareLaSeconda()
+    {
+        const QTemporaryDir cartella;
+        const QString programma =
+            cartella.filePath(QFileInfo(QCoreApplication::applicationFilePath()).fileName());
+        const QString nuovo = cartella.filePath(QStringLiteral("nuovo"));
+        QVERIFY(QFile::copy(QCoreApplication::applicationFilePath(), programma));
+        Programma prima(programma);
+        QCOMPARE(prima.Detto(), "first");
+        QVERIFY(QFile::rename(programma, cartella.filePath(QStringLiteral("vecchio"))));
+        QVERIFY(QFile::copy(QCoreApplication::applicationFilePath(), nuovo) &&
+                QFile::rename(nuovo, programma));
+        Programma seconda(programma);
+        QCOMPARE(seconda.Detto(), "second");
+        QVERIFY(prima.Chiudi() && seconda.Chiudi());
+        Programma dopo(programma);
+        QCOMPARE(dopo.Detto(), "first");
+        QVERIFY(dopo.Chiudi());
     }
 
     void unAltraInstallazioneNonConta()

@@ -19,8 +19,12 @@ TEMPO = 300  # seconds for a program that ends by itself
 class Macchina:
     """What runs on it ends with it. Paths of this computer stand below Z:."""
 
-    def __init__(self, ambiente=None):
-        """@param ambiente of a virtual screen, for what opens windows."""
+    def __init__(self, ambiente=None, davanti=()):
+        """
+        @param ambiente of a virtual screen, for what opens windows.
+        @param davanti command that runs everything on the machine, e.g. without the powers of root.
+        """
+        self._davanti = list(davanti)
         self._cartella = tempfile.TemporaryDirectory(prefix="macchina-", ignore_cleanup_errors=True)
         self.ambiente = (os.environ if ambiente is None else ambiente) | {
             "WINEPREFIX": f"{self._cartella.name}/wine",
@@ -34,28 +38,27 @@ class Macchina:
         """The name that a file of this computer has there."""
         return "Z:" + str(percorso).replace("/", "\\")
 
-    @staticmethod
-    def comando(programma, *argomenti):
+    def comando(self, programma, *argomenti):
         """What runs a program there, from here; with .ambiente."""
-        return [WINE, programma, *argomenti]
+        return [*self._davanti, WINE, programma, *argomenti]
 
     def avvia(self, programma, *argomenti, **opzioni):
         # The machine goes on with what its first program was given.
         opzioni = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL} | opzioni
         return operatore.avvia_processo(self.comando(programma, *argomenti), env=self.ambiente, **opzioni)
 
-    def esegui(self, programma, *argomenti):
+    def esegui(self, programma, *argomenti, stato=0, **opzioni):
         """Runs a program to its end.
 
         @returns what it wrote on its standard output.
-        @throws AssertionError when its status is not 0.
+        @throws AssertionError when its status is another than this one.
         """
-        processo = self.avvia(programma, *argomenti, stdout=subprocess.PIPE)
+        processo = self.avvia(programma, *argomenti, stdout=subprocess.PIPE, **opzioni)
         try:
             uscita = processo.communicate(timeout=TEMPO)[0].decode("utf-8", "replace")
         finally:
             operatore.ferma_processo(processo)
-        if processo.returncode != 0:
+        if processo.returncode != stato:
             raise AssertionError(f"{programma}: {processo.returncode}\n{uscita}")
         return uscita
 

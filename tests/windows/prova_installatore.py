@@ -1,59 +1,102 @@
-"""The Windows installer: what it lays down, what an upgrade and a removal leave alone."""
+"""The Windows installer by itself: what it lays down and where, what an upgrade and a removal leave alone."""
 
 import re
-import shutil
 import struct
+import subprocess
 
-from macchina import COSTRUZIONE, RADICE, ProvaMacchina
-from operatore import Profilo, attendi
+from installatore import CHIAVE, DISINSTALLAZIONE, ProvaInstallatore
+from macchina import COSTRUZIONE, RADICE
+from operatore import Profilo
 
 
-class Installatore(ProvaMacchina):
-    def setUp(self):
-        (self.installatore,) = (COSTRUZIONE / "pacchetti").glob("lumira-*-windows.exe")
-        self.stazione = self.macchina.disco / "stazione"
-        self.addCleanup(shutil.rmtree, self.stazione, True)
-
-    def installa(self):
-        self.macchina.esegui(self.installatore, "/S", r"/D=C:\stazione")
-
-    def rimuovi(self):
-        self.macchina.esegui(self.stazione / "Uninstall.exe", "/S")
-        # The uninstaller goes on in a copy of itself.
-        attendi(lambda: not (self.stazione / "Uninstall.exe").exists(), cosa="fine della rimozione")
-
-    def gruppo(self):
-        """Names of the program group's entries."""
-        menu = self.macchina.disco / "ProgramData/Microsoft/Windows/Start Menu/Programs/lumira"
-        return sorted(voce.name for voce in menu.glob("*"))
-
+class Installatore(ProvaInstallatore):
     def test_la_stazione_e_completa_e_ha_il_suo_gruppo(self):
-        self.installa()
+        self.installa_in_stazione()
         for nome in """lumira.exe lumira.ini lingue.ini lingueMCTC.ini dati/ModelloAcc.acc dati/faro0.jpg qx5sim.exe
                        lumira-password.exe Qt6Widgets.dll platforms/qwindows.dll imageformats/qjpeg.dll""".split():
             self.assertTrue((self.stazione / nome).is_file(), nome)
         self.assertIn("lumira.lnk", self.gruppo())
 
     def test_senza_una_cartella_scelta_va_dove_si_puo_scrivere(self):
-        self.macchina.esegui(self.installatore, "/S")
-        predefinita = self.macchina.disco / "lumira"
-        self.assertTrue((predefinita / "lumira.ini").is_file())
-        self.macchina.esegui(predefinita / "Uninstall.exe", "/S")
-        attendi(lambda: not (predefinita / "Uninstall.exe").exists(), cosa="fine della rimozione")
+        self.installa()
+        self.assertTrue((self.disco / "lumira" / "lumira.ini").is_file())
+
+    def configura(self):
+        """Every key of the configuration gets a value of the workshop's own.
+
+        @returns the bytes of the file.
+        """
+        ini = self.stazione / "lumira.ini"
+        numeri = iter(range(1000))
+        chiave = re.compile(rb"(?m)^([^;\[=\r\n]+)=[^\r\n]*")
+        byte = chiave.sub(lambda m: m[1] + b"=officina %d" % next(numeri), ini.read_bytes())
+        self.assertGreater(next(numeri), 50)
+        ini.write_bytes(byte)
+        return byte
 
     def test_un_aggiornamento_lascia_la_configurazione_e_rinnova_il_resto(self):
-        self.installa()
-        ini = Profilo(self.stazione / "lumira.ini")
-        ini.imposta("LUMIRA", "Comm_NSerie", "987654")
-        configurazione = ini.percorso.read_bytes()
+        self.installa_in_stazione()
+        configurazione = self.configura()
         testi = (self.stazione / "lingue.ini").read_bytes()
         (self.stazione / "lingue.ini").write_bytes(b"")
         self.installa()
-        self.assertEqual(ini.percorso.read_bytes(), configurazione)
+        self.assertEqual((self.stazione / "lumira.ini").read_bytes(), configurazione)
         self.assertEqual((self.stazione / "lingue.ini").read_bytes(), testi)
 
-    def test_la_rimozione_lascia_la_configurazione_e_lo_scambio(self):
+        # It went where the station is: there is no second one, and menu and uninstaller belong to the one.
+        self.assertFalse((self.disco / "lumira").exists())
+        self.assertEqual(self.registrato(CHIAVE, None), r"C:\stazione")
+        self.assertEqual(self.registrato(DISINSTALLAZIONE, "UninstallString"), r'"C:\stazione\Uninstall.exe"')
+        self.assertIn(rb"C:\stazione\lumira.exe", (self.menu / "lumira.lnk").read_bytes())
+
+    def test_sopra_una_1_0_nella_sua_cartella(self):
+        # What the installer of 1.0 left behind, file by file and key by key.
+        for nome in ("lumira.exe", "Qt6Core.dll", "lingue.ini", "Uninstall.exe"):
+            self.stazione.mkdir(exist_ok=True)
+            (self.stazione / nome).write_bytes(b"1.0")
+        (self.stazione / "lumira.ini").write_bytes(b"[LUMIRA]\r\nComm_NSerie=987654\r\n")
+        for chiave, nome, valore in (
+            (CHIAVE, None, r"C:\stazione"),
+            (CHIAVE, "Start Menu Folder", "lumira"),
+            (DISINSTALLAZIONE, "DisplayVersion", "1.0.0"),
+            (DISINSTALLAZIONE, "UninstallString", r'"C:\stazione\Uninstall.exe"'),
+        ):
+            self.macchina.esegui("reg", "add", chiave, *(["/v", nome] if nome else ["/ve"]), "/d", valore, "/f")
         self.installa()
+        self.assertFalse((self.disco / "lumira").exists())
+        for nome in ("lumira.exe", "Qt6Core.dll", "lingue.ini", "Uninstall.exe"):
+            self.assertGreater((self.stazione / nome).stat().st_size, 3, nome)
+        self.assertEqual(Profilo(self.stazione / "lumira.ini").valore("LUMIRA", "Comm_NSerie"), "987654")
+
+    def test_la_cartella_chiesta_vince_su_quella_di_prima(self):
+        self.installa_in_stazione()
+        self.installa(r"/D=C:\lumira")
+        self.assertTrue((self.disco / "lumira" / "lumira.exe").is_file())
+        self.assertEqual(self.registrato(CHIAVE, None), r"C:\lumira")
+
+    def test_sotto_i_programmi_da_agli_utenti_il_diritto_di_scrivere(self):
+        for cartella, concessi in ((r"C:\stazione", 0), (r"C:\Program Files\lumira", 1)):
+            chiamate = self.chiamate_a_icacls(f"/D={cartella}")
+            self.assertEqual(len(chiamate), concessi, cartella)
+        self.assertIn(r'"C:\\Program Files\\lumira" "/grant" "*S-1-5-32-545:(OI)(CI)M"', chiamate[0])
+
+    def chiamate_a_icacls(self, cartella):
+        """Installs by itself.
+
+        @returns what the program for the rights was called with. Wine has it in name alone: all it does is tell.
+        """
+        normale = self.macchina.ambiente["WINEDEBUG"]
+        self.macchina.spegni()
+        self.macchina.ambiente["WINEDEBUG"] = "fixme+all"
+        try:
+            uscita = self.macchina.esegui(self.installatore, "/S", *cartella.split(" "), stderr=subprocess.STDOUT)
+        finally:
+            self.macchina.spegni()
+            self.macchina.ambiente["WINEDEBUG"] = normale
+        return re.findall(r"icacls:main stub: (.*)", uscita)
+
+    def test_la_rimozione_lascia_la_configurazione_e_lo_scambio(self):
+        self.installa_in_stazione()
         scambio = self.stazione / "DIR_FAR"
         scambio.mkdir()
         (scambio / "10000001.far").touch()

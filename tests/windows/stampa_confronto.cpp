@@ -8,11 +8,11 @@
 //   stampata 1                  the page was taken; 0 when it was not
 #include "core/limiti.h"
 #include "core/modGeneral.h"
-#include "core/risultato.h"
-#include "toolkit/applicazione.h"
-#include "platform/stampante.h"
 #include "core/modReport.h"
+#include "core/risultato.h"
+#include "platform/stampante.h"
 #include "report/pagina.h"
+#include "toolkit/applicazione.h"
 
 #include <cstdio>
 

@@ -1,0 +1,122 @@
+; What the installer knows of a station beyond its files: where the last one was laid, that it may be open, and that
+; whoever sits at it has to write in its folder. Included by the script that cpack makes.
+!include LogicLib.nsh
+
+; The station stays where it is: its folder is proposed again, and taken by a silent run, unless /D names another.
+InstallDirRegKey HKLM "Software\lumira\lumira" ""
+
+; A file that cannot be laid down ends the run: no station works with the parts of two versions.
+AllowSkipFiles off
+
+; Statuses of a run that ends otherwise than by the operator's choice (1) or a fault of the script (2).
+!define STATO_IN_USO 3    ; the station is open: nothing was changed
+!define STATO_DIRITTI 4   ; installed, but its users cannot write in its folder
+
+!define UTENTI "*S-1-5-32-545" ; the group of this computer's users, whatever the language of the system calls it
+
+Var Testo
+
+!macro Testo italiano inglese
+  ${If} $LANGUAGE == 1040
+    StrCpy $Testo `${italiano}`
+  ${Else}
+    StrCpy $Testo `${inglese}`
+  ${EndIf}
+!macroend
+
+; Leaves in $R0 a program or library of the station that is in use, and nothing when none is: a file that runs
+; cannot be opened for writing. The uninstaller may be the one that asks.
+!macro Definisci_InUso UN
+Function ${UN}In_Uso
+  StrCpy $R0 ""
+  FindFirst $R1 $R2 "$INSTDIR\*.*"
+  ${DoWhile} $R2 != ""
+    StrCpy $R3 $R2 "" -4
+    ${If} $R3 == ".exe"
+    ${OrIf} $R3 == ".dll"
+      ClearErrors
+      FileOpen $R4 "$INSTDIR\$R2" a
+      ${If} ${Errors}
+        ${If} $R2 != "Uninstall.exe"
+          StrCpy $R0 $R2
+        ${EndIf}
+      ${Else}
+        FileClose $R4
+      ${EndIf}
+    ${EndIf}
+    FindNext $R1 $R2
+  ${Loop}
+  FindClose $R1
+FunctionEnd
+
+; Goes on when the station is closed, and sees to it that nobody opens it while its files change: its program is the
+; first that goes. Asks as often as it takes; a silent run ends at once.
+Function ${UN}Esigi_StazioneChiusa
+  ${Do}
+    Call ${UN}In_Uso
+    ${If} $R0 == ""
+      Delete "$INSTDIR\lumira.exe"
+      ${IfNot} ${FileExists} "$INSTDIR\lumira.exe"
+        Return
+      ${EndIf}
+      StrCpy $R0 "lumira.exe"
+    ${EndIf}
+    !insertmacro Testo "La stazione in $INSTDIR è aperta ($R0 è in uso).$\r$\nChiuderla e riprovare." \
+                       "The station in $INSTDIR is open ($R0 is in use).$\r$\nClose it and try again."
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$Testo" /SD IDCANCEL IDRETRY ancora
+    SetErrorLevel ${STATO_IN_USO}
+    Quit
+    ancora:
+  ${Loop}
+FunctionEnd
+!macroend
+!insertmacro Definisci_InUso ""
+!insertmacro Definisci_InUso "un."
+
+; Leaves in $R0 whether the system keeps its users from writing in the folder of the station: it does below its own
+; folders, and nowhere else by itself.
+Function Cartella_DelSistema
+  StrCpy $R0 ""
+  !macro Confronta cartella
+    StrLen $R1 "${cartella}"
+    StrCpy $R2 $INSTDIR $R1
+    ${If} $R2 == "${cartella}"
+      StrCpy $R0 "1"
+    ${EndIf}
+  !macroend
+  !insertmacro Confronta $PROGRAMFILES64
+  !insertmacro Confronta $PROGRAMFILES32
+  !insertmacro Confronta $WINDIR
+FunctionEnd
+
+; Says what will be done to the folder, before anything is. Whoever does not want it runs the installer again with
+; another folder.
+Function Annuncia_Diritti
+  Call Cartella_DelSistema
+  ${If} $R0 != ""
+    !insertmacro Testo "Gli utenti di questo computer non possono scrivere in $INSTDIR, dove la stazione tiene la \
+propria configurazione.$\r$\nL'installazione dà loro il diritto di modificare questa cartella. Continuare?" \
+                       "The users of this computer cannot write in $INSTDIR, where the station keeps its \
+configuration.$\r$\nThe installation gives them the right to modify this folder. Continue?"
+    MessageBox MB_YESNO|MB_ICONQUESTION "$Testo" /SD IDYES IDYES continua
+    SetErrorLevel 1
+    Quit
+    continua:
+  ${EndIf}
+FunctionEnd
+
+Function Concedi_Diritti
+  Call Cartella_DelSistema
+  ${If} $R0 != ""
+    nsExec::ExecToLog '"$SYSDIR\icacls.exe" "$INSTDIR" /grant ${UTENTI}:(OI)(CI)M'
+    Pop $R0
+    ${If} $R0 != "0"
+      !insertmacro Testo "Gli utenti non possono scrivere in $INSTDIR: la stazione perderebbe la configurazione. \
+Installarla in un'altra cartella." \
+                         "The users cannot write in $INSTDIR: the station would lose its configuration. \
+Install it in another folder."
+      SetErrorLevel ${STATO_DIRITTI}
+      MessageBox MB_OK|MB_ICONEXCLAMATION "$Testo" /SD IDOK
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
