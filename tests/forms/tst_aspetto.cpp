@@ -1,5 +1,6 @@
 #include "toolkit/aspetto.h"
 
+#include "platform/colore_qt.h"
 #include "tests/forms/difetti_prova.h"
 #include "tests/forms/principale_prova.h"
 #include "toolkit/controlli.h"
@@ -182,5 +183,4 @@ int main(int argc, char **argv)
     return Principale_Prova<tst_aspetto>(argc, argv);
 }
 
-#include "platform/colore_qt.h"
 #include "tst_aspetto.moc"

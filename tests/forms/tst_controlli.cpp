@@ -1,5 +1,6 @@
 #include "toolkit/controlli.h"
 
+#include "platform/colore_qt.h"
 #include "platform/errore_esecuzione.h"
 #include "tests/comuni/errore_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -1198,5 +1199,4 @@ int main(int argc, char **argv)
     return Principale_Prova<tst_controlli>(argc, argv);
 }
 
-#include "platform/colore_qt.h"
 #include "tst_controlli.moc"

@@ -5,6 +5,7 @@
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
+#include "platform/colori.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -463,5 +464,4 @@ int main(int argc, char **argv)
 {
     return Principale_Prova<tst_frmEsito>(argc, argv);
 }
-#include "platform/colori.h"
 #include "tst_frmEsito.moc"

@@ -1,6 +1,7 @@
 #include "core/modCtl.h"
 
 #include "core/modGeneral.h"
+#include "platform/colore_qt.h"
 #include "tests/comuni/errore_prova.h"
 #include "tests/comuni/stazione_prova.h"
 #include "tests/forms/figlio_prova.h"
@@ -745,5 +746,4 @@ int main(int argc, char **argv)
     return Principale_Prova<tst_modCtl>(argc, argv);
 }
 
-#include "platform/colore_qt.h"
 #include "tst_modCtl.moc"
