@@ -49,7 +49,7 @@ bool Avvia()
     Avvio_Impostazioni();
     Predefinito<frmMain>().Mostra();
     Avverte_SeNonScrivibile(gFileIni);
-    return true;
+    return Predefinito<frmMain>().Caricato(); // the way out may have been taken under the message
 }
 
 } // namespace

@@ -66,11 +66,13 @@ QString Rapporto_Errori()
     return rapporto;
 }
 
-/// Cuts a report at the last end of a line that it may hold.
+/// Cuts a report at the last end of a line that it may hold; a single line beyond that is cut where it is.
 QString Tagliato(QString rapporto)
 {
-    if (rapporto.size() > MASSIMO_RAPPORTO)
-        rapporto.truncate(rapporto.lastIndexOf(A_CAPO, MASSIMO_RAPPORTO - A_CAPO.size()) + A_CAPO.size());
+    if (rapporto.size() > MASSIMO_RAPPORTO) {
+        const qsizetype fine = rapporto.lastIndexOf(A_CAPO, MASSIMO_RAPPORTO - A_CAPO.size());
+        rapporto.truncate(fine < 0 ? MASSIMO_RAPPORTO : fine + A_CAPO.size());
+    }
     return rapporto;
 }
 

@@ -16,7 +16,7 @@ class FoglioCoda : public FoglioStampa
 {
 public:
     FoglioCoda(const QString &coda, const QString &titolo)
-        : m_stampante(QPrinterInfo::printerInfo(coda), QPrinter::HighResolution)
+        : m_stampante(QPrinterInfo::printerInfo(coda), QPrinter::HighResolution), m_coda(coda)
     {
         m_stampante.setDocName(titolo);
     }
@@ -24,6 +24,8 @@ public:
     /// holds then. Lying on its side, shifted by margins or made for other paper a page would be spoilt.
     bool Imposta_Carta(const QPageSize &carta) override
     {
+        if (m_stampante.printerName() != m_coda)
+            return false; // gone since it was listed: the page would come out of another one
         const bool diritta = m_stampante.setPageOrientation(QPageLayout::Portrait);
         m_stampante.setPageSize(carta); // the measures tell whether it holds: see Stessa_Carta
         m_stampante.setFullPage(true);
@@ -47,6 +49,7 @@ private:
     }
 
     QPrinter m_stampante;
+    const QString m_coda;
 };
 
 } // namespace

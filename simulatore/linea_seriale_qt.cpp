@@ -4,6 +4,7 @@
 #include "link/dispositivo_qt.h"
 
 #include <QSerialPort>
+#include <QSignalBlocker>
 
 namespace {
 
@@ -40,6 +41,7 @@ private:
     {
         if (!m_porta.isOpen() || !Dispositivo_Perso(m_porta))
             return;
+        const QSignalBlocker muta(m_porta); // a device that has gone may refuse even the closing
         m_porta.close();
         Perduta();
     }

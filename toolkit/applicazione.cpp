@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTranslator>
+#include <QWindow>
 
 #include <algorithm>
 #include <cstdio>
@@ -102,6 +103,10 @@ BoxSistema::~BoxSistema() = default;
 void BoxSistema::Mostra()
 {
     const QPointer<QWidget> prima = QApplication::activeWindow();
+    if (prima != nullptr) {
+        m_box->winId();                                                   // makes its handle
+        m_box->windowHandle()->setTransientParent(prima->windowHandle()); // no click lays it under that one
+    }
     m_box->exec();
     // Not every window system gives the keyboard back by itself.
     if (prima != nullptr && prima->isVisible())

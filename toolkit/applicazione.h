@@ -19,7 +19,7 @@ public:
     bool notify(QObject *ricevente, QEvent *evento) override;
 
 private:
-    Gesti m_gesti;
+    Gesti m_gesti{platformName() != QLatin1String("windows")};
 };
 
 /// Ends the program at once, as the rules of a missing file ask: nothing more of it runs.

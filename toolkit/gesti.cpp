@@ -28,11 +28,15 @@ bool Preme(const QObject *ricevente, int tasto)
 
 } // namespace
 
+Gesti::Gesti(bool momenti) : m_momenti(momenti) {}
+
 /// A repeat comes as a release and a press of one moment. On a busy machine the toolkit sees the release
-/// before the press has come in, and takes both for the operator's; no hand is that quick.
+/// before the press has come in, and takes both for the operator's; no hand is that quick. Windows marks
+/// every repeat itself, and gives two strokes that waited for a busy loop the moment at which it took them
+/// up.
 bool Gesti::Tenuto(const QKeyEvent &tasto) const
 {
-    const bool momento = tasto.timestamp() != 0 && tasto.timestamp() == m_momento;
+    const bool momento = m_momenti && tasto.timestamp() != 0 && tasto.timestamp() == m_momento;
     return tasto.isAutoRepeat() || (momento && tasto.key() == m_lasciato);
 }
 

@@ -11,6 +11,8 @@ class QKeyEvent;
 class Gesti
 {
 public:
+    /// @param momenti events bear the moment of the hand, as the window system saw it.
+    explicit Gesti(bool momenti);
     /// Looks at an event before anybody gets it. @return true when it shall reach nobody: a repeat of a held
     /// Enter or Escape, or of Space on a button; the second press of a double click, and its release, when
     /// the first fell on another form; the asking for a menu of the toolkit's own. Single keys and presses
@@ -20,6 +22,7 @@ public:
 private:
     bool Tenuto(const QKeyEvent &tasto) const;
 
+    bool m_momenti;                 ///< events bear the moment of the hand
     int m_lasciato = 0;             ///< the key that was let go last,
     quint64 m_momento = 0;          ///< and when, in ms of the window system's clock
     QPointer<const QWidget> m_form; ///< where the last press fell

@@ -270,8 +270,8 @@ void Modulo::Massimizza()
     m_width = Schermo_Larghezza();
     m_height = Schermo_Altezza();
     m_finestra->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
-    m_finestra->setWindowState(Qt::WindowFullScreen);
     Sposta(0, 0);
+    m_finestra->setWindowState(Qt::WindowFullScreen); // after the place, which would take the state away
 }
 
 void Modulo::InPrimoPiano()
@@ -571,6 +571,9 @@ bool Modulo::eventFilter(QObject *oggetto, QEvent *evento)
     case QEvent::MouseButtonDblClick: // the second press of two in a row
         // A click elsewhere leaves the box; when the box keeps the focus the click does not happen.
         return widget->isEnabled() && !Puo_Entrare(widget, Qt::MouseFocusReason);
+    case QEvent::Drop:
+        // A text dropped on a box is written in it: the box takes the focus, so that its leaving is asked.
+        return widget->isEnabled() && !Puo_Entrare(widget, Qt::OtherFocusReason);
     case QEvent::Shortcut:
         return widget->isEnabled() && !Puo_Entrare(widget, Qt::ShortcutFocusReason);
     case QEvent::Wheel:

@@ -4,6 +4,7 @@
 #include "platform/errore_esecuzione.h"
 #include "tests/comuni/errore_prova.h"
 #include "tests/forms/principale_prova.h"
+#include "tests/forms/trascina_prova.h"
 #include "toolkit/aspetto.h"
 #include "toolkit/schermo.h"
 
@@ -11,13 +12,11 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
-#include <QDropEvent>
 #include <QFile>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMimeData>
 #include <QPushButton>
 #include <QTemporaryDir>
 
@@ -589,17 +588,6 @@ QLineEdit *Riga_Di(const CasellaTesto &casella)
 QAccessibleInterface *Accesso(const CasellaTesto &casella)
 {
     return QAccessible::queryAccessibleInterface(casella.Widget());
-}
-
-void Rilascia(const CasellaTesto &casella, const QString &testo)
-{
-    QMimeData dati;
-    dati.setText(testo);
-    const QPoint posto(casella.Widget()->width() - 2, 5);
-    QDragEnterEvent entra(posto, Qt::CopyAction, &dati, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(casella.Widget(), &entra);
-    QDropEvent lascia(posto, Qt::CopyAction, &dati, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(casella.Widget(), &lascia);
 }
 
 const Via VIE[] = {

@@ -99,6 +99,7 @@ private Q_SLOTS:
     void tenutoNonSceglieNellaListaAperta();
     void ripetizioneNonRiconosciuta_data();
     void ripetizioneNonRiconosciuta();
+    void dueBattuteDiUnMomento();
     void spazioTenutoPremeUnaVoltaSola();
     void spazioTenutoNonPassaAlFormDopo();
     void casellaPrendeLeRipetizioni();
@@ -292,7 +293,7 @@ void tst_gesti::ripetizioneNonRiconosciuta()
     primo = Form("cmd_0");
     primo->Mostra();
     const QObject *ricevente = primo->Finestra()->findChild<QWidget *>(dove);
-    Gesti gesti;
+    Gesti gesti(true);
     const auto da_scartare = [&](QEvent::Type tipo, int tasto, quint64 momento) {
         QKeyEvent evento(tipo, tasto, Qt::NoModifier);
         evento.setTimestamp(momento);
@@ -303,6 +304,22 @@ void tst_gesti::ripetizioneNonRiconosciuta()
     QTEST(da_scartare(QEvent::KeyPress, premuto, 1500 + passati), "scartato");
     QVERIFY(!da_scartare(QEvent::KeyRelease, lasciato, 0)); // of a program, not of a hand
     QVERIFY(!da_scartare(QEvent::KeyPress, premuto, 0));
+}
+
+// Where events bear the moment at which a busy loop took them up, two strokes that waited there are two.
+void tst_gesti::dueBattuteDiUnMomento()
+{
+    primo = Form("cmd_0");
+    primo->Mostra();
+    const QObject *ricevente = primo->Finestra()->findChild<QWidget *>(QStringLiteral("cmd_0"));
+    Gesti gesti(false);
+    for (const QEvent::Type tipo : {QEvent::KeyPress, QEvent::KeyRelease, QEvent::KeyPress}) {
+        QKeyEvent evento(tipo, Qt::Key_Return, Qt::NoModifier);
+        evento.setTimestamp(1500);
+        QVERIFY(!gesti.Da_Scartare(ricevente, evento));
+    }
+    const QKeyEvent tenuto(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+    QVERIFY(gesti.Da_Scartare(ricevente, tenuto));
 }
 
 void tst_gesti::spazioTenutoPremeUnaVoltaSola()
@@ -453,7 +470,7 @@ void tst_gesti::doppioClicSuUnaListaCheSiApre()
     combo->showPopup();
     QTRY_VERIFY(combo->view()->isVisible());
     const QPointer<QWidget> vista = combo->view()->viewport();
-    Gesti gesti;
+    Gesti gesti(true);
     const auto evento = [](QEvent::Type tipo) {
         return QMouseEvent(tipo, QPointF(1, 1), QPointF(1, 1), Qt::LeftButton, Qt::LeftButton, {});
     };

@@ -6,6 +6,7 @@
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/modulo_prova.h"
 #include "tests/forms/principale_prova.h"
+#include "tests/forms/trascina_prova.h"
 #include "toolkit/aspetto.h"
 #include "toolkit/schermo.h"
 
@@ -67,6 +68,7 @@ private Q_SLOTS:
     void convalidaTrattenutaPoiLiberata();
     void doppioClicTrattenuto();
     void clicNellaStessaCasellaNonConvalida();
+    void testoTrascinatoSuUnaCasella();
     void casellaBloccataNonConvalida_data();
     void casellaBloccataNonConvalida();
     void bloccataSaltataDaTab();
@@ -785,6 +787,25 @@ void tst_modulo::clicNellaStessaCasellaNonConvalida()
     modulo->txt[1].SetFocus();
     QTest::mouseClick(modulo->txt[1].Widget(), Qt::LeftButton);
     QCOMPARE(modulo->Volte(QStringLiteral("txt_Validate 1")), 0);
+}
+
+// A text let go over a box is written in it as a typed one is: the box is left later, and the one before now.
+void tst_modulo::testoTrascinatoSuUnaCasella()
+{
+    const auto modulo = Completo();
+    QVERIFY(Attiva(*modulo));
+    modulo->cmd[0].SetFocus();
+    Rilascia(modulo->txt[1], QStringLiteral("70"));
+    QCOMPARE(modulo->txt[1].Text(), QStringLiteral("70"));
+    QCOMPARE(modulo->Volte(QStringLiteral("txt_Validate 1")), 0);
+    modulo->Trattieni = true;
+    Rilascia(modulo->txt[0], QStringLiteral("altrove"));
+    QCOMPARE(modulo->Volte(QStringLiteral("txt_Validate 1")), 1);
+    QVERIFY(!modulo->txt[0].Text().contains(QStringLiteral("altrove")));
+    modulo->Trattieni = false;
+    QTest::mouseClick(modulo->cmd[0].Widget(), Qt::LeftButton);
+    QCOMPARE(modulo->Volte(QStringLiteral("txt_Validate 1")), 2);
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 0")), 1);
 }
 
 void tst_modulo::casellaBloccataNonConvalida_data()
