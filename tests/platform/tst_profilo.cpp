@@ -34,7 +34,7 @@ constexpr Lettura LETTURE[] = {
     {"lone CR among other line ends",   "[A]\nX=1\rY=2\r\n",                   u"A",   u"Y",   u"2"},
     {"lone CR behind a note",           "[A]\r;nota\rX=1\r",                   u"A",   u"X",   u"1"},
     {"lone CR behind a key",            "[A]\rX\rX=1\r",                       u"A",   u"X",   u"-"},
-    {"lone CR behind an open head",     "[A\rX=1\r",                           u"A",   u"X",   u"1"},
+    {"head without bracket, lone CR",   "[A\rX=1\r",                           u"A",   u"X",   u"1"},
     {"CR CR LF",                        "[A]\r\r\nX=1\r\r\nY=w\r\r\n",          u"A",   u"Y",   u"w"},
     {"LF CR",                           "[A]\n\rX=1\n\rY=2",                    u"A",   u"X",   u"1"},
     {"no last line end",                "[A]\r\nX=1",                          u"A",   u"X",   u"1"},
