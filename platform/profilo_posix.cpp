@@ -1,22 +1,22 @@
 // The profile calls outside Windows. The values of a file are kept in memory for as long as its status (one
-// query) says that it has not changed; a write goes through a temporary file and a
-// rename.
+// query) says that it has not changed. A write locks the folder and puts a new file in the place of the old.
 #include "platform/profilo.h"
 
 #include "platform/percorsi.h"
 #include "platform/profilo_testo.h"
+#include "platform/serratura.h"
+#include "platform/sostituzione.h"
 
 #include <QCache>
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <memory>
 #include <optional>
 #include <sys/stat.h>
 #include <time.h>
-#include <unistd.h>
 
 namespace {
 
@@ -140,6 +140,26 @@ const Profilo *Profilo_Attuale(const QString &file)
     return tenuti.object(nativo);
 }
 
+/// Where the file of a path is, behind however many symbolic links: its folder is the one to lock. A path to
+/// nothing stays as it is.
+QString Percorso_Vero(const QString &nativo)
+{
+    const QString vero = QFileInfo(nativo).canonicalFilePath();
+    return vero.isEmpty() ? nativo : vero;
+}
+
+/// Reads, changes and replaces a file while no other of these programs does: the keys of both are kept. It
+/// starts from what the file holds, never from what is kept of it.
+bool Valore_Sostituisci(const QString &vero, const QString &sezione, const QString &chiave,
+                        const QString &valore)
+{
+    const Serratura serratura(QFileInfo(vero).path());
+    const std::optional<QByteArray> byte = QFile::exists(vero) ? Byte_Di(vero) : QByteArray();
+    if (!byte)
+        return false; // there, but not to be read: writing would lose what it holds
+    return File_Sostituisci(vero, Profilo_Aggiornato(*byte, sezione, chiave, valore));
+}
+
 } // namespace
 
 QString Profilo_Leggi(const QString &sezione, const QString &chiave, const QString &predefinito, int misura,
@@ -159,16 +179,10 @@ bool Profilo_Scrivi(const QString &sezione, const QString &chiave, const QString
     if (!Profilo_Scrivibile(sezione, chiave, valore))
         return false;
     const QString nativo = Percorso_Nativo(file);
-    // A write starts from what the file holds, never from what is kept of it.
-    const std::optional<QByteArray> prima = QFile::exists(nativo) ? Byte_Di(nativo) : QByteArray();
-    if (!prima)
-        return false; // there, but not to be read: writing would lose what it holds
-
-    const QByteArray byte = Profilo_Aggiornato(*prima, sezione, chiave, valore);
-    QSaveFile salvato(nativo);
-    // The new bytes are on the disk before they take the place of the old; a rename alone does not see to it.
-    const bool scritto = salvato.open(QIODevice::WriteOnly) && salvato.write(byte) == byte.size() &&
-                         salvato.flush() && ::fsync(salvato.handle()) == 0 && salvato.commit();
+    const QString vero = Percorso_Vero(nativo);
+    const bool scritto = Valore_Sostituisci(vero, sezione, chiave, valore);
     tenuti.remove(nativo);
+    if (scritto)
+        File_Riassetta(vero);
     return scritto;
 }
