@@ -17,4 +17,5 @@ bool File_Sostituisci(const QString &nativo, const QByteArray &byte);
 
 /// What is left to do behind File_Sostituisci, which no other writer need wait for: the folder goes to the
 /// disk with the new name, and what killed writers have left beside the file for more than a day is removed.
+/// That is looked for at the first time in a day.
 void File_Riassetta(const QString &nativo);

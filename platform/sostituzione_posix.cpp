@@ -1,6 +1,7 @@
 // A temporary file and a rename, and the disk made to follow: the bytes first, the name afterwards.
 #include "platform/sostituzione.h"
 
+#include <QDate>
 #include <QDateTime>
 #include <QDirIterator>
 #include <QFile>
@@ -8,6 +9,7 @@
 #include <QList>
 #include <QRegularExpression>
 #include <QSaveFile>
+#include <QSet>
 
 #include <algorithm>
 #include <fcntl.h>
@@ -74,6 +76,22 @@ bool Coda_Provvisoria(const QString &coda)
     return A_CASO.match(coda).hasMatch();
 }
 
+/// True once a day for each file: what has to be a day old need not be looked for more often, and an exchange
+/// folder may hold thousands of files.
+bool Da_Guardare(const QString &file)
+{
+    static QDate giorno;
+    static QSet<QString> guardati;
+    const QDate oggi = QDate::currentDate();
+    if (giorno != oggi)
+        guardati.clear();
+    giorno = oggi;
+    if (guardati.contains(file))
+        return false;
+    guardati.insert(file);
+    return true;
+}
+
 /// A writer that was killed leaves its temporary file where the file system makes no files without a name,
 /// and everywhere in the instant before the rename. One that is younger than a day may still be at work.
 void Avanzi_Elimina(const QFileInfo &file)
@@ -106,5 +124,6 @@ void File_Riassetta(const QString &nativo)
 {
     const QFileInfo file(nativo);
     Cartella_Sincronizza(file.path());
-    Avanzi_Elimina(file);
+    if (Da_Guardare(nativo))
+        Avanzi_Elimina(file);
 }

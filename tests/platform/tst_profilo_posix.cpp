@@ -172,6 +172,16 @@ class TestProfiloPosix : public QObject
                imposta(m_stazione.Nativo(QString()), 0755);
     }
 
+    /// A folder that no write has been to. @return its path in the station, with the last backslash.
+    QString Cartella_Nuova() const
+    {
+        static int quante = 0;
+        const QString nome = QStringLiteral("nuova%1").arg(++quante);
+        if (!QDir().mkdir(m_stazione.Nativo(nome)))
+            qFatal("cannot make %s", qPrintable(nome));
+        return nome + u'\\';
+    }
+
 private Q_SLOTS:
     void init() { m_stazione.Scrivi(m_nome, "[A]\r\nX=1\r\nY=2\r\n"); }
     void cleanup()
@@ -519,44 +529,56 @@ private Q_SLOTS:
     {
         QFETCH(QString, nome);
         QFETCH(int, ore);
-        const QString nativo = m_stazione.Nativo(QStringLiteral("DIR_FAR\\") + nome);
-        m_stazione.Scrivi(QStringLiteral("DIR_FAR\\") + nome, "[A]\r\nX=");
-        QVERIFY(Invecchia(nativo, ore));
-        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_file));
-        QTEST(QFile::exists(nativo), "resta");
-        QFile::remove(nativo);
+        const QString cartella = Cartella_Nuova();
+        m_stazione.Scrivi(cartella + nome, "[A]\r\nX=");
+        QVERIFY(Invecchia(m_stazione.Nativo(cartella + nome), ore));
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"),
+                       m_stazione.Percorso(cartella + QStringLiteral("prova.ini"))));
+        QTEST(QFile::exists(m_stazione.Nativo(cartella + nome)), "resta");
+    }
+
+    /// A folder of thousands of files is not searched at each write.
+    void gliAvanziSiCercanoUnaVoltaAlGiorno()
+    {
+        const QString cartella = Cartella_Nuova();
+        const QString file = m_stazione.Percorso(cartella + QStringLiteral("prova.ini"));
+        const QString avanzo = cartella + QStringLiteral("prova.ini.aBcDeF");
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), file));
+        m_stazione.Scrivi(avanzo, "[A]\r\nX=");
+        QVERIFY(Invecchia(m_stazione.Nativo(avanzo), 25));
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("8"), file));
+        QVERIFY(QFile::exists(m_stazione.Nativo(avanzo)));
     }
 
     /// The toolkit's own temporary files, as a killed program leaves them: all but those whose name could be
     /// a word.
     void gliAvanziHannoINomiDelToolkit()
     {
-        const QDir cartella(m_stazione.Nativo(QStringLiteral("DIR_FAR")));
+        const QString nome = Cartella_Nuova() + QStringLiteral("prova.ini");
+        const QString nativo = m_stazione.Nativo(nome);
         for (int i = 0; i < 50; ++i) {
-            QTemporaryFile avanzo(m_nativo + QStringLiteral(".XXXXXX"));
+            QTemporaryFile avanzo(nativo + QStringLiteral(".XXXXXX"));
             avanzo.setAutoRemove(false);
             QVERIFY(avanzo.open() && Invecchia(avanzo.fileName(), 25));
         }
-        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_file));
-        const QStringList resti = cartella.entryList({QStringLiteral("prova.ini.*")}, QDir::Files);
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_stazione.Percorso(nome)));
+        const QStringList resti =
+            QFileInfo(nativo).dir().entryList({QStringLiteral("prova.ini.*")}, QDir::Files);
         QVERIFY2(resti.size() < 20, qPrintable(resti.join(u' ')));
-        for (const QString &nome : resti)
-            QVERIFY(QFile::remove(cartella.filePath(nome)));
     }
 
     /// Only plain files are ours.
     void cartelleECollegamentiNonSonoAvanzi()
     {
-        const QString cartella = m_nativo + QStringLiteral(".aBcDeF");
-        const QString collegamento = m_nativo + QStringLiteral(".gHiJkL");
+        const QString nome = Cartella_Nuova() + QStringLiteral("prova.ini");
+        const QString cartella = m_stazione.Nativo(nome + QStringLiteral(".aBcDeF"));
+        const QString collegamento = m_stazione.Nativo(nome + QStringLiteral(".gHiJkL"));
         QVERIFY(QDir().mkdir(cartella) && Invecchia(cartella, 25));
-        const QString altro = m_stazione.Nativo(QStringLiteral("DIR_FAR\\altro.ini"));
-        m_stazione.Scrivi(QStringLiteral("DIR_FAR\\altro.ini"), "[A]\r\n");
-        QVERIFY(Invecchia(altro, 25) && QFile::link(altro, collegamento) && Invecchia(collegamento, 25));
-        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_file));
+        QVERIFY(Invecchia(m_nativo, 25));
+        QVERIFY(QFile::link(m_nativo, collegamento) && Invecchia(collegamento, 25));
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_stazione.Percorso(nome)));
         QVERIFY(QFileInfo::exists(cartella));
         QVERIFY(QFileInfo(collegamento).isSymLink());
-        QVERIFY(QDir().rmdir(cartella) && QFile::remove(collegamento) && QFile::remove(altro));
     }
 };
 
