@@ -46,6 +46,23 @@ private Q_SLOTS:
             QCOMPARE(campo.File, percorso);
     }
 
+    /// A file reads as the checks have seen it: a CR of its own ends a line there too.
+    void apreUnFileConAltreFiniDiRiga_data()
+    {
+        QTest::addColumn<QByteArray>("fine");
+        QTest::newRow("LF") << QByteArray("\n");
+        QTest::newRow("CR") << QByteArray("\r");
+        QTest::newRow("CR CR LF") << QByteArray("\r\r\n");
+    }
+    void apreUnFileConAltreFiniDiRiga()
+    {
+        QFETCH(QByteArray, fine);
+        const ProvaAcc prova;
+        Acc_Apri(prova.Scrivi(prova.Con("Prenotazione", "CAP", "47122").replace("\r\n", fine)));
+        QCOMPARE(gCampiAcc[13].Value, QStringLiteral("47122"));
+        QCOMPARE(gCampiAcc[46].Value, QStringLiteral("AB123CD"));
+    }
+
     void assegnareUnFileNonLegge()
     {
         const ProvaAcc prova;

@@ -1,5 +1,5 @@
-// Profiles when things go wrong in the middle of a write: the process is killed, the disk is full. The test
-// starts itself again as the program that writes.
+// Profiles when things go wrong in the middle of a write: the process is killed, the disk is full, another
+// program writes as well. The test starts itself again as the program that writes.
 #include "core/modGeneral.h"
 #include "tests/comuni/stazione_prova.h"
 
@@ -44,6 +44,16 @@ int Programma_Scrittore(const QString &file)
             return 1;
         std::putchar('\n');
         std::fflush(stdout);
+    }
+    return 0;
+}
+
+/// One of several programs: each writes keys of its own, as fast as it can.
+int Programma_Concorrente(const QString &file, const QString &nome, int chiavi)
+{
+    for (int chiave = 0; chiave < chiavi; ++chiave) {
+        if (!Scrivi_Ini(file, QStringLiteral("A"), nome + QString::number(chiave), nome))
+            return 1;
     }
     return 0;
 }
@@ -117,9 +127,47 @@ private Q_SLOTS:
                      qPrintable(QStringLiteral("round %1, %2 writes").arg(giro).arg(fatte)));
         }
         QVERIFY(uccisi > GIRI / 2);
+        QElapsedTimer orologio; // what the killed have locked is free again
+        orologio.start();
         QVERIFY(Scrivi_Ini(m_stazione.Percorso(m_nome), QStringLiteral("A"), QStringLiteral("X"),
                            QStringLiteral("dopo")));
+        QVERIFY2(orologio.elapsed() < 1500, qPrintable(QString::number(orologio.elapsed())));
         QCOMPARE(m_stazione.Leggi(m_nome), Testa() + "dopo" + Coda());
+    }
+
+    /// Two programs on one file: whoever writes on what the other is about to replace would lose it.
+    void dueProgrammiInsieme_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<int>("chiavi"); // of each program
+        QTest::newRow("file") << m_nome << 500;
+        QTest::newRow("new file") << QStringLiteral("DIR_FAR\\nuovo.ini") << 20;
+    }
+    void dueProgrammiInsieme()
+    {
+        QFETCH(QString, nome);
+        QFETCH(int, chiavi);
+        const QStringList nomi = {QStringLiteral("Uno"), QStringLiteral("Due")};
+        QProcess programmi[2];
+        for (int i = 0; i < 2; ++i) {
+            programmi[i].start(
+                QCoreApplication::applicationFilePath(),
+                {QStringLiteral("concorrente"), m_stazione.Percorso(nome), nomi[i], QString::number(chiavi)});
+        }
+        for (QProcess &programma : programmi) {
+            QVERIFY(programma.waitForFinished(250'000));
+            QCOMPARE(programma.exitStatus(), QProcess::NormalExit);
+            QCOMPARE(programma.exitCode(), 0);
+        }
+        for (const QString &chi : nomi) {
+            for (int chiave = 0; chiave < chiavi; ++chiave) {
+                QCOMPARE(
+                    Valore_Ini(m_stazione.Percorso(nome), QStringLiteral("A"), chi + QString::number(chiave)),
+                    chi);
+            }
+        }
+        QCOMPARE(m_stazione.Leggi(nome).count("\r\nUno"), chiavi);
+        QCOMPARE(m_stazione.Leggi(nome).count("\r\nDue"), chiavi);
     }
 
     void discoPieno_data()
@@ -181,6 +229,8 @@ int main(int argc, char *argv[])
     const QStringList argomenti = QCoreApplication::arguments();
     if (argomenti.size() == 3 && argomenti[1] == u"scrittore")
         return Programma_Scrittore(argomenti[2]);
+    if (argomenti.size() == 5 && argomenti[1] == u"concorrente")
+        return Programma_Concorrente(argomenti[2], argomenti[3], argomenti[4].toInt());
 
     std::signal(SIGXFSZ, SIG_IGN); // the write fails instead
     TestProfiloGuasti prova;

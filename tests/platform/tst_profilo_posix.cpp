@@ -1,5 +1,6 @@
 // Profiles against the file system: how often a read opens its file, which changes the status alone does not
-// show, and rights. Watches the file system's own events, so it stands apart from the tests that run on
+// show, rights and all else that a file has beside its bytes, the lock of the folder, the order in which
+// things reach the disk. Watches the file system's own events, so it stands apart from the tests that run on
 // every system.
 #include "platform/profilo.h"
 
@@ -8,13 +9,114 @@
 #include "tests/comuni/stazione_prova.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QMap>
+#include <QTemporaryFile>
 #include <QTest>
 
 #include <fcntl.h>
+#include <functional>
+#include <sys/file.h>
 #include <sys/mman.h>
+#include <sys/syscall.h>
+#include <sys/xattr.h>
 
 namespace {
+
+/// What is looked at in the moment when something is sent to the disk. @param descrittore of the file or
+/// folder.
+std::function<void(int descrittore)> alDisco;
+
+} // namespace
+
+/// Stands before the system's own call in this program.
+extern "C" int fsync(int descrittore)
+{
+    if (alDisco)
+        alDisco(descrittore);
+    return int(::syscall(SYS_fsync, descrittore));
+}
+
+namespace {
+
+bool Cartella(int descrittore)
+{
+    struct stat stato;
+    return ::fstat(descrittore, &stato) == 0 && S_ISDIR(stato.st_mode);
+}
+
+/// The lock of a folder, as another program holds it.
+class AltroBlocco
+{
+public:
+    explicit AltroBlocco(const QString &cartella)
+        : m_descrittore(::open(QFile::encodeName(cartella).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
+          m_preso(m_descrittore >= 0 && ::flock(m_descrittore, LOCK_EX | LOCK_NB) == 0)
+    {
+    }
+    ~AltroBlocco() { ::close(m_descrittore); }
+    Q_DISABLE_COPY_MOVE(AltroBlocco)
+
+    bool Preso() const { return m_preso; }
+
+private:
+    const int m_descrittore;
+    const bool m_preso;
+};
+
+/// An access list with a user of its own beside the owner, the group and the others, as the file system keeps
+/// it: version, then kind, rights and number of each entry.
+QByteArray Lista_Accessi()
+{
+    return QByteArray::fromHex("02000000"
+                               "01000600ffffffff" // owner rw
+                               "0200060039300000" // user 12345 rw
+                               "04000400ffffffff" // group r
+                               "10000600ffffffff" // at most rw
+                               "20000400ffffffff" // others r
+    );
+}
+
+bool Attributo_Metti(const QString &nativo, const char *nome, const QByteArray &valore)
+{
+    return ::setxattr(QFile::encodeName(nativo).constData(), nome, valore.constData(), size_t(valore.size()),
+                      0) == 0;
+}
+
+/// The extended attributes of a file, the access list among them.
+QMap<QByteArray, QByteArray> Attributi(const QString &nativo)
+{
+    const QByteArray file = QFile::encodeName(nativo);
+    QByteArray nomi(4096, '\0');
+    nomi.truncate(std::max<ssize_t>(0, ::listxattr(file.constData(), nomi.data(), size_t(nomi.size()))));
+    QMap<QByteArray, QByteArray> attributi;
+    for (const QByteArray &nome : nomi.split('\0')) {
+        QByteArray valore(4096, '\0');
+        const ssize_t misura =
+            ::getxattr(file.constData(), nome.constData(), valore.data(), size_t(valore.size()));
+        if (misura >= 0)
+            attributi.insert(nome, valore.first(misura));
+    }
+    return attributi;
+}
+
+struct stat Stato(const QString &nativo)
+{
+    struct stat stato = {};
+    ::stat(QFile::encodeName(nativo).constData(), &stato);
+    return stato;
+}
+
+/// Moves the times of a file into the past; of a link itself, not of its target.
+bool Invecchia(const QString &nativo, int ore)
+{
+    timespec ora;
+    ::clock_gettime(CLOCK_REALTIME, &ora);
+    ora.tv_sec -= ore * 3600;
+    const timespec tempi[2] = {ora, ora};
+    return ::utimensat(AT_FDCWD, QFile::encodeName(nativo).constData(), tempi, AT_SYMLINK_NOFOLLOW) == 0;
+}
 
 QString Leggi(const QString &chiave, const QString &file)
 {
@@ -70,9 +172,23 @@ class TestProfiloPosix : public QObject
                imposta(m_stazione.Nativo(QString()), 0755);
     }
 
+    /// A folder that no write has been to. @return its path in the station, with the last backslash.
+    QString Cartella_Nuova() const
+    {
+        static int quante = 0;
+        const QString nome = QStringLiteral("nuova%1").arg(++quante);
+        if (!QDir().mkdir(m_stazione.Nativo(nome)))
+            qFatal("cannot make %s", qPrintable(nome));
+        return nome + u'\\';
+    }
+
 private Q_SLOTS:
     void init() { m_stazione.Scrivi(m_nome, "[A]\r\nX=1\r\nY=2\r\n"); }
-    void cleanup() { QFile::remove(m_nativo); }
+    void cleanup()
+    {
+        alDisco = nullptr;
+        QFile::remove(m_nativo);
+    }
 
     void fileFermoSiApreUnaVoltaSola()
     {
@@ -207,6 +323,262 @@ private Q_SLOTS:
         QCOMPARE(QFile::symLinkTarget(collegamento), m_nativo);
         QCOMPARE(m_stazione.Leggi(m_nome), "[A]\r\nX=9\r\nY=2\r\n");
         QVERIFY(QFile::remove(collegamento));
+    }
+
+    void ilCollegamentoDiUnCollegamentoResta()
+    {
+        const QString primo = m_stazione.Nativo(QStringLiteral("primo.ini"));
+        const QString secondo = m_stazione.Nativo(QStringLiteral("secondo.ini"));
+        QVERIFY(QFile::link(m_nativo, primo) && QFile::link(primo, secondo));
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"),
+                       m_stazione.Percorso(QStringLiteral("secondo.ini"))));
+        QCOMPARE(QFile::symLinkTarget(secondo), primo);
+        QCOMPARE(QFile::symLinkTarget(primo), m_nativo);
+        QCOMPARE(m_stazione.Leggi(m_nome), "[A]\r\nX=9\r\nY=2\r\n");
+        QVERIFY(QFile::remove(secondo) && QFile::remove(primo));
+    }
+
+    /// A name of its own for the same bytes is parted from the file: the old bytes stay with it, whole.
+    void ilCollegamentoFisicoTieneIByteDiPrima()
+    {
+        const QString altro = m_stazione.Nativo(QStringLiteral("DIR_FAR\\altro.ini"));
+        QCOMPARE(::link(QFile::encodeName(m_nativo).constData(), QFile::encodeName(altro).constData()), 0);
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_file));
+        QCOMPARE(m_stazione.Leggi(m_nome), "[A]\r\nX=9\r\nY=2\r\n");
+        QCOMPARE(m_stazione.Leggi(QStringLiteral("DIR_FAR\\altro.ini")), "[A]\r\nX=1\r\nY=2\r\n");
+        QVERIFY(QFile::remove(altro));
+    }
+
+    /// A run of root's does not make the file root's.
+    void ilProprietarioResta()
+    {
+        const uid_t altro = ::geteuid() == 0 ? 65534 : ::geteuid(); // only root gives files away
+        QCOMPARE(::chown(QFile::encodeName(m_nativo).constData(), altro, gid_t(altro)), 0);
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_file));
+        QCOMPARE(Stato(m_nativo).st_uid, altro);
+        QCOMPARE(Stato(m_nativo).st_gid, gid_t(altro));
+    }
+
+    /// Another's file in a folder that gives its group to what is made there: the owner changes, the group
+    /// does not.
+    void ilGruppoRestaAncheAChiNonPuoCedereIlFile()
+    {
+        const QByteArray cartella = QFile::encodeName(m_stazione.Nativo(QStringLiteral("DIR_FAR")));
+        const gid_t altro = ::geteuid() == 0 ? 54321 : ::getegid();
+        QVERIFY(Apri_Strada(0666));
+        QCOMPARE(::chown(cartella.constData(), uid_t(-1), altro), 0);
+        QCOMPARE(::chmod(cartella.constData(), 02777), 0);
+        const gid_t prima = Stato(m_nativo).st_gid;
+        bool scritto = false;
+        {
+            const SenzaPrivilegi senza;
+            scritto = Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_file);
+        }
+        QCOMPARE(::chown(cartella.constData(), uid_t(-1), ::getegid()), 0);
+        QVERIFY(scritto);
+        QCOMPARE(Stato(m_nativo).st_gid, prima);
+        QCOMPARE(Stato(m_nativo).st_mode & 07777, mode_t{0666});
+    }
+
+    void listaDegliAccessiEAttributiRestano()
+    {
+        QVERIFY(Attributo_Metti(m_nativo, "system.posix_acl_access", Lista_Accessi()));
+        Attributo_Metti(m_nativo, "user.lumira", "nota"); // not every file system takes one
+        const auto prima = Attributi(m_nativo);
+        const mode_t permessi = Stato(m_nativo).st_mode;
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_file));
+        QCOMPARE(Attributi(m_nativo), prima);
+        QCOMPARE(Stato(m_nativo).st_mode, permessi);
+    }
+
+    /// What the folder would give to a new file is not for the one that it replaces.
+    void laListaDellaCartellaNonPassaAlFile()
+    {
+        const QString cartella = m_stazione.Nativo(QStringLiteral("DIR_FAR"));
+        QVERIFY(Attributo_Metti(cartella, "system.posix_acl_default", Lista_Accessi()));
+        const auto prima = Attributi(m_nativo);
+        const mode_t permessi = Stato(m_nativo).st_mode;
+        const bool scritto = Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_file);
+        QCOMPARE(::removexattr(QFile::encodeName(cartella).constData(), "system.posix_acl_default"), 0);
+        QVERIFY(scritto);
+        QCOMPARE(Attributi(m_nativo), prima);
+        QCOMPARE(Stato(m_nativo).st_mode, permessi);
+    }
+
+    /// The bytes first, under the lock; the name afterwards, when others may write again.
+    void ilDiscoRiceveIByteEPoiIlNome()
+    {
+        const QString cartella = m_stazione.Nativo(QStringLiteral("DIR_FAR"));
+        QStringList passi;
+        alDisco = [&](int descrittore) {
+            passi += Cartella(descrittore) ? QStringLiteral("folder") : QStringLiteral("file");
+            passi += m_stazione.Leggi(m_nome).contains("X=9") ? QStringLiteral("new") : QStringLiteral("old");
+            passi += AltroBlocco(cartella).Preso() ? QStringLiteral("free") : QStringLiteral("locked");
+        };
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_file));
+        QCOMPARE(passi.join(u' '), QStringLiteral("file old locked folder new free"));
+    }
+
+    /// A child started now would hold the folder for as long as it lives.
+    void ilBloccoNonPassaAiFigli()
+    {
+        int cartelle = 0, ereditate = 0;
+        alDisco = [&](int sincronizzato) {
+            if (Cartella(sincronizzato))
+                return;
+            for (int descrittore = 0; descrittore < 256; ++descrittore) {
+                const int bandiere = ::fcntl(descrittore, F_GETFD);
+                if (bandiere < 0 || !Cartella(descrittore))
+                    continue;
+                ++cartelle;
+                ereditate += (bandiere & FD_CLOEXEC) == 0 ? 1 : 0;
+            }
+        };
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_file));
+        QVERIFY(cartelle > 0);
+        QCOMPARE(ereditate, 0);
+    }
+
+    /// The lock is on the folder of the file, not on that of a link to it.
+    void ilCollegamentoSiBloccaDoveIlFileE()
+    {
+        const QString collegamento = m_stazione.Nativo(QStringLiteral("collegata.ini"));
+        QVERIFY(QFile::link(m_nativo, collegamento));
+        bool libera = true;
+        alDisco = [&](int descrittore) {
+            if (!Cartella(descrittore))
+                libera = AltroBlocco(m_stazione.Nativo(QStringLiteral("DIR_FAR"))).Preso();
+        };
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"),
+                       m_stazione.Percorso(QStringLiteral("collegata.ini"))));
+        QVERIFY(!libera);
+        QVERIFY(QFile::remove(collegamento));
+    }
+
+    /// A program that hangs while it holds the folder costs no value, and its wait once.
+    void chiTieneIlBloccoNonFermaIlSalvataggio()
+    {
+        const QString cartella = m_stazione.Nativo(QStringLiteral("DIR_FAR"));
+        const auto tempo = [this](int scritture) { // ms, -1 when one failed
+            QElapsedTimer orologio;
+            orologio.start();
+            for (int i = 0; i < scritture; ++i) {
+                if (!Scrivi(QStringLiteral("X"), QString::number(i), m_file))
+                    return qint64{-1};
+            }
+            return orologio.elapsed();
+        };
+        const auto prima = [&] { // waits anew once the folder has been free
+            const AltroBlocco altro(cartella);
+            return altro.Preso() ? tempo(1) : -1;
+        };
+        QVERIFY(prima() >= 1500);
+        {
+            const AltroBlocco altro(cartella);
+            QVERIFY(altro.Preso());
+            const qint64 altre = tempo(5);
+            QVERIFY2(altre >= 0 && altre < 5 * 1500, qPrintable(QString::number(altre)));
+        }
+        QCOMPARE(m_stazione.Leggi(m_nome), "[A]\r\nX=4\r\nY=2\r\n");
+        QVERIFY(tempo(1) >= 0);
+        QVERIFY(prima() >= 1500);
+        QVERIFY(tempo(1) >= 0); // so that no test behind this one is spared its wait
+    }
+
+    /// A folder that may be written in but not listed cannot be locked either.
+    void cartellaIlleggibileSiScrive()
+    {
+        const QByteArray cartella = QFile::encodeName(m_stazione.Nativo(QStringLiteral("DIR_FAR")));
+        QVERIFY(Apri_Strada(0666));
+        QCOMPARE(::chmod(cartella.constData(), 0333), 0);
+        bool scritto = false;
+        {
+            const SenzaPrivilegi senza;
+            scritto = Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_file);
+        }
+        QVERIFY(Apri_Strada(0644));
+        QVERIFY(scritto);
+        QCOMPARE(m_stazione.Leggi(m_nome), "[A]\r\nX=9\r\nY=2\r\n");
+    }
+
+    void gliAvanziDiUnGiornoSpariscono_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<int>("ore");
+        QTest::addColumn<bool>("resta");
+        const auto riga = [](const char *nome, const char *file, int ore, bool resta) {
+            QTest::newRow(nome) << QString::fromLatin1(file) << ore << resta;
+        };
+        riga("more than a day", "prova.ini.aBcDeF", 25, false);
+        riga("less than a day", "prova.ini.aBcDeF", 23, true);
+        riga("a year", "prova.ini.Gnwzqk", 8760, true); // could be a word
+        riga("one capital behind the first letter", "prova.ini.gnwzqK", 25, false);
+        riga("a copy of somebody's", "prova.ini.backup", 8760, true);
+        riga("a copy of somebody's, capital", "prova.ini.Backup", 8760, true);
+        riga("a copy of somebody's, capitals", "prova.ini.BACKUP", 8760, true);
+        riga("five letters", "prova.ini.aBcDe", 25, true);
+        riga("seven letters", "prova.ini.aBcDeFg", 25, true);
+        riga("a digit", "prova.ini.aBcDe1", 25, true);
+        riga("a letter that is none of ours", "prova.ini.aBcDe_", 25, true);
+        riga("no point", "prova.ini-aBcDeF", 25, true);
+        riga("of another file", "prova2.ini.aBcDeF", 25, true);
+        riga("of a file with a longer name", "laprova.ini.aBcDeF", 25, true);
+        riga("of a file in another case", "Prova.ini.aBcDeF", 25, true);
+    }
+    void gliAvanziDiUnGiornoSpariscono()
+    {
+        QFETCH(QString, nome);
+        QFETCH(int, ore);
+        const QString cartella = Cartella_Nuova();
+        m_stazione.Scrivi(cartella + nome, "[A]\r\nX=");
+        QVERIFY(Invecchia(m_stazione.Nativo(cartella + nome), ore));
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"),
+                       m_stazione.Percorso(cartella + QStringLiteral("prova.ini"))));
+        QTEST(QFile::exists(m_stazione.Nativo(cartella + nome)), "resta");
+    }
+
+    /// A folder of thousands of files is not searched at each write.
+    void gliAvanziSiCercanoUnaVoltaAlGiorno()
+    {
+        const QString cartella = Cartella_Nuova();
+        const QString file = m_stazione.Percorso(cartella + QStringLiteral("prova.ini"));
+        const QString avanzo = cartella + QStringLiteral("prova.ini.aBcDeF");
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), file));
+        m_stazione.Scrivi(avanzo, "[A]\r\nX=");
+        QVERIFY(Invecchia(m_stazione.Nativo(avanzo), 25));
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("8"), file));
+        QVERIFY(QFile::exists(m_stazione.Nativo(avanzo)));
+    }
+
+    /// The toolkit's own temporary files, as a killed program leaves them: all but those whose name could be
+    /// a word.
+    void gliAvanziHannoINomiDelToolkit()
+    {
+        const QString nome = Cartella_Nuova() + QStringLiteral("prova.ini");
+        const QString nativo = m_stazione.Nativo(nome);
+        for (int i = 0; i < 50; ++i) {
+            QTemporaryFile avanzo(nativo + QStringLiteral(".XXXXXX"));
+            avanzo.setAutoRemove(false);
+            QVERIFY(avanzo.open() && Invecchia(avanzo.fileName(), 25));
+        }
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_stazione.Percorso(nome)));
+        const QStringList resti =
+            QFileInfo(nativo).dir().entryList({QStringLiteral("prova.ini.*")}, QDir::Files);
+        QVERIFY2(resti.size() < 20, qPrintable(resti.join(u' ')));
+    }
+
+    /// Only plain files are ours.
+    void cartelleECollegamentiNonSonoAvanzi()
+    {
+        const QString nome = Cartella_Nuova() + QStringLiteral("prova.ini");
+        const QString cartella = m_stazione.Nativo(nome + QStringLiteral(".aBcDeF"));
+        const QString collegamento = m_stazione.Nativo(nome + QStringLiteral(".gHiJkL"));
+        QVERIFY(QDir().mkdir(cartella) && Invecchia(cartella, 25));
+        QVERIFY(Invecchia(m_nativo, 25));
+        QVERIFY(QFile::link(m_nativo, collegamento) && Invecchia(collegamento, 25));
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_stazione.Percorso(nome)));
+        QVERIFY(QFileInfo::exists(cartella));
+        QVERIFY(QFileInfo(collegamento).isSymLink());
     }
 };
 
