@@ -86,9 +86,8 @@ class MacchinaNuova(ProvaAMemoria):
         self.assertEqual(processo.wait(operatore.ATTESA), 0)
         self.assertEqual(self.rimuovi(), ["lumira.ini"])
 
+    @unittest.skipUnless(si_prestano_cartelle(), "qui nemmeno root presta cartelle (mount): né porte né stampante")
     def test_aggiornata_porta_un_veicolo_stampa_la_sua_pagina_ed_e_rimossa(self):
-        if not si_prestano_cartelle():
-            self.skipTest("qui nemmeno root presta cartelle (mount): né porte né stampante per la macchina nuova")
         self.prendi_stampante()
         pagina = self.impara_la_stampa()
         atteso = self.stazione.risultato(self.NOME)
