@@ -54,10 +54,11 @@ class Radice:
         comando = ["chroot", self.cartella, *COME_UTENTE, *comando]
         if not prestiti:
             return comando
-        posti = [(qui, self.percorso(la)) for qui, la in prestiti]
-        for _, la in posti:
-            la.mkdir(parents=True, exist_ok=True)
-        return ["unshare", "--mount", "sh", "-ec", PRESTA, "sh", *(p for coppia in posti for p in coppia), "--", *comando]
+        posti = []
+        for qui, la in prestiti:
+            self.percorso(la).mkdir(parents=True, exist_ok=True)
+            posti += [qui, self.percorso(la)]
+        return ["unshare", "--mount", "sh", "-ec", PRESTA, "sh", *posti, "--", *comando]
 
     def esegui(self, *comando):
         """Runs a command there as root. @throws AssertionError when its status is not 0."""
