@@ -22,6 +22,13 @@ RIPROVA = 3  # seconds until an operator clicks again
 # of the screen.
 SENZA_POTERI = ["setpriv", "--bounding-set=-all", "--inh-caps=-all"] if os.geteuid() == 0 else []
 
+# An ordinary user, of the group of the machine's people and of that of its serial ports.
+UTENTE, GRUPPO, GRUPPO_PORTE = 65534, 100, 20
+
+# Runs a command as that user; only root can. Who becomes another is forgotten by whoever started him, and says
+# himself that he does not outlive it.
+COME_UTENTE = ["setpriv", f"--reuid={UTENTE}", f"--regid={GRUPPO}", f"--groups={GRUPPO_PORTE}", "--pdeathsig=TERM"]
+
 PR_SET_PDEATHSIG = 1
 _libc = ctypes.CDLL(None)
 

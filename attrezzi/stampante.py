@@ -12,22 +12,22 @@ SENZA_PACCHETTI = 77
 
 
 class Stampante:
-    """A print scheduler with one queue, the default one. What prints there has .ambiente in its environment."""
+    """A print scheduler with one queue, the default one. What prints there has .ambiente in its environment; .lavoro
+    is the folder of its socket."""
 
     CODA = "Rapporto"
 
     def __init__(self, cartella):
         """@throws unittest.SkipTest with the reason when the machine lacks a print system."""
         self.cartella = Path(cartella)
-        self.ambiente = {
-            "CUPS_SERVER": str(self.cartella / "cups.sock"),
-            "CUPS_SERVERROOT": str(self.cartella / "lavoro"),
-        }
         esito = self._copione("start")
         if esito.returncode == SENZA_PACCHETTI:
             raise unittest.SkipTest(esito.stderr.strip())
         if esito.returncode != 0:
             raise AssertionError(esito.stderr)
+        # By its own path: an ordinary user gets there, but not into a test's folder.
+        self.lavoro = (self.cartella / "lavoro").resolve()
+        self.ambiente = {"CUPS_SERVER": str(self.lavoro / "cups.sock"), "CUPS_SERVERROOT": str(self.lavoro)}
 
     def amministra(self, *comando):
         """Runs an administration command: lpadmin, cupsreject, ..."""

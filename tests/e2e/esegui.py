@@ -75,6 +75,7 @@ def installa(costruzione, cartella):
 def esegui_tutti(costruzione, nomi):
     riuscito = True
     with tempfile.TemporaryDirectory(prefix="lumira-") as cartella:
+        os.chmod(cartella, 0o711)  # the way to the folders of those tests that are not run by their own user
         os.environ["LUMIRA_COSTRUZIONE"] = str(costruzione)
         os.environ["LUMIRA_INSTALLAZIONE"] = f"{cartella}/installazione"
         installa(costruzione, os.environ["LUMIRA_INSTALLAZIONE"])

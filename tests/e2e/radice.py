@@ -8,7 +8,10 @@ import stat
 import subprocess
 from pathlib import Path
 
-UTENTE = "65534:100"  # an ordinary user, of the group of the machine's people
+from operatore import COME_UTENTE
+
+# Lends folders, two by two, to the command behind them; nobody but the command sees that they are there.
+PRESTA = 'while [ "$1" != -- ]; do mount --bind "$1" "$2"; shift 2; done; shift; exec "$@"'
 
 
 def _esegui(*comando):
@@ -43,14 +46,23 @@ class Radice:
     def percorso(self, nome):
         return self.cartella / nome.lstrip("/")
 
-    def comando(self, *comando, utente=None):
-        """What runs a command there. @param utente its user and group, by default root."""
-        identita = [f"--userspec={utente}"] if utente else []
-        return ["chroot", *identita, self.cartella, *comando]
+    def comando_utente(self, *comando, prestiti=()):
+        """What runs a command there as an ordinary user.
 
-    def esegui(self, *comando, utente=None):
-        """@throws AssertionError when its status is not 0."""
-        intero = [str(parte) for parte in self.comando(*comando, utente=utente)]
+        @param prestiti (folder of this machine, its name there): lent for as long as the command runs.
+        """
+        comando = ["chroot", self.cartella, *COME_UTENTE, *comando]
+        if not prestiti:
+            return comando
+        posti = []
+        for qui, la in prestiti:
+            self.percorso(la).mkdir(parents=True, exist_ok=True)
+            posti += [qui, self.percorso(la)]
+        return ["unshare", "--mount", "sh", "-ec", PRESTA, "sh", *posti, "--", *comando]
+
+    def esegui(self, *comando):
+        """Runs a command there as root. @throws AssertionError when its status is not 0."""
+        intero = ["chroot", *(str(parte) for parte in (self.cartella, *comando))]
         fatto = subprocess.run(intero, capture_output=True, text=True, timeout=120)
         if fatto.returncode != 0:
             raise AssertionError(f"{comando}: {fatto.stdout}{fatto.stderr}")

@@ -11,9 +11,22 @@ CHIAVE = r"HKLM\Software\lumira\lumira"
 DISINSTALLAZIONE = r"HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\lumira"
 
 
+def consegnato():
+    """The installer, as it is delivered."""
+    (installatore,) = (COSTRUZIONE / "pacchetti").glob("lumira-*-windows.exe")
+    return installatore
+
+
+def rimuovi(macchina, stazione):
+    """Removes the station of a folder."""
+    macchina.esegui(stazione / "Uninstall.exe", "/S")
+    # The uninstaller goes on in a copy of itself.
+    attendi(lambda: not (stazione / "Uninstall.exe").exists(), TEMPO, "fine della rimozione")
+
+
 class ProvaInstallatore(ProvaMacchina):
     def setUp(self):
-        (self.installatore,) = (COSTRUZIONE / "pacchetti").glob("lumira-*-windows.exe")
+        self.installatore = consegnato()
         self.disco = self.macchina.disco
         self.stazione = self.disco / "stazione"
         self.addCleanup(self.sgombera)
@@ -33,9 +46,7 @@ class ProvaInstallatore(ProvaMacchina):
         self.installa(r"/D=C:\stazione")
 
     def rimuovi(self):
-        self.macchina.esegui(self.stazione / "Uninstall.exe", "/S")
-        # The uninstaller goes on in a copy of itself.
-        attendi(lambda: not (self.stazione / "Uninstall.exe").exists(), TEMPO, "fine della rimozione")
+        rimuovi(self.macchina, self.stazione)
 
     def registrato(self, chiave, nome):
         """A text of the registry; None is the key's own."""

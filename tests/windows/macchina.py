@@ -1,6 +1,7 @@
 """A Windows machine of a test's own: Wine, with its registry and drives in a folder."""
 
 import os
+import shutil
 import subprocess
 import tempfile
 import unittest
@@ -25,6 +26,7 @@ class Macchina:
         @param davanti command that runs everything on the machine, e.g. without the powers of root.
         """
         self._davanti = list(davanti)
+        self._wine = WINE
         self._cartella = tempfile.TemporaryDirectory(prefix="macchina-", ignore_cleanup_errors=True)
         self.ambiente = (os.environ if ambiente is None else ambiente) | {
             "WINEPREFIX": f"{self._cartella.name}/wine",
@@ -40,7 +42,7 @@ class Macchina:
 
     def comando(self, programma, *argomenti):
         """What runs a program there, from here; with .ambiente."""
-        return [*self._davanti, WINE, programma, *argomenti]
+        return [*self._davanti, self._wine, programma, *argomenti]
 
     def avvia(self, programma, *argomenti, **opzioni):
         # The machine goes on with what its first program was given.
@@ -72,12 +74,28 @@ class Macchina:
         """Ends all that runs on the machine, and the machine; the next program starts it anew."""
         for opzione in ("-k", "-w"):
             subprocess.run(
-                ["wineserver", opzione], env=self.ambiente, check=False, timeout=TEMPO, capture_output=True
-            )
+                [*self._davanti, "wineserver", opzione],
+                env=self.ambiente, check=False, timeout=TEMPO, capture_output=True,
+            )  # fmt: skip
 
     def chiudi(self):
         self.spegni()
         self._cartella.cleanup()
+
+
+class MacchinaUtente(Macchina):
+    """An ordinary user's, who knows nothing of this build: a program finds no library but what came with it."""
+
+    def __init__(self, ambiente):
+        super().__init__(ambiente, operatore.COME_UTENTE)
+        cartella = self._cartella.name
+        os.chown(cartella, operatore.UTENTE, operatore.GRUPPO)
+        self.ambiente |= {nome: cartella for nome in ("HOME", "TMPDIR", "XDG_RUNTIME_DIR")}
+        self._wine = self.ricevi(WINE)  # it looks for the build's libraries from where it lies
+
+    def ricevi(self, percorso):
+        """@returns the copy of a file of this computer that its user may read."""
+        return shutil.copy(percorso, self._cartella.name)
 
 
 class ProvaMacchina(unittest.TestCase):

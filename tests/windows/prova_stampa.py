@@ -2,16 +2,15 @@
 that does not take jobs, no queue."""
 
 import re
-import tempfile
 import time
 
 import carta
+from a_memoria import STAMPA
 from foglio import Foglio
 from operatore import attendi
 from stampante import Stampante
 from veicolo import ProvaVeicolo
 
-STAMPA = 20  # seconds until an operator presses the button again: a page takes that long on a busy machine
 AVVISO = "Avviso"  # the title of a message
 ORA = re.compile(r"\d\d:\d\d:\d\d")
 
@@ -21,35 +20,13 @@ class Stampa(ProvaVeicolo):
 
     def setUp(self):
         super().setUp()
-        cartella = tempfile.TemporaryDirectory(prefix="stampante-")
-        self.addCleanup(cartella.cleanup)
-        self.stampante = Stampante(cartella.name)
-        self.addCleanup(self.stampante.ferma)
+        self.prendi_stampante()
         self.macchina.ambiente |= self.stampante.ambiente
-
-    def stampa(self):
-        """@returns the sheet that comes out."""
-        numero = self.stampante.fogli() + 1
-        self.clicca_finche(lambda: self.stampante.fogli() >= numero, "Stampa", cosa="foglio", riprova=STAMPA)
-        return self.ultimo_foglio()
-
-    def ultimo_foglio(self):
-        fogli = (self.stampante.cartella / "uscita").glob("*.pdf")
-        return max(fogli, key=lambda foglio: int(foglio.stem))
 
     def rifiutati(self):
         """How many jobs the scheduler has turned away."""
-        registro = self.stampante.cartella / "lavoro" / "errori.log"
+        registro = self.stampante.lavoro / "errori.log"
         return registro.read_text().count("not-accepting-jobs") if registro.exists() else 0
-
-    def impara_la_stampa(self):
-        """Prints on Debian. @returns the sheet."""
-        programma = self.porta_su_debian(**self.stampante.ambiente)
-        self.impara(programma, "Stampa")
-        foglio = self.stampante.foglio(1)
-        programma.attendi_pulsante("Stampa")
-        self.esci_su_debian(programma)
-        return foglio
 
     def test_stampa_due_volte_come_su_debian_e_dopo_un_rifiuto(self):
         atteso = self.impara_la_stampa()
