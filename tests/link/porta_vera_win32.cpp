@@ -118,9 +118,19 @@ struct ChiamatePorta
 
     static BOOL WINAPI Chiudi(HANDLE porta)
     {
-        if (inForza != nullptr)
+        if (inForza != nullptr) {
             inForza->m_aperte.removeOne(porta);
+            inForza->m_eventi.removeOne(porta);
+        }
         return Vera<decltype(CloseHandle)>("CloseHandle")(porta);
+    }
+
+    static HANDLE WINAPI Evento(SECURITY_ATTRIBUTES *diritti, BOOL aMano, BOOL segnalato, const wchar_t *nome)
+    {
+        const HANDLE evento = Vera<decltype(CreateEventW)>("CreateEventW")(diritti, aMano, segnalato, nome);
+        if (inForza != nullptr)
+            inForza->m_eventi.append(evento);
+        return evento;
     }
 
     static BOOL WINAPI Code(HANDLE porta, DWORD ingresso, DWORD uscita)
@@ -244,6 +254,7 @@ DWORD PortaVera::In_Coda() const
 // The places through which a program calls the system. The linker takes these for its own.
 extern "C" {
 extern decltype(&CreateFileW) const __imp_CreateFileW = ChiamatePorta::Apri;
+extern decltype(&CreateEventW) const __imp_CreateEventW = ChiamatePorta::Evento;
 extern decltype(&CloseHandle) const __imp_CloseHandle = ChiamatePorta::Chiudi;
 extern decltype(&SetupComm) const __imp_SetupComm = ChiamatePorta::Code;
 extern decltype(&GetCommState) const __imp_GetCommState = ChiamatePorta::Formato;

@@ -34,6 +34,8 @@ public:
 
     /// Handles of ports that are open.
     qsizetype Aperte() const { return m_aperte.size(); }
+    /// Event handles that were made since it lives and are not closed.
+    qsizetype Eventi() const { return m_eventi.size(); }
     /// A read waits.
     static bool In_Lettura();
     /// Bytes that wait in the driver of the port that is open.
@@ -51,4 +53,5 @@ private:
     friend struct ChiamatePorta;
     bool m_tolta = false;
     QList<HANDLE> m_aperte;
+    QList<HANDLE> m_eventi;
 };
