@@ -172,7 +172,8 @@ void SerialeQt::Settings(const QString &testo)
     const Formato formato = Formato_Di(testo);
     const bool presi[] = {m_porta.setBaudRate(formato.velocita), m_porta.setParity(formato.parita),
                           m_porta.setDataBits(formato.bit), m_porta.setStopBits(formato.stop)};
-    if (m_lineaVera && std::ranges::count(presi, false) > 0)
+    // A device that has gone meanwhile refuses nothing: it is closed already.
+    if (m_lineaVera && m_porta.isOpen() && std::ranges::count(presi, false) > 0)
         Rifiuta_Formato();
 }
 

@@ -95,20 +95,22 @@ public:
         ResetEvent(m_evento);
     }
 
-    /// Raised at the end of a call, with the bytes that it has carried.
-    std::function<void(bool riuscita, DWORD trattati)> Finita;
+    /// Raised at the end of a call, with the system's error and the bytes that it has carried.
+    std::function<void(DWORD errore, DWORD trattati)> Finita;
 
 private:
     void Arrivata()
     {
+        if (!m_inCorso)
+            return; // a call given up meanwhile
         DWORD trattati = 0;
-        const bool riuscita = m_inCorso && GetOverlappedResult(m_porta, &m_stato, &trattati, FALSE) != FALSE;
-        // A call given up meanwhile, or the next one under way already.
-        if (!m_inCorso || (!riuscita && GetLastError() == ERROR_IO_INCOMPLETE))
-            return;
+        const bool riuscita = GetOverlappedResult(m_porta, &m_stato, &trattati, FALSE) != FALSE;
+        const DWORD errore = riuscita ? ERROR_SUCCESS : GetLastError();
+        if (errore == ERROR_IO_INCOMPLETE)
+            return; // the next one is under way already
         m_inCorso = false;
         ResetEvent(m_evento);
-        Finita(riuscita, trattati);
+        Finita(errore, trattati);
     }
 
     HANDLE m_porta = INVALID_HANDLE_VALUE;
@@ -140,10 +142,10 @@ private:
     bool Chiedi();
     void Accogli(DWORD numero);
     void Attendi_Evento();
-    void Letti(bool riuscita, DWORD numero);
-    void Evento_Linea(bool riuscita);
+    void Letti(DWORD errore, DWORD numero);
+    void Evento_Linea(DWORD errore);
     void Prosegui_Invio();
-    void Mandati(bool riuscita, DWORD numero);
+    void Mandati(DWORD errore, DWORD numero);
     bool Stato_Linea(COMSTAT &stato);
     void Annuncia(EventoSeriale evento);
     void Solleva_Prossimo();
@@ -167,9 +169,9 @@ SerialeWin32::SerialeWin32()
     m_ripresa.setSingleShot(true);
     QObject::connect(&m_annuncio, &QTimer::timeout, &m_annuncio, [this] { Solleva_Prossimo(); });
     QObject::connect(&m_ripresa, &QTimer::timeout, &m_ripresa, [this] { Osserva(); });
-    m_lettura.Finita = [this](bool riuscita, DWORD numero) { Letti(riuscita, numero); };
-    m_attesa.Finita = [this](bool riuscita, DWORD) { Evento_Linea(riuscita); };
-    m_scrittura.Finita = [this](bool riuscita, DWORD numero) { Mandati(riuscita, numero); };
+    m_lettura.Finita = [this](DWORD errore, DWORD numero) { Letti(errore, numero); };
+    m_attesa.Finita = [this](DWORD errore, DWORD) { Evento_Linea(errore); };
+    m_scrittura.Finita = [this](DWORD errore, DWORD numero) { Mandati(errore, numero); };
 }
 
 bool SerialeWin32::Apri_Dispositivo(qint16 numero)
@@ -186,7 +188,7 @@ bool SerialeWin32::Apri_Dispositivo(qint16 numero)
         return false;
     }
     Osserva();
-    return true;
+    return Dispositivo_Aperto(); // not that of an adapter pulled out meanwhile
 }
 
 /// @return false when what was opened is no serial port.
@@ -271,11 +273,11 @@ void SerialeWin32::Prosegui_Invio()
         Chiudi_Dispositivo();
 }
 
-void SerialeWin32::Mandati(bool riuscita, DWORD numero)
+void SerialeWin32::Mandati(DWORD errore, DWORD numero)
 {
     if (!Dispositivo_Aperto())
         return;
-    if (riuscita && numero < static_cast<DWORD>(m_inInvio.size()))
+    if (errore == ERROR_SUCCESS && numero < static_cast<DWORD>(m_inInvio.size()))
         m_uscita.prepend(m_inInvio.mid(static_cast<qsizetype>(numero)));
     Prosegui_Invio();
 }
@@ -296,7 +298,8 @@ void SerialeWin32::Leggi()
     do {
         Accogli(numero);
         if (!Chiedi()) {
-            // An adapter pulled out: the port stays open, as an empty line.
+            // An adapter pulled out: the port stays open, as an empty line. The device does not: its number
+            // would not be free when it is plugged in again.
             Chiudi_Dispositivo();
             return;
         }
@@ -322,16 +325,18 @@ void SerialeWin32::Accogli(DWORD numero)
         Annuncia(EventoRicezione);
 }
 
-void SerialeWin32::Letti(bool riuscita, DWORD numero)
+void SerialeWin32::Letti(DWORD errore, DWORD numero)
 {
     if (!Dispositivo_Aperto())
         return;
-    if (!riuscita) {
-        Chiudi_Dispositivo();
+    // A driver gives up what is under way when its adapter goes, but also when the machine wakes from its
+    // sleep: what it says at the next question holds.
+    if (errore == ERROR_OPERATION_ABORTED || (errore == ERROR_SUCCESS && numero == 0)) {
+        m_ripresa.start(RIPRESA);
         return;
     }
-    if (numero == 0) {
-        m_ripresa.start(RIPRESA);
+    if (errore != ERROR_SUCCESS) {
+        Chiudi_Dispositivo();
         return;
     }
     Accogli(numero);
@@ -346,11 +351,17 @@ void SerialeWin32::Attendi_Evento()
     m_attesa.Avvia(m_porta, [this](OVERLAPPED *stato) { return WaitCommEvent(m_porta, &m_maschera, stato); });
 }
 
-void SerialeWin32::Evento_Linea(bool riuscita)
+void SerialeWin32::Evento_Linea(DWORD errore)
 {
+    if (!Dispositivo_Aperto())
+        return;
     COMSTAT stato = {};
-    if (!Dispositivo_Aperto() || !riuscita || !Stato_Linea(stato))
-        return; // what the read makes of a lost device holds
+    if (!Stato_Linea(stato)) {
+        Chiudi_Dispositivo(); // the read of an adapter pulled out need not end by itself
+        return;
+    }
+    if (errore != ERROR_SUCCESS)
+        return; // a line without events: bytes come all the same
     for (const VoceEvento &voce : LINEE_MODEM) {
         if ((m_maschera & voce.bit) != 0)
             Annuncia(voce.evento);

@@ -27,6 +27,12 @@ bool E_Porta(int fd)
     return inForza != nullptr && isatty(fd) != 0;
 }
 
+void Annuncia_Chiamata()
+{
+    if (inForza != nullptr && inForza->Chiamata)
+        inForza->Chiamata();
+}
+
 } // namespace
 
 PortaVera::PortaVera()
@@ -50,13 +56,16 @@ int open64(const char *percorso, int modo, ...)
     const mode_t diritti = (modo & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(altri, mode_t) : 0;
     va_end(altri);
     const QString nome = QString::fromLocal8Bit(percorso);
-    if (inForza != nullptr && (modo & O_ACCMODE) == O_RDWR && nome.startsWith(u"/dev/"))
+    if (inForza != nullptr && (modo & O_ACCMODE) == O_RDWR && nome.startsWith(u"/dev/")) {
+        Annuncia_Chiamata();
         inForza->Aperti.append(nome);
+    }
     return Vera<open64>("open64")(percorso, modo, diritti);
 }
 
 int tcgetattr(int fd, termios *formato) noexcept
 {
+    Annuncia_Chiamata();
     const int esito = Vera<tcgetattr>("tcgetattr")(fd, formato);
     if (inForza != nullptr && esito == 0 && inForza->Formato.c_cflag != 0)
         *formato = inForza->Formato;
@@ -65,6 +74,7 @@ int tcgetattr(int fd, termios *formato) noexcept
 
 int tcsetattr(int fd, int quando, const termios *formato) noexcept
 {
+    Annuncia_Chiamata();
     if (inForza == nullptr)
         return Vera<tcsetattr>("tcsetattr")(fd, quando, formato);
     if (inForza->Rifiuta && inForza->Rifiuta(*formato)) {
@@ -91,6 +101,7 @@ int ioctl(int fd, unsigned long richiesta, ...) noexcept
     va_start(altri, richiesta);
     void *const dato = va_arg(altri, void *);
     va_end(altri);
+    Annuncia_Chiamata();
     const bool linee = richiesta == TIOCMBIS || richiesta == TIOCMBIC;
     if (inForza == nullptr || !linee || !inForza->LineeModem)
         return Vera<ioctl>("ioctl")(fd, richiesta, dato);

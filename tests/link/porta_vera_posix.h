@@ -26,4 +26,7 @@ public:
     QList<int> Svuotati;                          ///< queues dropped, as tcflush names them
     int LettureGuaste = 0;                        ///< so many readings fail from now on
     bool Rotta = false;                           ///< the device reports an error, and no hang-up
+
+    /// Told of each call that opens a port or sets it up, before it is carried out.
+    std::function<void()> Chiamata;
 };

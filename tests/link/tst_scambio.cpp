@@ -5,6 +5,7 @@
 #include "platform/errore_esecuzione.h"
 #include "tests/comuni/errore_prova.h"
 #include "tests/comuni/linea_prova.h"
+#include "tests/comuni/memoria.h"
 #include "tests/comuni/stazione_prova.h"
 
 #include <QRandomGenerator>
@@ -42,6 +43,15 @@ struct Sessione
         macchina.Prepara();
         finestra.Mostra_Lbl(macchina.MsgIniziale);
         macchina.Avvia();
+    }
+    /// Drops what line and window have recorded so far.
+    void Dimentica()
+    {
+        linea.Usciti = {};
+        linea.Registro = {};
+        finestra.Lbl = {};
+        finestra.Tx = finestra.Rx = {};
+        finestra.Colori = {};
     }
     QStringList Scritte() const
     {
@@ -96,6 +106,7 @@ private Q_SLOTS:
     // replies
     void misuraCompleta();
     void attesaMisuraSenzaLimite();
+    void unGiornoDiAttesa();
     void statoRifiutato_data();
     void statoRifiutato();
     void figuraOltre16BitFatale();
@@ -470,6 +481,54 @@ void tst_scambio::attesaMisuraSenzaLimite()
     QCOMPARE(s.finestra.Scritta(), ATTESA);
     s.finestra.Scarica_Modulo();
     QCOMPARE(s.finestra.Notifiche, QList<qint16>(1, 7));
+}
+
+/// The station stands in front of a lamp that nobody switches on, and every three hours a reply gets lost.
+void tst_scambio::unGiornoDiAttesa()
+{
+    constexpr qint64 BATTITO = 200;
+    constexpr qint64 SILENZIO = 2200;
+    constexpr qint64 ORA = 3600 * 1000;
+    constexpr qint64 CRESCITA = 4096; // bytes, in a day: less than one for each reply of an hour
+    Sessione s(ModoMisura);
+    bool perduta = false;
+    char stato = '1';
+    s.linea.Rispondi = [&](const QByteArray &frame) {
+        if (frame == FRAME_MISURA)
+            return MISURA;
+        return std::exchange(perduta, false) ? QByteArray() : Risposta_Stato(stato);
+    };
+    s.Apri();
+    s.orologio.Avanza(BATTITO / 2);
+    qint64 mandato = 0;
+    qint64 memoria = 0;
+    for (int ora = 1; ora <= 24; ++ora) {
+        s.Dimentica();
+        perduta = ora % 3 == 0;
+        const QMap<qint64, int> attesi = perduta ? QMap<qint64, int>{{BATTITO, 18000 - 11}, {SILENZIO, 1}}
+                                                 : QMap<qint64, int>{{BATTITO, 18000}};
+        s.orologio.Avanza(ORA);
+        QMap<qint64, int> passi;
+        for (const qint64 quando : s.Tempi()) {
+            ++passi[quando - mandato];
+            mandato = quando;
+        }
+        QCOMPARE(passi, attesi);
+        QCOMPARE(s.macchina.Reinvii, qint16(ora / 3));
+        QCOMPARE(s.orologio.Armate(), 1); // the beat; the last reply is there
+        s.Dimentica();
+        if (ora == 1)
+            memoria = Memoria_InUso();
+        const qint64 cresciuta = Memoria_InUso() - memoria;
+        QVERIFY2(cresciuta < CRESCITA, qPrintable(QString::number(cresciuta)));
+    }
+    QCOMPARE(s.finestra.Errori, QStringList());
+
+    stato = '4';
+    s.orologio.Avanza(2 * BATTITO);
+    QCOMPARE(s.linea.Frame().last(), FRAME_MISURA);
+    s.orologio.Avanza(BATTITO);
+    QCOMPARE(s.macchina.Esito, qint16(6));
 }
 
 void tst_scambio::statoRifiutato_data()

@@ -4,6 +4,8 @@
 
 #include "platform/errore_esecuzione.h"
 #include "tests/comuni/errore_prova.h"
+#include "tests/comuni/linea_prova.h"
+#include "tests/comuni/privilegi_posix.h"
 #include "tests/link/porta_vera_posix.h"
 
 #include <QCoreApplication>
@@ -17,6 +19,7 @@
 
 #include <fcntl.h>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -65,6 +68,14 @@ private:
     QString m_nome;
 };
 
+/// Files that the program has open.
+qsizetype File_Aperti()
+{
+    return QDir(QStringLiteral("/proc/self/fd"))
+        .entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System)
+        .size();
+}
+
 double Secondi_Processore()
 {
     timespec tempo = {};
@@ -97,7 +108,10 @@ private Q_SLOTS:
     void legameChiamatoInMinuscolo();
     void legameApertoAlSuoDispositivo();
     void senzaLegameLaPortaDellaMacchina();
+    void portaOltreLaNona();
     void portaOccupata();
+    void portaTenutaDaUnAltroProgramma();
+    void portaChiusaAgliAltriProgrammi();
     void dueLegamiUnDispositivo();
     void portaChiusaSolleva();
 
@@ -116,12 +130,18 @@ private Q_SLOTS:
     void chiusuraNonAspettaLaLineaPiena();
     void chiusuraSvuotaLeCode();
     void ingressoPienoPerdeIlResto();
+    void rafficaFraDueGiri();
 
     void cavoStaccato_data();
     void cavoStaccato();
     void ultimiByteAncoraLeggibili();
     void letturaGuastaNonPerdeLaLinea();
     void dispositivoRottoLasciato();
+
+    void adattatoreRimessoFraDueSessioni();
+    void adattatoreRimessoASessioneAperta();
+    void adattatoreToltoDuranteLApertura_data();
+    void adattatoreToltoDuranteLApertura();
 
 private:
     static QString Legame(const QString &nome = QStringLiteral("COM7"))
@@ -130,6 +150,14 @@ private:
     }
     /// Opens the port as a session does, and gathers what comes in.
     void Apri();
+    /// The adapter is pulled out, and its device goes; plugged in, it has the same number and often another
+    /// device.
+    void Togli_Adattatore();
+    void Rimetti_Adattatore();
+    /// Bytes come through in both directions.
+    void Verifica_Linea();
+    /// The session goes on as on a line without an instrument, and ends.
+    void Verifica_Sorda();
 
     std::unique_ptr<CapoLontano> m_capo;
     std::unique_ptr<ControlloSeriale> m_porta;
@@ -174,6 +202,43 @@ void tst_seriale_qt::Apri()
     m_porta->InputMode(1);
     m_porta->RThreshold(1);
     m_porta->NullDiscard(false);
+}
+
+void tst_seriale_qt::Togli_Adattatore()
+{
+    QFile::remove(Legame());
+    m_capo->Stacca();
+}
+
+void tst_seriale_qt::Rimetti_Adattatore()
+{
+    m_capo = std::make_unique<CapoLontano>();
+    QVERIFY(QFile::link(m_capo->Nome(), Legame()));
+}
+
+void tst_seriale_qt::Verifica_Linea()
+{
+    m_arrivati.clear();
+    m_porta->Output("andata");
+    QByteArray alCapo;
+    QTRY_COMPARE(alCapo += m_capo->Arrivati(), QByteArray("andata"));
+    m_capo->Manda("ritorno");
+    QTRY_COMPARE(m_arrivati, QByteArray("ritorno"));
+}
+
+void tst_seriale_qt::Verifica_Sorda()
+{
+    QVERIFY(m_porta->PortOpen());
+    for (int invio = 0; invio < 3; ++invio) {
+        QCOMPARE(Errore_Di([this] { m_porta->OutBufferCount(0); }), 0);
+        QCOMPARE(Errore_Di([this] { m_porta->Output("frame"); }), 0);
+        QCoreApplication::processEvents();
+    }
+    QCOMPARE(m_porta->InBufferCount(), qint16(0));
+    QCOMPARE(m_porta->Input(), QByteArray());
+    QVERIFY(m_porta->PortOpen());
+    m_porta->PortOpen(false);
+    QVERIFY(!m_porta->PortOpen());
 }
 
 void tst_seriale_qt::byteNeiDueVersi()
@@ -378,6 +443,49 @@ void tst_seriale_qt::portaOccupata()
     m_porta->PortOpen(false);
     QCOMPARE(Errore_Di([&altra] { altra->PortOpen(true); }), 0);
     QVERIFY(altra->PortOpen());
+}
+
+void tst_seriale_qt::portaOltreLaNona()
+{
+    QVERIFY(QFile::rename(Legame(), Legame(QStringLiteral("COM20"))));
+    m_porta->CommPort(20);
+    Apri();
+    Verifica_Linea();
+    const PortaVera porta;
+    const auto altra = Crea_ControlloSeriale();
+    altra->CommPort(12);
+    Errore_Di([&altra] { altra->PortOpen(true); });
+    QCOMPARE(porta.Aperti, QStringList(QStringLiteral("/dev/ttyS11")));
+}
+
+/// One that asks for no lock, only for the device to be its own.
+void tst_seriale_qt::portaTenutaDaUnAltroProgramma()
+{
+    const int altro = open(qPrintable(m_capo->Nome()), O_RDWR | O_NOCTTY | O_NONBLOCK);
+    QVERIFY(altro >= 0);
+    QCOMPARE(fchmod(altro, 0666), 0);
+    QCOMPARE(ioctl(altro, TIOCEXCL), 0);
+    const SenzaPrivilegi nessuno;
+    QCOMPARE(Errore_Di([this] { Apri(); }), 8002);
+    QVERIFY(!m_porta->PortOpen());
+    QCOMPARE(ioctl(altro, TIOCNXCL), 0);
+    close(altro);
+    Apri();
+    Verifica_Linea();
+}
+
+void tst_seriale_qt::portaChiusaAgliAltriProgrammi()
+{
+    const auto altro = [this] { return open(qPrintable(m_capo->Nome()), O_RDWR | O_NOCTTY | O_NONBLOCK); };
+    QCOMPARE(chmod(qPrintable(m_capo->Nome()), 0666), 0);
+    const SenzaPrivilegi nessuno;
+    Apri();
+    QCOMPARE(altro(), -1);
+    QCOMPARE(errno, EBUSY);
+    m_porta->PortOpen(false);
+    const int preso = altro();
+    QVERIFY(preso >= 0);
+    close(preso);
 }
 
 void tst_seriale_qt::dueLegamiUnDispositivo()
@@ -592,6 +700,31 @@ void tst_seriale_qt::ingressoPienoPerdeIlResto()
     close(vicino);
 }
 
+void tst_seriale_qt::rafficaFraDueGiri()
+{
+    Apri();
+    m_porta->Settings(QStringLiteral("115200,N,8,1"));
+    const QByteArray risposta = Risposta_Stato('1');
+    const qsizetype quante = BUFFER_INGRESSO / risposta.size();
+    QByteArray raffica = risposta.repeated(quante);
+    raffica += QByteArray(BUFFER_INGRESSO - raffica.size(), 'x'); // noise between two frames
+    Assemblatore ricezione;
+    for (int giro = 0; giro < 5; ++giro) {
+        m_arrivati.clear();
+        m_capo->Manda(raffica); // nobody turns the loop until all is there
+        QTRY_COMPARE(m_arrivati.size(), raffica.size());
+        QCOMPARE(m_arrivati, raffica);
+        qsizetype finite = 0;
+        for (const char byte : std::as_const(m_arrivati)) {
+            if (ricezione.Aggiungi(static_cast<quint8>(byte)) == EsitoByte::Fine) {
+                QVERIFY(Risposta_Valida(ricezione.BufRx));
+                ++finite;
+            }
+        }
+        QCOMPARE(finite, quante);
+    }
+}
+
 void tst_seriale_qt::cavoStaccato_data()
 {
     QTest::addColumn<bool>("riaggancio");
@@ -622,19 +755,8 @@ void tst_seriale_qt::cavoStaccato()
     QVERIFY(Secondi_Processore() - prima < 0.15); // a loop that never sleeps takes all of it
     QCOMPARE(m_eventi, 0);
 
-    // The session goes on as on a line without an instrument.
-    QVERIFY(m_porta->PortOpen());
-    for (int invio = 0; invio < 3; ++invio) {
-        QCOMPARE(Errore_Di([this] { m_porta->OutBufferCount(0); }), 0);
-        QCOMPARE(Errore_Di([this] { m_porta->Output("frame"); }), 0);
-        QCoreApplication::processEvents();
-    }
-    QCOMPARE(m_porta->InBufferCount(), qint16(0));
-    QCOMPARE(m_porta->Input(), QByteArray());
     QCOMPARE(Errore_Di([this] { m_porta->Settings(QStringLiteral("9600,N,8,1")); }), 0);
-    QVERIFY(m_porta->PortOpen());
-    m_porta->PortOpen(false);
-    QVERIFY(!m_porta->PortOpen());
+    Verifica_Sorda();
     QCOMPARE(m_eventi, 0);
 }
 
@@ -676,6 +798,83 @@ void tst_seriale_qt::dispositivoRottoLasciato()
     QCOMPARE(Errore_Di([this] { m_porta->Output("frame"); }), 0);
     QCOMPARE(m_capo->Arrivati(), QByteArray());
     QCOMPARE(m_eventi, 0);
+}
+
+// --- an adapter pulled out --------------------------------------------------------------------------------
+
+void tst_seriale_qt::adattatoreRimessoFraDueSessioni()
+{
+    Apri();
+    Verifica_Linea();
+    m_porta->PortOpen(false);
+    Togli_Adattatore();
+    // Port 7 is then the seventh port of the machine itself, which hardly any has.
+    if (!QFile::exists(QStringLiteral("/dev/ttyS6")))
+        QCOMPARE(Errore_Di([this] { Apri(); }), 8002);
+    m_porta->PortOpen(false);
+    Rimetti_Adattatore();
+    Apri();
+    Verifica_Linea();
+}
+
+/// The session that lost it does not get it back, and lets go of the device; the next one has it.
+void tst_seriale_qt::adattatoreRimessoASessioneAperta()
+{
+    const qsizetype aperti = File_Aperti();
+    Apri();
+    Verifica_Linea();
+    Togli_Adattatore();
+    QTRY_COMPARE(File_Aperti(), aperti - 1); // without the far end
+    Rimetti_Adattatore();
+    Verifica_Sorda();
+    QCOMPARE(m_capo->Arrivati(), QByteArray());
+    Apri();
+    Verifica_Linea();
+}
+
+void tst_seriale_qt::adattatoreToltoDuranteLApertura_data()
+{
+    QTest::addColumn<bool>("lineeModem");
+    QTest::newRow("porta vera") << true;
+    QTest::newRow("pseudo terminale") << false;
+}
+
+/// Before every single call of the opening and of the settings.
+void tst_seriale_qt::adattatoreToltoDuranteLApertura()
+{
+    QFETCH(bool, lineeModem);
+    PortaVera porta;
+    porta.LineeModem = lineeModem;
+    int chiamate = 0;
+    porta.Chiamata = [&chiamate] { ++chiamate; };
+    Apri();
+    const int tutte = chiamate;
+    QVERIFY(tutte > 5);
+    m_porta->PortOpen(false);
+    const qsizetype aperti = File_Aperti();
+    for (int quale = 1; quale <= tutte; ++quale) {
+        porta.Formato = {};
+        porta.Chiamata = [this, &chiamate, quale] {
+            if (++chiamate == quale)
+                m_capo->Stacca();
+        };
+        chiamate = 0;
+        const int errore = Errore_Di([this] { Apri(); });
+        QVERIFY2(errore == 8002 || errore == 0, qPrintable(QStringLiteral("%1: %2").arg(quale).arg(errore)));
+        QCOMPARE(m_porta->PortOpen(), errore == 0);
+        QTRY_COMPARE(File_Aperti(), aperti - 1); // without the far end
+        m_eventi = 0;
+        if (errore == 0)
+            Verifica_Sorda();
+        QCOMPARE(m_eventi, 0);
+
+        porta.Chiamata = nullptr;
+        QVERIFY(QFile::remove(Legame()));
+        Rimetti_Adattatore();
+        Apri();
+        Verifica_Linea();
+        m_porta->PortOpen(false);
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_seriale_qt)

@@ -1,32 +1,34 @@
-// The serial control on COM ports. At the far end of COM1 and COM12 somebody sends every byte back, and hangs
-// up at the byte 0x04: tests/windows/prova_seriale.py, which starts this program.
+// The serial control on COM ports. At the far end of COM1 and COM12 somebody sends every byte back; who is
+// told so on COM12 pulls the adapter of COM1 out and plugs it in again: tests/windows/prova_seriale.py, which
+// starts this program.
 #include "link/seriale.h"
 
 #include "platform/errore_esecuzione.h"
+#include "tests/comuni/errore_prova.h"
+#include "tests/comuni/linea_prova.h"
 #include "tests/link/porta_vera_win32.h"
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QTest>
+#include <QThread>
 
 namespace {
 
 constexpr qint16 PORTA = 1;
 constexpr qint16 PORTA_OLTRE_LA_NONA = 12;
 constexpr qint16 PORTA_MANCANTE = 9;
-constexpr char RIAGGANCIA[] = "\x04";
+/// What the adapter of COM1 is told, on COM12.
+constexpr char STACCA[] = "\x04";
+constexpr char RIMETTI[] = "\x05";
 
-template <typename Procedura>
-int Errore_Di(Procedura procedura)
-{
-    try {
-        procedura();
-    } catch (const ErroreEsecuzione &errore) {
-        return errore.Numero();
-    }
-    return 0;
-}
+// What the system ends a read with, and the error that it becomes.
+constexpr uint ABBANDONATA = 0xC0000120U;      // ERROR_OPERATION_ABORTED
+constexpr uint IN_RIMOZIONE = 0xC0000056U;     // ERROR_ACCESS_DENIED
+constexpr uint STATO_NON_VALIDO = 0xC0000184U; // ERROR_BAD_COMMAND
+constexpr uint RIMOSSO = 0xC00002B6U;          // ERROR_DEVICE_REMOVED
+constexpr uint NON_RIUSCITA = 0xC0000001U;     // ERROR_GEN_FAILURE
 
 } // namespace
 
@@ -36,7 +38,7 @@ class tst_seriale_win32 : public QObject
 
 private Q_SLOTS:
     void init();
-    void cleanup() { m_porta.reset(); }
+    void cleanup();
 
     void byteNeiDueVersi();
     void zeroConservato();
@@ -51,6 +53,8 @@ private Q_SLOTS:
     void riapertaFunzionaAncora();
     void chiusaDentroLEvento();
     void portaOltreLaNona();
+    void nomeDellaPorta_data();
+    void nomeDellaPorta();
     void portaMancante();
     void portaOccupata();
     void portaChiusaSolleva();
@@ -60,10 +64,30 @@ private Q_SLOTS:
     void formatoCheArrivaAllaPorta();
     void formatoRifiutato();
     void formatoCheLoPseudoTerminaleNonHa();
-    void cavoStaccato(); // the last: nobody puts the cable back
+    void codaDelDriver();
+    void rafficaFraDueGiri();
+
+    void cavoStaccato();
+    void adattatoreRimessoFraDueSessioni();
+    void adattatoreRimessoASessioneAperta();
+    void adattatoreTolto_data();
+    void adattatoreTolto();
+    void adattatoreToltoMentreSiManda();
+    void adattatoreToltoELaLetturaNonFinisce();
+    void adattatoreToltoDuranteLApertura_data();
+    void adattatoreToltoDuranteLApertura();
+    void letturaAbbandonataNonPerdeLaLinea();
+    void controlloDistruttoNonLasciaManiglie();
 
 private:
     void Apri(qint16 numero = PORTA);
+    void Ordina(const char *ordine);
+    /// The port works: what goes out comes back.
+    void Verifica_Eco(const QByteArray &byte);
+    /// The session goes on as on a line without an instrument, and ends.
+    void Verifica_Sorda();
+
+    bool m_staccato = false; ///< the adapter of COM1
 
     std::unique_ptr<ControlloSeriale> m_porta;
     int m_eventi = 0;
@@ -78,6 +102,48 @@ void tst_seriale_win32::init()
     m_eventi = 0;
     m_altri.clear();
     m_arrivati.clear();
+}
+
+void tst_seriale_win32::cleanup()
+{
+    m_porta.reset();
+    if (m_staccato)
+        Ordina(RIMETTI);
+}
+
+void tst_seriale_win32::Ordina(const char *ordine)
+{
+    const auto comandi = Crea_ControlloSeriale();
+    comandi->CommPort(PORTA_OLTRE_LA_NONA);
+    comandi->PortOpen(true);
+    comandi->Settings(QStringLiteral("9600,N,8,1"));
+    comandi->Output(ordine);
+    m_staccato = ordine == STACCA;
+    QTRY_COMPARE(comandi->InBufferCount(), qint16(1)); // it has been carried out
+}
+
+void tst_seriale_win32::Verifica_Eco(const QByteArray &byte)
+{
+    m_arrivati.clear();
+    m_porta->Output(byte);
+    QTRY_COMPARE(m_arrivati, byte);
+}
+
+void tst_seriale_win32::Verifica_Sorda()
+{
+    m_arrivati.clear();
+    m_eventi = 0;
+    QVERIFY(m_porta->PortOpen());
+    for (int giro = 0; giro < 20; ++giro) {
+        QCOMPARE(Errore_Di([this] { m_porta->OutBufferCount(0); }), 0);
+        QCOMPARE(Errore_Di([this] { m_porta->Output("perduto"); }), 0);
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    QCOMPARE(m_eventi, 0);
+    QCOMPARE(m_porta->Input(), QByteArray());
+    QVERIFY(m_porta->PortOpen());
+    m_porta->PortOpen(false);
+    QVERIFY(!m_porta->PortOpen());
 }
 
 void tst_seriale_win32::Apri(qint16 numero)
@@ -263,20 +329,44 @@ void tst_seriale_win32::portaOltreLaNona()
     QTRY_COMPARE(m_arrivati, QByteArray("dodici"));
 }
 
+void tst_seriale_win32::nomeDellaPorta_data()
+{
+    QTest::addColumn<qint16>("numero");
+    QTest::addColumn<QString>("nome");
+    QTest::newRow("prima") << qint16(1) << QStringLiteral("\\\\.\\COM1");
+    QTest::newRow("decima") << qint16(10) << QStringLiteral("\\\\.\\COM10");
+    QTest::newRow("ultima dell'elenco") << qint16(20) << QStringLiteral("\\\\.\\COM20");
+    QTest::newRow("ultima del sistema") << qint16(256) << QStringLiteral("\\\\.\\COM256");
+}
+
+void tst_seriale_win32::nomeDellaPorta()
+{
+    QFETCH(qint16, numero);
+    QFETCH(QString, nome);
+    PortaVera porta;
+    m_porta->CommPort(numero);
+    Errore_Di([this] { m_porta->PortOpen(true); });
+    QCOMPARE(porta.Nomi, QStringList(nome));
+}
+
 void tst_seriale_win32::portaMancante()
 {
     QCOMPARE(Errore_Di([this] { Apri(PORTA_MANCANTE); }), 8002);
     QVERIFY(!m_porta->PortOpen());
 }
 
+/// A port has one user at a time, whatever program that is.
 void tst_seriale_win32::portaOccupata()
 {
+    const PortaVera porta;
     Apri();
     const auto altra = Crea_ControlloSeriale();
     altra->CommPort(PORTA);
-    QVERIFY(Errore_Di([&altra] { altra->PortOpen(true); }) != 0);
+    QCOMPARE(Errore_Di([&altra] { altra->PortOpen(true); }), 8002);
+    QVERIFY(!altra->PortOpen());
     m_porta->PortOpen(false);
     QCOMPARE(Errore_Di([&altra] { altra->PortOpen(true); }), 0);
+    QVERIFY(altra->PortOpen());
 }
 
 void tst_seriale_win32::portaChiusaSolleva()
@@ -376,20 +466,198 @@ void tst_seriale_win32::formatoCheLoPseudoTerminaleNonHa()
     QTRY_COMPARE(m_arrivati, QByteArray("abc"));
 }
 
+/// The driver's queue holds what comes in while the loop stands still.
+void tst_seriale_win32::codaDelDriver()
+{
+    const PortaVera porta;
+    Apri();
+    QCOMPARE(int(porta.CodaIngresso), BUFFER_INGRESSO);
+}
+
+void tst_seriale_win32::rafficaFraDueGiri()
+{
+    const PortaVera porta;
+    Apri();
+    m_porta->Settings(QStringLiteral("115200,N,8,1"));
+    const QByteArray risposta = Risposta_Stato('1');
+    const qsizetype quante = BUFFER_INGRESSO / risposta.size();
+    QByteArray raffica = risposta.repeated(quante);
+    raffica += QByteArray(BUFFER_INGRESSO - raffica.size(), 'x'); // noise between two frames
+    Assemblatore ricezione;
+    for (int giro = 0; giro < 5; ++giro) {
+        m_arrivati.clear();
+        m_porta->Output(raffica);
+        // Nobody turns the loop until all is there; one byte is in the read that waits.
+        QDeadlineTimer limite(5000);
+        while (porta.In_Coda() < BUFFER_INGRESSO - 1 && !limite.hasExpired())
+            QThread::yieldCurrentThread();
+        QCOMPARE(m_arrivati, QByteArray());
+        QTRY_COMPARE(m_arrivati.size(), raffica.size());
+        QCOMPARE(m_arrivati, raffica);
+        qsizetype finite = 0;
+        for (const char byte : std::as_const(m_arrivati)) {
+            if (ricezione.Aggiungi(static_cast<quint8>(byte)) == EsitoByte::Fine) {
+                QVERIFY(Risposta_Valida(ricezione.BufRx));
+                ++finite;
+            }
+        }
+        QCOMPARE(finite, quante);
+    }
+}
+
+// --- an adapter pulled out --------------------------------------------------------------------------------
+
 void tst_seriale_win32::cavoStaccato()
 {
     Apri();
-    m_porta->Output("x");
-    QTRY_COMPARE(m_arrivati, QByteArray("x"));
-    m_porta->Output(RIAGGANCIA);
-    // Whatever goes out now is lost without a word; the loop goes round as before.
-    for (int giro = 0; giro < 20; ++giro) {
-        QCOMPARE(Errore_Di([this] { m_porta->Output("perduto"); }), 0);
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    QCOMPARE(m_arrivati.left(1), QByteArray("x"));
+    Verifica_Eco("x");
+    Ordina(STACCA);
+    Verifica_Sorda();
+}
+
+void tst_seriale_win32::adattatoreRimessoFraDueSessioni()
+{
+    Apri();
+    Verifica_Eco("prima");
     m_porta->PortOpen(false);
+    Ordina(STACCA);
+    QCOMPARE(Errore_Di([this] { Apri(); }), 8002);
     QVERIFY(!m_porta->PortOpen());
+    Ordina(RIMETTI);
+    Apri();
+    Verifica_Eco("dopo");
+}
+
+/// The session that lost it does not get it back; the next one has it.
+void tst_seriale_win32::adattatoreRimessoASessioneAperta()
+{
+    Apri();
+    Verifica_Eco("prima");
+    Ordina(STACCA);
+    Ordina(RIMETTI);
+    Verifica_Sorda();
+    Apri();
+    Verifica_Eco("dopo");
+}
+
+void tst_seriale_win32::adattatoreTolto_data()
+{
+    QTest::addColumn<uint>("stato");
+    QTest::newRow("accesso negato") << IN_RIMOZIONE;
+    QTest::newRow("comando non valido") << STATO_NON_VALIDO;
+    QTest::newRow("rimosso") << RIMOSSO;
+    QTest::newRow("non funziona") << NON_RIUSCITA;
+    QTest::newRow("operazione abbandonata") << ABBANDONATA;
+}
+
+/// Every driver ends the read that waits in its own way. The handle is closed while the session still stands:
+/// the adapter would not get its number back.
+void tst_seriale_win32::adattatoreTolto()
+{
+    QFETCH(uint, stato);
+    PortaVera porta;
+    Apri();
+    porta.Muta = true;
+    Verifica_Eco("x");
+    QVERIFY(porta.In_Lettura());
+    porta.Togli();
+    porta.Interrompi(stato);
+    QTRY_COMPARE(porta.Aperte(), qsizetype(0));
+    Verifica_Sorda();
+    QCOMPARE(Errore_Di([this] { Apri(); }), 8002);
+
+    porta.Rimetti();
+    porta.Muta = false;
+    Apri();
+    Verifica_Eco("dopo");
+}
+
+void tst_seriale_win32::adattatoreToltoMentreSiManda()
+{
+    PortaVera porta;
+    Apri();
+    porta.Togli();
+    QCOMPARE(Errore_Di([this] { m_porta->Output("perduto"); }), 0);
+    QCOMPARE(porta.Aperte(), qsizetype(0));
+    Verifica_Sorda();
+}
+
+/// Some drivers leave the read waiting; the wait for the events of the line they end.
+void tst_seriale_win32::adattatoreToltoELaLetturaNonFinisce()
+{
+    PortaVera porta;
+    porta.Muta = true;
+    Apri();
+    QVERIFY(porta.In_Lettura());
+    porta.Togli();
+    porta.Sveglia_Attesa();
+    QTRY_COMPARE(porta.Aperte(), qsizetype(0));
+    Verifica_Sorda();
+}
+
+void tst_seriale_win32::adattatoreToltoDuranteLApertura_data()
+{
+    QTest::addColumn<QByteArray>("chiamata");
+    QTest::addColumn<int>("errore");
+    for (const char *apre :
+         {"CreateFile", "SetupComm", "GetCommState", "SetCommTimeouts", "ClearCommError", "ReadFile"})
+        QTest::newRow(apre) << QByteArray(apre) << 8002;
+    // From here on it is an adapter pulled out of an open port.
+    for (const char *aperta : {"SetCommMask", "WaitCommEvent", "SetCommState"})
+        QTest::newRow(aperta) << QByteArray(aperta) << 0;
+}
+
+void tst_seriale_win32::adattatoreToltoDuranteLApertura()
+{
+    QFETCH(QByteArray, chiamata);
+    QFETCH(int, errore);
+    PortaVera porta;
+    porta.Muta = true;
+    porta.Chiamata = [&porta, &chiamata](const char *nome) {
+        if (chiamata == nome)
+            porta.Togli();
+    };
+    QCOMPARE(Errore_Di([this] { Apri(); }), errore);
+    QCOMPARE(m_porta->PortOpen(), errore == 0);
+    if (errore == 0) {
+        porta.Interrompi(STATO_NON_VALIDO);
+        QTRY_COMPARE(porta.Aperte(), qsizetype(0));
+        Verifica_Sorda();
+    }
+    QCOMPARE(porta.Aperte(), qsizetype(0));
+
+    porta.Chiamata = nullptr;
+    porta.Rimetti();
+    porta.Muta = false;
+    Apri();
+    Verifica_Eco("dopo");
+}
+
+/// A driver gives its reads up when the machine goes to sleep too, and works on afterwards.
+void tst_seriale_win32::letturaAbbandonataNonPerdeLaLinea()
+{
+    PortaVera porta;
+    Apri();
+    porta.Muta = true;
+    Verifica_Eco("x");
+    QVERIFY(porta.In_Lettura());
+    porta.Muta = false;
+    porta.Interrompi(ABBANDONATA);
+    Verifica_Eco("abc");
+    QCOMPARE(porta.Aperte(), qsizetype(1));
+}
+
+/// A station makes a control for each session, thousands between two starts.
+void tst_seriale_win32::controlloDistruttoNonLasciaManiglie()
+{
+    PortaVera porta;
+    m_porta = Crea_ControlloSeriale();
+    QVERIFY(porta.Eventi() > 0);
+    Apri();
+    Verifica_Eco("x");
+    m_porta.reset();
+    QCOMPARE(porta.Aperte(), qsizetype(0));
+    QCOMPARE(porta.Eventi(), qsizetype(0));
 }
 
 QTEST_GUILESS_MAIN(tst_seriale_win32)

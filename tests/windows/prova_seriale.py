@@ -11,21 +11,30 @@ from pathlib import Path
 from macchina import COSTRUZIONE, Macchina, ProvaMacchina
 
 PROVA = COSTRUZIONE / "tests" / "link" / "tst_seriale_win32.exe"
-RIAGGANCIA = b"\x04"
+STACCA, RIMETTI = b"\x04", b"\x05"
 
 
-class Eco:
-    """The far end of a line: it sends back what comes, and hangs up when it is told to."""
+class Adattatore:
+    """An adapter with somebody at the far end of its line, who sends back what comes."""
 
-    def __init__(self):
+    def __init__(self, dispositivo, ordini=None):
+        """@param dispositivo: path of the device, the same each time that it is plugged in.
+        @param ordini: {byte: what is done before that byte is sent back}.
+        """
+        self.dispositivo = dispositivo
+        self._ordini = ordini or {}
+        self._filo = None
+        self.inserisci()
+
+    def inserisci(self):
         self._capo, presa = pty.openpty()
         tty.setraw(presa)
-        self.dispositivo = os.ttyname(presa)
         # Kept until the port is opened: a line whose last user leaves ends the far end's reading.
         self._presa = presa
         self._fine, self._avviso = os.pipe()
         self._filo = threading.Thread(target=self._rimanda)
         self._filo.start()
+        self.dispositivo.symlink_to(os.ttyname(presa))
 
     def _rimanda(self):
         while True:
@@ -33,38 +42,40 @@ class Eco:
             if self._fine in pronti:
                 break
             byte = os.read(self._capo, 4096)
-            if RIAGGANCIA in byte:
-                break
+            for ordine, esegui in self._ordini.items():
+                if ordine in byte:
+                    esegui()
             os.write(self._capo, byte)
         os.close(self._presa)
         os.close(self._capo)
 
-    def chiudi(self):
+    def stacca(self):
+        if self._filo is None:
+            return
+        self.dispositivo.unlink()
         os.write(self._avviso, b".")
         self._filo.join()
+        self._filo = None
         os.close(self._avviso)
         os.close(self._fine)
 
 
-# What does not run here, and why.
-SALTATE = {"portaOccupata()": "Wine lets a port be opened twice"}
-
-
 class Seriale(ProvaMacchina):
     def test_il_controllo_seriale_di_windows(self):
-        for numero in (1, 12):
-            eco = Eco()
-            self.addCleanup(eco.chiudi)
-            self.macchina.collega_porta(numero, eco.dispositivo)
-        funzioni = self.macchina.esegui(PROVA, "-functions").split()
-        for funzione, motivo in SALTATE.items():
-            print(f"SKIP {funzione}: {motivo}")
-            funzioni.remove(funzione)
-        with tempfile.TemporaryDirectory(prefix="seriale-") as cartella:
-            # On Windows the test library keeps its log off a standard output that is no console.
-            registro = Path(cartella) / "registro.txt"
-            try:
-                nomi = [funzione.removesuffix("()") for funzione in funzioni]
-                self.macchina.esegui(PROVA, "-o", f"{Macchina.percorso(registro)},txt", *nomi)
-            finally:
-                print(registro.read_text(errors="replace").replace("Totals:", "In tutto:"))
+        cartella = tempfile.TemporaryDirectory(prefix="seriale-")
+        self.addCleanup(cartella.cleanup)
+        cartella = Path(cartella.name)
+        adattatore = Adattatore(cartella / "uno")
+        self.addCleanup(adattatore.stacca)
+        comandi = Adattatore(
+            cartella / "dodici", {STACCA: adattatore.stacca, RIMETTI: adattatore.inserisci}
+        )
+        self.addCleanup(comandi.stacca)
+        self.macchina.collega_porta(1, adattatore.dispositivo)
+        self.macchina.collega_porta(12, comandi.dispositivo)
+        # On Windows the test library keeps its log off a standard output that is no console.
+        registro = cartella / "registro.txt"
+        try:
+            self.macchina.esegui(PROVA, "-o", f"{Macchina.percorso(registro)},txt")
+        finally:
+            print(registro.read_text(errors="replace").replace("Totals:", "In tutto:"))
