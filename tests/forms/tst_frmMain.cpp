@@ -736,7 +736,7 @@ private Q_SLOTS:
         });
         Voce(6)->click();
         QVERIFY(regia.Finita());
-        QCOMPARE(dipinture.Volte, 1);
+        QVERIFY(dipinture.Volte > 0); // how often is the window system's business
     }
 
     void informazioni()

@@ -57,7 +57,8 @@ public:
     bool Uccidi()
     {
         m_processo.kill();
-        return m_processo.waitForFinished();
+        // Its end may have been told already, in the wait for something else.
+        return m_processo.waitForFinished() || m_processo.state() == QProcess::NotRunning;
     }
     bool Chiudi()
     {
