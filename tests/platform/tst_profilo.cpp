@@ -29,8 +29,17 @@ constexpr Lettura LETTURE[] = {
     {"plain",                           "[A]\r\nX=1\r\n",                      u"A",   u"X",   u"1"},
     {"second section",                  "[A]\r\nX=1\r\n[B]\r\nX=2\r\n",        u"B",   u"X",   u"2"},
     {"LF line ends",                    "[A]\nX=1\n[B]\nX=2\n",                u"B",   u"X",   u"2"},
+    {"lone CR line ends",               "[A]\rX=1\r[B]\rX=2\r",                u"B",   u"X",   u"2"},
+    {"lone CR line ends, first key",    "[A]\rX=1\rY=2\r",                     u"A",   u"X",   u"1"},
+    {"lone CR among other line ends",   "[A]\nX=1\rY=2\r\n",                   u"A",   u"Y",   u"2"},
+    {"lone CR behind a note",           "[A]\r;nota\rX=1\r",                   u"A",   u"X",   u"1"},
+    {"lone CR behind a key",            "[A]\rX\rX=1\r",                       u"A",   u"X",   u"-"},
+    {"lone CR behind an open head",     "[A\rX=1\r",                           u"A",   u"X",   u"1"},
+    {"CR CR LF",                        "[A]\r\r\nX=1\r\r\nY=w\r\r\n",          u"A",   u"Y",   u"w"},
+    {"LF CR",                           "[A]\n\rX=1\n\rY=2",                    u"A",   u"X",   u"1"},
     {"no last line end",                "[A]\r\nX=1",                          u"A",   u"X",   u"1"},
     {"no last line end, LF",            "[A]\nX=1",                            u"A",   u"X",   u"1"},
+    {"no last line end, lone CR",       "[A]\rX=1",                            u"A",   u"X",   u"1"},
     {"case of the section",             "[Sezione]\r\nX=1\r\n",                u"sEZIONE", u"X", u"1"},
     {"case of the key",                 "[A]\r\nChiave=1\r\n",                 u"A",   u"cHIAVE", u"1"},
     {"case of accented letters",        "[A]\r\nCitt\xE0=1\r\n",               u"A",   u"CITTÀ", u"1"},
@@ -109,6 +118,13 @@ constexpr Scrittura SCRITTURE[] = {
     {"empty value stays as a key",      "[A]\r\nX=1\r\nY=2\r\n",        u"A",   u"X",   u"",   "[A]\r\nX=\r\nY=2\r\n"},
     {"LF stays LF",                     "[A]\nX=1\nY=2\n",              u"A",   u"X",   u"9",  "[A]\nX=9\nY=2\n"},
     {"new key among LF lines",          "[A]\nX=1\n[B]\n",              u"A",   u"Y",   u"9",  "[A]\nX=1\nY=9\r\n[B]\n"},
+    {"lone CR stays lone CR",           "[A]\rX=1\rY=2\r",              u"A",   u"X",   u"9",  "[A]\rX=9\rY=2\r"},
+    {"lone CR, last key in place",      "[A]\r\nX=1\r",                u"A",   u"X",   u"9",  "[A]\r\nX=9\r"},
+    {"lone CR, new key",                "[A]\rX=1\r[B]\r",              u"A",   u"Y",   u"9",  "[A]\rX=1\rY=9\r\n[B]\r"},
+    {"lone CR, new section",            "[A]\rX=1\r",                   u"B",   u"Y",   u"9",  "[A]\rX=1\r[B]\r\nY=9\r\n"},
+    {"lone CR, key without equals sign", "[A]\rX\rY=2\r",               u"A",   u"X",   u"9",  "[A]\rX=9\rY=2\r"},
+    {"CR CR LF stays",                  "[A]\r\r\nX=1\r\r\nY=2\r\r\n", u"A",  u"X",   u"9",  "[A]\r\r\nX=9\r\r\nY=2\r\r\n"},
+    {"CR CR LF, new key",               "[A]\r\r\nX=1\r\r\n[B]\r\r\n",  u"A",   u"Y",   u"9",  "[A]\r\r\nX=1\rY=9\r\n\r\n[B]\r\r\n"},
     {"no last line end, key in place",  "[A]\r\nX=1",                   u"A",   u"X",   u"9",  "[A]\r\nX=9"},
     {"no last line end, new key",       "[A]\r\nX=1",                   u"A",   u"Y",   u"9",  "[A]\r\nX=1\r\nY=9\r\n"},
     {"no last line end, new section",   "[A]\r\nX=1",                   u"B",   u"Y",   u"9",  "[A]\r\nX=1\r\n[B]\r\nY=9\r\n"},
@@ -559,7 +575,7 @@ private Q_SLOTS:
                prima[prima.size() - 1 - coda] == dopo[dopo.size() - 1 - coda])
             ++coda;
         const QByteArray tolto = prima.mid(testa, prima.size() - testa - coda);
-        QVERIFY2(!tolto.contains('\n'), tolto.constData());
+        QVERIFY2(!tolto.contains('\n') && !tolto.contains('\r'), tolto.constData());
     }
 
     void fileGrandeSiLeggeInTempo()

@@ -6,7 +6,7 @@ Windows is the contract. The shapes in which Wine is known to be otherwise are n
 asked for: blanks other than spaces round a name, a key that begins with ";", an empty section, letters beyond
 A to Z in another case, a quoted value that just fills the buffer;
 in a file: a head without "]" or with two of them, a byte order mark;
-in a file that is written to, because Wine writes it anew: blank lines, indentation, LF line ends, text behind a
+in a file that is written to, because Wine writes it anew: blank lines, indentation, LF and CR line ends, text behind a
 head, spaces round "=", comments behind the last key of a section, a last line without its end.
 """
 
@@ -28,7 +28,7 @@ VALORI = ["", "1", "valore", "due parole", "a=b", "[x]", ";no", "perché", '"', 
           '"a', "a'", "\"'a'\"", "\x80\xa4\xff", "a;b", "1,5", "0" * 300, "a\tb", "C:\\DIR\\"]  # fmt: skip
 BIANCHI = ["", "", "", " ", "  ", "\t", " \t "]
 SPAZI = ["", "", "", " ", "  "]
-FINI = ["\r\n", "\r\n", "\r\n", "\n"]
+FINI = ["\r\n", "\r\n", "\r\n", "\n", "\r", "\r\r\n"]
 
 
 def altra_grafia(caso, testo):

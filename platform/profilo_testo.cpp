@@ -1,0 +1,192 @@
+// The shape of a profile is that of the real calls, down to what they make of lines that nobody meant to
+// write.
+#include "platform/profilo_testo.h"
+
+#include "platform/codifica.h"
+#include "platform/maiuscole.h"
+
+#include <QByteArrayView>
+
+#include <algorithm>
+
+namespace {
+
+enum class TipoRiga
+{
+    Testa,
+    Chiave,
+    Altro
+};
+
+/// One line of a profile, by its places in the bytes of the file.
+struct Riga
+{
+    TipoRiga tipo = TipoRiga::Altro;
+    QString nome;         // of the section or the key, as it is compared
+    qsizetype valore = 0; // first byte behind "="; without one, the end of the text
+    bool uguale = false;  // a key without "=" stands in the way of a later one of its name, and has no value
+    qsizetype fine = 0;   // behind the text, before the line end
+    qsizetype dopo = 0;   // behind the line end
+};
+
+bool Bianco(char c)
+{
+    return c == ' ' || c == '\t' || c == '\v';
+}
+
+QByteArrayView Senza_Bianchi(QByteArrayView testo)
+{
+    while (!testo.isEmpty() && Bianco(testo.front()))
+        testo = testo.sliced(1);
+    while (!testo.isEmpty() && Bianco(testo.back()))
+        testo.chop(1);
+    return testo;
+}
+
+/// A name as it is compared, without regard to case.
+QString Nome_DaAnsi(const QByteArray &byte)
+{
+    return Maiuscole(Testo_DaAnsi(byte));
+}
+
+QString Nome_DaByte(QByteArrayView nome)
+{
+    return Nome_DaAnsi(Senza_Bianchi(nome).toByteArray());
+}
+
+/// A section or key as the caller gives it: it ends at a NUL and loses spaces, only spaces, at both ends.
+QByteArray Nome_Richiesto(const QString &nome)
+{
+    const QByteArray intero = Testo_InAnsi(nome.left(nome.indexOf(QChar(0))));
+    QByteArrayView byte = intero;
+    while (byte.startsWith(' '))
+        byte = byte.sliced(1);
+    while (byte.endsWith(' '))
+        byte.chop(1);
+    return byte.toByteArray();
+}
+
+QString Valore_DaByte(QByteArrayView valore)
+{
+    valore = Senza_Bianchi(valore);
+    const bool virgolette = valore.size() >= 2 && valore.front() == valore.back() &&
+                            (valore.front() == '"' || valore.front() == '\'');
+    if (virgolette)
+        valore = valore.sliced(1, valore.size() - 2);
+    return Testo_DaAnsi(valore.toByteArray());
+}
+
+/// Where a line's text ends: at a CR, at an LF, or at the end of the bytes. A lone CR ends a line as well: a
+/// file that has been through two conversions has CR CR LF, an empty line behind each of its lines.
+qsizetype Fine_Riga(QByteArrayView byte, qsizetype inizio)
+{
+    const auto *fine =
+        std::find_if(byte.begin() + inizio, byte.end(), [](char c) { return c == '\r' || c == '\n'; });
+    return fine - byte.begin();
+}
+
+Riga Riga_Da(QByteArrayView byte, qsizetype inizio)
+{
+    Riga riga;
+    riga.fine = Fine_Riga(byte, inizio);
+    const qsizetype segni = byte.sliced(riga.fine).startsWith("\r\n") ? 2 : 1;
+    riga.dopo = std::min(riga.fine + segni, byte.size());
+
+    const QByteArrayView testo = byte.sliced(inizio, riga.fine - inizio);
+    const QByteArrayView spoglio = Senza_Bianchi(testo);
+    if (spoglio.startsWith('[')) {
+        const qsizetype chiusa = spoglio.indexOf(']');
+        riga.tipo = TipoRiga::Testa;
+        riga.nome = Nome_DaByte(spoglio.sliced(1, (chiusa < 0 ? spoglio.size() : chiusa) - 1));
+    } else if (!spoglio.isEmpty() && !spoglio.startsWith(';')) {
+        const qsizetype uguale = testo.indexOf('=');
+        riga.tipo = TipoRiga::Chiave;
+        riga.uguale = uguale >= 0;
+        riga.nome = Nome_DaByte(riga.uguale ? testo.first(uguale) : testo);
+        riga.valore = riga.uguale ? inizio + uguale + 1 : riga.fine;
+    }
+    return riga;
+}
+
+std::optional<QString> Valore_Di(const Riga &riga, QByteArrayView byte)
+{
+    if (!riga.uguale)
+        return std::nullopt;
+    return Valore_DaByte(byte.sliced(riga.valore, riga.fine - riga.valore));
+}
+
+/// Where a key stands, or where it would go.
+struct Posto
+{
+    std::optional<Riga> chiave; // its line
+    bool sezione = false;       // its section is there
+    qsizetype nuova = 0;        // where a new line of the section goes
+};
+
+Posto Posto_Di(QByteArrayView byte, const QString &sezione, const QString &chiave)
+{
+    Posto posto;
+    for (qsizetype inizio = 0; inizio < byte.size();) {
+        const Riga riga = Riga_Da(byte, inizio);
+        inizio = riga.dopo;
+        if (riga.tipo == TipoRiga::Testa) {
+            if (posto.sezione)
+                break;
+            posto.sezione = riga.nome == sezione;
+        }
+        if (!posto.sezione || riga.tipo == TipoRiga::Altro)
+            continue;
+        posto.nuova = riga.dopo;
+        if (riga.tipo == TipoRiga::Chiave && riga.nome == chiave) {
+            posto.chiave = riga;
+            break;
+        }
+    }
+    return posto;
+}
+
+/// True when what is inserted there begins a line.
+bool Inizio_Riga(QByteArrayView byte, qsizetype posto)
+{
+    return posto == 0 || byte[posto - 1] == '\r' || byte[posto - 1] == '\n';
+}
+
+} // namespace
+
+QString Nome_DaConfrontare(const QString &nome)
+{
+    return Nome_DaAnsi(Nome_Richiesto(nome));
+}
+
+QHash<QString, ValoriSezione> Valori_Profilo(QByteArrayView byte)
+{
+    QHash<QString, ValoriSezione> valori;
+    ValoriSezione *sezione = nullptr; // the one that is being filled: the first of its name
+    for (qsizetype inizio = 0; inizio < byte.size();) {
+        const Riga riga = Riga_Da(byte, inizio);
+        inizio = riga.dopo;
+        if (riga.tipo == TipoRiga::Testa)
+            sezione = valori.contains(riga.nome) ? nullptr : &valori[riga.nome];
+        else if (riga.tipo == TipoRiga::Chiave && sezione != nullptr && !sezione->contains(riga.nome))
+            sezione->insert(riga.nome, Valore_Di(riga, byte));
+    }
+    return valori;
+}
+
+QByteArray Profilo_Aggiornato(QByteArray byte, const QString &sezione, const QString &chiave,
+                              const QString &valore)
+{
+    const QByteArray nuovo = Testo_InAnsi(valore.left(valore.indexOf(QChar(0))));
+    const Posto posto = Posto_Di(byte, Nome_DaConfrontare(sezione), Nome_DaConfrontare(chiave));
+    if (posto.chiave) {
+        const Riga &riga = *posto.chiave;
+        return byte.replace(riga.valore, riga.fine - riga.valore, riga.uguale ? nuovo : '=' + nuovo);
+    }
+    QByteArray righe = Nome_Richiesto(chiave) + '=' + nuovo + "\r\n";
+    if (!posto.sezione)
+        righe.prepend('[' + Nome_Richiesto(sezione) + "]\r\n");
+    const qsizetype dove = posto.sezione ? posto.nuova : byte.size();
+    if (!Inizio_Riga(byte, dove))
+        righe.prepend("\r\n");
+    return byte.insert(dove, righe);
+}

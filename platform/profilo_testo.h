@@ -1,0 +1,26 @@
+// The text of a profile: which lines its bytes are, which values they give, what a write makes of them. Knows
+// no file and keeps nothing.
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+
+#include <optional>
+
+/// Values of a section by the name of their key; none for a key without "=", which stands in the way of a
+/// later one of its name. Names as Nome_DaConfrontare gives them.
+using ValoriSezione = QHash<QString, std::optional<QString>>;
+
+/// A section or key that is asked for, as it is compared: up to its first NUL, without the spaces (only
+/// spaces) at both ends, without regard to case.
+QString Nome_DaConfrontare(const QString &nome);
+
+/// What a profile's bytes give to read: the first section of each name and the first key of each name in it.
+QHash<QString, ValoriSezione> Valori_Profilo(QByteArrayView byte);
+
+/// The bytes of a profile with one value changed: in the line that holds the key, in a new one right after
+/// the last key of its section, or in a new section at the end. Every other byte stays.
+/// @param sezione, chiave, valore  what Profilo_Scrivibile allows.
+QByteArray Profilo_Aggiornato(QByteArray byte, const QString &sezione, const QString &chiave,
+                              const QString &valore);
