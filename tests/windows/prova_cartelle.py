@@ -93,6 +93,10 @@ class Cartelle(ProvaMacchina):
             with self.subTest(pagina=pagina):
                 self.macchina.esegui(PROFILO, "cartellaDiQualsiasiNome", "ogniByteDellaPagina")
 
+    def test_dove_le_chiamate_non_servono_il_profilo_e_quello_di_sempre(self):
+        self.macchina.imposta_lingua(PAGINE["65001"])
+        self.macchina.esegui(PROFILO)  # whole: nothing of it is Wine's
+
     def test_una_cartella_troppo_profonda_ha_un_messaggio_e_non_un_errore(self):
         # The path of lumira.ini has 259 characters, then 260, then more; that of the acceptance template is longer.
         for profondita in (245, 246, 270):
