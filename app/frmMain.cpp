@@ -229,7 +229,9 @@ void frmMain::Inizia_Prova()
 bool frmMain::Accettazioni_Presenti() const
 {
     QStringList nomi;
-    return Fs_Esiste(gDirAcc, 0) && Fs_Elenco(gDirAcc, QStringLiteral("*.acc"), nomi, Falso, Vero) > -1;
+    // A folder that is too deep for its files is as good as none: start-up has said so.
+    return Fs_CartellaAmmessa(gDirAcc) && Fs_Esiste(gDirAcc, 0) &&
+           Fs_Elenco(gDirAcc, QStringLiteral("*.acc"), nomi, Falso, Vero) > -1;
 }
 
 void frmMain::Apri_Veicolo()

@@ -1,6 +1,7 @@
 // The entry point: start-up in its order, then the form loop until the main window is unloaded.
 #include "app/avvio.h"
 #include "app/frmMain.h"
+#include "core/modFs.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
 #include "platform/errore_esecuzione.h"
@@ -15,12 +16,37 @@ namespace {
 constexpr qint16 TESTO_CONFIGURAZIONE_BLOCCATA = 160;
 
 /// The text is fixed and in English: no text file may be there to provide another.
+void Termina_Con(const QString &testo, const QString &file)
+{
+    Mostra_MsgTempo(testo + QStringLiteral("\r\n (") + file + u')');
+    Programma_Termina();
+}
+
+/// A path that is too long for the system is too long to be read: how it begins.
+QString Inizio_Di(const QString &percorso)
+{
+    return percorso.left(40) + QStringLiteral("...");
+}
+
+/// Asked before the file itself: the question for a file with too long a path is an error by itself.
+void Esige_Lunghezza(const QString &file)
+{
+    if (!Percorso_Ammesso(file))
+        Termina_Con(QStringLiteral("Setup File Path too Long"), Inizio_Di(file));
+}
+
 void Esige_File(const QString &file)
 {
-    if (File_Presente(file, 0))
-        return;
-    Mostra_MsgTempo(QStringLiteral("Setup File not Found\r\n (") + file + u')');
-    Programma_Termina();
+    Esige_Lunghezza(file);
+    if (!File_Presente(file, 0))
+        Termina_Con(QStringLiteral("Setup File not Found"), file);
+}
+
+/// The folder is a value of the setup, which has to open for it to be mended: the station works on.
+void Avverte_SeTroppoLunga(const QString &cartella)
+{
+    if (!Fs_CartellaAmmessa(cartella))
+        Mostra_MsgConferma(QStringLiteral("Folder Path too Long\r\n (") + Inizio_Di(cartella) + u')');
 }
 
 /// Whoever saves a value is not told when it is lost: the forms go on as if it had been written. So it is
@@ -47,9 +73,11 @@ bool Avvia()
     // lingueMCTC.ini is not asked for: without it every text of the screen is empty and the program goes on.
     Esige_File(gFileLingue);
     Avvio_Impostazioni();
+    Esige_Lunghezza(gFileModelloAcc); // of the files that the calls open it has the longest path
     Predefinito<frmMain>().Mostra();
+    Avverte_SeTroppoLunga(gDirAcc);
     Avverte_SeNonScrivibile(gFileIni);
-    return Predefinito<frmMain>().Caricato(); // the way out may have been taken under the message
+    return Predefinito<frmMain>().Caricato(); // the way out may have been taken under a message
 }
 
 } // namespace

@@ -15,7 +15,7 @@ PACCHETTI_SCRIVANIA=(openbox xfwm4 tint2 x11-utils)
 PACCHETTI_STAMPA=(cups cups-client cups-filters ghostscript printer-driver-cups-pdf poppler-utils)
 # The Windows program: its compiler, its installer, and what it runs on here. Wine prints where it finds libcups2;
 # the tests sign with a certificate of their own.
-PACCHETTI_WINDOWS=(g++-mingw-w64-x86-64-posix nsis wine64 wine libcups2 openssl osslsigncode)
+PACCHETTI_WINDOWS=(g++-mingw-w64-x86-64-posix nsis wine64 wine locales libcups2 openssl osslsigncode)
 # The Debian package is made and looked into: dpkg-dev and file.
 PACCHETTI_CONTROLLI=(git clang-format cppcheck dpkg-dev file)
 

@@ -3,6 +3,7 @@
 
 #include "platform/elenco.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/percorsi.h"
 
 #include <QCoreApplication>
 
@@ -15,6 +16,11 @@ Flag Fs_Esiste(const QString &percorso, qint16 attributo)
     } catch (const ErroreEsecuzione &) {
         return Falso;
     }
+}
+
+Flag Fs_CartellaAmmessa(const QString &cartella)
+{
+    return Flag_Da(Percorso_Ammesso(cartella + QStringLiteral("12345678.acc")));
 }
 
 qint32 Fs_Elenco(QString &cartella, const QString &maschera, QStringList &nomi, Flag percorsoIntero,

@@ -10,6 +10,10 @@
 /// only if the folder holds a plain file. Any error, and an empty path, give False.
 Flag Fs_Esiste(const QString &percorso, qint16 attributo);
 
+/// True when the path of an acceptance file in the folder is no longer than file operations take.
+/// @param cartella ends in a backslash.
+Flag Fs_CartellaAmmessa(const QString &cartella);
+
 /// Lists a folder's plain files, in the order in which the file system delivers them.
 /// @param cartella corrected in place: it ends in a backslash afterwards.
 /// @param[out] nomi the names. @param percorsoIntero the folder stands before each name.

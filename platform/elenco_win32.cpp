@@ -2,6 +2,7 @@
 #include "platform/elenco.h"
 
 #include "platform/errore_esecuzione.h"
+#include "platform/percorsi.h"
 
 #include <qt_windows.h>
 
@@ -27,7 +28,7 @@ RecordTrovato Record_Di(const WIN32_FIND_DATAW &dati)
 DWORD Elenca(const QString &percorso, QList<RecordTrovato> &trovati)
 {
     // To the call a path would end at a NUL, and one past the longest would just not be there.
-    if (percorso.contains(QChar(0)) || percorso.size() >= MAX_PATH)
+    if (percorso.contains(QChar(0)) || !Percorso_Ammesso(percorso))
         return ERROR_INVALID_NAME;
     WIN32_FIND_DATAW dati;
     const HANDLE ricerca = FindFirstFileW(reinterpret_cast<const wchar_t *>(percorso.utf16()), &dati);

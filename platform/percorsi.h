@@ -10,5 +10,10 @@
 /// does not exist at all stays as spelled, so that a file can be made under that name.
 QString Percorso_Nativo(const QString &percorso);
 
+/// @param percorso a whole path of the program.
+/// @return false when the path is longer than the file operations take: on Windows 259 characters, for the
+/// profile calls and the listings at any rate.
+bool Percorso_Ammesso(const QString &percorso);
+
 /// The program's own folder, with backslashes and without one at its end.
 QString Cartella_Programma();

@@ -6,7 +6,10 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+
+#include <climits>
 
 namespace {
 
@@ -48,6 +51,11 @@ QString Percorso_Nativo(const QString &percorso)
         inizio = fine + 1;
     }
     return fatto;
+}
+
+bool Percorso_Ammesso(const QString &percorso)
+{
+    return QFile::encodeName(percorso).size() < PATH_MAX; // which counts the closing NUL
 }
 
 QString Cartella_Programma()

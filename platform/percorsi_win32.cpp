@@ -3,10 +3,17 @@
 
 #include <QCoreApplication>
 
+#include <qt_windows.h>
+
 QString Percorso_Nativo(const QString &percorso)
 {
     // The file system finds names in any case by itself. The toolkit's file classes cut paths at slashes.
     return QString(percorso).replace(u'\\', u'/');
+}
+
+bool Percorso_Ammesso(const QString &percorso)
+{
+    return percorso.size() < MAX_PATH; // which counts the closing NUL
 }
 
 QString Cartella_Programma()

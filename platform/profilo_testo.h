@@ -21,6 +21,6 @@ QHash<QString, ValoriSezione> Valori_Profilo(QByteArrayView byte);
 
 /// The bytes of a profile with one value changed: in the line that holds the key, in a new one right after
 /// the last key of its section, or in a new section at the end. Every other byte stays.
-/// @param sezione, chiave, valore  what Profilo_Scrivibile allows.
+/// @param sezione, chiave, valore  what Profilo_Ammette allows.
 QByteArray Profilo_Aggiornato(QByteArray byte, const QString &sezione, const QString &chiave,
                               const QString &valore);

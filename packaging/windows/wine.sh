@@ -2,6 +2,8 @@
 # Runs a Windows program of build/windows under Wine: wine.sh PROGRAM.EXE [ARGUMENT ...]
 # Wine keeps its registry and its drives in a folder of its own (WINEPREFIX, by default one under /tmp), made
 # at the first run. The libraries of the Qt for Windows and of the compiler are found beside the build.
+# Language, code page and separators of the system are those of LC_ALL: C.UTF-8 is page 1252 with a decimal point,
+# it_IT.UTF-8 the same with a comma, pl_PL.UTF-8 page 1250, hi_IN.UTF-8 page 65001.
 set -eu
 radice=$(cd "$(dirname "$0")/../.." && pwd)
 : "${WINEPREFIX:=${TMPDIR:-/tmp}/lumira-wine-$(id -u)}"
@@ -20,8 +22,19 @@ prepara() {
     wineserver -w
 }
 
+# Names of files reach Wine whole only in a locale that this machine has: it is made beside the registry.
+LOCPATH=$WINEPREFIX.locali
+export LOCPATH
+prepara_lingua() {
+    mkdir -p "$LOCPATH"
+    localedef -i "${LC_ALL%.UTF-8}" -f UTF-8 "$LOCPATH/$LC_ALL"
+}
+
 (
     flock 9
+    case ${LC_ALL:-} in
+        *_*.UTF-8) [ -d "$LOCPATH/$LC_ALL" ] || prepara_lingua ;;
+    esac
     [ -f "$WINEPREFIX/system.reg" ] || prepara
 ) 9>"$WINEPREFIX.lock" >"$WINEPREFIX.log" 2>&1
 

@@ -7,12 +7,12 @@
 #include "core/risultato.h"
 #include "link/protocollo.h"
 #include "platform/errore_esecuzione.h"
+#include "tests/comuni/locale_prova.h"
 #include "tests/comuni/orologio_prova.h"
 #include "tests/comuni/stazione_prova.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLocale>
 #include <QTest>
 
 namespace {
@@ -61,7 +61,7 @@ private:
 private Q_SLOTS:
     void init()
     {
-        QLocale::setDefault(QLocale::c());
+        Imposta_Locale(QLocale::c());
         orologio = std::make_unique<OrologioProva>(QDateTime(QDate(2024, 3, 5), QTime(9, 7, 8)));
         stazione = std::make_unique<StazioneProva>();
         gAltezzaFaro = 65;
@@ -71,7 +71,7 @@ private Q_SLOTS:
     }
     void cleanup()
     {
-        QLocale::setDefault(QLocale::c());
+        Imposta_Locale(QLocale::c());
         orologio.reset();
     }
 
@@ -254,7 +254,7 @@ private Q_SLOTS:
         QFETCH(bool, virgola);
         QFETCH(QString, testo);
         if (virgola)
-            QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+            Imposta_Locale(QLocale(QLocale::Italian, QLocale::Italy));
         gAltezzaFaro = altezza;
         Calcola_Esito();
         QCOMPARE(Riga("AltezzaAnab"), testo);

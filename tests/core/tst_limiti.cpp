@@ -3,9 +3,9 @@
 
 #include "core/modGeneral.h"
 #include "tests/comuni/errore_prova.h"
+#include "tests/comuni/locale_prova.h"
 #include "tests/comuni/stazione_prova.h"
 
-#include <QLocale>
 #include <QTest>
 
 #include <cmath>
@@ -69,10 +69,10 @@ private:
 private Q_SLOTS:
     void init()
     {
-        QLocale::setDefault(QLocale::c());
+        Imposta_Locale(QLocale::c());
         stazione = std::make_unique<StazioneProva>();
     }
-    void cleanup() { QLocale::setDefault(QLocale::c()); }
+    void cleanup() { Imposta_Locale(QLocale::c()); }
 
     /// Every limit takes its own key: distinct values in all eight.
     void ogniLimiteDallaSuaChiave()
@@ -199,7 +199,7 @@ private Q_SLOTS:
         QFETCH(QString, valore);
         QFETCH(float, limite);
         if (virgola)
-            QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+            Imposta_Locale(QLocale(QLocale::Italian, QLocale::Italy));
         stazione->Imposta(PARAMETRI, QStringLiteral("DevVertAbb"), valore);
         Carica_Limiti();
         QCOMPARE(gSepDecimale, virgola ? QStringLiteral(",") : QStringLiteral("."));
@@ -209,7 +209,7 @@ private Q_SLOTS:
     /// A point in a whole limit is a decimal point too on a machine with a comma, not a group mark.
     void puntoNelLuxConLaVirgola()
     {
-        QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+        Imposta_Locale(QLocale(QLocale::Italian, QLocale::Italy));
         stazione->Imposta(PARAMETRI, QStringLiteral("LuxMinAnab"), QStringLiteral("3.750"));
         Carica_Limiti();
         QCOMPARE(gLuxMinAnab, 4);

@@ -2,6 +2,7 @@
 #include "core/modFs.h"
 
 #include "core/modGeneral.h"
+#include "platform/percorsi.h"
 #include "tests/comuni/stazione_prova.h"
 
 #include <QDateTime>
@@ -91,6 +92,17 @@ private Q_SLOTS:
         QCOMPARE(Fs_Esiste(Percorso(u"L"), 16), Vero);
         QCOMPARE(Fs_Esiste(Percorso(u"L"), 0), Falso);
         QCOMPARE(Fs_Esiste(Percorso(u"manca"), 16), Falso);
+    }
+
+    /// The name of an acceptance file has twelve characters.
+    void cartellaAmmessa()
+    {
+        QString cartella = QStringLiteral("C:\\");
+        while (Percorso_Ammesso(cartella + QString(12, u'1')))
+            cartella.insert(cartella.size() - 1, u'x');
+        QCOMPARE(Fs_CartellaAmmessa(cartella), Falso);
+        cartella.remove(3, 1);
+        QCOMPARE(Fs_CartellaAmmessa(cartella), Vero);
     }
 
     /// A folder with its backslash is there under attribute 0 only when it holds a plain file.

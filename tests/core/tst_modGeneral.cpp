@@ -2,10 +2,10 @@
 #include "core/modGeneral.h"
 
 #include "tests/comuni/errore_prova.h"
+#include "tests/comuni/locale_prova.h"
 #include "tests/comuni/stazione_prova.h"
 
 #include <QFile>
-#include <QLocale>
 #include <QTest>
 
 namespace {
@@ -21,7 +21,7 @@ class TestModGeneral : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QLocale::setDefault(QLocale::c()); }
+    void cleanup() { Imposta_Locale(QLocale::c()); }
 
     void leggiIni_data()
     {
@@ -119,9 +119,9 @@ private Q_SLOTS:
     {
         QFETCH(QLocale, locale);
         const QLocale prima;
-        QLocale::setDefault(locale);
+        Imposta_Locale(locale);
         const QString decimali = Locale_Info(14), data = Locale_Info(29);
-        QLocale::setDefault(prima);
+        Imposta_Locale(prima);
         QTEST(decimali, "decimali");
         QTEST(data, "data");
     }

@@ -1,11 +1,11 @@
 #include "tests/forms/banco_form.h"
 
 #include "core/modGeneral.h"
+#include "tests/comuni/locale_prova.h"
 #include "toolkit/aspetto.h"
 #include "toolkit/schermo.h"
 
 #include <QApplication>
-#include <QLocale>
 #include <QTest>
 #include <QTimer>
 
@@ -35,7 +35,7 @@ BancoForm::BancoForm()
 BancoForm::~BancoForm()
 {
     Scarica_Tutti();
-    QLocale::setDefault(QLocale::c());
+    Imposta_Locale(QLocale::c());
 }
 
 // --- widgets ----------------------------------------------------------------------------------------------

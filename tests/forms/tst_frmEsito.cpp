@@ -6,6 +6,7 @@
 #include "core/modGeneral.h"
 #include "core/risultato.h"
 #include "platform/colori.h"
+#include "tests/comuni/locale_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -13,7 +14,6 @@
 #include "toolkit/segnale.h"
 
 #include <QFile>
-#include <QLocale>
 #include <QTest>
 
 namespace {
@@ -130,7 +130,7 @@ private Q_SLOTS:
         QFETCH(bool, virgola);
         QFETCH(QString, testo);
         if (virgola)
-            QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+            Imposta_Locale(QLocale(QLocale::Italian, QLocale::Italy));
         gAltezzaFaro = altezza;
         Apri();
         QCOMPARE(Testo_Di(*form, "txt_0"), testo);
@@ -265,7 +265,7 @@ private Q_SLOTS:
 
     void separatoreDelLocale()
     {
-        QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+        Imposta_Locale(QLocale(QLocale::Italian, QLocale::Italy));
         Imposta_Riga("IllumLuxAnabDx", QStringLiteral("12300"));
         Apri();
         QCOMPARE(Cella(8)->text(), QStringLiteral("12,3"));

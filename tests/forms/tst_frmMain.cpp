@@ -4,11 +4,13 @@
 
 #include "core/limiti.h"
 #include "core/modCtl.h"
+#include "core/modFs.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
 #include "dialogs/dlgPwd.h"
 #include "link/frmComm.h"
 #include "mctc/frmMctcO.h"
+#include "platform/percorsi.h"
 #include "report/frmMctc2.h"
 #include "setup/frmSetupO.h"
 #include "tests/forms/banco_form.h"
@@ -345,6 +347,20 @@ private Q_SLOTS:
     void cartellaDellaLetturaIrraggiungibile()
     {
         gDirAcc += QString(5000, u'x') + u'\\';
+        Apri();
+        Premi_Prova();
+        QVERIFY(Modulo_Aperto("frmMctc2") != nullptr);
+    }
+
+    /// Nor does one help that is there, but so deep that no acceptance file in it can be asked for.
+    void cartellaDellaLetturaTroppoProfonda()
+    {
+        while (Percorso_Ammesso(gDirAcc + QStringLiteral("*.acc")))
+            gDirAcc.insert(gDirAcc.size() - 1, gDirAcc.size() % 100 == 0 ? u'\\' : u'x');
+        QVERIFY(QDir().mkpath(Percorso_Nativo(gDirAcc)));
+        QFile file(Percorso_Nativo(gDirAcc + u'a'));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(Fs_Esiste(gDirAcc, 0), Vero);
         Apri();
         Premi_Prova();
         QVERIFY(Modulo_Aperto("frmMctc2") != nullptr);

@@ -4,6 +4,7 @@
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
+#include "tests/comuni/locale_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -11,7 +12,6 @@
 
 #include <QCheckBox>
 #include <QFile>
-#include <QLocale>
 #include <QTest>
 
 namespace {
@@ -357,7 +357,7 @@ private Q_SLOTS:
         QFETCH(bool, virgola);
         QFETCH(bool, accettata);
         if (virgola)
-            QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+            Imposta_Locale(QLocale(QLocale::Italian, QLocale::Italy));
         Apri(false);
         Scrivi(*form, "txt_12", testo);
         Regia regia;

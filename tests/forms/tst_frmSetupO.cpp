@@ -6,6 +6,7 @@
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
 #include "link/protocollo.h"
+#include "tests/comuni/locale_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/ini_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -17,7 +18,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
-#include <QLocale>
 #include <QTest>
 
 namespace {
@@ -668,7 +668,7 @@ private Q_SLOTS:
         QFETCH(bool, italiano);
         QFETCH(bool, accettato);
         if (italiano)
-            QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+            Imposta_Locale(QLocale(QLocale::Italian, QLocale::Italy));
         const QString prima = Valore("PARAMETRI", ATTESE[PRIMO_LUX].chiave);
         Apri();
         Sblocca(PWD);

@@ -2,9 +2,9 @@
 #include "mctc/controllo_struttura.h"
 
 #include "platform/errore_esecuzione.h"
+#include "tests/comuni/locale_prova.h"
 #include "tests/mctc/prova_acc.h"
 
-#include <QLocale>
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QTest>
@@ -171,7 +171,7 @@ private:
     }
 
 private Q_SLOTS:
-    void init() { QLocale::setDefault(QLocale::c()); }
+    void init() { Imposta_Locale(QLocale::c()); }
 
     void nomeValido_data()
     {
@@ -198,7 +198,7 @@ private Q_SLOTS:
 
     void nomeConVirgolaValidoDoveSeparaIDecimali()
     {
-        QLocale::setDefault(QLocale(QLocale::Italian));
+        Imposta_Locale(QLocale(QLocale::Italian));
         QCOMPARE(Acc_NomeValido(QStringLiteral("12345,67.acc")), Vero);
     }
 

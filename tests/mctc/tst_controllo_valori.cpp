@@ -4,9 +4,9 @@
 #include "core/modGeneral.h"
 #include "mctc/campi_acc.h"
 #include "platform/errore_esecuzione.h"
+#include "tests/comuni/locale_prova.h"
 #include "tests/mctc/prova_acc.h"
 
-#include <QLocale>
 #include <QTest>
 
 class TestControlloValori : public QObject
@@ -34,12 +34,12 @@ private:
     }
 
 private Q_SLOTS:
-    void init() { QLocale::setDefault(QLocale::c()); }
+    void init() { Imposta_Locale(QLocale::c()); }
 
     void ilModelloNonHaErrori()
     {
         QCOMPARE(Errori(m_prova.Buono()), (QMap<int, int>()));
-        QLocale::setDefault(QLocale(QLocale::Italian));
+        Imposta_Locale(QLocale(QLocale::Italian));
         QCOMPARE(Errori(m_prova.Buono()), (QMap<int, int>()));
     }
 
@@ -164,7 +164,7 @@ private Q_SLOTS:
 
     void laPotenzaVuoleIlPuntoAncheConLaVirgola()
     {
-        QLocale::setDefault(QLocale(QLocale::Italian));
+        Imposta_Locale(QLocale(QLocale::Italian));
         QCOMPARE(Errori(m_prova.Con("DatiLibrettoVeicolo", "PotMaxkW", "123.45")), (QMap<int, int>()));
         QCOMPARE(Errori(m_prova.Con("DatiLibrettoVeicolo", "PotMaxkW", "123,45")), (QMap<int, int>{
                                                                                        {36, 7}

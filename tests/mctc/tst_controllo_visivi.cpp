@@ -2,9 +2,9 @@
 #include "mctc/controllo_visivi.h"
 
 #include "mctc/formato_acc.h"
+#include "tests/comuni/locale_prova.h"
 #include "tests/mctc/prova_acc.h"
 
-#include <QLocale>
 #include <QTest>
 
 class TestControlloVisivi : public QObject
@@ -23,7 +23,7 @@ private:
     }
 
 private Q_SLOTS:
-    void init() { QLocale::setDefault(QLocale::c()); }
+    void init() { Imposta_Locale(QLocale::c()); }
 
     void ilModelloNonHaErrori() { QCOMPARE(Esito(m_prova.Buono()), QStringList()); }
 

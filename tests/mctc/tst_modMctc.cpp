@@ -8,9 +8,9 @@
 #include "mctc/controllo_valori.h"
 #include "mctc/controllo_visivi.h"
 #include "platform/errore_esecuzione.h"
+#include "tests/comuni/locale_prova.h"
 #include "tests/mctc/prova_acc.h"
 
-#include <QLocale>
 #include <QTest>
 
 class TestModMctc : public QObject
@@ -32,7 +32,7 @@ private:
 private Q_SLOTS:
     void init()
     {
-        QLocale::setDefault(QLocale::c());
+        Imposta_Locale(QLocale::c());
         gControlloVisivo = Falso;
     }
 
@@ -48,7 +48,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, nome);
         QFETCH(int, lingua);
-        QLocale::setDefault(QLocale(QLocale::Language(lingua)));
+        Imposta_Locale(QLocale(QLocale::Language(lingua)));
         gControlloVisivo = Vero;
         m_prova.Rapporto = QStringLiteral("vecchio");
         QCOMPARE(m_prova.Controlla(m_prova.Buono(), nome), qint16{0});

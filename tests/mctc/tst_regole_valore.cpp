@@ -1,7 +1,8 @@
 // The rules of a single value, one test a kind; the locale's decimal separator is a point unless told.
 #include "mctc/regole_valore.h"
 
-#include <QLocale>
+#include "tests/comuni/locale_prova.h"
+
 #include <QTest>
 
 namespace {
@@ -31,7 +32,7 @@ private:
     }
 
 private Q_SLOTS:
-    void init() { QLocale::setDefault(QLocale::c()); }
+    void init() { Imposta_Locale(QLocale::c()); }
 
     void testo_data()
     {
@@ -90,7 +91,7 @@ private Q_SLOTS:
     }
     void decimaleConVirgola()
     {
-        QLocale::setDefault(QLocale(QLocale::Italian));
+        Imposta_Locale(QLocale(QLocale::Italian));
         Confronta(TipoControllo::Decimale, 6, NESSUN_ELENCO);
     }
 

@@ -1,7 +1,8 @@
 // The two locale calls.
 #include "platform/localita.h"
 
-#include <QLocale>
+#include "tests/comuni/locale_prova.h"
+
 #include <QTest>
 
 class TestLocalita : public QObject
@@ -9,7 +10,7 @@ class TestLocalita : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QLocale::setDefault(QLocale::c()); }
+    void cleanup() { Imposta_Locale(QLocale::c()); }
 
     void separatori_data()
     {
@@ -30,7 +31,7 @@ private Q_SLOTS:
         QFETCH(QLocale, locale);
         QFETCH(QString, decimale);
         QFETCH(QByteArray, data);
-        QLocale::setDefault(locale);
+        Imposta_Locale(locale);
         QCOMPARE(Separatore_Decimale(), decimale.at(0));
 
         QByteArray testo(8, 'x');

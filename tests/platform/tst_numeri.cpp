@@ -2,8 +2,8 @@
 #include "platform/numeri.h"
 
 #include "tests/comuni/errore_prova.h"
+#include "tests/comuni/locale_prova.h"
 
-#include <QLocale>
 #include <QTest>
 
 #include <cmath>
@@ -76,8 +76,8 @@ class TestNumeri : public QObject
 {
     Q_OBJECT
 
-    static void Punto() { QLocale::setDefault(QLocale::c()); }
-    static void Virgola() { QLocale::setDefault(QLocale(QLocale::Italian)); }
+    static void Punto() { Imposta_Locale(QLocale::c()); }
+    static void Virgola() { Imposta_Locale(QLocale(QLocale::Italian)); }
 
 private Q_SLOTS:
     void init() { Punto(); }

@@ -61,6 +61,16 @@ private Q_SLOTS:
         QCOMPARE(Percorso_Nativo(m_base + chiesto), m_cartella.path() + trovato);
     }
 
+    /// The system's limit counts the closing NUL; where names are bytes, an accented letter is two.
+    void lunghezzaAmmessa()
+    {
+        const bool windows = QSysInfo::kernelType() == QStringLiteral("winnt");
+        const qsizetype limite = windows ? 260 : 4096;
+        QVERIFY(Percorso_Ammesso(QString(limite - 1, u'a')));
+        QVERIFY(!Percorso_Ammesso(QString(limite, u'a')));
+        QCOMPARE(Percorso_Ammesso(QString(limite / 2, u'è')), windows);
+    }
+
     void laGrafiaEsattaVince()
     {
         Crea(QStringLiteral("doppio.ACC"));

@@ -1,6 +1,7 @@
 // Reading and writing of profiles: what comes out of which bytes, and which bytes a write leaves behind.
 #include "platform/profilo.h"
 
+#include "platform/codifica.h"
 #include "tests/comuni/stazione_prova.h"
 
 #include <QDir>
@@ -393,6 +394,39 @@ private Q_SLOTS:
         const QString letto =
             Profilo_Leggi(QStringLiteral("A"), QStringLiteral("X"), QString(), misura, m_file);
         QTEST(letto, "valore");
+    }
+
+    /// On a Windows that is set to another page than the station's, the folder may have no name in that page,
+    /// and an accented letter is another character there, or half of one.
+    void cartellaDiQualsiasiNome_data()
+    {
+        QTest::addColumn<QString>("cartella");
+        for (const char16_t *nome : {u"Stazione è più", u"Łódź", u"Станция", u"検査", u"a\U0001F600"})
+            QTest::newRow(qPrintable(QString::fromUtf16(nome))) << QString::fromUtf16(nome);
+    }
+    void cartellaDiQualsiasiNome()
+    {
+        QFETCH(QString, cartella);
+        const QString nome = cartella + QStringLiteral("\\prova.ini");
+        const QString file = m_stazione.Percorso(nome);
+        m_stazione.Scrivi(nome, "[Unit\xE0]\r\nX=pi\xF9\r\n");
+        QCOMPARE(Profilo_Leggi(QStringLiteral("Unità"), QStringLiteral("X"), QString(), MISURA, file),
+                 QStringLiteral("più"));
+        QVERIFY(Profilo_Scrivi(QStringLiteral("Unità"), QStringLiteral("Città"), QStringLiteral("è"), file));
+        QCOMPARE(m_stazione.Leggi(nome), "[Unit\xE0]\r\nX=pi\xF9\r\nCitt\xE0=\xE8\r\n");
+    }
+
+    /// Each of the page's bytes alone and between others is read as its character and outlives a write beside
+    /// it.
+    void ogniByteDellaPagina()
+    {
+        for (int numero = 0x80; numero <= 0xFF; ++numero) {
+            const QByteArray valore = QByteArray("a") + char(numero) + "b" + char(numero) + char(numero);
+            Scrivi("[A]\r\nX=" + valore + "\r\n");
+            QCOMPARE(X(), Testo_DaAnsi(valore));
+            QVERIFY(Profilo_Scrivi(QStringLiteral("A"), QStringLiteral("Y"), Testo_DaAnsi(valore), m_file));
+            QCOMPARE(Byte(), "[A]\r\nX=" + valore + "\r\nY=" + valore + "\r\n");
+        }
     }
 
     void fileMancanteDaIlPredefinito() { QCOMPARE(X(), QStringLiteral("-")); }

@@ -70,6 +70,14 @@ class Macchina:
         self.esegui("reg", "add", chiave, "/v", f"COM{numero}", "/t", "REG_SZ", "/d", dispositivo, "/f")
         self.spegni()  # ports are read at the start of the machine
 
+    def imposta_lingua(self, lingua):
+        """Language, code page and separators of the machine, from its next start on; wine.sh has the list.
+
+        @param lingua e.g. "pl_PL.UTF-8".
+        """
+        self.spegni()
+        self.ambiente["LC_ALL"] = lingua
+
     def spegni(self):
         """Ends all that runs on the machine, and the machine; the next program starts it anew."""
         for opzione in ("-k", "-w"):
