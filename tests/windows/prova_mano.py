@@ -13,6 +13,7 @@ DOPPIO = 80  # ms between the two presses of a quick hand
 GUARDATA = 1.5  # seconds: many repeats, and longer than the link form takes no Enter
 RIPETIZIONI = 5  # letters of a held key, at least
 CASELLA = "Inclinazione (%)"
+TITOLO = (512, 274)  # on the screen: the words of the link form, which no click changes
 CHIUSA = "la stazione ha chiuso la porta"  # in the log of the instrument
 
 
@@ -57,6 +58,8 @@ class Mano(ProvaVeicolo):
         self.attendi_interrogazione()
 
     def interrompi(self):
+        """Escape, in the link form: a window manager leaves the keyboard to a form that is typed on."""
+        self.schermo.clicca(*TITOLO)
         self.schermo.tasto("Escape")
         self.interrotte += 1
         attendi(lambda: self.strumento.registro().count(CHIUSA) == self.interrotte, cosa="fine della sessione")
