@@ -42,6 +42,7 @@ class ProvaAMemoria(ProvaStazione):
 
     NOME = "70000001"
     ORDINARIO = False  # whether an ordinary user works on the other
+    RIPOSO = 1  # polls after which the instrument of the other goes to the measure
 
     def setUp(self):
         super().setUp()
@@ -69,25 +70,33 @@ class ProvaAMemoria(ProvaStazione):
         self.posti[nome] = programma.centro(elemento)
         programma.clicca_su(elemento)
 
-    def impara_il_veicolo(self, **ambiente):
-        """The vehicle up to its result screen.
+    def impara_la_scheda(self, **ambiente):
+        """The vehicle up to its entry form.
 
-        @returns the program. The instrument is off again.
+        @returns the program.
         """
         self.prepara(self.stazione)
-        strumento = self.simula(veicolo(1))
         programma = self.avvia_al_menu(**ambiente)
         self.impara(programma, "Prova proiettori")
         riga = programma.attendi(lambda: next(iter(programma.elementi("list item")), None), cosa="riga")
         self._impara(programma, "riga", riga)
         self.impara(programma, "Conferma")
+        return programma
+
+    def impara_il_veicolo(self, **ambiente):
+        """The vehicle up to its result screen.
+
+        @returns the program. The instrument is off again.
+        """
+        strumento = self.simula(veicolo(1))
+        programma = self.impara_la_scheda(**ambiente)
         self.impara(programma, "Avvia")
         programma.attendi_testo("ESITO REGOLARE")
         strumento.spegni()
         return programma
 
     def impara_l_uscita(self, programma):
-        """From the result screen to the end of the program."""
+        """From the result screen or the entry form to the end of the program."""
         self.impara(programma, "Esci")
         programma.attendi_pulsante("Prova proiettori")
         self._impara(programma, "Esci dal menu", programma.attendi_pulsante("Esci"))
@@ -114,7 +123,7 @@ class ProvaAMemoria(ProvaStazione):
         """
         self.stazione = stazione
         self.prepara(stazione)
-        strumento = Strumento(QX5SIM, stazione, veicolo(1))
+        strumento = Strumento(QX5SIM, stazione, veicolo(1, riposo=self.RIPOSO))
         self.addCleanup(strumento.spegni)
         if self.ORDINARIO:
             self.cedi_all_utente()
@@ -129,17 +138,25 @@ class ProvaAMemoria(ProvaStazione):
         os.chown(porta, 0, GRUPPO_PORTE)
         os.chmod(porta, 0o660)
 
+    def attendi_menu(self):
+        """@returns the windows that show with the menu of the station that has just been started."""
+        attendi(lambda: self.finestre.mostra("lumira"), cosa="menu")
+        return self.finestre.visibili()
+
+    def porta_alla_scheda(self, menu):
+        """The vehicle from the menu to its entry form."""
+        self.clicca_finche(lambda: self.finestre.visibili() > menu, "Prova proiettori", cosa="lista")
+        lista = self.finestre.visibili()
+        self.schermata("lista")
+        self.clicca_finche(lambda: self.finestre.visibili() != lista, "riga", "Conferma", cosa="veicolo")
+
     def porta_al_risultato(self, strumento):
         """The vehicle on the station that has just been started, up to its result screen.
 
         @returns the windows that show with its menu.
         """
-        attendi(lambda: self.finestre.mostra("lumira"), cosa="menu")
-        menu = self.finestre.visibili()
-        self.clicca_finche(lambda: self.finestre.visibili() > menu, "Prova proiettori", cosa="lista")
-        lista = self.finestre.visibili()
-        self.schermata("lista")
-        self.clicca_finche(lambda: self.finestre.visibili() != lista, "riga", "Conferma", cosa="veicolo")
+        menu = self.attendi_menu()
+        self.porta_alla_scheda(menu)
         self.clicca_finche(lambda: " Stato" in strumento.registro(), "Avvia", cosa="collegamento")
         attendi(lambda: self.finestre.mostra("ESITO REGOLARE"), cosa="esito")
         self.schermata("esito")

@@ -30,14 +30,26 @@ class ProvaVeicolo(ProvaAMemoria):
 
         @returns the process of the program, and the windows that show with its menu.
         """
+        return self.porta_sulla(self.stazione_consegnata())
+
+    def stazione_consegnata(self):
+        """@returns a new station of the machine, as it is delivered."""
         cartella = tempfile.TemporaryDirectory(prefix="stazione-")
         self.addCleanup(cartella.cleanup)
-        return self.porta_sulla(StazioneWindows(Path(cartella.name) / "lumira", CONSEGNA))
+        return StazioneWindows(Path(cartella.name) / "lumira", CONSEGNA)
 
     def porta_sulla(self, stazione):
         """The vehicle on a station of the machine. @returns as above."""
+        programma, strumento = self.avvia_sulla(stazione)
+        return programma, self.porta_al_risultato(strumento)
+
+    def avvia_sulla(self, stazione):
+        """Starts the program of a station of the machine, .stazione from now on, with the vehicle to come.
+
+        @returns its process and its instrument.
+        """
         strumento = self.prepara_altra(stazione)
         self.macchina.collega_porta(1, os.path.realpath(stazione.percorso("porte", "COM1")))
         programma = self.macchina.avvia(stazione.percorso("lumira.exe"), cwd=stazione.cartella)
         self.addCleanup(operatore.ferma_processo, programma)
-        return programma, self.porta_al_risultato(strumento)
+        return programma, strumento
