@@ -3,8 +3,9 @@ is the machine that tells a repeat from a stroke; that it goes on doing so from 
 alone."""
 
 import functools
+import time
 
-from operatore import attendi, resta
+from operatore import RIPROVA, attendi, resta
 from scrivania import Scrivania
 from veicolo import ProvaVeicolo
 
@@ -58,11 +59,22 @@ class Mano(ProvaVeicolo):
         self.attendi_interrogazione()
 
     def interrompi(self):
-        """Escape, in the link form: a window manager leaves the keyboard to a form that is typed on."""
+        """Escape, in the link form: a window manager leaves the keyboard to a form that is typed on. On a busy machine
+        the first press of a second session can be lost, and an operator presses again."""
         self.schermo.clicca(*TITOLO)
-        self.schermo.tasto("Escape")
         self.interrotte += 1
-        attendi(lambda: self.strumento.registro().count(CHIUSA) == self.interrotte, cosa="fine della sessione")
+        premi = 0.0
+
+        def interrotta():
+            nonlocal premi
+            if self.strumento.registro().count(CHIUSA) == self.interrotte:
+                return True
+            if time.monotonic() > premi:
+                self.schermo.tasto("Escape")
+                premi = time.monotonic() + RIPROVA
+            return False
+
+        attendi(interrotta, cosa="fine della sessione")
         attendi(lambda: self.finestre.visibili() == self.menu, cosa="menu dopo la sessione")
 
     def inclinazione(self):
