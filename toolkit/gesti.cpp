@@ -9,6 +9,9 @@
 
 namespace {
 
+/// A held key repeats many times a second; one that has been silent for so long is pressed anew. In ms.
+constexpr quint64 DIMENTICATO = 5000;
+
 /// The form that a widget stands on: a list that drops down belongs to the form of its box.
 const QWidget *Form_Di(const QWidget *widget)
 {
@@ -37,7 +40,18 @@ Gesti::Gesti(bool momenti) : m_momenti(momenti) {}
 bool Gesti::Tenuto(const QKeyEvent &tasto) const
 {
     const bool momento = m_momenti && tasto.timestamp() != 0 && tasto.timestamp() == m_momento;
-    return tasto.isAutoRepeat() || (momento && tasto.key() == m_lasciato);
+    return (tasto.isAutoRepeat() && !m_dimenticato) || (momento && tasto.key() == m_lasciato);
+}
+
+/// A release that a vanishing form took along leaves the toolkit thinking that the key is still down. An
+/// event passes here more than once, for the window and for the control: its moment stays the same.
+void Gesti::Annota(const QKeyEvent &tasto)
+{
+    if (tasto.key() == m_premuto && tasto.timestamp() == m_istante)
+        return;
+    m_dimenticato = tasto.key() == m_premuto && tasto.timestamp() > m_istante + DIMENTICATO;
+    m_premuto = tasto.key();
+    m_istante = tasto.timestamp();
 }
 
 bool Gesti::Da_Scartare(const QObject *ricevente, const QEvent &evento)
@@ -46,6 +60,7 @@ bool Gesti::Da_Scartare(const QObject *ricevente, const QEvent &evento)
     case QEvent::ShortcutOverride: // where an open list lets Enter choose
     case QEvent::KeyPress: {
         const auto &tasto = static_cast<const QKeyEvent &>(evento);
+        Annota(tasto);
         return Preme(ricevente, tasto.key()) && Tenuto(tasto);
     }
     case QEvent::KeyRelease:

@@ -21,8 +21,12 @@ public:
 
 private:
     bool Tenuto(const QKeyEvent &tasto) const;
+    void Annota(const QKeyEvent &tasto);
 
     bool m_momenti;                 ///< events bear the moment of the hand
+    int m_premuto = 0;              ///< the key that went down last, repeats included,
+    quint64 m_istante = 0;          ///< and when,
+    bool m_dimenticato = false;     ///< and that its release was never told
     int m_lasciato = 0;             ///< the key that was let go last,
     quint64 m_momento = 0;          ///< and when, in ms of the window system's clock
     QPointer<const QWidget> m_form; ///< where the last press fell

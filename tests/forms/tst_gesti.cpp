@@ -100,6 +100,7 @@ private Q_SLOTS:
     void ripetizioneNonRiconosciuta_data();
     void ripetizioneNonRiconosciuta();
     void dueBattuteDiUnMomento();
+    void rilascioPerduto();
     void spazioTenutoPremeUnaVoltaSola();
     void spazioTenutoNonPassaAlFormDopo();
     void casellaPrendeLeRipetizioni();
@@ -320,6 +321,27 @@ void tst_gesti::dueBattuteDiUnMomento()
     }
     const QKeyEvent tenuto(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
     QVERIFY(gesti.Da_Scartare(ricevente, tenuto));
+}
+
+// The release of a key may go with the form that it was pressed on: the next press, minutes later, is flagged
+// as a repeat of that one.
+void tst_gesti::rilascioPerduto()
+{
+    primo = Form("cmd_0");
+    primo->Mostra();
+    const QObject *ricevente = primo->Finestra()->findChild<QWidget *>(QStringLiteral("cmd_0"));
+    Gesti gesti(true);
+    const auto da_scartare = [&](bool ripetuto, quint64 momento) {
+        QKeyEvent evento(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, {}, ripetuto);
+        evento.setTimestamp(momento);
+        return gesti.Da_Scartare(ricevente, evento);
+    };
+    QVERIFY(!da_scartare(false, 1000));
+    QVERIFY(da_scartare(true, 1500));
+    QVERIFY(da_scartare(true, 6400)); // a machine that stood still
+    QVERIFY(!da_scartare(true, 11500));
+    QVERIFY(!da_scartare(true, 11500)); // the same event, on its way from the window to the control
+    QVERIFY(da_scartare(true, 11530));
 }
 
 void tst_gesti::spazioTenutoPremeUnaVoltaSola()
