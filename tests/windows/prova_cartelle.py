@@ -5,9 +5,9 @@ import tempfile
 from pathlib import Path
 
 import operatore
+from a_memoria import Finestre
 from macchina import CONSEGNA, COSTRUZIONE, Macchina, ProvaMacchina
 from operatore import attendi
-from veicolo import Finestre
 
 PROFILO = COSTRUZIONE / "tests" / "platform" / "tst_profilo.exe"
 
