@@ -16,7 +16,7 @@ import tempfile
 import caratteri
 
 RADICE = pathlib.Path(__file__).resolve().parents[2]
-FOLDERS = ("platform", "core", "app", "link", "mctc", "simulatore", "report", "forms")
+FOLDERS = ("platform", "core", "app", "link", "mctc", "simulatore", "report", "forms", "strumenti")
 # Forms run without a display: where Wine has one, each window waits two seconds for the focus.
 CON_FINESTRE = ("forms",)
 WINE = RADICE / "packaging/windows/wine.sh"
