@@ -13,12 +13,15 @@ import subprocess
 import sys
 import tempfile
 
+import caratteri
+
 RADICE = pathlib.Path(__file__).resolve().parents[2]
-FOLDERS = ("platform", "core", "app", "link", "mctc", "simulatore", "report", "forms")
+FOLDERS = ("platform", "core", "app", "link", "mctc", "simulatore", "report", "forms", "strumenti")
 # Forms run without a display: where Wine has one, each window waits two seconds for the focus.
 CON_FINESTRE = ("forms",)
 WINE = RADICE / "packaging/windows/wine.sh"
 SALTATE = RADICE / "packaging/windows/prove_saltate.txt"
+CARATTERI = RADICE / "build/caratteri"
 TEMPO = 300  # seconds, for one program
 
 
@@ -38,8 +41,8 @@ def totali(riusciti, falliti, saltati):
 
 def esegui(exe, argomenti):
     """@return status and standard output."""
-    ambiente = dict(os.environ, LC_ALL="C.UTF-8")
-    # Wine keeps the variables of the Qt of this machine from the programs.
+    # Wine keeps the variables of the Qt of this machine from the programs: theirs come as WINEQT.
+    ambiente = dict(os.environ, LC_ALL="C.UTF-8", WINEQT_QPA_FONTDIR=f"Z:{CARATTERI}")
     schermo = ["-platform", "offscreen"] if exe.parent.name in CON_FINESTRE else []
     try:
         fatto = subprocess.run([WINE, exe, *schermo, *argomenti], cwd=exe.parent, env=ambiente, timeout=TEMPO,
@@ -104,16 +107,9 @@ def prova(cartella, nome, saltate):
     return [*falli, f"{nome}: failed ({stato})"]
 
 
-def presta_caratteri():
-    """A Qt without a display has no type but what lies in its own folder."""
-    cartella = RADICE / "build/qt6-mingw/lib/fonts"
-    if not cartella.exists():
-        cartella.symlink_to("/usr/share/fonts/truetype/liberation")
-
-
 def main():
     saltate = leggi_saltate()
-    presta_caratteri()
+    caratteri.presta(CARATTERI)
     falli = []
     for cartella in sys.argv[1:] or FOLDERS:
         for sorgente in sorted((RADICE / "tests" / cartella).glob("tst_*.cpp")):

@@ -44,19 +44,21 @@ void tst_Opzioni::nessuna()
 
 void tst_Opzioni::tutte()
 {
+    const QString radice = QDir::rootPath(); // on Windows with its drive
     QString errore;
     const auto opzioni =
         Leggi(QStringLiteral("--dispositivo /dev/ttyUSB0 --velocita 19200 --stato "
-                             "/a/s.ini --registro /a/r.txt --seme 0 --help --version /a/scenario.ini"),
+                             "%1a/s.ini --registro %1a/r.txt --seme 0 --help --version %1a/scenario.ini")
+                  .arg(radice),
               errore);
     QVERIFY(opzioni);
     QVERIFY(opzioni->aiuto);
     QVERIFY(opzioni->versione);
-    QCOMPARE(opzioni->scenario, QStringLiteral("/a/scenario.ini"));
+    QCOMPARE(opzioni->scenario, radice + QStringLiteral("a/scenario.ini"));
     QCOMPARE(opzioni->dispositivo, QStringLiteral("/dev/ttyUSB0"));
     QCOMPARE(opzioni->velocita, 19200);
-    QCOMPARE(opzioni->stato, QStringLiteral("/a/s.ini"));
-    QCOMPARE(opzioni->registro, QStringLiteral("/a/r.txt"));
+    QCOMPARE(opzioni->stato, radice + QStringLiteral("a/s.ini"));
+    QCOMPARE(opzioni->registro, radice + QStringLiteral("a/r.txt"));
     QCOMPARE(opzioni->seme, std::optional<quint32>(0));
 }
 

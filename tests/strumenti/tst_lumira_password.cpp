@@ -181,7 +181,9 @@ private Q_SLOTS:
     {
         const Esecuzione aiuto = Esegui({QStringLiteral("--help")});
         QCOMPARE(aiuto.stato, 0);
-        QVERIFY(aiuto.uscita.startsWith(QStringLiteral("Uso: lumira-password --scrivi FILE\n")));
+        // Windows ends its lines with CR and LF.
+        QCOMPARE(aiuto.uscita.section(u'\n', 0, 0).trimmed(),
+                 QStringLiteral("Uso: lumira-password --scrivi FILE"));
         QVERIFY(aiuto.errori.isEmpty());
         const Esecuzione versione = Esegui({QStringLiteral("--version")});
         QCOMPARE(versione.stato, 0);
