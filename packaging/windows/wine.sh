@@ -14,12 +14,22 @@ export WINEPREFIX WINEDEBUG
 export WINEDLLOVERRIDES="mscoree=;mshtml="
 
 # A Windows machine has the two families of the screens; Wine is told of those of the same widths.
+sostituisci() {
+    wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$1" /t REG_SZ /d "$2" /f
+}
 prepara() {
-    wineboot -i
-    for coppia in "Arial=Liberation Sans" "Courier New=Liberation Mono"; do
-        wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "${coppia%%=*}" /t REG_SZ /d "${coppia#*=}" /f
+    wineboot -i && sostituisci "Arial" "Liberation Sans" && sostituisci "Courier New" "Liberation Mono" &&
+        wineserver -w
+}
+
+# On a busy computer the making of a machine breaks off now and then; half made it is of no use.
+prepara_intero() {
+    for _ in 1 2 3; do
+        prepara && return
+        wineserver -k || true
+        rm -rf "$WINEPREFIX"
     done
-    wineserver -w
+    return 1
 }
 
 # Names of files reach Wine whole only in a locale that this machine has: it is made beside the registry.
@@ -35,7 +45,7 @@ prepara_lingua() {
     case ${LC_ALL:-} in
         *_*.UTF-8) [ -d "$LOCPATH/$LC_ALL" ] || prepara_lingua ;;
     esac
-    [ -f "$WINEPREFIX/system.reg" ] || prepara
+    [ -f "$WINEPREFIX/system.reg" ] || prepara_intero
 ) 9>"$WINEPREFIX.lock" >"$WINEPREFIX.log" 2>&1
 
 percorso=
