@@ -19,6 +19,19 @@ QByteArray Risposta_Stato(char stato)
     return Frame_Risposta(QByteArray("ABC") + stato);
 }
 
+qsizetype Risposte_Valide(Assemblatore &ricezione, const QByteArray &byte)
+{
+    qsizetype finite = 0;
+    for (const char uno : byte) {
+        if (ricezione.Aggiungi(static_cast<quint8>(uno)) != EsitoByte::Fine)
+            continue;
+        if (!Risposta_Valida(ricezione.BufRx))
+            return -1;
+        ++finite;
+    }
+    return finite;
+}
+
 QByteArray Risposta_Misura(const QByteArray &record0, const QByteArray &record1, const QByteArray &record2,
                            const QByteArray &record3)
 {

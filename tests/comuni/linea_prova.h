@@ -18,6 +18,8 @@ QByteArray Risposta_Misura(const QByteArray &record0, const QByteArray &record1,
 QByteArray Risposta_Dati(const QList<QByteArray> &testi);
 QByteArray Risposta_Taratura(const QList<QByteArray> &testi);
 QByteArray Risposta_Scritto(char esito = '\xFF');
+/// Feeds bytes to an assembler. @return how many replies they ended; -1 when one of them is not valid.
+qsizetype Risposte_Valide(Assemblatore &ricezione, const QByteArray &byte);
 
 /// A serial control without a device. It is a port like any other to the link; the public fields are the
 /// test's.
