@@ -38,20 +38,15 @@ constexpr int PRIMA_RIGA_LUX = 20, ULTIMA_RIGA_LUX = 23;
 struct RigaStrumento
 {
     const char16_t *riga;
-    const char16_t *chiave; // in section LUMIRA
+    ChiaveIni chiave;
 };
 
 constexpr RigaStrumento RIGHE_STRUMENTO[] = {
-    {u"Marca",      u"Comm_Marca"        },
-    {u"Tipo",       u"Comm_Modello"      },
-    {u"NumOmologa", u"Comm_NOmologazione"},
-    {u"NumSerie",   u"Comm_NSerie"       },
+    {u"Marca",      ChiaveStrumentoMarca       },
+    {u"Tipo",       ChiaveStrumentoModello     },
+    {u"NumOmologa", ChiaveStrumentoOmologazione},
+    {u"NumSerie",   ChiaveStrumentoSerie       },
 };
-
-QString Strumento(const char16_t *chiave)
-{
-    return Valore_Ini(gFileIni, QStringLiteral("LUMIRA"), QString::fromUtf16(chiave));
-}
 
 QString Verdetto(bool regolare)
 {
@@ -80,10 +75,10 @@ void Dati_Prova()
 {
     Far_Imposta(QStringLiteral("AltezzaAnab"), u'#' + Numero_Testo(gAltezzaFaro));
     for (const RigaStrumento &riga : RIGHE_STRUMENTO)
-        Far_Imposta(QString::fromUtf16(riga.riga), Strumento(riga.chiave));
-    Far_Imposta(QStringLiteral("DataScadenza"), Data_SenzaSeparatori(Strumento(u"Comm_ScadRevisione")));
-    Far_Imposta(QStringLiteral("Operatore"),
-                Valore_Ini(gFileIni, QStringLiteral("VEICOLO"), QStringLiteral("Operatore")));
+        Far_Imposta(QString::fromUtf16(riga.riga), Valore_Ini(gFileIni, riga.chiave));
+    Far_Imposta(QStringLiteral("DataScadenza"),
+                Data_SenzaSeparatori(Valore_Ini(gFileIni, ChiaveStrumentoScadenza)));
+    Far_Imposta(QStringLiteral("Operatore"), Valore_Ini(gFileIni, ChiaveOperatore));
     Far_Imposta(QStringLiteral("TipoAnab"), gSimmetrico == 1 ? QStringLiteral("#S") : QStringLiteral("#A"));
     Far_Imposta(QStringLiteral("CodErrore"), QString());
     // A fixed text for the ministry's system: it does not follow the program's version.
