@@ -20,27 +20,27 @@ struct ChiaveSezione
 {
     const char16_t *sezione;
     const char16_t *chiave;
-    qint16 etichetta; // id in gTabLingua
+    TestoLingua etichetta;
 };
 
 constexpr ChiaveSezione CHIAVI_SEZIONI[] = {
-    {u"OFFICINA",     u"Denominazione",      19},
-    {u"OFFICINA",     u"Indirizzo",          20},
-    {u"OFFICINA",     u"Localita",           21},
-    {u"OFFICINA",     u"TelFax",             22},
-    {u"OFFICINA",     u"Web",                23},
-    {u"LUMIRA",       u"Comm_Marca",         25},
-    {u"LUMIRA",       u"Comm_Modello",       24},
-    {u"LUMIRA",       u"Comm_NOmologazione", 26},
-    {u"LUMIRA",       u"Comm_NSerie",        27},
-    {u"LUMIRA",       u"Comm_ScadRevisione", 28},
-    {u"IMPOSTAZIONI", u"Lingua",             30},
-    {u"VEICOLO",      u"Marca",              25},
-    {u"VEICOLO",      u"Modello",            24},
-    {u"VEICOLO",      u"Targa",              39},
-    {u"VEICOLO",      u"Telaio",             40},
-    {u"VEICOLO",      u"AnnoImm",            41},
-    {u"VEICOLO",      u"Operatore",          29},
+    {u"OFFICINA",     u"Denominazione",      LinguaDenominazione       },
+    {u"OFFICINA",     u"Indirizzo",          LinguaIndirizzo           },
+    {u"OFFICINA",     u"Localita",           LinguaLocalita            },
+    {u"OFFICINA",     u"TelFax",             LinguaTelefonoFax         },
+    {u"OFFICINA",     u"Web",                LinguaSitoWeb             },
+    {u"LUMIRA",       u"Comm_Marca",         LinguaMarca               },
+    {u"LUMIRA",       u"Comm_Modello",       LinguaModello             },
+    {u"LUMIRA",       u"Comm_NOmologazione", LinguaNumeroOmologazione  },
+    {u"LUMIRA",       u"Comm_NSerie",        LinguaNumeroSerie         },
+    {u"LUMIRA",       u"Comm_ScadRevisione", LinguaScadenzaVerifica    },
+    {u"IMPOSTAZIONI", u"Lingua",             LinguaLingua              },
+    {u"VEICOLO",      u"Marca",              LinguaMarca               },
+    {u"VEICOLO",      u"Modello",            LinguaModello             },
+    {u"VEICOLO",      u"Targa",              LinguaTarga               },
+    {u"VEICOLO",      u"Telaio",             LinguaTelaio              },
+    {u"VEICOLO",      u"AnnoImm",            LinguaAnnoImmatricolazione},
+    {u"VEICOLO",      u"Operatore",          LinguaOperatore           },
 };
 
 /// The vehicle as the acceptance file tells it, in the order of the vehicle block.
@@ -62,10 +62,23 @@ constexpr MisuraReport MISURE[] = {
 /// Rows of aims: the instrument gives no figure for them, and the page prints none.
 constexpr size_t SENZA_CIFRA[] = {1, 2, 3, 4, 7, 8, 9, 10};
 
-constexpr qint16 TESTO_SIMMETRICO = 37;
-constexpr qint16 TESTO_ASIMMETRICO = 38;
-constexpr qint16 TESTO_TITOLI = 43; // to 47
-constexpr qint16 TESTO_VOCI = 48;   // to 57
+/// Texts of gRepTitoli and gRepVoci.
+constexpr TestoLingua TITOLI[] = {
+    LinguaTitoloRapporto,      LinguaTitoloStrumento,   LinguaTitoloVeicolo,
+    LinguaTitoloAnabbaglianti, LinguaTitoloAbbaglianti,
+};
+constexpr TestoLingua VOCI[] = {
+    LinguaOrientamentoVerticale,
+    LinguaOrientamentoOrizzontale,
+    LinguaIlluminamento,
+    LinguaData,
+    LinguaOraInizio,
+    LinguaOraFine,
+    LinguaOperatoreProva,
+    LinguaFirma,
+    LinguaRegolare,
+    LinguaIrregolare,
+};
 
 QString Ora_Presente()
 {
@@ -89,7 +102,7 @@ void Inizio_Prova()
 
 void Misure_Prova()
 {
-    gRepMisure[REP_TIPO_FARO] = Testo_Lingua(gSimmetrico != 0 ? TESTO_SIMMETRICO : TESTO_ASIMMETRICO);
+    gRepMisure[REP_TIPO_FARO] = Testo_Lingua(gSimmetrico != 0 ? LinguaSimmetrico : LinguaAsimmetrico);
     for (const size_t riga : SENZA_CIFRA)
         gRepMisure[riga].clear();
     for (const MisuraReport &misura : MISURE)
@@ -134,9 +147,9 @@ void Dati_Stampa()
     gRepMisure[REP_OPERATORE] = Operatore_Prova();
     Prendi_Sezione(u"LUMIRA", &gRepStrumentoEt, &gRepStrumentoVal);
     for (size_t i = 0; i < gRepTitoli.size(); ++i)
-        gRepTitoli[i] = Testo_Lingua(static_cast<qint16>(TESTO_TITOLI + static_cast<qint16>(i)));
+        gRepTitoli[i] = Testo_Lingua(TITOLI[i]);
     for (size_t i = 0; i < gRepVoci.size(); ++i)
-        gRepVoci[i] = Testo_Lingua(static_cast<qint16>(TESTO_VOCI + static_cast<qint16>(i)));
+        gRepVoci[i] = Testo_Lingua(VOCI[i]);
 }
 
 } // namespace

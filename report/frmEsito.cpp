@@ -21,15 +21,6 @@ namespace {
 
 constexpr int INTERVALLO_BEEP = 1000; // ms
 
-constexpr qint16 TESTO_STAMPA = 98;
-constexpr qint16 TESTO_ESCI = 7;
-constexpr qint16 TESTO_ALTEZZA = 118;
-constexpr qint16 TESTO_SIMMETRICO = 120;
-constexpr qint16 TESTO_ASIMMETRICO = 121;
-constexpr qint16 TESTO_REGOLARE = 126;
-constexpr qint16 TESTO_IRREGOLARE = 127;
-constexpr qint16 TESTO_SENZA_STAMPANTE = 58; // of lingue.ini
-
 constexpr qint16 ULTIMA_RIGA = 1;
 std::array<CampoForm, ULTIMA_RIGA + 1> gCampiEsito;
 
@@ -45,8 +36,11 @@ constexpr const char16_t *RIGHE_CELLE[CELLE] = {
 };
 
 /// Texts of lblPar: four column heads, three row heads.
-constexpr qint16 TESTI_PAR[] = {132, 131, 134, 133, 135, 136, 137};
-constexpr qint16 TESTI_DES[] = {130, 129};
+constexpr TestoMctc TESTI_PAR[] = {
+    MctcAnabbaglianteDx,       MctcAnabbaglianteSx,         MctcAbbaglianteDx, MctcAbbaglianteSx,
+    MctcOrientamentoVerticale, MctcOrientamentoOrizzontale, MctcIlluminamento,
+};
+constexpr TestoMctc TESTI_DES[] = {MctcDatiProiettori, MctcEsitoProva};
 
 /// The buttons by index: print stands on the left, exit on the right; the other two have no use and no face.
 enum PulsanteEsito : qint16
@@ -147,10 +141,10 @@ void frmEsito::Disponi_Pulsanti()
     const qint32 posti[] = {gScreenW - ScalaX(2500), ScalaX(500), ScalaX(2500), gScreenW - ScalaX(4500)};
     for (qint16 i = PulsanteEsci; i <= PulsanteChiudi; ++i)
         cmd[i].Posto(posti[i], cima, ScalaX(PULSANTE_LARGO), ScalaY(PULSANTE_ALTO));
-    cmd[PulsanteEsci].Caption(Testo_Mctc(TESTO_ESCI));
+    cmd[PulsanteEsci].Caption(Testo_Mctc(MctcEsci));
     cmd[PulsanteEsci].Visible(true);
     cmd[PulsanteEsci].Cancel(true);
-    cmd[PulsanteStampa].Caption(Testo_Mctc(TESTO_STAMPA));
+    cmd[PulsanteStampa].Caption(Testo_Mctc(MctcStampa));
     cmd[PulsanteStampa].Visible(true);
     cmd[PulsanteChiudi].Enabled(false);
 }
@@ -159,14 +153,14 @@ void frmEsito::Mostra_Verdetto()
 {
     const bool regolare = Regolare(QStringLiteral("Esito"));
     lblTitolo->Posto(ScalaX(300), ScalaY(200), gScreenW - 2 * ScalaX(300), ScalaY(1000));
-    lblTitolo->Caption(Testo_Mctc(regolare ? TESTO_REGOLARE : TESTO_IRREGOLARE));
+    lblTitolo->Caption(Testo_Mctc(regolare ? MctcEsitoRegolare : MctcEsitoIrregolare));
     lblTitolo->BackColor(regolare ? COLORE_VERDE : COLORE_ROSSO);
     Caption(lblTitolo->Caption());
 }
 
 void frmEsito::Campi_Imposta()
 {
-    constexpr qint16 ETICHETTE[] = {TESTO_ALTEZZA, TESTO_ASIMMETRICO};
+    constexpr TestoMctc ETICHETTE[] = {MctcAltezzaFaro, MctcTipoAsimmetrico};
     for (size_t i = 0; i < gCampiEsito.size(); ++i) {
         CampoForm &campo = gCampiEsito[i];
         campo.LabelId = ETICHETTE[i];
@@ -183,7 +177,7 @@ void frmEsito::Riempi()
 {
     const bool simmetrico = Far_Valore(QStringLiteral("TipoAnab")) == u"#S";
     txt[0].Text(Numero_Testo(gAltezzaFaro));
-    txt[1].Text(Testo_Mctc(simmetrico ? TESTO_SIMMETRICO : TESTO_ASIMMETRICO));
+    txt[1].Text(Testo_Mctc(simmetrico ? MctcTipoSimmetrico : MctcTipoAsimmetrico));
     lblDes[0].Posto(ScalaX(500), ScalaY(1500), ScalaX(4000), ScalaY(400));
     lblDes[0].Caption(Testo_Mctc(TESTI_DES[0]));
     lblDes[0].Visible(true);
@@ -285,7 +279,7 @@ void frmEsito::Stampa()
     Schermo_Puntatore(PuntatoreClessidra);
     const Flag stampato = Report_Invia();
     if (!stampato)
-        Mostra_MsgTempo(Testo_Lingua(TESTO_SENZA_STAMPANTE));
+        Mostra_MsgTempo(Testo_Lingua(LinguaNessunaStampante));
     Schermo_Puntatore(PuntatoreNormale);
 }
 

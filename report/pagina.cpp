@@ -29,9 +29,6 @@ constexpr qint32 DOPO_ETICHETTA = 100; // twips between a label and its value
 constexpr qint32 SEGNO_SU = 130;       // a mark stands that much above the foot of its row
 constexpr qint16 SPESSORE_CORNICE = 2;
 
-constexpr qint16 TESTO_DESTRO = 150;
-constexpr qint16 TESTO_SINISTRO = 151;
-
 /// A tick table: its base row, heading, measured values and the result rows that its marks follow.
 struct TabellaSpunte
 {
@@ -135,7 +132,7 @@ void Blocco(const Geometria &g, qint16 x, const std::array<QString, 5> &etichett
 }
 
 /// One lamp's line of a row: its measured value where there is one, its name, and the two empty boxes.
-void Riga_Faro(const Geometria &g, qint32 riga, qint16 faro, bool conLux, size_t lux)
+void Riga_Faro(const Geometria &g, qint32 riga, TestoMctc faro, bool conLux, size_t lux)
 {
     const qint16 y = g.Y(riga);
     if (conLux)
@@ -168,8 +165,8 @@ void Tabella(const Geometria &g, const TabellaSpunte &tabella)
         const qint32 riga = tabella.base + 2 + 3 * i;
         const bool conLux = gTipoProva != 2 && i == RIGA_LUX;
         Scrivi(g.MX, g.Y(riga), PRN_SINISTRA, ETICHETTA, gRepVoci[static_cast<size_t>(i)]);
-        Riga_Faro(g, riga, TESTO_DESTRO, conLux, tabella.luxDx);
-        Riga_Faro(g, riga + 1, TESTO_SINISTRO, conLux, tabella.luxSx);
+        Riga_Faro(g, riga, MctcDestro, conLux, tabella.luxDx);
+        Riga_Faro(g, riga + 1, MctcSinistro, conLux, tabella.luxSx);
     }
     Segni(g, tabella);
 }

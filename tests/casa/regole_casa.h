@@ -32,3 +32,10 @@ QStringList Inclusioni_InSalita(const Sorgenti &sorgenti);
 /// State of the program (gName) that is defined or declared more than once, declared outside a header, or
 /// defined elsewhere than beside its header.
 QStringList Globali_Doppie(const Sorgenti &sorgenti);
+
+/// Places of the program that take a screen text otherwise than by a name of its header: a number made a
+/// name, the tables or the files of texts reached past the procedures that give a text.
+QStringList Testi_SenzaNome(const Sorgenti &sorgenti);
+
+/// Of some names that a header of the program gives, those that no other file of the program uses.
+QStringList Nomi_NonUsati(const Sorgenti &sorgenti, const QStringList &nomi);

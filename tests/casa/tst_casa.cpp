@@ -320,6 +320,51 @@ private Q_SLOTS:
         }
     }
     void nessunaGlobaleDoppia() { Senza_Falli(Globali_Doppie(m_casa)); }
+
+    void testiSenzaNomeSiVedono_data()
+    {
+        QTest::addColumn<QString>("presa");
+        for (const char *presa :
+             {"static_cast<TestoMctc>", "static_cast<TestoLingua>", "TestoMctc(", "TestoLingua{", "gTabMctc",
+              "gTabLingua", "Valore_Ini(gFileLingueMctc", "Leggi_Ini(gFileLingue"})
+            QTest::newRow(presa) << QString::fromLatin1(presa);
+    }
+    void testiSenzaNomeSiVedono()
+    {
+        QFETCH(QString, presa);
+        const QByteArray riga = "    a(" + presa.toLatin1() + " 7";
+        const Alberello albero{
+            {"setup/a.cpp",         riga.constData()               },
+            {"core/modGeneral.cpp", riga.constData()               },
+            {"tests/a.cpp",         riga.constData()               },
+            {"link/a.cpp",          ("// " + riga).constData()     },
+            {"app/a.cpp",           ("\"" + riga + '"').constData()},
+        };
+        QCOMPARE(Testi_SenzaNome(albero.Leggi()), QStringList{QStringLiteral("setup/a.cpp: ") + presa});
+    }
+    void testiConUnNomePassano()
+    {
+        const Alberello albero{
+            {"setup/a.cpp", "constexpr TestoMctc A[] = {MctcEsci};\na(Testo_Mctc(A[i]), Testo_Lingua(b));\n"
+                            "Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);\n"
+                            "Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);\n"},
+        };
+        QCOMPARE(Testi_SenzaNome(albero.Leggi()), QStringList());
+    }
+    void nessunTestoSenzaNome() { Senza_Falli(Testi_SenzaNome(m_casa)); }
+
+    void nomiNonUsatiSiVedono()
+    {
+        const Alberello albero{
+            {"core/a.h",    "NomeA NomeB NomeC NomeD NomeE\n"                    },
+            {"link/a.cpp",  "a(NomeA); // NomeB\nb(\"NomeC\"); xNomeD(NomeDx);\n"},
+            {"tests/b.cpp", "a(NomeE);\n"                                        },
+        };
+        QStringList nomi;
+        for (const char16_t *nome : {u"NomeA", u"NomeB", u"NomeC", u"NomeD", u"NomeE"})
+            nomi.append(QString::fromUtf16(nome));
+        QCOMPARE(Nomi_NonUsati(albero.Leggi(), nomi), nomi.mid(1));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestCasa)

@@ -1,4 +1,5 @@
 #include "tests/forms/scene_prova.h"
+#include "tests/comuni/testi_prova.h"
 
 #include "app/frmMain.h"
 #include "core/limiti.h"
@@ -244,11 +245,11 @@ std::shared_ptr<Modulo> Messaggio(qint16 modo, const QString &testo)
 
 std::shared_ptr<Modulo> Messaggio_Breve(const BancoForm &)
 {
-    return Messaggio(0, Testo_Lingua(58));
+    return Messaggio(0, Testo_Lingua(Id_Lingua(58)));
 }
 std::shared_ptr<Modulo> Messaggio_Lungo(const BancoForm &)
 {
-    return Messaggio(0, Testo_Mctc(108));
+    return Messaggio(0, Testo_Mctc(Id_Mctc(108)));
 }
 
 std::shared_ptr<Modulo> Messaggio_Rapporto(const BancoForm &banco)
@@ -262,7 +263,7 @@ std::shared_ptr<Modulo> Messaggio_Rapporto(const BancoForm &banco)
         Campo_Leggi(campo);
     QString rapporto;
     Acc_Controlla(percorso, rapporto);
-    return Messaggio(1, Testo_Mctc(110) + QStringLiteral(": \r\n") + rapporto);
+    return Messaggio(1, Testo_Mctc(Id_Mctc(110)) + QStringLiteral(": \r\n") + rapporto);
 }
 
 std::shared_ptr<Modulo> Password(const BancoForm &)

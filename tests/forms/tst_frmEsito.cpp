@@ -7,6 +7,7 @@
 #include "core/risultato.h"
 #include "platform/colori.h"
 #include "tests/comuni/locale_prova.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -108,9 +109,9 @@ private Q_SLOTS:
         QFETCH(bool, regolare);
         Imposta_Riga("Esito", esito);
         Apri();
-        QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(regolare ? 126 : 127));
+        QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(Id_Mctc(regolare ? 126 : 127)));
         QCOMPARE(Sfondo_Di(Widget_Di(*form, "lblTitolo")), regolare ? VERDE : ROSSO);
-        QCOMPARE(form->Caption(), Testo_Mctc(regolare ? 126 : 127));
+        QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(regolare ? 126 : 127)));
     }
 
     // --- lamp ---------------------------------------------------------------------------------------------
@@ -134,7 +135,7 @@ private Q_SLOTS:
         gAltezzaFaro = altezza;
         Apri();
         QCOMPARE(Testo_Di(*form, "txt_0"), testo);
-        QCOMPARE(Testo_Di(*form, "lbl_0"), Testo_Mctc(118));
+        QCOMPARE(Testo_Di(*form, "lbl_0"), Testo_Mctc(Id_Mctc(118)));
     }
 
     void tipoDelFaro_data()
@@ -151,8 +152,8 @@ private Q_SLOTS:
         QFETCH(qint16, testo);
         Imposta_Riga("TipoAnab", tipo);
         Apri();
-        QCOMPARE(Testo_Di(*form, "txt_1"), Testo_Mctc(testo));
-        QCOMPARE(Testo_Di(*form, "lbl_1"), Testo_Mctc(121));
+        QCOMPARE(Testo_Di(*form, "txt_1"), Testo_Mctc(Id_Mctc(testo)));
+        QCOMPARE(Testo_Di(*form, "lbl_1"), Testo_Mctc(Id_Mctc(121)));
     }
 
     void caselleNonSiScrivono()
@@ -289,9 +290,9 @@ private Q_SLOTS:
         Apri();
         const qint16 colonneERighe[] = {132, 131, 134, 133, 135, 136, 137};
         for (int i = 0; i < 7; ++i)
-            QCOMPARE(Membro_Di<QLabel>(*form, "lblPar", i)->text(), Testo_Mctc(colonneERighe[i]));
-        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(130));
-        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(129));
+            QCOMPARE(Membro_Di<QLabel>(*form, "lblPar", i)->text(), Testo_Mctc(Id_Mctc(colonneERighe[i])));
+        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(Id_Mctc(130)));
+        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(Id_Mctc(129)));
     }
 
     void postiDellaTabella_data()

@@ -9,6 +9,7 @@
 #include "dialogs/frmMsg.h"
 #include "report/modPrn.h"
 #include "tests/comuni/stampa_prova.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/principale_prova.h"
 
@@ -60,7 +61,7 @@ private:
         Regia regia;
         regia.Quando("frmMsg", [&messaggi](Modulo &msg) {
             ++messaggi;
-            QCOMPARE(Testo_Di(msg, "lbl_0"), Testo_Lingua(58));
+            QCOMPARE(Testo_Di(msg, "lbl_0"), Testo_Lingua(Id_Lingua(58)));
             const auto &messaggio = Predefinito<frmMsg>();
             QCOMPARE(messaggio.Mode, qint16{0});
             QCOMPARE(messaggio.TopMost, qint16{0});
@@ -139,9 +140,10 @@ private Q_SLOTS:
         // What the station and the acceptance file hold stands on it.
         const QStringList testi = Testi(stampa->Corrente->Pagine.first());
         for (const QString &testo :
-             {QStringLiteral("Officina di prova"), Testo_Lingua(43), QStringLiteral("QX5"),
-              QStringLiteral("AB123CD"), Testo_Lingua(38), QStringLiteral("23400"), Testo_Mctc(150),
-              Testo_Mctc(151), QStringLiteral("Rossi Mario"), Testo_Lingua(55) + u':'})
+             {QStringLiteral("Officina di prova"), Testo_Lingua(Id_Lingua(43)), QStringLiteral("QX5"),
+              QStringLiteral("AB123CD"), Testo_Lingua(Id_Lingua(38)), QStringLiteral("23400"),
+              Testo_Mctc(Id_Mctc(150)), Testo_Mctc(Id_Mctc(151)), QStringLiteral("Rossi Mario"),
+              Testo_Lingua(Id_Lingua(55)) + u':'})
             QVERIFY2(testi.count(testo) >= 1, qPrintable(testo));
         QCOMPARE(testi.count(QStringLiteral("*")), qsizetype{12});
     }

@@ -5,6 +5,7 @@
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
 #include "report/frmMctc2.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -141,11 +142,11 @@ private Q_SLOTS:
         Scrivi_File(QStringLiteral("10000000.Acc"), Con("Targa=AB123CD", "Targa=EF456GH"));
         gFileAcc = QStringLiteral("prima");
         Apri();
-        QCOMPARE(form->Caption(), Testo_Mctc(2));
-        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(36));
-        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(37));
-        QCOMPARE(Testo_Di(*form, "cmd_0"), Testo_Mctc(107));
-        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(106));
+        QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(2)));
+        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(Id_Mctc(36)));
+        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(Id_Mctc(37)));
+        QCOMPARE(Testo_Di(*form, "cmd_0"), Testo_Mctc(Id_Mctc(107)));
+        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(Id_Mctc(106)));
         QVERIFY(gFileAcc.isEmpty());
         // Names in capitals, the plate behind a tab, in the folder's own order.
         QCOMPARE(Righe(), QStringList({QStringLiteral("10000000.ACC\tEF456GH"),
@@ -256,9 +257,9 @@ private Q_SLOTS:
         Leggi_Rapporto(regia);
         Clicca_Riga(0);
         QVERIFY(regia.Finita());
-        QCOMPARE(rapporto,
-                 Testo_Mctc(110) + QStringLiteral(": \r\nSezione:[Prenotazione] - Campo:CAP - Errore "
-                                                  "di lunghezza\r\n"));
+        QCOMPARE(rapporto, Testo_Mctc(Id_Mctc(110)) +
+                               QStringLiteral(": \r\nSezione:[Prenotazione] - Campo:CAP - Errore "
+                                              "di lunghezza\r\n"));
         QVERIFY(!Conferma_Abilitata());
         QVERIFY(Esci_Abilitato());
         // It stays listed, it stays the file at hand, and it cannot go into a test.
