@@ -246,6 +246,28 @@ private Q_SLOTS:
     }
     void nessunaInclusioneInSalita() { Senza_Falli(Inclusioni_InSalita(m_casa)); }
 
+    void simulatoreDipendenteSiVede()
+    {
+        const Alberello albero{
+            {"simulatore/trama.cpp",     "#include \"link/protocollo.h\"\n#include \"platform/codifica.h\"\n"},
+            {"simulatore/linea.cpp",     "#include \"link/seriale.h\"\n#include \"link/dispositivo_qt.h\"\n" },
+            {"simulatore/banco.cpp",     "#include \"simulatore/trama.h\"\n#include \"link/lontano.h\"\n"    },
+            {"link/seriale.h",           "#include \"link/controllo_seriale.h\"\n"                           },
+            {"link/lontano.h",           "#include \"link/scambio.h\"\n"                                     },
+            {"link/protocollo.h",        ""                                                                  },
+            {"link/scambio.h",           ""                                                                  },
+            {"link/dispositivo_qt.h",    ""                                                                  },
+            {"link/controllo_seriale.h", ""                                                                  },
+            {"platform/codifica.h",      ""                                                                  },
+            {"simulatore/trama.h",       ""                                                                  },
+        };
+        QCOMPARE(Simulatore_Dipendente(albero.Leggi()),
+                 (QStringList{QStringLiteral("simulatore/banco.cpp reaches link/lontano.h"),
+                              QStringLiteral("simulatore/banco.cpp reaches link/scambio.h"),
+                              QStringLiteral("simulatore/trama.cpp reaches link/protocollo.h")}));
+    }
+    void simulatoreIndipendente() { Senza_Falli(Simulatore_Dipendente(m_casa)); }
+
     void globaliDoppieSiVedono_data()
     {
         QTest::addColumn<QByteArray>("testata");
