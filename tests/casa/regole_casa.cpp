@@ -235,6 +235,21 @@ QStringList Simulatore_Dipendente(const Sorgenti &sorgenti)
     return falli;
 }
 
+QStringList Prove_ConAltroNome(const Sorgenti &sorgenti)
+{
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        const QFileInfo file(sorgente.key());
+        const QString nome = file.completeBaseName();
+        if (!nome.startsWith(u"tst_") || file.suffix() != u"cpp")
+            continue;
+        const QRegularExpression classe(QStringLiteral("\\bclass\\s+%1\\s*(final\\s*)?:").arg(nome));
+        if (!classe.match(Spoglia(sorgente.value(), false)).hasMatch())
+            falli.append(sorgente.key() + QStringLiteral(" has no class ") + nome);
+    }
+    return falli;
+}
+
 QStringList Finestre_NeiModuli(const Sorgenti &sorgenti, const QSet<QString> &finestre)
 {
     QMap<QString, QString> diretta; // file: the window's header that it includes itself

@@ -31,6 +31,10 @@ QStringList Sistemi_FuoriPosto(const Sorgenti &sorgenti);
 /// test.
 QStringList Simulatore_Dipendente(const Sorgenti &sorgenti);
 
+/// Tests whose class does not bear the name of its file: CTest, the test's own output and the file say one
+/// name.
+QStringList Prove_ConAltroNome(const Sorgenti &sorgenti);
+
 /// Includes against the one way in: platform, modules, forms, frmMain, modMain.
 QStringList Inclusioni_InSalita(const Sorgenti &sorgenti);
 

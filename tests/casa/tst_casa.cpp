@@ -48,7 +48,7 @@ QSet<QString> Finestre_DelToolkit()
 
 } // namespace
 
-class TestCasa : public QObject
+class tst_casa : public QObject
 {
     Q_OBJECT
 
@@ -268,6 +268,23 @@ private Q_SLOTS:
     }
     void simulatoreIndipendente() { Senza_Falli(Simulatore_Dipendente(m_casa)); }
 
+    void proveConAltroNomeSiVedono()
+    {
+        const Alberello albero{
+            {"tests/core/tst_modA.cpp",
+             "class TestModA : public QObject {};\n// class tst_modA : public QObject\n"},
+            {"tests/core/tst_modB.cpp", "class tst_modBis : public QObject {};\n"       },
+            {"tests/core/tst_modC.cpp",
+             "class Aiuto : public QObject {};\nclass tst_modC : public QObject {};\n"  },
+            {"tests/core/tst_modD.cpp", "class tst_modD final : public QObject {};\n"   },
+            {"tests/core/aiuto.cpp",    "class Aiuto {};\n"                             },
+        };
+        QCOMPARE(Prove_ConAltroNome(albero.Leggi()),
+                 (QStringList{QStringLiteral("tests/core/tst_modA.cpp has no class tst_modA"),
+                              QStringLiteral("tests/core/tst_modB.cpp has no class tst_modB")}));
+    }
+    void nessunaProvaConAltroNome() { Senza_Falli(Prove_ConAltroNome(m_casa)); }
+
     void globaliDoppieSiVedono_data()
     {
         QTest::addColumn<QByteArray>("testata");
@@ -344,5 +361,5 @@ private Q_SLOTS:
     void nessunaGlobaleDoppia() { Senza_Falli(Globali_Doppie(m_casa)); }
 };
 
-QTEST_GUILESS_MAIN(TestCasa)
+QTEST_GUILESS_MAIN(tst_casa)
 #include "tst_casa.moc"
