@@ -42,7 +42,7 @@ constexpr const char *CHIAVI[] = {
 
 } // namespace
 
-class TestRisultato : public QObject
+class tst_risultato : public QObject
 {
     Q_OBJECT
 
@@ -93,5 +93,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRisultato)
+QTEST_GUILESS_MAIN(tst_risultato)
 #include "tst_risultato.moc"

@@ -276,7 +276,7 @@ private Q_SLOTS:
     {
         QVERIFY(QFile::remove(Nativo(QStringLiteral("dati\\splash_kp_net.jpg"))));
         form = Nuovo<frmMain>();
-        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 53);
+        QCOMPARE(Errore_DaEvento([this] { form->Mostra(); }), 53);
     }
 
     void passwordPerVariante_data()
@@ -303,7 +303,7 @@ private Q_SLOTS:
         banco->Stazione.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Pwd"),
                                 QStringLiteral("aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa"));
         form = Nuovo<frmMain>();
-        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 6);
+        QCOMPARE(Errore_DaEvento([this] { form->Mostra(); }), 6);
     }
 
     // --- the beginning of a test --------------------------------------------------------------------------

@@ -9,7 +9,7 @@
 #include <QFileInfo>
 #include <QTest>
 
-class TestFar : public QObject
+class tst_far : public QObject
 {
     Q_OBJECT
 
@@ -124,5 +124,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFar)
+QTEST_GUILESS_MAIN(tst_far)
 #include "tst_far.moc"
