@@ -6,6 +6,7 @@
 #include "core/modGeneral.h"
 #include "core/risultato.h"
 #include "platform/colori.h"
+#include "tests/comuni/far_prova.h"
 #include "tests/comuni/locale_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
@@ -31,7 +32,7 @@ constexpr int CELLE_MIRA = 8, CELLE = 12;
 
 void Imposta_Riga(const char *riga, const QString &valore)
 {
-    Far_Imposta(QString::fromLatin1(riga), valore);
+    Far_Imposta(Far_Riga(QString::fromLatin1(riga)), valore);
 }
 
 /// A vehicle that passes.
