@@ -7,12 +7,14 @@
 #include "core/risultato.h"
 #include "platform/orologio.h"
 
-std::array<QString, 17> gRepMisure;
-std::array<QString, 5> gRepOfficina;
-std::array<QString, 5> gRepTitoli;
-std::array<QString, 5> gRepStrumentoEt, gRepStrumentoVal;
-std::array<QString, 5> gRepVeicoloEt, gRepVeicoloVal;
-std::array<QString, 10> gRepVoci;
+#include <algorithm>
+
+std::array<QString, RIGHE_MISURE> gRepMisure;
+BloccoReport gRepOfficina;
+std::array<QString, RIGHE_TITOLI> gRepTitoli;
+BloccoReport gRepStrumentoEt, gRepStrumentoVal;
+BloccoReport gRepVeicoloEt, gRepVeicoloVal;
+std::array<QString, RIGHE_VOCI> gRepVoci;
 
 namespace {
 
@@ -47,19 +49,16 @@ constexpr const char16_t *CHIAVI_LIBRETTO[] = {u"Fabbrica", u"Tipo", u"Targa", u
 
 struct MisuraReport
 {
-    size_t riga;
-    const char16_t *chiave; // in gRisultatoFar
+    RigaMisure riga;
+    RigaFar valore;
 };
 
 constexpr MisuraReport MISURE[] = {
-    {REP_LUX_ANAB_DX, u"IllumLuxAnabDx"},
-    {REP_LUX_ANAB_SX, u"IllumLuxAnabSx"},
-    {REP_LUX_ABB_DX,  u"IllumLuxAbbDx" },
-    {REP_LUX_ABB_SX,  u"IllumLuxAbbSx" },
+    {RepLuxAnabDx, FarIllumLuxAnabDx},
+    {RepLuxAnabSx, FarIllumLuxAnabSx},
+    {RepLuxAbbDx,  FarIllumLuxAbbDx },
+    {RepLuxAbbSx,  FarIllumLuxAbbSx },
 };
-
-/// Rows of aims: the instrument gives no figure for them, and the page prints none.
-constexpr size_t SENZA_CIFRA[] = {1, 2, 3, 4, 7, 8, 9, 10};
 
 /// Texts of gRepTitoli and gRepVoci.
 constexpr TestoLingua TITOLI[] = {
@@ -95,24 +94,24 @@ void Vuota_Tabelle()
 
 void Inizio_Prova()
 {
-    gRepMisure[REP_DATA] = Orologio_Corrente().Adesso().toString(QStringLiteral("dd-MM-yyyy"));
-    gRepMisure[REP_INIZIO] = Ora_Presente();
+    gRepMisure[RepData] = Orologio_Corrente().Adesso().toString(QStringLiteral("dd-MM-yyyy"));
+    gRepMisure[RepInizio] = Ora_Presente();
 }
 
 void Misure_Prova()
 {
-    gRepMisure[REP_TIPO_FARO] = Testo_Lingua(gSimmetrico != 0 ? LinguaSimmetrico : LinguaAsimmetrico);
-    for (const size_t riga : SENZA_CIFRA)
-        gRepMisure[riga].clear();
+    gRepMisure[RepTipoFaro] = Testo_Lingua(gSimmetrico != 0 ? LinguaSimmetrico : LinguaAsimmetrico);
+    for (const RigaMisure prima : {RepMireAnab, RepMireAbb})
+        std::fill_n(gRepMisure.begin() + prima, RIGHE_MIRE, QString());
     for (const MisuraReport &misura : MISURE)
-        gRepMisure[misura.riga] = Far_Valore(QString::fromUtf16(misura.chiave));
+        gRepMisure[misura.riga] = Far_Valore(misura.valore);
 }
 
-void Prendi_Sezione(QStringView sezione, std::array<QString, 5> *etichette, std::array<QString, 5> *valori)
+void Prendi_Sezione(QStringView sezione, BloccoReport *etichette, BloccoReport *valori)
 {
     QList<VoceSezione> voci;
     Leggi_Sezione(sezione.toString(), voci);
-    for (size_t i = 0; i < 5; ++i) {
+    for (size_t i = 0; i < RIGHE_BLOCCO; ++i) {
         if (etichette != nullptr)
             (*etichette)[i] = voci[static_cast<qsizetype>(i)].Etichetta;
         if (valori != nullptr)
@@ -138,10 +137,10 @@ QString Operatore_Prova()
 
 void Dati_Stampa()
 {
-    gRepMisure[REP_FINE] = Ora_Presente();
+    gRepMisure[RepFine] = Ora_Presente();
     Prendi_Sezione(SezioneOfficina, nullptr, &gRepOfficina);
     Veicolo_Prova();
-    gRepMisure[REP_OPERATORE] = Operatore_Prova();
+    gRepMisure[RepOperatore] = Operatore_Prova();
     Prendi_Sezione(SezioneStrumento, &gRepStrumentoEt, &gRepStrumentoVal);
     for (size_t i = 0; i < gRepTitoli.size(); ++i)
         gRepTitoli[i] = Testo_Lingua(TITOLI[i]);

@@ -1,5 +1,5 @@
 // The result record on the screen: table of cells, colours, alarm and print button. It judges nothing anew
-// but the colour of an intensity.
+// but the colour of an intensity, by the test of the evaluation.
 #include "report/frmEsito.h"
 
 #include "core/limiti.h"
@@ -29,10 +29,10 @@ constexpr qint16 CELLE = 12;
 constexpr qint16 COLONNE = 4;
 
 /// The row of the result that each cell shows, in cell order.
-constexpr const char16_t *RIGHE_CELLE[CELLE] = {
-    u"VertAnabDx",     u"VertAnabSx",     u"VertAbbDx",     u"VertAbbSx",     //
-    u"OrizzAnabDx",    u"OrizzAnabSx",    u"OrizzAbbDx",    u"OrizzAbbSx",    //
-    u"IllumLuxAnabDx", u"IllumLuxAnabSx", u"IllumLuxAbbDx", u"IllumLuxAbbSx", //
+constexpr RigaFar RIGHE_CELLE[CELLE] = {
+    FarVertAnabDx,     FarVertAnabSx,     FarVertAbbDx,     FarVertAbbSx,     //
+    FarOrizzAnabDx,    FarOrizzAnabSx,    FarOrizzAbbDx,    FarOrizzAbbSx,    //
+    FarIllumLuxAnabDx, FarIllumLuxAnabSx, FarIllumLuxAbbDx, FarIllumLuxAbbSx, //
 };
 
 /// Texts of lblPar: four column heads, three row heads.
@@ -63,18 +63,14 @@ qint32 Meta_Schermo()
     return gScreenW / 2;
 }
 
-bool Regolare(const QString &riga)
+bool Regolare(RigaFar riga)
 {
     return Far_Valore(riga) == u"R";
 }
 
-/// Repeats the test of the evaluation, to colour what it has judged.
-bool Nei_Limiti(float valore, qint16 cella)
+Fascio Fascio_Di(RigaFar lux)
 {
-    const bool anabbagliante = cella < CELLE_MIRA + 2;
-    const auto minimo = static_cast<float>(anabbagliante ? gLuxMinAnab : gLuxMinAbb);
-    const auto massimo = static_cast<float>(anabbagliante ? gLuxMaxAnab : gLuxMaxAbb);
-    return valore > minimo && valore < massimo;
+    return lux == FarIllumLuxAnabDx || lux == FarIllumLuxAnabSx ? FascioAnabbagliante : FascioAbbagliante;
 }
 
 } // namespace
@@ -151,7 +147,7 @@ void frmEsito::Disponi_Pulsanti()
 
 void frmEsito::Mostra_Verdetto()
 {
-    const bool regolare = Regolare(QStringLiteral("Esito"));
+    const bool regolare = Regolare(FarEsito);
     lblTitolo->Posto(ScalaX(300), ScalaY(200), gScreenW - 2 * ScalaX(300), ScalaY(1000));
     lblTitolo->Caption(Testo_Mctc(regolare ? MctcEsitoRegolare : MctcEsitoIrregolare));
     lblTitolo->BackColor(regolare ? COLORE_VERDE : COLORE_ROSSO);
@@ -175,13 +171,13 @@ void frmEsito::Campi_Imposta()
 
 void frmEsito::Riempi()
 {
-    const bool simmetrico = Far_Valore(QStringLiteral("TipoAnab")) == u"#S";
+    const bool simmetrico = Far_Valore(FarTipoAnab) == u"#S";
     txt[0].Text(Numero_Testo(gAltezzaFaro));
     txt[1].Text(Testo_Mctc(simmetrico ? MctcTipoSimmetrico : MctcTipoAsimmetrico));
     lblDes[0].Posto(ScalaX(500), ScalaY(1500), ScalaX(4000), ScalaY(400));
     lblDes[0].Caption(Testo_Mctc(TESTI_DES[0]));
     lblDes[0].Visible(true);
-    if (!Regolare(QStringLiteral("Esito")) && gAllarmeAcustico) {
+    if (!Regolare(FarEsito) && gAllarmeAcustico) {
         tmrBeep.Interval(INTERVALLO_BEEP);
         tmrBeep.Enabled(true);
     }
@@ -217,7 +213,7 @@ void frmEsito::Intestazioni_Tabella()
 void frmEsito::Celle_Mira()
 {
     for (qint16 i = 0; i < CELLE_MIRA; ++i) {
-        const bool regolare = Regolare(QString::fromUtf16(RIGHE_CELLE[i]));
+        const bool regolare = Regolare(RIGHE_CELLE[i]);
         lblTab[i].Caption(regolare ? QStringLiteral("SI") : QStringLiteral("NO"));
         Colora_Cella(i, regolare);
     }
@@ -226,14 +222,14 @@ void frmEsito::Celle_Mira()
 void frmEsito::Celle_Intensita()
 {
     for (qint16 i = CELLE_MIRA; i < CELLE; ++i) {
-        const QString riga = Far_Valore(QString::fromUtf16(RIGHE_CELLE[i]));
-        if (riga.isEmpty()) {
+        const RigaFar riga = RIGHE_CELLE[i];
+        if (Far_Valore(riga).isEmpty()) {
             lblTab[i].Caption(QStringLiteral(" -"));
             continue;
         }
-        const float valore = Numero_Singolo(riga);
+        const float valore = Numero_Singolo(Far_Valore(riga));
         lblTab[i].Caption(Numero_Testo(valore / 1000));
-        Colora_Cella(i, Nei_Limiti(valore, i));
+        Colora_Cella(i, Lux_Regolare(valore, Fascio_Di(riga)));
     }
 }
 

@@ -162,6 +162,7 @@ constexpr Posto POSTO_PORTA = {12000, 8300, 2700};
 
 CampoForm &Campo(qint16 riga)
 {
+    // cppcheck-suppress containerOutOfBounds ; reckons the size of the table one too small
     return gCampiSetup[static_cast<size_t>(riga)];
 }
 

@@ -79,6 +79,15 @@ QMap<QString, Inclusioni> Inclusioni_Di(const Sorgenti &sorgenti)
 
 using Grafo = QMap<QString, QSet<QString>>;
 
+/// Who includes whom, file by file.
+Grafo Grafo_Di(const QMap<QString, Inclusioni> &inclusioni)
+{
+    Grafo grafo;
+    for (auto i = inclusioni.cbegin(); i != inclusioni.cend(); ++i)
+        grafo[i.key()] = QSet<QString>(i->file.cbegin(), i->file.cend());
+    return grafo;
+}
+
 /// All that can be reached from a place in one step or more.
 QSet<QString> Raggiunti(const Grafo &grafo, const QString &da)
 {
@@ -212,13 +221,46 @@ QStringList Anelli(const Sorgenti &sorgenti)
     return anelli;
 }
 
+QStringList Simulatore_Dipendente(const Sorgenti &sorgenti)
+{
+    static const QRegularExpression AMMESSO(
+        QStringLiteral("^(simulatore|platform|core)/|^link/(seriale|controllo_seriale|dispositivo_qt)\\.h$"));
+    QStringList falli;
+    const Grafo grafo = Grafo_Di(Inclusioni_Di(sorgenti));
+    for (auto i = grafo.cbegin(); i != grafo.cend(); ++i) {
+        if (Cartella_Di(i.key()) != u"simulatore")
+            continue;
+        const QSet<QString> raggiunti = Raggiunti(grafo, i.key());
+        for (const QString &altro : raggiunti) {
+            if (!AMMESSO.match(altro).hasMatch())
+                falli.append(i.key() + QStringLiteral(" reaches ") + altro);
+        }
+    }
+    falli.sort();
+    return falli;
+}
+
+QStringList Prove_ConAltroNome(const Sorgenti &sorgenti)
+{
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        const QFileInfo file(sorgente.key());
+        const QString nome = file.completeBaseName();
+        if (!nome.startsWith(u"tst_") || file.suffix() != u"cpp")
+            continue;
+        const QRegularExpression classe(QStringLiteral("\\bclass\\s+%1\\s*(final\\s*)?:").arg(nome));
+        if (!classe.match(Spoglia(sorgente.value(), false)).hasMatch())
+            falli.append(sorgente.key() + QStringLiteral(" has no class ") + nome);
+    }
+    return falli;
+}
+
 QStringList Finestre_NeiModuli(const Sorgenti &sorgenti, const QSet<QString> &finestre)
 {
-    Grafo grafo;
     QMap<QString, QString> diretta; // file: the window's header that it includes itself
     const QMap<QString, Inclusioni> inclusioni = Inclusioni_Di(sorgenti);
+    const Grafo grafo = Grafo_Di(inclusioni);
     for (auto i = inclusioni.cbegin(); i != inclusioni.cend(); ++i) {
-        grafo[i.key()] = QSet<QString>(i->file.cbegin(), i->file.cend());
         for (const QString &nome : i->sistema) {
             if (finestre.contains(nome))
                 diretta.insert(i.key(), nome);

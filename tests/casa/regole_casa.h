@@ -26,6 +26,15 @@ QStringList Finestre_NeiModuli(const Sorgenti &sorgenti, const QSet<QString> &fi
 /// Conditions on the operating system outside platform/ and the bodies of the serial control.
 QStringList Sistemi_FuoriPosto(const Sorgenti &sorgenti);
 
+/// What the stand-in for the instrument includes of the house beyond the serial port and the ground: with the
+/// station's own protocol in it a mistake in that would be made at both ends of the line, and pass every
+/// test.
+QStringList Simulatore_Dipendente(const Sorgenti &sorgenti);
+
+/// Tests whose class does not bear the name of its file: CTest, the test's own output and the file say one
+/// name.
+QStringList Prove_ConAltroNome(const Sorgenti &sorgenti);
+
 /// Includes against the one way in: platform, modules, forms, frmMain, modMain.
 QStringList Inclusioni_InSalita(const Sorgenti &sorgenti);
 

@@ -37,7 +37,6 @@ const QList<Altrove> ALTROVE = {
     {u"core/modReport.cpp",   {u"Operatore", u"Telaio", u"Targa"}},
     // rows of the result file
     {u"core/risultato.cpp",   {u"Operatore", u"Marca"}},
-    {u"app/modApp.cpp",       {u"Operatore", u"Marca"}},
     // a list's name for a screen reader
     {u"link/frmComm.cpp",     {u"Debug"}},
 };
@@ -129,7 +128,7 @@ QStringList Chiavi_DelFile(const QString &testo, QStringList &falli)
 
 } // namespace
 
-class TestChiavi : public QObject
+class tst_chiavi : public QObject
 {
     Q_OBJECT
 
@@ -257,5 +256,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestChiavi)
+QTEST_GUILESS_MAIN(tst_chiavi)
 #include "tst_chiavi.moc"

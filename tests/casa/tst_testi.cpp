@@ -156,7 +156,7 @@ QStringList Struttura_Di(const QString &testo)
 
 } // namespace
 
-class TestTesti : public QObject
+class tst_testi : public QObject
 {
     Q_OBJECT
 
@@ -392,5 +392,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTesti)
+QTEST_GUILESS_MAIN(tst_testi)
 #include "tst_testi.moc"

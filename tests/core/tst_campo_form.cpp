@@ -42,7 +42,7 @@ CampoForm Campo_Pieno()
 
 } // namespace
 
-class TestCampoForm : public QObject
+class tst_campo_form : public QObject
 {
     Q_OBJECT
 
@@ -193,5 +193,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCampoForm)
+QTEST_GUILESS_MAIN(tst_campo_form)
 #include "tst_campo_form.moc"

@@ -17,7 +17,7 @@ const QString MCTC = QStringLiteral("MCTC");
 
 } // namespace
 
-class TestModGeneral : public QObject
+class tst_modGeneral : public QObject
 {
     Q_OBJECT
 
@@ -279,5 +279,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestModGeneral)
+QTEST_GUILESS_MAIN(tst_modGeneral)
 #include "tst_modGeneral.moc"

@@ -101,10 +101,10 @@ private Q_SLOTS:
 
     void stadio2Misure()
     {
-        Far_Imposta(QStringLiteral("IllumLuxAnabDx"), QStringLiteral("23400"));
-        Far_Imposta(QStringLiteral("IllumLuxAnabSx"), QStringLiteral("12300"));
-        Far_Imposta(QStringLiteral("IllumLuxAbbDx"), QStringLiteral("150000"));
-        Far_Imposta(QStringLiteral("IllumLuxAbbSx"), QStringLiteral("-100"));
+        Far_Imposta(FarIllumLuxAnabDx, QStringLiteral("23400"));
+        Far_Imposta(FarIllumLuxAnabSx, QStringLiteral("12300"));
+        Far_Imposta(FarIllumLuxAbbDx, QStringLiteral("150000"));
+        Far_Imposta(FarIllumLuxAbbSx, QStringLiteral("-100"));
         Report_Dati(2);
         const QString prima = QStringLiteral("prima");
         const QStringList attese = {

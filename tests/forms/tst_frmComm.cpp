@@ -219,9 +219,9 @@ private Q_SLOTS:
         Apri(static_cast<quint8>(modo));
         QCOMPARE(Scritta(), scritta ? Testo_Mctc(Id_Mctc(152)) : QString());
         QVERIFY(Visibile(*form, "lbl_0"));
-        QCOMPARE(gRepMisure[REP_DATA], adesso.toString(QStringLiteral("dd-MM-yyyy")));
-        QCOMPARE(gRepMisure[REP_INIZIO], adesso.toString(QStringLiteral("hh:mm:ss")));
-        QCOMPARE(gRepMisure[REP_FINE], QStringLiteral("-"));
+        QCOMPARE(gRepMisure[RepData], adesso.toString(QStringLiteral("dd-MM-yyyy")));
+        QCOMPARE(gRepMisure[RepInizio], adesso.toString(QStringLiteral("hh:mm:ss")));
+        QCOMPARE(gRepMisure[RepFine], QStringLiteral("-"));
         QCOMPARE(gRepOfficina[0], QStringLiteral("-"));
     }
 

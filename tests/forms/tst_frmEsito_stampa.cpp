@@ -98,8 +98,8 @@ private Q_SLOTS:
         banco = std::make_unique<BancoForm>();
         stampa = std::make_unique<StampaProva>();
         Far_Azzera();
-        Far_Imposta(QStringLiteral("Esito"), QStringLiteral("R"));
-        Far_Imposta(QStringLiteral("IllumLuxAnabDx"), QStringLiteral("23400"));
+        Far_Imposta(FarEsito, QStringLiteral("R"));
+        Far_Imposta(FarIllumLuxAnabDx, QStringLiteral("23400"));
         Carica_Limiti();
         gAltezzaFaro = 65;
         gTipoProva = 4;
@@ -152,7 +152,7 @@ private Q_SLOTS:
     void risultatoDelMomentoDellaStampa()
     {
         Collega_Stampante();
-        Far_Imposta(QStringLiteral("IllumLuxAnabDx"), QStringLiteral("77700"));
+        Far_Imposta(FarIllumLuxAnabDx, QStringLiteral("77700"));
         Premi(*form, "cmd_1");
         const QStringList testi = Testi(stampa->Corrente->Pagine.first());
         QVERIFY(testi.contains(QStringLiteral("77700")));
@@ -162,7 +162,7 @@ private Q_SLOTS:
     void dueVolteDuePagineAltraOraDiFine()
     {
         Collega_Stampante();
-        const QString inizio = gRepMisure[REP_INIZIO];
+        const QString inizio = gRepMisure[RepInizio];
         QStringList fine;
         for (int volta = 0; volta < 2; ++volta) {
             Orologio_Banco().Avanza(65000);

@@ -276,7 +276,7 @@ private Q_SLOTS:
     {
         QVERIFY(QFile::remove(Nativo(QStringLiteral("dati\\splash_kp_net.jpg"))));
         form = Nuovo<frmMain>();
-        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 53);
+        QCOMPARE(Errore_DaEvento([this] { form->Mostra(); }), 53);
     }
 
     void passwordPerVariante_data()
@@ -303,7 +303,7 @@ private Q_SLOTS:
         banco->Stazione.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Pwd"),
                                 QStringLiteral("aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa"));
         form = Nuovo<frmMain>();
-        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 6);
+        QCOMPARE(Errore_DaEvento([this] { form->Mostra(); }), 6);
     }
 
     // --- the beginning of a test --------------------------------------------------------------------------
@@ -405,7 +405,7 @@ private Q_SLOTS:
         Sessione_Completa(regia);
         Conferma_Veicolo();
         QVERIFY(regia.Finita());
-        QCOMPARE(Far_Valore(QStringLiteral("Esito")), QStringLiteral("R"));
+        QCOMPARE(Far_Valore(FarEsito), QStringLiteral("R"));
         QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR")))
                     .isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
     }
@@ -480,7 +480,7 @@ private Q_SLOTS:
         QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMain")));
         QVERIFY(!Esiste(FILE_FAR));
         QVERIFY(Esiste(QStringLiteral("DIR_FAR\\") + FILE_ACC));
-        QVERIFY(Far_Valore(QStringLiteral("Esito")).isEmpty());
+        QVERIFY(Far_Valore(FarEsito).isEmpty());
         QVERIFY(form->Finestra()->isVisible());
     }
 

@@ -307,7 +307,7 @@ private Q_SLOTS:
     {
         QVERIFY(QFile::remove(banco->Stazione.Nativo(QStringLiteral("dati\\faro0.jpg"))));
         form = Nuovo<frmMctc2>();
-        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 53);
+        QCOMPARE(Errore_DaEvento([this] { form->Mostra(); }), 53);
         gCaricamento = Falso;
     }
 
@@ -485,7 +485,7 @@ private Q_SLOTS:
         banco->Stazione.Imposta(IMPOSTAZIONI, QStringLiteral("AltezzaFaro"), altezza);
         Apri(false);
         Scrivi(*form, "txt_3", QStringLiteral("AA000BB"));
-        QCOMPARE(Errore_Di([this] { Q_EMIT Widget_Di<QPushButton>(*form, "cmd_0")->clicked(); }), 13);
+        QCOMPARE(Errore_DaEvento([this] { Q_EMIT Widget_Di<QPushButton>(*form, "cmd_0")->clicked(); }), 13);
         QVERIFY(notifiche.isEmpty());
         QVERIFY(form->Caricato());
         QCOMPARE(gAltezzaFaro, -1.0);

@@ -105,7 +105,7 @@ private:
         QTimer::singleShot(0, &ciclo, [&] {
             QMetaObject::invokeMethod(
                 this, [this] { Premi(*form, "cmd_0"); }, Qt::QueuedConnection);
-            errore = Errore_Di([] { Battito(); });
+            errore = Errore_DaEvento([] { Battito(); });
             ciclo.quit();
         });
         ciclo.exec();
@@ -367,7 +367,7 @@ private Q_SLOTS:
     {
         Scrivi_File(QStringLiteral("12345678.acc"), Buono() + QByteArray(33000, 'x'));
         Apri();
-        QCOMPARE(Errore_Di([this] { Lista()->setCurrentRow(0); }), 6);
+        QCOMPARE(Errore_DaEvento([this] { Lista()->setCurrentRow(0); }), 6);
         QApplication::restoreOverrideCursor();
     }
 
@@ -525,7 +525,7 @@ private Q_SLOTS:
         Battito();
         QCOMPARE(Lista()->count(), 0);
         QVERIFY(Conferma_Abilitata()); // what a clean file has switched on stays so
-        QCOMPARE(Errore_Di([this] { Q_EMIT Widget_Di<QPushButton>(*form, "cmd_0")->clicked(); }), 9);
+        QCOMPARE(Errore_DaEvento([this] { Q_EMIT Widget_Di<QPushButton>(*form, "cmd_0")->clicked(); }), 9);
         QVERIFY(Modulo_Aperto("frmMctc2") == nullptr);
     }
 
@@ -624,7 +624,7 @@ private Q_SLOTS:
         Battito();
         Clicca_Riga(0);
         Riscrivi_File(QStringLiteral("12345678.acc"), Buono() + QByteArray(33000, 'x'));
-        QCOMPARE(Errore_Di([] { Battito(); }), 0);
+        QCOMPARE(Errore_DaEvento([] { Battito(); }), 0);
         QVERIFY(QApplication::overrideCursor() == nullptr);
         QVERIFY(!Conferma_Abilitata());
         QVERIFY(Esci_Abilitato());

@@ -7,7 +7,7 @@
 
 #include <QTest>
 
-class TestCampiAcc : public QObject
+class tst_campi_acc : public QObject
 {
     Q_OBJECT
 
@@ -164,5 +164,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCampiAcc)
+QTEST_GUILESS_MAIN(tst_campi_acc)
 #include "tst_campi_acc.moc"
