@@ -130,8 +130,8 @@ void frmMain::Carica_Menu()
 
 void frmMain::Carica_Password()
 {
-    const QString chiave = gLogoFile == LOGO_NORVO ? QStringLiteral("Pwd2") : QStringLiteral("Pwd");
-    gPwdCorrente = Pwd_Decifra(Valore_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), chiave));
+    const ChiaveIni &chiave = gLogoFile == LOGO_NORVO ? ChiavePassword2 : ChiavePassword;
+    gPwdCorrente = Pwd_Decifra(Valore_Ini(gFileIni, chiave));
 }
 
 void frmMain::Disattiva_Menu()

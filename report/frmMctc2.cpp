@@ -28,35 +28,35 @@ struct RigaVeicolo
     TestoMctc etichetta;
     const char16_t *sezioneAcc;
     const char16_t *chiaveAcc;
-    const char16_t *chiaveIni;
+    ChiaveIni chiaveIni;
 };
 
 constexpr RigaVeicolo VEICOLO[RIGHE_VEICOLO] = {
-    {MctcFabbricaMarca,        u"DatiLibrettoVeicolo", u"Fabbrica",             u"Marca"       },
-    {MctcTipo,                 u"DatiLibrettoVeicolo", u"Tipo",                 u"Modello"     },
-    {MctcMotoreAllestimento,   u"DatiLibrettoVeicolo", u"TipoMotore",           u"Allestimento"},
-    {MctcTarga,                u"DatiLibrettoVeicolo", u"Targa",                u"Targa"       },
-    {MctcTelaio,               u"DatiLibrettoVeicolo", u"Telaio",               u"Telaio"      },
-    {MctcAnnoImmatricolazione, u"DatiLibrettoVeicolo", u"AnnoPrimaImm",         u"AnnoImm"     },
-    {MctcNomeCliente,          u"Prenotazione",        u"CognomeDenominazione", u"NomeCliente" },
-    {MctcIndirizzo,            u"Prenotazione",        u"Indirizzo",            u"Indirizzo"   },
-    {MctcCitta,                u"Prenotazione",        u"Citta",                u"Citta"       },
-    {MctcTelefonoFax,          u"Prenotazione",        u"Telefono",             u"Telefono"    },
-    {MctcOperatore,            u"Prenotazione",        u"Operatore",            u"Operatore"   },
-    {MctcNote,                 u"Prenotazione",        u"Note",                 u"Note"        },
+    {MctcFabbricaMarca,        u"DatiLibrettoVeicolo", u"Fabbrica",             ChiaveVeicoloMarca       },
+    {MctcTipo,                 u"DatiLibrettoVeicolo", u"Tipo",                 ChiaveVeicoloModello     },
+    {MctcMotoreAllestimento,   u"DatiLibrettoVeicolo", u"TipoMotore",           ChiaveVeicoloAllestimento},
+    {MctcTarga,                u"DatiLibrettoVeicolo", u"Targa",                ChiaveVeicoloTarga       },
+    {MctcTelaio,               u"DatiLibrettoVeicolo", u"Telaio",               ChiaveVeicoloTelaio      },
+    {MctcAnnoImmatricolazione, u"DatiLibrettoVeicolo", u"AnnoPrimaImm",         ChiaveVeicoloAnno        },
+    {MctcNomeCliente,          u"Prenotazione",        u"CognomeDenominazione", ChiaveClienteNome        },
+    {MctcIndirizzo,            u"Prenotazione",        u"Indirizzo",            ChiaveClienteIndirizzo   },
+    {MctcCitta,                u"Prenotazione",        u"Citta",                ChiaveClienteCitta       },
+    {MctcTelefonoFax,          u"Prenotazione",        u"Telefono",             ChiaveClienteTelefono    },
+    {MctcOperatore,            u"Prenotazione",        u"Operatore",            ChiaveOperatore          },
+    {MctcNote,                 u"Prenotazione",        u"Note",                 ChiaveVeicoloNote        },
 };
 
 struct RigaFaro
 {
     TestoMctc etichetta;
     quint8 controllo;
-    const char16_t *chiave; // in section IMPOSTAZIONI
+    ChiaveIni chiave;
 };
 
 constexpr RigaFaro FARO[] = {
-    {MctcAltezzaFaro,    CampoTesto,  u"AltezzaFaro"     },
-    {MctcInclinazione,   CampoTesto,  u"InclinazioneFaro"},
-    {MctcFariSimmetrici, CampoSpunta, u"Simmetrico"      },
+    {MctcAltezzaFaro,    CampoTesto,  ChiaveAltezzaFaro     },
+    {MctcInclinazione,   CampoTesto,  ChiaveInclinazioneFaro},
+    {MctcFariSimmetrici, CampoSpunta, ChiaveSimmetrico      },
 };
 
 // The layout, in design units. Each column of six rows stands in three lines of two boxes above its frame;
@@ -85,20 +85,21 @@ void Riga_Veicolo(CampoForm &campo, const RigaVeicolo &riga, bool accettazione)
 {
     campo.LabelId = riga.etichetta;
     campo.Kind = CampoTesto;
-    campo.File = accettazione ? gFileAcc : gFileIni;
-    campo.Section = accettazione ? QString::fromUtf16(riga.sezioneAcc) : QStringLiteral("VEICOLO");
-    campo.Key = QString::fromUtf16(accettazione ? riga.chiaveAcc : riga.chiaveIni);
-    if (accettazione)
-        campo.Editable = Falso;
+    if (!accettazione) {
+        Campo_Chiave(campo, riga.chiaveIni);
+        return;
+    }
+    campo.File = gFileAcc;
+    campo.Section = QString::fromUtf16(riga.sezioneAcc);
+    campo.Key = QString::fromUtf16(riga.chiaveAcc);
+    campo.Editable = Falso;
 }
 
 void Riga_Faro(CampoForm &campo, const RigaFaro &riga)
 {
     campo.LabelId = riga.etichetta;
     campo.Kind = riga.controllo;
-    campo.File = gFileIni;
-    campo.Section = QStringLiteral("IMPOSTAZIONI");
-    campo.Key = QString::fromUtf16(riga.chiave);
+    Campo_Chiave(campo, riga.chiave);
 }
 
 void Riga_Bloccata(CampoForm &campo)
@@ -110,8 +111,7 @@ void Riga_Bloccata(CampoForm &campo)
 /// A missing or odd value must not stop the load: it counts as not symmetric.
 qint16 Simmetrico_Memorizzato()
 {
-    const QString valore = Valore_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Simmetrico"));
-    return Numero_Pezzo(valore);
+    return Numero_Pezzo(Valore_Ini(gFileIni, ChiaveSimmetrico));
 }
 
 bool Altezza_Valida(const QString &testo)
