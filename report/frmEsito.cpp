@@ -99,7 +99,7 @@ frmEsito::~frmEsito() = default;
 void frmEsito::Disegno()
 {
     lblTitolo = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTitolo"));
-    lblTitolo->Allineamento(Qt::AlignCenter);
+    lblTitolo->Allineamento(Orizzontale::Centro);
     lblTitolo->FontBold(true);
     lblTitolo->FontSize(Punti_Normali() * 3);
     txt.Carica(0).Posto(0, 0, ScalaX(3000), ScalaY(450));
@@ -113,10 +113,10 @@ void frmEsito::Disegno()
     }
     for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_PAR)); ++i) {
         lblPar.Carica(i).Visible(true);
-        lblPar[i].Allineamento(i < COLONNE ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignVCenter);
+        lblPar[i].Allineamento(i < COLONNE ? Orizzontale::Centro : Orizzontale::Destra);
     }
     for (qint16 i = 0; i < CELLE; ++i) {
-        lblTab.Carica(i).Allineamento(Qt::AlignCenter);
+        lblTab.Carica(i).Allineamento(Orizzontale::Centro);
         lblTab[i].FontSize(Punti_Normali() * 2);
         lblTab[i].FontBold(true);
         lblTab[i].Bordo();

@@ -46,73 +46,67 @@ protected:
 CasellaCombinata::CasellaCombinata(QWidget *finestra, const QString &nome)
     : Controllo(new WidgetCombinata(finestra), nome)
 {
-    Combo()->setFocusPolicy(Qt::StrongFocus); // a turn of the wheel over it does not take the focus
-    QObject::connect(Combo(), &QComboBox::activated, Combo(), [this] {
-        if (Click)
-            Click();
+    Fai<QComboBox>([this](QComboBox &combo) {
+        combo.setFocusPolicy(Qt::StrongFocus); // a turn of the wheel over it does not take the focus
+        QObject::connect(&combo, &QComboBox::activated, &combo, [this] { Click(); });
     });
-}
-
-QComboBox *CasellaCombinata::Combo() const
-{
-    return static_cast<QComboBox *>(Widget());
 }
 
 void CasellaCombinata::AddItem(const QString &testo)
 {
-    if (Widget() == nullptr)
-        return;
-    Combo()->addItem(testo);
-    if (Combo()->count() == 1)
-        Combo()->setCurrentIndex(-1); // nothing is chosen until somebody chooses
+    Fai<QComboBox>([&testo](QComboBox &combo) {
+        combo.addItem(testo);
+        if (combo.count() == 1)
+            combo.setCurrentIndex(-1); // nothing is chosen until somebody chooses
+    });
     Adatta();
 }
 
 bool CasellaCombinata::Entra() const
 {
-    if (Widget() == nullptr)
+    return Chiedi<WidgetCombinata>(true, [](const WidgetCombinata &combo) {
+        const int spazio = combo.Parte(QStyle::SC_ComboBoxEditField).width();
+        for (int i = 0; i < combo.count(); ++i) {
+            if (combo.fontMetrics().horizontalAdvance(combo.itemText(i)) > spazio)
+                return false;
+        }
         return true;
-    const int spazio =
-        static_cast<const WidgetCombinata *>(Widget())->Parte(QStyle::SC_ComboBoxEditField).width();
-    for (int i = 0; i < Combo()->count(); ++i) {
-        if (Combo()->fontMetrics().horizontalAdvance(Combo()->itemText(i)) > spazio)
-            return false;
-    }
-    return true;
+    });
 }
 
 void CasellaCombinata::Clear()
 {
-    if (Widget() != nullptr)
-        Combo()->clear();
+    Fai<QComboBox>([](QComboBox &combo) { combo.clear(); });
 }
 
 QWidget *CasellaCombinata::Elenco() const
 {
-    return Widget() != nullptr ? Combo()->view() : nullptr;
+    QWidget *elenco = nullptr;
+    Fai<QComboBox>([&elenco](QComboBox &combo) { elenco = combo.view(); });
+    return elenco;
 }
 
 QString CasellaCombinata::Text() const
 {
-    return Widget() != nullptr ? Combo()->currentText() : QString();
+    return Chiedi<QComboBox>(QString(), [](const QComboBox &combo) { return combo.currentText(); });
 }
 
 void CasellaCombinata::Text(const QString &testo)
 {
-    if (Widget() != nullptr)
-        Combo()->setCurrentIndex(Combo()->findText(testo));
+    Fai<QComboBox>([&testo](QComboBox &combo) { combo.setCurrentIndex(combo.findText(testo)); });
 }
 
 qint16 CasellaCombinata::ListIndex() const
 {
-    return Widget() != nullptr ? Intero16(Combo()->currentIndex()) : qint16{-1};
+    return Chiedi<QComboBox>(qint16{-1},
+                             [](const QComboBox &combo) { return Intero16(combo.currentIndex()); });
 }
 
 void CasellaCombinata::ListIndex(qint16 indice)
 {
-    if (Widget() == nullptr)
-        return;
-    if (indice < -1 || indice >= Combo()->count())
-        Solleva(NumeroErrore::ValoreProprietaErrato);
-    Combo()->setCurrentIndex(indice);
+    Fai<QComboBox>([indice](QComboBox &combo) {
+        if (indice < -1 || indice >= combo.count())
+            Solleva(NumeroErrore::ValoreProprietaErrato);
+        combo.setCurrentIndex(indice);
+    });
 }

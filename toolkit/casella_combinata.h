@@ -2,10 +2,7 @@
 #pragma once
 
 #include "toolkit/controllo.h"
-
-#include <functional>
-
-class QComboBox;
+#include "toolkit/evento.h"
 
 class CasellaCombinata : public Controllo
 {
@@ -23,9 +20,6 @@ public:
     void ListIndex(qint16 indice);
 
     /// The operator chose an item, also the one that was shown already.
-    std::function<void()> Click;
+    Evento Click;
     bool Entra() const override;
-
-private:
-    QComboBox *Combo() const;
 };

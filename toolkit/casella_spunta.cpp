@@ -48,24 +48,17 @@ private:
 CasellaSpunta::CasellaSpunta(QWidget *finestra, const QString &nome)
     : Controllo(new WidgetSpunta(finestra), nome)
 {
-    QObject::connect(Spunta(), &QCheckBox::toggled, Spunta(), [this] {
-        if (Click)
-            Click();
+    Fai<QCheckBox>([this](QCheckBox &spunta) {
+        QObject::connect(&spunta, &QCheckBox::toggled, &spunta, [this] { Click(); });
     });
-}
-
-QCheckBox *CasellaSpunta::Spunta() const
-{
-    return static_cast<QCheckBox *>(Widget());
 }
 
 qint16 CasellaSpunta::Value() const
 {
-    return Widget() != nullptr && Spunta()->isChecked() ? 1 : 0;
+    return Chiedi<QCheckBox>(qint16{0}, [](const QCheckBox &spunta) { return qint16{spunta.isChecked()}; });
 }
 
 void CasellaSpunta::Value(qint16 valore)
 {
-    if (Widget() != nullptr)
-        Spunta()->setChecked(valore == 1);
+    Fai<QCheckBox>([valore](QCheckBox &spunta) { spunta.setChecked(valore == 1); });
 }

@@ -2,10 +2,7 @@
 #pragma once
 
 #include "toolkit/controllo.h"
-
-#include <functional>
-
-class QCheckBox;
+#include "toolkit/evento.h"
 
 class CasellaSpunta : public Controllo
 {
@@ -15,8 +12,5 @@ public:
     /// 1 ticks the box, anything else clears it. A change raises Click, as the operator's own does.
     void Value(qint16 valore);
 
-    std::function<void()> Click;
-
-private:
-    QCheckBox *Spunta() const;
+    Evento Click;
 };

@@ -32,44 +32,41 @@ public:
 
 CasellaTesto::CasellaTesto(QWidget *finestra, const QString &nome) : Controllo(new QLineEdit(finestra), nome)
 {
-    Riga()->setValidator(new UnaRigaSola(Riga()));
-    // The toolkit also tells of a text that was cut back to the one that stood there.
-    QObject::connect(Riga(), &QLineEdit::textChanged, Riga(),
-                     [this, prima = QString()](const QString &testo) mutable {
-                         if (std::exchange(prima, testo) != testo && Change)
-                             Change();
-                     });
-}
-
-QLineEdit *CasellaTesto::Riga() const
-{
-    return static_cast<QLineEdit *>(Widget());
+    Fai<QLineEdit>([this](QLineEdit &riga) {
+        riga.setValidator(new UnaRigaSola(&riga));
+        // The toolkit also tells of a text that was cut back to the one that stood there.
+        QObject::connect(&riga, &QLineEdit::textChanged, &riga,
+                         [this, prima = QString()](const QString &testo) mutable {
+                             if (std::exchange(prima, testo) != testo)
+                                 Change();
+                         });
+    });
 }
 
 QString CasellaTesto::Text() const
 {
-    return Widget() != nullptr ? Riga()->text() : QString();
+    return Chiedi<QLineEdit>(QString(), [](const QLineEdit &riga) { return riga.text(); });
 }
 
 void CasellaTesto::Text(const QString &testo)
 {
-    if (Widget() == nullptr)
-        return;
-    Riga()->setText(testo);
-    Riga()->setCursorPosition(0); // a text longer than its box shows its beginning
+    Fai<QLineEdit>([&testo](QLineEdit &riga) {
+        riga.setText(testo);
+        riga.setCursorPosition(0); // a text longer than its box shows its beginning
+    });
 }
 
 bool CasellaTesto::Locked() const
 {
-    return Widget() != nullptr && Riga()->isReadOnly();
+    return Chiedi<QLineEdit>(false, [](const QLineEdit &riga) { return riga.isReadOnly(); });
 }
 
 void CasellaTesto::Locked(bool bloccata)
 {
-    if (Widget() == nullptr)
-        return;
-    Riga()->setReadOnly(bloccata);
-    Riga()->setFocusPolicy(bloccata ? Qt::ClickFocus : Qt::StrongFocus);
+    Fai<QLineEdit>([bloccata](QLineEdit &riga) {
+        riga.setReadOnly(bloccata);
+        riga.setFocusPolicy(bloccata ? Qt::ClickFocus : Qt::StrongFocus);
+    });
 }
 
 void CasellaTesto::BackColor(quint32 colore)
@@ -84,6 +81,7 @@ void CasellaTesto::BackColor(quint32 colore)
 
 void CasellaTesto::Nascosta(bool nascosta)
 {
-    if (Widget() != nullptr)
-        Riga()->setEchoMode(nascosta ? QLineEdit::Password : QLineEdit::Normal);
+    Fai<QLineEdit>([nascosta](QLineEdit &riga) {
+        riga.setEchoMode(nascosta ? QLineEdit::Password : QLineEdit::Normal);
+    });
 }

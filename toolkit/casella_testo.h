@@ -2,10 +2,7 @@
 #pragma once
 
 #include "toolkit/controllo.h"
-
-#include <functional>
-
-class QLineEdit;
+#include "toolkit/evento.h"
 
 /// A box holds one line: a text is cut at its first CR, LF or NUL, whoever writes it. Every other character
 /// stays.
@@ -23,8 +20,5 @@ public:
     /// Every character shows as this one.
     void Nascosta(bool nascosta);
 
-    std::function<void()> Change;
-
-private:
-    QLineEdit *Riga() const;
+    Evento Change;
 };

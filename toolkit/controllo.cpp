@@ -1,4 +1,4 @@
-// The one place of a control that knows its widget. It knows no kind of control.
+// Place, type and end of a control's widget. It knows no kind of control.
 #include "toolkit/controllo.h"
 
 #include "toolkit/aspetto.h"
@@ -14,24 +14,30 @@ int Pixel_Interi(double punti)
     return std::max(1, static_cast<int>(std::lround(Pixel_DaPunti(punti))));
 }
 
+void Carattere_Pixel(QWidget &widget, int pixel)
+{
+    QFont carattere = widget.font();
+    carattere.setPixelSize(pixel);
+    widget.setFont(carattere);
+}
+
 } // namespace
 
-Controllo::Controllo(QWidget *widget, const QString &nome) : m_widget(widget)
+Controllo::Controllo(QWidget *widget, const QString &nome) : m_widget(widget), m_punti(Punti_Normali())
 {
     widget->setObjectName(nome);
-    m_punti = Punti_Normali();
-    Carattere_Pixel(Pixel_Interi(m_punti));
+    Carattere_Pixel(*widget, Pixel_Interi(m_punti));
 }
 
 Controllo::~Controllo()
 {
-    if (m_widget == nullptr)
-        return;
     // It may be the very widget whose event is being handled: it goes when the loop has control again. Only
     // its own handlers fall silent: others, such as the accessibility bus, must hear of its end.
-    QObject::disconnect(m_widget, nullptr, m_widget, nullptr);
-    m_widget->hide();
-    m_widget->deleteLater();
+    Fai([](QWidget &widget) {
+        QObject::disconnect(&widget, nullptr, &widget, nullptr);
+        widget.hide();
+        widget.deleteLater();
+    });
 }
 
 void Controllo::Left(qint32 twip)
@@ -62,35 +68,32 @@ void Controllo::Posto(qint32 left, qint32 top, qint32 width, qint32 height)
 
 void Controllo::Disponi()
 {
-    if (m_widget == nullptr)
-        return;
     // Edges are mapped, not sizes, so that neighbours meet without a gap.
     const int x = Pixel_DaTwip(m_left);
     const int y = Pixel_DaTwip(m_top);
-    m_widget->setGeometry(x, y, Pixel_DaTwip(m_left + m_width) - x, Pixel_DaTwip(m_top + m_height) - y);
+    const QSize misura(Pixel_DaTwip(m_left + m_width) - x, Pixel_DaTwip(m_top + m_height) - y);
+    Fai([&](QWidget &widget) { widget.setGeometry(QRect(QPoint(x, y), misura)); });
     Adatta();
 }
 
 bool Controllo::Visible() const
 {
-    return m_widget != nullptr && !m_widget->isHidden();
+    return Chiedi(false, [](const QWidget &widget) { return !widget.isHidden(); });
 }
 
 void Controllo::Visible(bool visibile)
 {
-    if (m_widget != nullptr)
-        m_widget->setVisible(visibile);
+    Fai([visibile](QWidget &widget) { widget.setVisible(visibile); });
 }
 
 bool Controllo::Enabled() const
 {
-    return m_widget != nullptr && m_widget->isEnabled();
+    return Chiedi(false, [](const QWidget &widget) { return widget.isEnabled(); });
 }
 
 void Controllo::Enabled(bool abilitato)
 {
-    if (m_widget != nullptr)
-        m_widget->setEnabled(abilitato);
+    Fai([abilitato](QWidget &widget) { widget.setEnabled(abilitato); });
 }
 
 void Controllo::FontSize(double punti)
@@ -99,71 +102,61 @@ void Controllo::FontSize(double punti)
     Adatta();
 }
 
-void Controllo::Carattere_Pixel(int pixel)
-{
-    QFont carattere = m_widget->font();
-    carattere.setPixelSize(pixel);
-    m_widget->setFont(carattere);
-}
-
 void Controllo::Adatta()
 {
-    if (m_widget == nullptr)
-        return;
-    int pixel = Pixel_Interi(m_punti);
-    Carattere_Pixel(pixel);
-    if (m_width == 0 || m_height == 0)
-        return; // it has no place yet
-    while (pixel > Carattere_Minimo() && !Entra())
-        Carattere_Pixel(--pixel);
+    Fai([this](QWidget &widget) {
+        int pixel = Pixel_Interi(m_punti);
+        Carattere_Pixel(widget, pixel);
+        if (m_width == 0 || m_height == 0)
+            return; // it has no place yet
+        while (pixel > Carattere_Minimo() && !Entra())
+            Carattere_Pixel(widget, --pixel);
+    });
 }
 
 void Controllo::FontBold(bool grassetto)
 {
-    if (m_widget == nullptr)
-        return;
-    QFont carattere = m_widget->font();
-    carattere.setBold(grassetto);
-    m_widget->setFont(carattere);
+    Fai([grassetto](QWidget &widget) {
+        QFont carattere = widget.font();
+        carattere.setBold(grassetto);
+        widget.setFont(carattere);
+    });
     Adatta();
 }
 
 void Controllo::FontName(const QString &nome)
 {
-    if (m_widget == nullptr)
-        return;
-    QFont carattere = m_widget->font();
-    carattere.setFamily(nome);
-    m_widget->setFont(carattere);
+    Fai([&nome](QWidget &widget) {
+        QFont carattere = widget.font();
+        carattere.setFamily(nome);
+        widget.setFont(carattere);
+    });
     Adatta();
 }
 
 void Controllo::Stile(const QString &foglio)
 {
-    if (m_widget == nullptr)
-        return;
-    const QFont carattere = m_widget->font(); // a new style sheet forgets it
-    m_widget->setStyleSheet(foglio);
-    m_widget->setFont(carattere);
+    Fai([&foglio](QWidget &widget) {
+        const QFont carattere = widget.font(); // a new style sheet forgets it
+        widget.setStyleSheet(foglio);
+        widget.setFont(carattere);
+    });
     Adatta();
 }
 
 void Controllo::SetFocus()
 {
-    if (m_widget != nullptr)
-        m_widget->setFocus(Qt::OtherFocusReason);
+    Fai([](QWidget &widget) { widget.setFocus(Qt::OtherFocusReason); });
 }
 
 void Controllo::NomeAccessibile(const QString &nome)
 {
-    if (m_widget != nullptr)
-        m_widget->setAccessibleName(nome);
+    Fai([&nome](QWidget &widget) { widget.setAccessibleName(nome); });
 }
 
 void Controllo::Copia_Disegno(const Controllo &modello)
 {
-    if (m_widget != nullptr && modello.m_widget != nullptr)
-        m_widget->setFont(modello.m_widget->font());
+    modello.Fai([this](const QWidget &suo) { Fai([&suo](QWidget &mio) { mio.setFont(suo.font()); }); });
     m_punti = modello.m_punti;
     Posto(modello.m_left, modello.m_top, modello.m_width, modello.m_height);
 }

@@ -54,9 +54,25 @@ protected:
     /// Chooses the type anew: the text, the place or the look has changed.
     void Adatta();
 
+    /// Hands the widget to a procedure; does nothing when it has gone with its window. Whoever wants the
+    /// widget comes by here, so that no other procedure asks whether it is there.
+    /// @tparam W the kind of the widget, as the constructor made it.
+    template <typename W = QWidget, typename Azione>
+    void Fai(Azione azione) const
+    {
+        if (W *widget = static_cast<W *>(m_widget.data()); widget != nullptr)
+            azione(*widget);
+    }
+    /// Asks the widget. @return the answer; altrimenti when the widget has gone with its window.
+    template <typename W = QWidget, typename Risposta, typename Domanda>
+    Risposta Chiedi(Risposta altrimenti, Domanda domanda) const
+    {
+        Fai<W>([&](const W &widget) { altrimenti = domanda(widget); });
+        return altrimenti;
+    }
+
 private:
     void Disponi();
-    void Carattere_Pixel(int pixel);
 
     QPointer<QWidget> m_widget;
     qint32 m_left = 0;

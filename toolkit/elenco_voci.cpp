@@ -11,8 +11,6 @@
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
-#include <functional>
-
 namespace {
 
 /// A list that tells of every line that becomes the chosen one: with the keys or an assistive technology as
@@ -20,12 +18,14 @@ namespace {
 /// nothing: the toolkit would make the first line the current one.
 class WidgetElenco : public QListWidget
 {
+    Q_OBJECT
+
 public:
     explicit WidgetElenco(QWidget *finestra) : QListWidget(finestra)
     {
         connect(this, &QListWidget::currentRowChanged, this, [this](int riga) {
             if (riga >= 0 && !m_premuto)
-                scelta();
+                Q_EMIT Scelta();
         });
         // An assistive technology selects a line without making it the current one.
         connect(this, &QListWidget::itemSelectionChanged, this, [this] {
@@ -34,7 +34,9 @@ public:
                 setCurrentRow(scelte.first().row());
         });
     }
-    std::function<void()> scelta;
+
+Q_SIGNALS:
+    void Scelta();
 
 protected:
     void focusInEvent(QFocusEvent *evento) override
@@ -56,7 +58,7 @@ protected:
         // Below the last line there is nothing to choose.
         const bool suUnaRiga = itemAt(evento->position().toPoint()) != nullptr;
         if (currentRow() >= 0 && (suUnaRiga || currentRow() != m_prima))
-            scelta();
+            Q_EMIT Scelta();
     }
 
 private:
@@ -107,67 +109,56 @@ private:
 
 ElencoVoci::ElencoVoci(QWidget *finestra, const QString &nome) : Controllo(new WidgetElenco(finestra), nome)
 {
-    Lista()->setUniformItemSizes(true);
-    static_cast<WidgetElenco *>(Lista())->scelta = [this] {
-        if (Click)
-            Click();
-    };
-}
-
-QListWidget *ElencoVoci::Lista() const
-{
-    return static_cast<QListWidget *>(Widget());
+    Fai<WidgetElenco>([this](WidgetElenco &lista) {
+        lista.setUniformItemSizes(true);
+        QObject::connect(&lista, &WidgetElenco::Scelta, &lista, [this] { Click(); });
+    });
 }
 
 void ElencoVoci::AddItem(const QString &testo)
 {
-    if (Widget() == nullptr)
-        return;
-    Lista()->addItem(testo);
+    Fai<QListWidget>([&testo](QListWidget &lista) { lista.addItem(testo); });
 }
 
 void ElencoVoci::Clear()
 {
-    if (Widget() != nullptr)
-        Lista()->clear();
-}
-
-qint32 ElencoVoci::ListCount() const
-{
-    return Widget() != nullptr ? Lista()->count() : 0;
+    Fai<QListWidget>([](QListWidget &lista) { lista.clear(); });
 }
 
 QString ElencoVoci::List(qint32 indice) const
 {
-    if (Widget() == nullptr || indice < 0 || indice >= Lista()->count())
-        return {};
-    return Lista()->item(indice)->text();
+    return Chiedi<QListWidget>(QString(), [indice](const QListWidget &lista) {
+        const QListWidgetItem *voce = lista.item(indice);
+        return voce != nullptr ? voce->text() : QString();
+    });
 }
 
 qint32 ElencoVoci::ListIndex() const
 {
-    return Widget() != nullptr ? Lista()->currentRow() : -1;
+    return Chiedi<QListWidget>(-1, [](const QListWidget &lista) { return lista.currentRow(); });
 }
 
 void ElencoVoci::ListIndex(qint32 indice)
 {
-    if (Widget() == nullptr)
-        return;
-    if (indice < -1 || indice >= Lista()->count())
-        Solleva(NumeroErrore::ValoreProprietaErrato);
-    {
-        const QSignalBlocker zitto(Lista());
-        Lista()->setCurrentRow(indice);
-    }
-    if (indice != -1 && Click)
-        Click();
+    Fai<QListWidget>([this, indice](QListWidget &lista) {
+        if (indice < -1 || indice >= lista.count())
+            Solleva(NumeroErrore::ValoreProprietaErrato);
+        {
+            const QSignalBlocker zitto(&lista);
+            lista.setCurrentRow(indice);
+        }
+        if (indice != -1)
+            Click();
+    });
 }
 
 qint32 ElencoVoci::Tabulazione(qint32 unita)
 {
-    if (Widget() == nullptr)
-        return 0;
-    const int posto = unita * Lista()->fontMetrics().averageCharWidth() / 4;
-    Lista()->setItemDelegate(new DelegatoTabulazione(Lista(), posto));
+    const int posto = Chiedi<QListWidget>(
+        0, [unita](const QListWidget &lista) { return unita * lista.fontMetrics().averageCharWidth() / 4; });
+    Fai<QListWidget>(
+        [posto](QListWidget &lista) { lista.setItemDelegate(new DelegatoTabulazione(&lista, posto)); });
     return Twip_DaPixel(posto);
 }
+
+#include "elenco_voci.moc"

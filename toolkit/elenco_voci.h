@@ -2,10 +2,7 @@
 #pragma once
 
 #include "toolkit/controllo.h"
-
-#include <functional>
-
-class QListWidget;
+#include "toolkit/evento.h"
 
 /// A list of lines. A tab character in a line jumps to the tab stop.
 class ElencoVoci : public Controllo
@@ -14,7 +11,6 @@ public:
     ElencoVoci(QWidget *finestra, const QString &nome);
     void AddItem(const QString &testo);
     void Clear();
-    qint32 ListCount() const;
     QString List(qint32 indice) const;
     qint32 ListIndex() const;
     /// An index other than -1 selects the line and raises Click.
@@ -24,8 +20,5 @@ public:
     /// message takes it. @return its place in twips from the left edge.
     qint32 Tabulazione(qint32 unita);
 
-    std::function<void()> Click;
-
-private:
-    QListWidget *Lista() const;
+    Evento Click;
 };

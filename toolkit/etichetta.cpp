@@ -123,26 +123,21 @@ constexpr int LINEE_EVIDENTI = 4; // thickness of a border that stands out
 
 Etichetta::Etichetta(QWidget *finestra, const QString &nome) : Controllo(new WidgetEtichetta(finestra), nome)
 {
-    Label()->setTextFormat(Qt::PlainText);
-    Label()->setWordWrap(true);
-    Label()->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-}
-
-QLabel *Etichetta::Label() const
-{
-    return static_cast<QLabel *>(Widget());
+    Fai<QLabel>([](QLabel &label) {
+        label.setTextFormat(Qt::PlainText);
+        label.setWordWrap(true);
+        label.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    });
 }
 
 QString Etichetta::Caption() const
 {
-    return Widget() != nullptr ? Label()->text() : QString();
+    return Chiedi<QLabel>(QString(), [](const QLabel &label) { return label.text(); });
 }
 
 void Etichetta::Caption(const QString &testo)
 {
-    if (Widget() == nullptr)
-        return;
-    Label()->setText(testo);
+    Fai<QLabel>([&testo](QLabel &label) { label.setText(testo); });
     Adatta();
 }
 
@@ -187,43 +182,43 @@ void Etichetta::Colora()
     Stile(QStringLiteral("QLabel { %1 }").arg(regole));
 }
 
-void Etichetta::Allineamento(Qt::Alignment allineamento)
+void Etichetta::Allineamento(Orizzontale orizzontale, Verticale verticale)
 {
-    if (Widget() == nullptr)
-        return;
-    Label()->setAlignment(allineamento);
+    static constexpr Qt::Alignment ORIZZONTALI[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
+    static constexpr Qt::Alignment VERTICALI[] = {Qt::AlignTop, Qt::AlignVCenter, Qt::AlignBottom};
+    const Qt::Alignment allineamento =
+        ORIZZONTALI[static_cast<size_t>(orizzontale)] | VERTICALI[static_cast<size_t>(verticale)];
+    Fai<QLabel>([allineamento](QLabel &label) { label.setAlignment(allineamento); });
     Adatta();
 }
 
 void Etichetta::SpezzaOvunque()
 {
-    if (Widget() == nullptr)
-        return;
-    static_cast<WidgetEtichetta *>(Widget())->spezza = true;
+    Fai<WidgetEtichetta>([](WidgetEtichetta &label) { label.spezza = true; });
     Adatta();
 }
 
 bool Etichetta::Entra() const
 {
-    return Widget() == nullptr || static_cast<const WidgetEtichetta *>(Widget())->Entra();
+    return Chiedi<WidgetEtichetta>(true, [](const WidgetEtichetta &label) { return label.Entra(); });
 }
 
 void Etichetta::Etichetta_Di(const Controllo &controllo)
 {
-    if (Widget() != nullptr)
-        Label()->setBuddy(controllo.Widget());
+    Fai<QLabel>([&controllo](QLabel &label) { label.setBuddy(controllo.Widget()); });
 }
 
 QString Etichetta::Principio(const QString &testo) const
 {
-    if (Widget() == nullptr)
-        return testo;
-    QFont carattere = Label()->font();
-    carattere.setPixelSize(Carattere_Minimo());
-    return testo.left(Quanto_Riempie(testo, Label()->size(), QFontMetrics(carattere)));
+    return Chiedi<QLabel>(testo, [&testo](const QLabel &label) {
+        QFont carattere = label.font();
+        carattere.setPixelSize(Carattere_Minimo());
+        return testo.left(Quanto_Riempie(testo, label.size(), QFontMetrics(carattere)));
+    });
 }
 
 qint32 Etichetta::Altezza_Testo() const
 {
-    return Widget() != nullptr ? Twip_DaPixel(Label()->heightForWidth(Label()->width())) : 0;
+    return Chiedi<QLabel>(
+        0, [](const QLabel &label) { return Twip_DaPixel(label.heightForWidth(label.width())); });
 }

@@ -5,7 +5,18 @@
 
 #include <optional>
 
-class QLabel;
+enum class Orizzontale : quint8
+{
+    Sinistra,
+    Centro,
+    Destra
+};
+enum class Verticale : quint8
+{
+    Alto,
+    Mezzo,
+    Basso
+};
 
 class Etichetta : public Controllo
 {
@@ -19,7 +30,8 @@ public:
     void Bordo();
     /// A thick one in the colour of the text: it stands out also to eyes that do not tell the colours.
     void Bordo_Evidente();
-    void Allineamento(Qt::Alignment allineamento);
+    /// Where the text stands in the label's place. At first it stands to the left, in the middle.
+    void Allineamento(Orizzontale orizzontale, Verticale verticale = Verticale::Mezzo);
     /// A text without blanks, such as a run of hexadecimal digits, is broken wherever the line ends.
     void SpezzaOvunque();
     /// Tells an assistive technology that this is the label of a control. A list that drops down is known by
@@ -40,7 +52,6 @@ private:
         Evidente
     };
     void Colora();
-    QLabel *Label() const;
     std::optional<quint32> m_testo; // colours; none: those of the form
     std::optional<quint32> m_fondo;
     LineaBordo m_bordo = Senza;

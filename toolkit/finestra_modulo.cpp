@@ -1,108 +1,124 @@
-// A form's place and look.
+// A form's window on Qt's. What a form does stands in its handlers.
 #include "toolkit/finestra_modulo.h"
 
 #include "toolkit/aspetto.h"
+#include "toolkit/modulo.h"
 #include "toolkit/schermo.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QWindow>
 
-QWidget *Modulo::Finestra() const
+FinestraModulo::FinestraModulo(Modulo &modulo, const QString &nome) : QWidget(nullptr), m_modulo(&modulo)
 {
-    return m_finestra;
+    setObjectName(nome);
 }
 
-void Modulo::Aggiorna()
+// --- place and look ---------------------------------------------------------------------------------------
+
+void FinestraModulo::Disponi(qint32 left, qint32 top, qint32 width, qint32 height)
 {
-    if (m_finestra != nullptr)
-        m_finestra->update();
+    const QPoint origine = QGuiApplication::primaryScreen()->geometry().topLeft();
+    const QSize misura(Pixel_DaTwip(width), Pixel_DaTwip(height));
+    if (size() != misura)
+        setFixedSize(misura);
+    const QPoint posto = origine + QPoint(Pixel_DaTwip(left), Pixel_DaTwip(top));
+    if (pos() != posto)
+        move(posto);
 }
 
-void Modulo::Width(qint32 twip)
-{
-    m_width = twip;
-    Disponi();
-}
-
-void Modulo::Height(qint32 twip)
-{
-    m_height = twip;
-    Disponi();
-}
-
-void Modulo::Sposta(qint32 left, qint32 top)
-{
-    m_left = left;
-    m_top = top;
-    Disponi();
-}
-
-void Modulo::Centra()
-{
-    Sposta((Schermo_Larghezza() - m_width) / 2, (Schermo_Altezza() - m_height) / 2);
-}
-
-void Modulo::Massimizza()
+void FinestraModulo::Massimizza(qint32 width, qint32 height)
 {
     m_intero = true;
-    m_width = Schermo_Larghezza();
-    m_height = Schermo_Altezza();
-    m_finestra->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
-    Sposta(0, 0);
-    m_finestra->setWindowState(Qt::WindowFullScreen); // after the place, which would take the state away
+    setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    Disponi(0, 0, width, height);
+    setWindowState(Qt::WindowFullScreen); // after the place, which would take the state away
 }
 
-void Modulo::InPrimoPiano()
+/// A small form belongs to the window that it opens over. Without that a window manager may take the screen
+/// away from the form below, so that the desktop's panel comes up over its buttons, or lay the small one
+/// under.
+void FinestraModulo::Posa_Sopra(const QWidget *altrimenti)
 {
-    if (m_finestra != nullptr && m_finestra->windowHandle() != nullptr)
-        m_finestra->windowHandle()->setFlag(Qt::WindowStaysOnTopHint);
-}
-
-void Modulo::Disponi()
-{
-    if (m_finestra == nullptr)
+    if (m_intero || isVisible())
         return;
-    const QPoint origine = QGuiApplication::primaryScreen()->geometry().topLeft();
-    const QSize misura(Pixel_DaTwip(m_width), Pixel_DaTwip(m_height));
-    if (m_finestra->size() != misura)
-        m_finestra->setFixedSize(misura);
-    const QPoint posto = origine + QPoint(Pixel_DaTwip(m_left), Pixel_DaTwip(m_top));
-    if (m_finestra->pos() != posto)
-        m_finestra->move(posto);
+    const QWidget *attiva = QApplication::activeWindow();
+    const QWidget *sotto = attiva != nullptr ? attiva : altrimenti;
+    if (sotto == nullptr)
+        return;
+    setWindowFlag(Qt::Dialog); // windows of another kind belong to none
+    winId();                   // makes its handle
+    windowHandle()->setTransientParent(sotto->windowHandle());
 }
 
-QString Modulo::Caption() const
+void FinestraModulo::Mostra(const QWidget *altrimenti)
 {
-    return m_finestra != nullptr ? m_finestra->windowTitle() : QString();
+    Posa_Sopra(altrimenti);
+    show();
 }
 
-void Modulo::Caption(const QString &testo)
+void FinestraModulo::PortaAvanti()
 {
-    if (m_finestra != nullptr)
-        m_finestra->setWindowTitle(testo);
+    if (isMinimized())
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
 }
 
-void Modulo::NomeAccessibile(const QString &nome)
+void FinestraModulo::InPrimoPiano()
 {
-    if (m_finestra != nullptr)
-        m_finestra->setAccessibleName(nome);
+    if (windowHandle() != nullptr)
+        windowHandle()->setFlag(Qt::WindowStaysOnTopHint);
 }
 
-void Modulo::Linea(qint32 x1, qint32 y1, qint32 x2, qint32 y2)
+void FinestraModulo::Linea(qint32 x1, qint32 y1, qint32 x2, qint32 y2)
 {
     m_segmenti.push_back({x1, y1, x2, y2});
 }
 
-void Modulo::Dipingi(QWidget *finestra)
+// --- what the window system tells -------------------------------------------------------------------------
+
+bool FinestraModulo::event(QEvent *evento)
 {
+    const bool esito = QWidget::event(evento);
+    if (evento->type() == QEvent::WindowActivate && m_modulo != nullptr)
+        m_modulo->Esegui([this] { m_modulo->Activate(); });
+    return esito;
+}
+
+void FinestraModulo::paintEvent(QPaintEvent *)
+{
+    if (m_modulo == nullptr)
+        return;
     m_segmenti.clear();
-    Paint();
-    QPainter pennello(finestra);
+    m_modulo->Esegui([this] { m_modulo->Paint(); });
+    QPainter pennello(this);
     pennello.setPen(QPen(Colore_Cornice(), Spessore_Linea()));
     if (!m_intero)
-        pennello.drawRect(finestra->rect().adjusted(0, 0, -1, -1)); // stands out also where no frame is drawn
+        pennello.drawRect(rect().adjusted(0, 0, -1, -1)); // stands out also where no frame is drawn
     for (const Segmento &s : m_segmenti)
         pennello.drawLine(Pixel_DaTwip(s.x1), Pixel_DaTwip(s.y1), Pixel_DaTwip(s.x2), Pixel_DaTwip(s.y2));
+}
+
+void FinestraModulo::closeEvent(QCloseEvent *evento)
+{
+    evento->accept();
+    if (m_modulo != nullptr)
+        m_modulo->Scarica();
+}
+
+void FinestraModulo::keyPressEvent(QKeyEvent *evento)
+{
+    if (m_modulo == nullptr || !m_modulo->m_tastiera.Tasto(this, evento->key(), evento->text()))
+        QWidget::keyPressEvent(evento);
+}
+
+bool FinestraModulo::focusNextPrevChild(bool avanti)
+{
+    if (m_modulo != nullptr && !m_modulo->m_tastiera.Puo_Uscire())
+        return true; // the key is used up, the focus stays
+    return QWidget::focusNextPrevChild(avanti);
 }

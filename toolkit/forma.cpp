@@ -47,7 +47,5 @@ Forma::Forma(QWidget *finestra, const QString &nome, Aspetto aspetto)
 
 void Forma::FillColor(quint32 colore)
 {
-    m_colore = colore;
-    if (Widget() != nullptr)
-        static_cast<WidgetForma *>(Widget())->Colora(Colore_Da(colore));
+    Fai<WidgetForma>([colore](WidgetForma &forma) { forma.Colora(Colore_Da(colore)); });
 }

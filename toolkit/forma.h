@@ -13,9 +13,5 @@ public:
         Cerchio
     };
     Forma(QWidget *finestra, const QString &nome, Aspetto aspetto);
-    quint32 FillColor() const { return m_colore; }
     void FillColor(quint32 colore);
-
-private:
-    quint32 m_colore = 0xFFFFFF;
 };

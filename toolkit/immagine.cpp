@@ -46,12 +46,7 @@ private:
 
 Immagine::Immagine(QWidget *finestra, const QString &nome) : Controllo(new WidgetImmagine(finestra), nome)
 {
-    Label()->setAlignment(Qt::AlignCenter);
-}
-
-QLabel *Immagine::Label() const
-{
-    return static_cast<QLabel *>(Widget());
+    Fai<QLabel>([](QLabel &label) { label.setAlignment(Qt::AlignCenter); });
 }
 
 void Immagine::Picture(const QString &percorso)
@@ -62,20 +57,17 @@ void Immagine::Picture(const QString &percorso)
     const QPixmap immagine(nativo);
     if (immagine.isNull())
         Solleva(NumeroErrore::ImmagineNonValida);
-    if (Widget() != nullptr)
-        static_cast<WidgetImmagine *>(Widget())->Mostra(immagine);
+    Fai<WidgetImmagine>([&immagine](WidgetImmagine &label) { label.Mostra(immagine); });
 }
 
 void Immagine::Avviso()
 {
-    if (Widget() != nullptr) {
-        const QIcon icona = Widget()->style()->standardIcon(QStyle::SP_MessageBoxWarning);
-        static_cast<WidgetImmagine *>(Widget())->Mostra(icona.pixmap(128));
-    }
+    Fai<WidgetImmagine>([](WidgetImmagine &label) {
+        label.Mostra(label.style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(128));
+    });
 }
 
 void Immagine::Testo(const QString &testo)
 {
-    if (Widget() != nullptr)
-        Label()->setText(testo);
+    Fai<QLabel>([&testo](QLabel &label) { label.setText(testo); });
 }

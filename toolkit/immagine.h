@@ -3,8 +3,6 @@
 
 #include "toolkit/controllo.h"
 
-class QLabel;
-
 /// A picture, shown as large as its place lets it without distortion.
 class Immagine : public Controllo
 {
@@ -16,7 +14,4 @@ public:
     void Avviso();
     /// Shows a text in the picture's place.
     void Testo(const QString &testo);
-
-private:
-    QLabel *Label() const;
 };

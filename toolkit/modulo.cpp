@@ -1,12 +1,13 @@
 // The life of a form. It knows controls and no form in particular: what a form does stands in its handlers.
 #include "toolkit/modulo.h"
 
-#include "platform/orologio.h"
+#include "platform/errore_esecuzione.h"
 #include "toolkit/finestra_modulo.h"
+#include "toolkit/schermo.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QEventLoop>
-#include <QWindow>
+#include <QScopedValueRollback>
 
 #include <utility>
 
@@ -39,8 +40,6 @@ std::vector<std::shared_ptr<Modulo>> Moduli_Caricati()
     return caricati;
 }
 
-// --- life -------------------------------------------------------------------------------------------------
-
 Modulo::Modulo(const QString &nome)
     : txt(QStringLiteral("txt")),
       cbo(QStringLiteral("cbo")),
@@ -64,12 +63,8 @@ void Modulo::Carica()
 {
     if (m_finestra != nullptr)
         return;
-    m_finestra = new FinestraModulo(*this);
-    m_finestra->setObjectName(m_nome);
-    m_intero = false;
-    m_ritardoTasti = 0;
-    m_segmenti.clear();
-    m_tasti.clear();
+    m_finestra = new FinestraModulo(*this, m_nome);
+    m_tastiera.Inizia();
     caricati.push_back(shared_from_this());
     Prepara_Array();
     try {
@@ -80,28 +75,27 @@ void Modulo::Carica()
         throw;
     }
     if (m_finestra != nullptr)
-        Ordina_Tabulazione();
+        m_tastiera.Ordina_Tabulazione();
 }
 
-void Modulo::Mostra(Modalita modalita)
+void Modulo::Mostra(ModoMostra modo)
 {
     const auto vivo = shared_from_this();
-    if (modalita == Modale && m_finestra != nullptr && m_finestra->isVisible())
+    if (modo == Modale && m_finestra != nullptr && m_finestra->isVisible())
         Solleva(NumeroErrore::FormGiaVisibile);
     Carica();
     if (m_finestra == nullptr)
         return;
     Disponi();
     QEventLoop ciclo;
-    if (modalita == Modale) {
+    if (modo == Modale) {
         m_finestra->setWindowModality(Qt::ApplicationModal);
         m_ciclo = &ciclo;
     }
-    Posa_Sopra();
-    m_mostrato = Orologio_Corrente().Adesso();
-    m_finestra->show();
+    m_tastiera.Mostrato();
+    m_finestra->Mostra(Ultima_Visibile());
     PortaAvanti();
-    if (modalita == Modale && m_ciclo == &ciclo)
+    if (modo == Modale && m_ciclo == &ciclo)
         ciclo.exec();
 }
 
@@ -111,11 +105,7 @@ void Modulo::PortaAvanti()
         return;
     // Some window systems activate the window before they return, and Activate may unload the form: the
     // window itself stands until the loop has control.
-    QWidget *finestra = m_finestra;
-    if (finestra->isMinimized())
-        finestra->setWindowState(finestra->windowState() & ~Qt::WindowMinimized);
-    finestra->raise();
-    finestra->activateWindow();
+    m_finestra->PortaAvanti();
 }
 
 void Modulo::Scarica()
@@ -123,10 +113,10 @@ void Modulo::Scarica()
     if (m_finestra == nullptr || m_scarica)
         return;
     const auto vivo = shared_from_this();
-    m_scarica = true;
-    Unload();
-    m_scarica = false;
-
+    {
+        const QScopedValueRollback<bool> scarica(m_scarica, true);
+        Unload();
+    }
     Togli_Finestra();
     if (caricati.empty())
         QCoreApplication::quit();
@@ -155,20 +145,91 @@ void Modulo::Esegui(const std::function<void()> &procedura)
     procedura();
 }
 
-/// A small form belongs to the window that it opens over. Without that a window manager may take the screen
-/// away from the form below, so that the desktop's panel comes up over its buttons, or lay the small one
-/// under.
-void Modulo::Posa_Sopra()
+void Modulo::Esegui_Dopo(std::function<void()> procedura)
 {
-    if (m_intero || m_finestra->isVisible())
-        return;
-    const QWidget *attiva = QApplication::activeWindow();
-    const QWidget *sotto = attiva != nullptr ? attiva : Ultima_Visibile();
-    if (sotto == nullptr)
-        return;
-    m_finestra->setWindowFlag(Qt::Dialog); // windows of another kind belong to none
-    m_finestra->winId();                   // makes its handle
-    m_finestra->windowHandle()->setTransientParent(sotto->windowHandle());
+    QMetaObject::invokeMethod(
+        this, [this, procedura = std::move(procedura)] { Esegui(procedura); }, Qt::QueuedConnection);
+}
+
+// --- the window's place and look --------------------------------------------------------------------------
+
+QWidget *Modulo::Finestra() const
+{
+    return m_finestra;
+}
+
+void Modulo::Aggiorna()
+{
+    if (m_finestra != nullptr)
+        m_finestra->update();
+}
+
+void Modulo::Width(qint32 twip)
+{
+    m_width = twip;
+    Disponi();
+}
+
+void Modulo::Height(qint32 twip)
+{
+    m_height = twip;
+    Disponi();
+}
+
+void Modulo::Sposta(qint32 left, qint32 top)
+{
+    m_left = left;
+    m_top = top;
+    Disponi();
+}
+
+void Modulo::Centra()
+{
+    Sposta((Schermo_Larghezza() - m_width) / 2, (Schermo_Altezza() - m_height) / 2);
+}
+
+void Modulo::Massimizza()
+{
+    m_left = 0;
+    m_top = 0;
+    m_width = Schermo_Larghezza();
+    m_height = Schermo_Altezza();
+    m_finestra->Massimizza(m_width, m_height);
+}
+
+void Modulo::InPrimoPiano()
+{
+    if (m_finestra != nullptr)
+        m_finestra->InPrimoPiano();
+}
+
+void Modulo::Disponi()
+{
+    if (m_finestra != nullptr)
+        m_finestra->Disponi(m_left, m_top, m_width, m_height);
+}
+
+QString Modulo::Caption() const
+{
+    return m_finestra != nullptr ? m_finestra->windowTitle() : QString();
+}
+
+void Modulo::Caption(const QString &testo)
+{
+    if (m_finestra != nullptr)
+        m_finestra->setWindowTitle(testo);
+}
+
+void Modulo::NomeAccessibile(const QString &nome)
+{
+    if (m_finestra != nullptr)
+        m_finestra->setAccessibleName(nome);
+}
+
+void Modulo::Linea(qint32 x1, qint32 y1, qint32 x2, qint32 y2)
+{
+    if (m_finestra != nullptr)
+        m_finestra->Linea(x1, y1, x2, y2);
 }
 
 // --- arrays and events ------------------------------------------------------------------------------------
@@ -177,16 +238,16 @@ void Modulo::Prepara_Array()
 {
     txt.Inizia(m_finestra, [this](CasellaTesto &casella, qint16 i) {
         casella.Change = [this, i] { Esegui([&] { txt_Change(i); }); };
-        casella.Widget()->installEventFilter(this);
+        m_tastiera.Osserva(casella.Widget());
     });
     cbo.Inizia(m_finestra, [this](CasellaCombinata &casella, qint16 i) {
         casella.Click = [this, i] { Esegui([&] { cbo_Click(i); }); };
-        casella.Widget()->installEventFilter(this);
-        casella.Elenco()->installEventFilter(this); // its keys while the list is open
+        m_tastiera.Osserva(casella.Widget());
+        m_tastiera.Osserva(casella.Elenco()); // its keys while the list is open
     });
     chk.Inizia(m_finestra, [this](CasellaSpunta &casella, qint16 i) {
         casella.Click = [this, i] { Esegui([&] { chk_Click(i); }); };
-        casella.Widget()->installEventFilter(this);
+        m_tastiera.Osserva(casella.Widget());
     });
     lbl.Inizia(m_finestra);
     cmd.Inizia(m_finestra,
@@ -195,13 +256,15 @@ void Modulo::Prepara_Array()
 
 void Modulo::Collega(Pulsante &pulsante, std::function<void()> procedura)
 {
-    pulsante.Widget()->installEventFilter(this);
-    pulsante.Click = [this, &pulsante, procedura = std::move(procedura)] {
+    QWidget *bottone = pulsante.Widget();
+    m_tastiera.Osserva(bottone);
+    pulsante.Click = [this, bottone = QPointer(bottone), procedura = std::move(procedura)] {
         Esegui([&] {
             // The mouse has asked the box on its way here; a key or an assistive technology has not.
-            if (!Puo_Uscire())
+            if (!m_tastiera.Puo_Uscire())
                 return;
-            pulsante.SetFocus();
+            if (bottone != nullptr) // by its widget: the box that was asked may have unloaded the button
+                bottone->setFocus(Qt::OtherFocusReason);
             procedura();
         });
     };
@@ -210,6 +273,15 @@ void Modulo::Collega(Pulsante &pulsante, std::function<void()> procedura)
 void Modulo::Collega(CasellaTesto &casella, std::function<void()> cambio, std::function<void(qint16 &)> tasto)
 {
     casella.Change = [this, cambio = std::move(cambio)] { Esegui(cambio); };
-    casella.Widget()->installEventFilter(this);
-    m_tasti.emplace_back(casella.Widget(), std::move(tasto));
+    m_tastiera.Osserva(casella.Widget(), std::move(tasto));
 }
+
+void Modulo::txt_Validate(qint16, bool &) {}
+void Modulo::txt_Change(qint16) {}
+void Modulo::txt_KeyPress(qint16, qint16 &) {}
+void Modulo::cbo_Click(qint16) {}
+void Modulo::cbo_KeyDown(qint16, qint16 &) {}
+void Modulo::chk_Click(qint16) {}
+void Modulo::cmd_Click(qint16) {}
+void Modulo::cmd_KeyPress(qint16, qint16 &) {}
+void Modulo::FunctionKey(qint16) {}

@@ -7,37 +7,29 @@
 
 Pulsante::Pulsante(QWidget *finestra, const QString &nome) : Controllo(new QPushButton(finestra), nome)
 {
-    QObject::connect(Bottone(), &QPushButton::clicked, Bottone(), [this] {
-        if (Click)
-            Click();
+    Fai<QPushButton>([this](QPushButton &bottone) {
+        QObject::connect(&bottone, &QPushButton::clicked, &bottone, [this] { Click(); });
     });
-}
-
-QPushButton *Pulsante::Bottone() const
-{
-    return static_cast<QPushButton *>(Widget());
 }
 
 QString Pulsante::Caption() const
 {
-    return Widget() != nullptr ? Bottone()->text() : QString();
+    return Chiedi<QPushButton>(QString(), [](const QPushButton &bottone) { return bottone.text(); });
 }
 
 void Pulsante::Caption(const QString &testo)
 {
-    if (Widget() == nullptr)
-        return;
-    Bottone()->setText(testo);
+    Fai<QPushButton>([&testo](QPushButton &bottone) { bottone.setText(testo); });
     Adatta();
 }
 
 bool Pulsante::Entra() const
 {
-    if (Widget() == nullptr)
-        return true;
-    QStyleOptionButton opzione;
-    opzione.initFrom(Bottone());
-    const QRect spazio =
-        Bottone()->style()->subElementRect(QStyle::SE_PushButtonContents, &opzione, Bottone());
-    return Bottone()->fontMetrics().size(Qt::TextShowMnemonic, Bottone()->text()).width() <= spazio.width();
+    return Chiedi<QPushButton>(true, [](const QPushButton &bottone) {
+        QStyleOptionButton opzione;
+        opzione.initFrom(&bottone);
+        const QRect spazio =
+            bottone.style()->subElementRect(QStyle::SE_PushButtonContents, &opzione, &bottone);
+        return bottone.fontMetrics().size(Qt::TextShowMnemonic, bottone.text()).width() <= spazio.width();
+    });
 }

@@ -2,10 +2,7 @@
 #pragma once
 
 #include "toolkit/controllo.h"
-
-#include <functional>
-
-class QPushButton;
+#include "toolkit/evento.h"
 
 class Pulsante : public Controllo
 {
@@ -19,11 +16,10 @@ public:
     bool Cancel() const { return m_cancel; }
     void Cancel(bool vero) { m_cancel = vero; }
 
-    std::function<void()> Click;
+    Evento Click;
     bool Entra() const override;
 
 private:
-    QPushButton *Bottone() const;
     bool m_default = false;
     bool m_cancel = false;
 };
