@@ -282,11 +282,10 @@ void frmEsito::Stampa()
 {
     Report_Dati(2);
     Report_Dati(3);
-    Schermo_Puntatore(PuntatoreClessidra);
+    const Clessidra clessidra;
     const Flag stampato = Report_Invia();
     if (!stampato)
         Mostra_MsgTempo(Testo_Lingua(TESTO_SENZA_STAMPANTE));
-    Schermo_Puntatore(PuntatoreNormale);
 }
 
 void frmEsito::Unload()
