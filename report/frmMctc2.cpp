@@ -149,8 +149,8 @@ void frmMctc2::Load()
     for (const qint16 riga : {RIGA_ALTEZZA, RIGA_INCLINAZIONE, RIGA_SIMMETRICO}) {
         lbl[riga].Width(FARO_ETICHETTA_LARGA);
         lbl[riga].Height(FARO_ETICHETTA_ALTA);
-        lbl[riga].Allineamento(Orizzontale::Sinistra,
-                               Verticale::Basso); // one line or two, it stands on its box
+        // One line or two, it stands on its box.
+        lbl[riga].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     }
     Campi_Applica(gCampiVeicolo, ULTIMA_RIGA, *this);
     Azzera_Inclinazione();
