@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr qint16 TESTO_INTERROMPI = 18; // of lingue.ini
-
 // The layout, in design units of a form of 8000 by 4000; every one goes through the x scale, as the form's
 // own height does.
 constexpr qint32 MARGINE = 150;
@@ -84,7 +82,7 @@ void frmComm::Load()
     Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);
     Report_Dati(0);
     Report_Dati(1);
-    cmd[0].Caption(Testo_Lingua(TESTO_INTERROMPI));
+    cmd[0].Caption(Testo_Lingua(LinguaInterrompi));
     m_macchina->Modo = static_cast<ModoScambio>(Modo);
     m_macchina->Prepara();
     Mostra_Lbl(m_macchina->MsgIniziale);
