@@ -13,13 +13,13 @@
 #include "link/frmComm.h"
 #include "mctc/frmMctcO.h"
 #include "platform/elenco.h"
+#include "platform/eventi.h"
 #include "report/frmEsito.h"
 #include "report/frmMctc2.h"
 #include "report/frmVerPerO.h"
 #include "setup/frmAnagOffO.h"
 #include "setup/frmSetupO.h"
 #include "toolkit/applicazione.h"
-#include "toolkit/schermo.h"
 
 #include <QScopedValueRollback>
 

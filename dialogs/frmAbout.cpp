@@ -71,9 +71,9 @@ void frmAbout::Costruisci()
         lblAbout[i].Height(riga.altezza);
         lblAbout[i].FontSize(riga.punti);
         // A place lower than its line still has room for the letters, at its bottom.
-        lblAbout[i].Allineamento(Qt::AlignLeft | Qt::AlignBottom);
+        lblAbout[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
         if (lblAbout[i].Altezza_Testo() <= riga.altezza)
-            lblAbout[i].Allineamento(Qt::AlignLeft | Qt::AlignTop);
+            lblAbout[i].Allineamento(Orizzontale::Sinistra, Verticale::Alto);
     }
     lblAbout[0].ForeColor(COLORE_ROSSO);
     lblAbout[1].ForeColor(COLORE_ROSSO);

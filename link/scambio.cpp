@@ -148,7 +148,7 @@ void MacchinaScambio::Avvia()
     Passa_Oltre([this] { Invia_Comando(); });
 }
 
-void MacchinaScambio::Scarica()
+void MacchinaScambio::Termina()
 {
     tmrComm.Enabled(false);
     Chiudi_Porta(commApp);

@@ -89,7 +89,7 @@ frmEsito::~frmEsito() = default;
 void frmEsito::Disegno()
 {
     lblTitolo = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTitolo"));
-    lblTitolo->Allineamento(Qt::AlignCenter);
+    lblTitolo->Allineamento(Orizzontale::Centro);
     lblTitolo->FontBold(true);
     lblTitolo->FontSize(Punti_Normali() * 3);
     txt.Carica(0).Posto(0, 0, ScalaX(3000), ScalaY(450));
@@ -103,10 +103,10 @@ void frmEsito::Disegno()
     }
     for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_PAR)); ++i) {
         lblPar.Carica(i).Visible(true);
-        lblPar[i].Allineamento(i < COLONNE ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignVCenter);
+        lblPar[i].Allineamento(i < COLONNE ? Orizzontale::Centro : Orizzontale::Destra);
     }
     for (qint16 i = 0; i < CELLE; ++i) {
-        lblTab.Carica(i).Allineamento(Qt::AlignCenter);
+        lblTab.Carica(i).Allineamento(Orizzontale::Centro);
         lblTab[i].FontSize(Punti_Normali() * 2);
         lblTab[i].FontBold(true);
         lblTab[i].Bordo();
@@ -272,11 +272,10 @@ void frmEsito::Stampa()
 {
     Report_Dati(2);
     Report_Dati(3);
-    Schermo_Puntatore(PuntatoreClessidra);
+    const Clessidra clessidra;
     const Flag stampato = Report_Invia();
     if (!stampato)
         Mostra_MsgTempo(Testo_Lingua(LinguaNessunaStampante));
-    Schermo_Puntatore(PuntatoreNormale);
 }
 
 void frmEsito::Unload()

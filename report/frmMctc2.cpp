@@ -145,7 +145,8 @@ void frmMctc2::Load()
     for (const qint16 riga : {RIGA_ALTEZZA, RIGA_INCLINAZIONE, RIGA_SIMMETRICO}) {
         lbl[riga].Width(FARO_ETICHETTA_LARGA);
         lbl[riga].Height(FARO_ETICHETTA_ALTA);
-        lbl[riga].Allineamento(Qt::AlignLeft | Qt::AlignBottom); // one line or two, it stands on its box
+        // One line or two, it stands on its box.
+        lbl[riga].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     }
     Campi_Applica(gCampiVeicolo, ULTIMA_RIGA, *this);
     Azzera_Inclinazione();
@@ -198,7 +199,7 @@ void frmMctc2::Disponi_Righe()
     picSim->Posto(ScalaX(2680), ScalaY(4800), ScalaX(10000), ScalaY(4700));
     lblFaro->Posto(ScalaX(7700), ScalaY(2200), ScalaX(7100), ScalaY(2100));
     lblFaro->FontSize(Punti_Normali() * 2);
-    lblFaro->Allineamento(Qt::AlignCenter);
+    lblFaro->Allineamento(Orizzontale::Centro);
 }
 
 void frmMctc2::Disponi_Pulsanti()

@@ -11,6 +11,7 @@
 #include "mctc/frmControlliMctc.h"
 #include "platform/elenco.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/eventi.h"
 #include "platform/numeri.h"
 #include "platform/una_riga.h"
 #include "report/frmVerPerO.h"
@@ -396,7 +397,7 @@ void frmSetupO::Convalida_Cartella(const QString &testo)
     CampoForm &dati = Campo(RigaDati);
     CampoForm &risultati = Campo(RigaRisultati);
     txt[dati.CtlIndex].Text(testo);
-    Schermo_Puntatore(PuntatoreClessidra);
+    const Clessidra clessidra;
     if (Fs_Esiste(testo, ATTRIBUTO_CARTELLA)) {
         Chiavi_Cartelle(Campo(RigaModalita).Value == u"0");
         Scrivi_Ini(gFileIni, dati.Section, dati.Key, dati.Value);
@@ -407,7 +408,6 @@ void frmSetupO::Convalida_Cartella(const QString &testo)
         dati.Dirty = Vero;
         dati.Value = testo;
     }
-    Schermo_Puntatore(PuntatoreNormale);
 }
 
 // --- lists ------------------------------------------------------------------------------------------------
