@@ -260,7 +260,7 @@ void tst_modulo::scaricoDentroUnGestore()
     int dopo = 0;
     const auto scarica = [&m, &dopo] {
         m.Scarica();
-        dopo = m.Registro.size() > 0 ? 1 : 0; // the object is whole until its handler has returned
+        dopo = m.Registro.isEmpty() ? 0 : 1; // the object is whole until its handler has returned
     };
     m.AlDisegno = [&m] { Disegna(m); };
     if (gestore == u"FunctionKey")

@@ -106,7 +106,7 @@ void tst_schermo::posizioniInSediciBit()
     for (int lato = da; lato < a; ++lato) {
         const double unita = Twip_PerPixel(QSize(lato, 600));
         QVERIFY(std::round(lato * unita) <= MASSIMO_16);
-        QVERIFY(std::round(lato * unita) > MASSIMO_16 / 2 || unita == 15.0); // and no coarser than need be
+        QVERIFY(std::round(lato * unita) > MASSIMO_16 / 2.0 || unita == 15.0); // and no coarser than need be
         QCOMPARE(Twip_PerPixel(QSize(600, lato)), unita);
     }
 }
