@@ -240,9 +240,9 @@ Risposta Strumento::Risposta_Testi(Blocco blocco, const QByteArray &testa)
     const QStringList testi = m_memoria.Leggi(blocco);
     Risposta risposta = {Trama_Componi(testa + Componi_Dati(testi)),
                          QStringLiteral("testi") + Testi_Nota(testi)};
-    if (risposta.trama.size() > MISURA_RX)
+    if (risposta.trama.size() > LUNGHEZZA_RX)
         risposta.nota +=
-            QStringLiteral("  (%1 byte: la stazione ne tiene %2)").arg(risposta.trama.size()).arg(MISURA_RX);
+            QStringLiteral("  (%1 byte: la stazione ne tiene %2)").arg(risposta.trama.size()).arg(LUNGHEZZA_RX);
     return risposta;
 }
 
