@@ -2,6 +2,7 @@
 // known here.
 #include "core/modReport.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
@@ -109,7 +110,7 @@ void Prendi_Sezione(const char16_t *sezione, BloccoReport *etichette, BloccoRepo
 
 void Veicolo_Prova()
 {
-    const bool confermato = gTipoProva == 4;
+    const bool confermato = gTipoProva == ProvaConfermata;
     Prendi_Sezione(u"VEICOLO", &gRepVeicoloEt, confermato ? nullptr : &gRepVeicoloVal);
     for (size_t i = 0; confermato && i < gRepVeicoloVal.size(); ++i) {
         gRepVeicoloVal[i] = Valore_Ini(gFileAcc, QStringLiteral("DatiLibrettoVeicolo"),
@@ -120,8 +121,8 @@ void Veicolo_Prova()
 QString Operatore_Prova()
 {
     const QString chiave = QStringLiteral("Operatore");
-    return gTipoProva == 2 ? Valore_Ini(gFileAcc, QStringLiteral("Prenotazione"), chiave)
-                           : Valore_Ini(gFileIni, QStringLiteral("VEICOLO"), chiave);
+    return gTipoProva == ProvaScelta ? Valore_Ini(gFileAcc, QStringLiteral("Prenotazione"), chiave)
+                                     : Valore_Ini(gFileIni, QStringLiteral("VEICOLO"), chiave);
 }
 
 void Dati_Stampa()

@@ -2,6 +2,7 @@
 // device.
 #include "link/scambio.h"
 
+#include "core/codici.h"
 #include "core/modGeneral.h"
 #include "link/controllo_seriale.h"
 #include "link/modComm.h"
@@ -141,7 +142,7 @@ void MacchinaScambio::Prepara()
 
 void MacchinaScambio::Avvia()
 {
-    Esito = ESITO_FALLITO;
+    Esito = SessioneFallita;
     Passa_Oltre([] { Leggi_Porta(gFileIni); });
     Apri_Porta(commApp);
     Ricezione.StatoRx = 0;
@@ -188,7 +189,7 @@ void MacchinaScambio::Chiudi_Sessione(qint16 idTesto, int intervallo)
     m_finestra.Mostra_Lbl(Testo_Mctc(idTesto));
     tmrComm.Interval(intervallo);
     tmrComm.Enabled(true);
-    Esito = ESITO_FALLITO;
+    Esito = SessioneFallita;
     Stato = StatoChiusura;
 }
 
@@ -198,7 +199,7 @@ void MacchinaScambio::Avanza()
     if (Passo > UltimoPasso) {
         tmrComm.Interval(INTERVALLO_TESTO);
         tmrComm.Enabled(true);
-        Esito = ESITO_COMPLETATO;
+        Esito = SessioneCompletata;
         Stato = StatoChiusura;
         m_finestra.Mostra_Lbl(Testo_Mctc(TESTO_COMPLETATO));
         return;
@@ -282,7 +283,7 @@ void MacchinaScambio::Ripeti()
 void MacchinaScambio::Accetta_Misura()
 {
     Leggi_Misura(Ricezione.BufRx, Riga_Dbg());
-    Esito = ESITO_COMPLETATO;
+    Esito = SessioneCompletata;
     Avanza();
 }
 
@@ -295,7 +296,7 @@ void MacchinaScambio::Accetta_Dati()
 void MacchinaScambio::Accetta_Taratura()
 {
     Leggi_Testi(Ricezione.BufRx, POSTO_TARATURA, gDatiTaratura, Riga_Dbg());
-    Esito = ESITO_COMPLETATO;
+    Esito = SessioneCompletata;
     Avanza();
 }
 
@@ -309,7 +310,7 @@ void MacchinaScambio::Accetta_Scrittura()
 {
     // From the first frame on: a session broken off between the two frames counts as done, since the
     // instrument has taken the identity it is known by.
-    Esito = ESITO_COMPLETATO;
+    Esito = SessioneCompletata;
     Avanza();
 }
 

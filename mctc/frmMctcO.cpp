@@ -2,6 +2,7 @@
 // business.
 #include "mctc/frmMctcO.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
@@ -35,8 +36,8 @@ constexpr const char16_t *MASCHERA = u"*.acc";
 // right.
 constexpr qint32 PASSO_RIGHE = 500;
 constexpr qint32 CASELLA_ALTA = 270;
-constexpr qint16 PRIMA_VEICOLO = 18;
-constexpr qint16 PRIMA_DOPPIA = 30; // from here on two rows of the vehicle share a line
+constexpr qint16 PRIMA_VEICOLO = AccTipoVeicolo;
+constexpr qint16 PRIMA_DOPPIA = AccKm; // from here on two rows of the vehicle share a line
 
 struct Colonna
 {
@@ -60,9 +61,10 @@ constexpr qint16 FORMATO_GREZZO = -1;
 constexpr qint16 FORMATO_DATA = 0;
 constexpr qint16 FORMATO_ORA = 1;
 
+/// Rows of the booking that share the line of the row before them.
 bool Affiancata(qint16 riga)
 {
-    return riga == 9 || riga == 11 || riga == 13 || riga == 15;
+    return riga == AccSesso || riga == AccProvinciaNascita || riga == AccCAP || riga == AccProvincia;
 }
 
 /// Places a row: line from the top of its frame, and the places across.
@@ -251,7 +253,7 @@ void frmMctcO::lstAuto_Click()
     Acc_AssegnaFile(gFileAcc);
     Campi_Applica(gCampiAcc, ULTIMA_RIGA_ACC, *this);
     QString rapporto;
-    const qint16 esito = Acc_Controlla(gFileAcc, rapporto);
+    const EsitoControllo esito = Acc_Controlla(gFileAcc, rapporto);
     Dipingi_Errori();
     Schermo_Puntatore(PuntatoreNormale);
     mOccupato = false;
@@ -299,7 +301,7 @@ void frmMctcO::Conferma()
 
 void frmMctcO::formMctc2b_Notifica(qint16 &codice, QVariant &valore)
 {
-    if (codice != 4)
+    if (codice != VeicoloConfermato)
         return;
     Q_EMIT Notifica(codice, valore);
     Scarica();

@@ -19,7 +19,7 @@ public:
     ~frmMctcO() override;
 
 Q_SIGNALS:
-    /// Code 4 with the value of the entry form, when its data were confirmed.
+    /// VeicoloConfermato with the value of the entry form, when its data were confirmed.
     void Notifica(qint16 &codice, QVariant &valore);
 
 protected:

@@ -32,3 +32,7 @@ QStringList Inclusioni_InSalita(const Sorgenti &sorgenti);
 /// State of the program (gName) that is defined or declared more than once, declared outside a header, or
 /// defined elsewhere than beside its header.
 QStringList Globali_Doppie(const Sorgenti &sorgenti);
+
+/// Numbers in the house where a row or a code has an enumerator: an element of a table of rows, a row
+/// compared, a code (gTipoProva, Notifica, a result) set, compared or switched on.
+QStringList Numeri_Nudi(const Sorgenti &sorgenti);

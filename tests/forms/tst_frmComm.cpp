@@ -1,7 +1,8 @@
-// The window of a link session, on a line of the test's own: its start and end,
-// what the operator sees of the exchange, and the boxes of a line in trouble.
+// The window of a link session, on a line of the test's own: its start and end, what the operator sees of the
+// exchange, and the boxes of a line in trouble.
 #include "link/frmComm.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
@@ -22,702 +23,716 @@ namespace {
 constexpr qint64 TICK = 200;           // ms
 constexpr qint64 PAUSA_FRA_BOX = 2000; // ms
 
-const QByteArray MISURA =
-    Risposta_Misura("0123O#", "0456OO", "0789XO", "9999##");
-const QList<QByteArray> TESTI_STRUMENTO = {"QX5", "Marca",      "OM1",
-                                           "N1",  "31/12/2027", "Rossi"};
-const QList<QByteArray> TESTI_TARATURA = {"1000", "0", "1", "2", "3",
-                                          "4",    "5", "6", "7", "8"};
+const QByteArray MISURA = Risposta_Misura("0123O#", "0456OO", "0789XO", "9999##");
+const QList<QByteArray> TESTI_STRUMENTO = {"QX5", "Marca", "OM1", "N1", "31/12/2027", "Rossi"};
+const QList<QByteArray> TESTI_TARATURA = {"1000", "0", "1", "2", "3", "4", "5", "6", "7", "8"};
 
-QMessageBox *Box_Aperto() {
-  return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+QMessageBox *Box_Aperto()
+{
+    return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
 }
 
-/// Stands before the screen while boxes hold the test: once for each box that
-/// comes it does what the test gives it, and closes the box if that has left it
-/// standing.
-class GuardiaBox {
+/// Stands before the screen while boxes hold the test: once for each box that comes it does what the test
+/// gives it, and closes the box if that has left it standing.
+class GuardiaBox
+{
 public:
-  explicit GuardiaBox(std::function<void()> alBox = {})
-      : m_alBox(std::move(alBox)) {
-    QObject::connect(&m_sguardo, &QTimer::timeout, &m_sguardo,
-                     [this] { Guarda(); });
-    m_sguardo.start(1);
-  }
-  QList<qint64> Quando; ///< ms of the clock at which each box came
-  QStringList Testi;    ///< title and text of each
-  int Insieme = 0;      ///< boxes seen, those behind another too
+    explicit GuardiaBox(std::function<void()> alBox = {}) : m_alBox(std::move(alBox))
+    {
+        QObject::connect(&m_sguardo, &QTimer::timeout, &m_sguardo, [this] { Guarda(); });
+        m_sguardo.start(1);
+    }
+    QList<qint64> Quando; ///< ms of the clock at which each box came
+    QStringList Testi;    ///< title and text of each
+    int Insieme = 0;      ///< boxes seen, those behind another too
 
 private:
-  void Guarda() {
-    const QPointer<QMessageBox> box = Box_Aperto();
-    if (box == nullptr)
-      return;
-    Quando.append(Orologio_Banco().Passati());
-    Testi.append(box->windowTitle() + u'|' + box->text());
-    for (const QWidget *finestra : QApplication::topLevelWidgets()) {
-      if (finestra->isVisible() &&
-          qobject_cast<const QMessageBox *>(finestra) != nullptr)
-        ++Insieme;
+    void Guarda()
+    {
+        const QPointer<QMessageBox> box = Box_Aperto();
+        if (box == nullptr)
+            return;
+        Quando.append(Orologio_Banco().Passati());
+        Testi.append(box->windowTitle() + u'|' + box->text());
+        for (const QWidget *finestra : QApplication::topLevelWidgets()) {
+            if (finestra->isVisible() && qobject_cast<const QMessageBox *>(finestra) != nullptr)
+                ++Insieme;
+        }
+        if (m_alBox)
+            m_alBox();
+        if (box != nullptr)
+            box->accept();
     }
-    if (m_alBox)
-      m_alBox();
-    if (box != nullptr)
-      box->accept();
-  }
 
-  std::function<void()> m_alBox;
-  QTimer m_sguardo;
+    std::function<void()> m_alBox;
+    QTimer m_sguardo;
 };
 
 /// A frame that does not end, with that many bytes for which there is no place.
-QByteArray Frame_Troppo_Lungo(qsizetype oltre) {
-  return '\x02' + QByteArray(LUNGHEZZA_RX - 1 + oltre, 'x');
+QByteArray Frame_Troppo_Lungo(qsizetype oltre)
+{
+    return '\x02' + QByteArray(LUNGHEZZA_RX - 1 + oltre, 'x');
 }
 
 } // namespace
 
-class tst_frmComm : public QObject {
-  Q_OBJECT
+class tst_frmComm : public QObject
+{
+    Q_OBJECT
 
 private:
-  void Apri(quint8 modo = ModoMisura) {
-    form = Nuovo<frmComm>();
-    form->Modo = modo;
-    notifiche = Ascolta(*form);
-    connect(form.get(), &frmComm::Notifica, this, [this] {
-      apertaAllaNotifica = Linea_Corrente()->PortOpen();
-      caricatoAllaNotifica = form->Caricato();
-    });
-    form->Carica();
-    form->Mostra();
-    QVERIFY(Attiva(*form));
-  }
-  static void Con_Copione(const QList<QByteArray> &risposte) {
-    Linee_Prepara([risposte](LineaProva &linea) { linea.Copione(risposte); });
-  }
-  static void Passa(qint64 ms) { Orologio_Banco().Avanza(ms); }
-  /// Time goes by on a line at a wrong speed, 9600 baud: about a byte of
-  /// nonsense every ms.
-  static void Passa_Con_Rumore(qint64 ms, QRandomGenerator &caso) {
-    constexpr qint64 OGNI = 10;
-    for (qint64 passati = 0; passati < ms; passati += OGNI) {
-      QByteArray byte(OGNI, '\0');
-      for (char &uno : byte)
-        uno = static_cast<char>(caso.bounded(256));
-      if (Linea_Corrente() != nullptr)
-        Linea_Corrente()->Arriva(byte);
-      Passa(OGNI);
+    void Apri(quint8 modo = ModoMisura)
+    {
+        form = Nuovo<frmComm>();
+        form->Modo = modo;
+        notifiche = Ascolta(*form);
+        connect(form.get(), &frmComm::Notifica, this, [this] {
+            apertaAllaNotifica = Linea_Corrente()->PortOpen();
+            caricatoAllaNotifica = form->Caricato();
+        });
+        form->Carica();
+        form->Mostra();
+        QVERIFY(Attiva(*form));
     }
-  }
-  QString Scritta() const { return Testo_Di(*form, "lbl_0"); }
-  QColor Lampada() const {
-    QWidget *forma = Widget_Di(*form, "shaComm");
-    return forma->grab().toImage().pixelColor(forma->rect().center());
-  }
-  QStringList Righe_Dbg() const {
-    const auto *lista = Widget_Di<QListWidget>(*form, "lstDbg");
-    QStringList righe;
-    for (int i = 0; i < lista->count(); ++i)
-      righe.append(lista->item(i)->text());
-    return righe;
-  }
+    static void Con_Copione(const QList<QByteArray> &risposte)
+    {
+        Linee_Prepara([risposte](LineaProva &linea) { linea.Copione(risposte); });
+    }
+    static void Passa(qint64 ms) { Orologio_Banco().Avanza(ms); }
+    /// Time goes by on a line at a wrong speed, 9600 baud: about a byte of nonsense every ms.
+    static void Passa_Con_Rumore(qint64 ms, QRandomGenerator &caso)
+    {
+        constexpr qint64 OGNI = 10;
+        for (qint64 passati = 0; passati < ms; passati += OGNI) {
+            QByteArray byte(OGNI, '\0');
+            for (char &uno : byte)
+                uno = static_cast<char>(caso.bounded(256));
+            if (Linea_Corrente() != nullptr)
+                Linea_Corrente()->Arriva(byte);
+            Passa(OGNI);
+        }
+    }
+    QString Scritta() const { return Testo_Di(*form, "lbl_0"); }
+    QColor Lampada() const
+    {
+        QWidget *forma = Widget_Di(*form, "shaComm");
+        return forma->grab().toImage().pixelColor(forma->rect().center());
+    }
+    QStringList Righe_Dbg() const
+    {
+        const auto *lista = Widget_Di<QListWidget>(*form, "lstDbg");
+        QStringList righe;
+        for (int i = 0; i < lista->count(); ++i)
+            righe.append(lista->item(i)->text());
+        return righe;
+    }
 
-  std::unique_ptr<BancoForm> banco;
-  std::shared_ptr<frmComm> form;
-  std::shared_ptr<Notifiche> notifiche;
-  bool apertaAllaNotifica = false;
-  bool caricatoAllaNotifica = false;
+    std::unique_ptr<BancoForm> banco;
+    std::shared_ptr<frmComm> form;
+    std::shared_ptr<Notifiche> notifiche;
+    bool apertaAllaNotifica = false;
+    bool caricatoAllaNotifica = false;
 
 private Q_SLOTS:
-  void init() {
-    banco = std::make_unique<BancoForm>();
-    Linee_Prepara({});
-    gTabLingua.clear();
-    gMisure.fill(MisuraFaro());
-  }
-  void cleanup() {
-    banco.reset();
-    form.reset();
-    QCOMPARE(Orologio_Banco().Armate(), 0);
-    QVERIFY(Box_Aperto() == nullptr);
-  }
-
-  // --- loading
-  // ------------------------------------------------------------------------------------------
-
-  void finestraAlCentro_data() {
-    QTest::addColumn<qint32>("larghezza");
-    QTest::addColumn<qint32>("altezza");
-    QTest::newRow("il presente") << Schermo_Larghezza() << Schermo_Altezza();
-    QTest::newRow("altra scala") << 9000 << 12000;
-  }
-  /// The height goes through the x scale as the width does.
-  void finestraAlCentro() {
-    QFETCH(qint32, larghezza);
-    QFETCH(qint32, altezza);
-    gScreenW = larghezza;
-    gScreenH = altezza;
-    Apri();
-    QCOMPARE(form->Width(), ScalaX(8000));
-    QCOMPARE(form->Height(), ScalaX(4000));
-    QCOMPARE(form->Left(), (Schermo_Larghezza() - form->Width()) / 2);
-    QCOMPARE(form->Top(), (Schermo_Altezza() - form->Height()) / 2);
-    const QRect etichetta = Widget_Di(*form, "lbl_0")->geometry();
-    QCOMPARE(etichetta.topLeft(), QPoint(0, 0));
-    QCOMPARE(etichetta.width(), Pixel_DaTwip(form->Width()));
-  }
-
-  void sessioneAllaPortaDelProfilo() {
-    const QString comm = QStringLiteral("COMM");
-    banco->Stazione.Imposta(comm, QStringLiteral("Num"), QStringLiteral("3"));
-    banco->Stazione.Imposta(comm, QStringLiteral("Baud"),
-                            QStringLiteral("19200"));
-    Apri();
-    QCOMPARE(
-        Linea_Corrente()->Registro.mid(0, 3),
-        QStringList({QStringLiteral("CommPort 3"), QStringLiteral("PortOpen 1"),
-                     QStringLiteral("Settings 19200,N,8,1")}));
-    QVERIFY(Linea_Corrente()->PortOpen());
-    QCOMPARE(Linea_Corrente()->Frame(),
-             QList<QByteArray>{QByteArray::fromHex("02414243103603")});
-  }
-
-  /// The texts of the report follow the language in force at each session.
-  void testiNellaLinguaInVigore() {
-    gLingua = QStringLiteral("EN");
-    Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
-    Apri();
-    QCOMPARE(gTabLingua.size(), ULTIMO_TESTO_LINGUA + 1);
-    QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("Stop"));
-    QCOMPARE(gTabLingua[48], QStringLiteral("Vertical aim"));
-  }
-
-  void primaScrittaPerModo_data() {
-    QTest::addColumn<int>("modo");
-    QTest::addColumn<bool>("scritta");
-    QTest::newRow("misura") << int{ModoMisura} << true;
-    QTest::newRow("leggi") << int{ModoLeggi} << true;
-    QTest::newRow("scrivi") << int{ModoScrivi} << true;
-    QTest::newRow("default") << int{ModoDefault} << false;
-  }
-  /// A session of any mode refreshes the report tables and notes its beginning.
-  void primaScrittaPerModo() {
-    QFETCH(int, modo);
-    QFETCH(bool, scritta);
-    gRepMisure.fill(QStringLiteral("prima"));
-    gRepOfficina.fill(QStringLiteral("prima"));
-    const QDateTime adesso = Orologio_Banco().Adesso();
-    Apri(static_cast<quint8>(modo));
-    QCOMPARE(Scritta(), scritta ? Testo_Mctc(152) : QString());
-    QVERIFY(Visibile(*form, "lbl_0"));
-    QCOMPARE(gRepMisure[RepData],
-             adesso.toString(QStringLiteral("dd-MM-yyyy")));
-    QCOMPARE(gRepMisure[RepInizio],
-             adesso.toString(QStringLiteral("hh:mm:ss")));
-    QCOMPARE(gRepMisure[RepFine], QStringLiteral("-"));
-    QCOMPARE(gRepOfficina[0], QStringLiteral("-"));
-  }
-
-  /// A port that does not open leaves the window standing: the operator ends
-  /// the session.
-  void portaCheNonSiApre() {
-    Linee_Prepara([](LineaProva &linea) { linea.RifiutaApertura = true; });
-    Apri();
-    Passa(60000);
-    QVERIFY(form->Caricato());
-    QCOMPARE(Scritta(), Testo_Mctc(152));
-    QVERIFY(Linea_Corrente()->Usciti.isEmpty());
-    QVERIFY(Righe_Dbg().isEmpty());
-    Premi(*form, "cmd_0");
-    QCOMPARE(*notifiche, (Notifiche{{7, 0}}));
-  }
-
-  void portaSenzaImpostazioniNelProfilo() {
-    banco->Stazione.Scrivi(QStringLiteral("lumira.ini"), "[GENERAL]\r\n");
-    Apri();
-    QVERIFY(form->Caricato());
-    QCOMPARE(Scritta(), Testo_Mctc(152));
-    QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("Interrompi"));
-  }
-
-  // --- a session
-  // ----------------------------------------------------------------------------------------
-
-  void misuraCompleta() {
-    Con_Copione({Risposta_Stato('1'), Risposta_Stato('2'), Risposta_Stato('4'),
-                 MISURA});
-    Apri();
-    QCOMPARE(Scritta(), Testo_Mctc(152));
-    Passa(TICK);
-    QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
-    Passa(2 * TICK);
-    QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
-    Passa(TICK);
-    QCOMPARE(Scritta(), Testo_Mctc(156));
-    QCOMPARE(gMisure[0].Lux, 123);
-    QCOMPARE(gMisure[2].EsitoV, QStringLiteral("X"));
-    QCOMPARE(gMisure[3].Lux, 9999);
-    const QStringList attese = {
-        QStringLiteral("L0=123"), QStringLiteral("V0=O"),
-        QStringLiteral("O0=#"),   QStringLiteral("L1=456"),
-        QStringLiteral("V1=O"),   QStringLiteral("O1=O"),
-        QStringLiteral("L2=789"), QStringLiteral("V2=X"),
-        QStringLiteral("O2=O"),   QStringLiteral("L3=9999"),
-        QStringLiteral("V3=#"),   QStringLiteral("O3=#"),
-    };
-    QCOMPARE(Righe_Dbg(), attese);
-    Passa(1999);
-    QVERIFY(form->Caricato() && notifiche->isEmpty());
-    Passa(1);
-    QVERIFY(!form->Caricato());
-    QCOMPARE(*notifiche, (Notifiche{{6, 0}}));
-    QVERIFY(!apertaAllaNotifica); // the port is closed first
-    QVERIFY(caricatoAllaNotifica);
-  }
-
-  void esitoPerModo_data() {
-    QTest::addColumn<int>("modo");
-    QTest::addColumn<QList<QByteArray>>("risposte");
-    QTest::addColumn<qint16>("scritta");
-    QTest::addColumn<int>("codice");
-    QTest::newRow("leggi") << int{ModoLeggi}
-                           << QList<QByteArray>{Risposta_Stato('1'),
-                                                Risposta_Dati(TESTI_STRUMENTO),
-                                                Frame_Risposta("ABC1000\x17"
-                                                               "0\x17")}
-                           << qint16{156} << 6;
-    QTest::newRow("scrivi")
-        << int{ModoScrivi}
-        << QList<QByteArray>{Risposta_Stato('1'), Risposta_Scritto(),
-                             Risposta_Scritto()}
-        << qint16{156} << 6;
-    QTest::newRow("default")
-        << int{ModoDefault}
-        << QList<QByteArray>(3, Risposta_Stato('9')) // any valid frame will do
-        << qint16{156} << 6;
-    QTest::newRow("leggi, strumento occupato")
-        << int{ModoLeggi} << QList<QByteArray>{Risposta_Stato('4')}
-        << qint16{154} << 7;
-    QTest::newRow("leggi, altri dati")
-        << int{ModoLeggi}
-        << QList<QByteArray>{Risposta_Stato('1'), Risposta_Stato('1')}
-        << qint16{155} << 7;
-    QTest::newRow("scrivi, rifiutato")
-        << int{ModoScrivi}
-        << QList<QByteArray>{Risposta_Stato('1'), Risposta_Scritto('x')}
-        << qint16{154} << 7;
-  }
-  void esitoPerModo() {
-    QFETCH(int, modo);
-    QFETCH(QList<QByteArray>, risposte);
-    QFETCH(qint16, scritta);
-    QFETCH(int, codice);
-    gDatiStrumento = {QStringLiteral("A"), QStringLiteral("B"),
-                      QStringLiteral("C"), QStringLiteral("D"),
-                      QStringLiteral("E")};
-    Con_Copione(risposte);
-    Apri(static_cast<quint8>(modo));
-    Passa(TICK * risposte.size());
-    QCOMPARE(Scritta(), Testo_Mctc(scritta));
-    Passa(2000);
-    QCOMPARE(*notifiche, (Notifiche{{codice, 0}}));
-  }
-
-  void testiLettiNellElenco() {
-    Con_Copione({Risposta_Stato('1'), Risposta_Dati(TESTI_STRUMENTO),
-                 Risposta_Taratura(TESTI_TARATURA)});
-    Apri(ModoLeggi);
-    Passa(2 * TICK);
-    QCOMPARE(Righe_Dbg().join(u' '),
-             QStringLiteral("QX5 Marca OM1 N1 31/12/2027 Rossi"));
-    QCOMPARE(gDatiStrumento[5], QStringLiteral("Rossi"));
-  }
-
-  void defaultSenzaScrittaFinoAllaPrimaRisposta() {
-    Linee_Prepara([](LineaProva &linea) {
-      linea.Copione({Risposta_Scritto()});
-      linea.Ritardo = 900;
-    });
-    Apri(ModoDefault);
-    Passa(900);
-    QVERIFY(Scritta().isEmpty());
-    Passa(TICK);
-    QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
-  }
-
-  void strumentoMuto() {
-    Apri();
-    Passa(24199);
-    QCOMPARE(Scritta(), Testo_Mctc(152));
-    Passa(1);
-    QCOMPARE(Scritta(), Testo_Mctc(153));
-    QCOMPARE(Linea_Corrente()->Usciti.size(), 12);
-    Passa(3999);
-    QVERIFY(form->Caricato());
-    Passa(1);
-    QVERIFY(!form->Caricato());
-    QCOMPARE(*notifiche, (Notifiche{{7, 0}}));
-  }
-
-  /// The resends of the session before are not counted on: a new form starts
-  /// afresh.
-  void secondaSessioneDaCapo() {
-    Apri();
-    Passa(23000);
-    Linea_Corrente()->Arriva("\x02"
-                             "AB");
-    Premi(*form, "cmd_0");
-    QCOMPARE(*notifiche, (Notifiche{{7, 0}}));
-    Con_Copione({Risposta_Stato('4')});
-    Apri();
-    Passa(TICK);
-    QCOMPARE(
-        Testo_Di(*form, "lblRx"),
-        QString::fromLatin1(
-            Risposta_Stato('4').toHex().toUpper())); // no half frame before it
-    Passa(24199);
-    QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
-    Passa(1);
-    QCOMPARE(Scritta(), Testo_Mctc(153));
-  }
-
-  void conDebugRestaAperta() {
-    gDebug = Vero;
-    Con_Copione({Risposta_Stato('4'), MISURA});
-    Apri();
-    Passa(60000);
-    QVERIFY(form->Caricato());
-    QCOMPARE(Scritta(), Testo_Mctc(156));
-    QCOMPARE(Righe_Dbg().size(), 12);
-    QCOMPARE(Testo_Di(*form, "lblRx"),
-             QString::fromLatin1(MISURA.toHex().toUpper()));
-    QVERIFY(notifiche->isEmpty());
-    Premi(*form, "cmd_0");
-    QCOMPARE(*notifiche, (Notifiche{{6, 0}}));
-  }
-
-  // --- what the operator sees
-  // ---------------------------------------------------------------------------
-
-  void lampadaDelCollegamento() {
-    const QColor bianco(255, 255, 255), rosso(255, 0, 0), verde(0, 255, 0);
-    Apri();
-    QCOMPARE(Lampada(), bianco); // a frame goes out
-    Passa(TICK);
-    QCOMPARE(Lampada(), bianco);
-    Passa(TICK);
-    QCOMPARE(Lampada(), rosso);
-    Passa(TICK);
-    QCOMPARE(Lampada(), bianco);
-    Passa(TICK);
-    QCOMPARE(Lampada(), rosso);
-    Linea_Corrente()->Arriva(Frame_Risposta("ABCx"));
-    Passa(TICK);
-    QCOMPARE(Lampada(), verde); // and a complete reply has come in
-  }
-
-  void trafficoInEsadecimale() {
-    Apri();
-    QCOMPARE(Testo_Di(*form, "lblTx"), QStringLiteral("02414243103603"));
-    QVERIFY(Testo_Di(*form, "lblRx").isEmpty());
-    Linea_Corrente()->Arriva(
-        "rumore\x02"); // noise, and a start byte that shows nothing yet
-    QVERIFY(Testo_Di(*form, "lblRx").isEmpty());
-    Linea_Corrente()->Arriva("A\xFF");
-    QCOMPARE(Testo_Di(*form, "lblRx"), QStringLiteral("0241FF"));
-    Linea_Corrente()->Arriva("\x03");
-    QCOMPARE(Testo_Di(*form, "lblRx"), QStringLiteral("0241FF03"));
-    Linea_Corrente()->Arriva(
-        "\x02"); // it stays until the next one begins to come in
-    QCOMPARE(Testo_Di(*form, "lblRx"), QStringLiteral("0241FF03"));
-    Linea_Corrente()->Arriva("B");
-    QCOMPARE(Testo_Di(*form, "lblRx"), QStringLiteral("0242"));
-  }
-
-  void carattereFisso() {
-    Apri();
-    for (const char *nome : {"lblTx", "lblRx", "lstDbg"})
-      QCOMPARE(Widget_Di(*form, nome)->font().family(),
-               QStringLiteral("Courier New"));
-  }
-
-  // --- the end by the operator
-  // --------------------------------------------------------------------------
-
-  void interruzione_data() {
-    QTest::addColumn<QString>("modo");
-    for (const char *modo : {"pulsante", "escape", "invio", "finestra"})
-      QTest::newRow(modo) << QString::fromLatin1(modo);
-  }
-  /// The port is closed in the same event, and a frame that is still on its way
-  /// is lost with it.
-  void interruzione() {
-    QFETCH(QString, modo);
-    Linee_Prepara([](LineaProva &linea) {
-      linea.Rispondi = [](const QByteArray &) { return Risposta_Stato('4'); };
-      linea.Ritardo = 1000;
-    });
-    Apri();
-    Passa(500);
-    if (modo == u"pulsante")
-      Premi(*form, "cmd_0");
-    else if (modo == u"escape")
-      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-    else if (modo == u"invio")
-      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    else
-      form->Finestra()->close();
-    QVERIFY(!form->Caricato());
-    QVERIFY(!Linea_Corrente()->PortOpen());
-    QVERIFY(!apertaAllaNotifica);
-    QCOMPARE(*notifiche, (Notifiche{{7, 0}}));
-    Passa(10000);
-    QCOMPARE(Linea_Corrente()->Usciti.size(), 1);
-    QCOMPARE(notifiche->size(), 1);
-  }
-
-  void mezzoSecondoPerITasti_data() {
-    QTest::addColumn<int>("tasto");
-    for (const int tasto : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space})
-      QTest::addRow("%x", tasto) << tasto;
-  }
-  /// A second Enter on the button that starts the session falls here.
-  void mezzoSecondoPerITasti() {
-    QFETCH(int, tasto);
-    Apri();
-    const auto batti = [tasto] {
-      QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(tasto));
-    };
-    batti();
-    Passa(499);
-    batti();
-    QVERIFY(form->Caricato());
-    QVERIFY(Linea_Corrente()->PortOpen());
-    Passa(1);
-    batti();
-    QVERIFY(!form->Caricato());
-    QCOMPARE(notifiche->size(), 1);
-  }
-
-  void mouseEdEscapeSubito_data() {
-    QTest::addColumn<bool>("mouse");
-    QTest::newRow("mouse") << true;
-    QTest::newRow("escape") << false;
-  }
-  void mouseEdEscapeSubito() {
-    QFETCH(bool, mouse);
-    Apri();
-    if (mouse)
-      Premi(*form, "cmd_0");
-    else
-      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-    QVERIFY(!form->Caricato());
-  }
-
-  /// Broken off between the two frames of a write the session counts as done.
-  void interruzioneDopoLaPrimaScrittura() {
-    gDatiStrumento = {QStringLiteral("A"), QStringLiteral("B"),
-                      QStringLiteral("C"), QStringLiteral("D"),
-                      QStringLiteral("E")};
-    Con_Copione({Risposta_Stato('1'), Risposta_Scritto()});
-    Apri(ModoScrivi);
-    Passa(2 * TICK);
-    Premi(*form, "cmd_0");
-    QCOMPARE(*notifiche, (Notifiche{{6, 0}}));
-  }
-
-  // --- modal
-  // --------------------------------------------------------------------------------------------
-
-  /// The parent goes on when the session has ended and its notification has
-  /// been dealt with, forms and all.
-  void modaleFinoAllaFine() {
-    Con_Copione({Risposta_Stato('4'), MISURA});
-    form = Nuovo<frmComm>();
-    QStringList ordine;
-    connect(form.get(), &frmComm::Notifica, this, [&] {
-      ordine.append(QStringLiteral("notifica"));
-      const auto altra = Nuovo<ModuloProva>();
-      altra->Mostra(Modulo::Modale);
-      ordine.append(QStringLiteral("altra chiusa"));
-    });
-    Regia regia;
-    regia.Quando("frmComm", [](Modulo &) { Passa(2 * TICK + 2000); })
-        .Quando("frmProva", [](Modulo &altra) { altra.Scarica(); });
-    form->Carica();
-    form->Mostra(Modulo::Modale);
-    ordine.append(QStringLiteral("dopo"));
-    QVERIFY(regia.Finita());
-    QCOMPARE(ordine, QStringList({QStringLiteral("notifica"),
-                                  QStringLiteral("altra chiusa"),
-                                  QStringLiteral("dopo")}));
-    QVERIFY(Nomi_Caricati().isEmpty());
-  }
-
-  // --- a line in trouble
-  // --------------------------------------------------------------------------------
-
-  void boxDellaLinea() {
-    Apri();
-    QString titolo, testo;
-    Regia regia;
-    regia.Quando([] { return Box_Aperto() != nullptr; },
-                 [&] {
-                   titolo = Box_Aperto()->windowTitle();
-                   testo = Box_Aperto()->text();
-                   // Time goes on behind the box: the session sends again.
-                   const auto prima = Linea_Corrente()->Usciti.size();
-                   Passa(3000);
-                   QVERIFY(Linea_Corrente()->Usciti.size() > prima);
-                   Box_Aperto()->accept();
-                 });
-    Linea_Corrente()->Evento(
-        EventoRicezione); // an event without a byte behind it
-    QTRY_VERIFY(regia.Finita() && Box_Aperto() == nullptr);
-    QCOMPARE(titolo, QStringLiteral("Err Rs232"));
-    QCOMPARE(testo, QStringLiteral("Rec sts: 13\r\nSubscript out of range"));
-    QVERIFY(form->Caricato());
-  }
-
-  /// A frame that outgrows the buffer: one box for every byte too many, one
-  /// after the other, and the batch is taken whole first. Between two boxes the
-  /// form stands free for a while.
-  void piuBoxUnoAllaVolta() {
-    Apri();
-    GuardiaBox guardia;
-    Linea_Corrente()->Arriva(Frame_Troppo_Lungo(3));
-    QVERIFY(guardia.Quando
-                .isEmpty()); // shown from the loop, not from the receive event
-    const qint64 inizio = Orologio_Banco().Passati();
-    for (int passo = 0; passo < 80; ++passo) {
-      QCoreApplication::processEvents();
-      Passa(100);
+    void init()
+    {
+        banco = std::make_unique<BancoForm>();
+        Linee_Prepara({});
+        gTabLingua.clear();
+        gMisure.fill(MisuraFaro());
     }
-    QCOMPARE(
-        guardia.Testi,
-        QStringList(3, QStringLiteral(
-                           "Err Rs232|Auto sts: 1\r\nSubscript out of range")));
-    QCOMPARE(guardia.Quando, (QList<qint64>{inizio, inizio + PAUSA_FRA_BOX,
-                                            inizio + 2 * PAUSA_FRA_BOX}));
-    QCOMPARE(guardia.Insieme, 3);
-  }
-
-  /// A line that never falls silent does not fill the memory: what comes beyond
-  /// the boxes that wait is dropped.
-  void alPiuTantiBoxQuantiByteInIngresso() {
-    gDebug = Vero; // the form stays, whatever the exchange comes to
-    Apri();
-    GuardiaBox guardia;
-    Linea_Corrente()->Arriva(Frame_Troppo_Lungo(4096));
-    for (int passo = 0; passo < 1100; ++passo) {
-      QCoreApplication::processEvents();
-      Passa(PAUSA_FRA_BOX);
+    void cleanup()
+    {
+        banco.reset();
+        form.reset();
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+        QVERIFY(Box_Aperto() == nullptr);
     }
-    QCOMPARE(guardia.Testi.size(), 1024);
-  }
 
-  void viaDiUscitaDopoUnBox_data() {
-    QTest::addColumn<bool>("escape");
-    QTest::newRow("pulsante") << false;
-    QTest::newRow("escape") << true;
-  }
-  /// However bad the line, one box has to be closed and no more to get out of
-  /// the session.
-  void viaDiUscitaDopoUnBox() {
-    QFETCH(bool, escape);
-    QRandomGenerator caso(20240315);
-    gDebug = Vero;
-    Apri();
-    GuardiaBox guardia([&caso] { Passa_Con_Rumore(60000, caso); });
-    Linea_Corrente()->Arriva(Frame_Troppo_Lungo(1));
-    QCoreApplication::processEvents();
-    QCOMPARE(guardia.Testi.size(), 1);
+    // --- loading ------------------------------------------------------------------------------------------
 
-    Passa_Con_Rumore(PAUSA_FRA_BOX - 100, caso);
-    QCoreApplication::processEvents();
-    QCOMPARE(guardia.Testi.size(), 1);
-    QVERIFY(Attiva(*form)); // the keyboard is the form's again
-    if (escape)
-      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-    else
-      Premi(*form, "cmd_0");
-    QVERIFY(!form->Caricato());
-    QCOMPARE(Orologio_Banco().Armate(), 0);
-    Passa_Con_Rumore(60000, caso);
-    QCoreApplication::processEvents();
-    QCOMPARE(guardia.Testi.size(), 1);
-  }
+    void finestraAlCentro_data()
+    {
+        QTest::addColumn<qint32>("larghezza");
+        QTest::addColumn<qint32>("altezza");
+        QTest::newRow("il presente") << Schermo_Larghezza() << Schermo_Altezza();
+        QTest::newRow("altra scala") << 9000 << 12000;
+    }
+    /// The height goes through the x scale as the width does.
+    void finestraAlCentro()
+    {
+        QFETCH(qint32, larghezza);
+        QFETCH(qint32, altezza);
+        gScreenW = larghezza;
+        gScreenH = altezza;
+        Apri();
+        QCOMPARE(form->Width(), ScalaX(8000));
+        QCOMPARE(form->Height(), ScalaX(4000));
+        QCOMPARE(form->Left(), (Schermo_Larghezza() - form->Width()) / 2);
+        QCOMPARE(form->Top(), (Schermo_Altezza() - form->Height()) / 2);
+        const QRect etichetta = Widget_Di(*form, "lbl_0")->geometry();
+        QCOMPARE(etichetta.topLeft(), QPoint(0, 0));
+        QCOMPARE(etichetta.width(), Pixel_DaTwip(form->Width()));
+    }
 
-  /// A session that ends by itself takes its box along, and those that wait:
-  /// nothing of it stands over what its parent opens.
-  void boxFinisconoConLaSessione() {
-    QRandomGenerator caso(1);
-    form = Nuovo<frmComm>();
-    notifiche = Ascolta(*form);
-    int box = 0;
-    bool liberaAllaNotifica = false;
-    connect(form.get(), &frmComm::Notifica, this,
-            [&] { liberaAllaNotifica = Box_Aperto() == nullptr; });
-    GuardiaBox guardia([&] {
-      ++box;
-      Passa_Con_Rumore(60000, caso);
-      QVERIFY(Box_Aperto() == nullptr);
-    });
-    form->Carica();
-    Linea_Corrente()->Arriva(Frame_Troppo_Lungo(50));
-    form->Mostra(Modulo::Modale);
-    QVERIFY(!form->Caricato());
-    QVERIFY(liberaAllaNotifica);
-    QCOMPARE(*notifiche, (Notifiche{{7, 0}}));
-    QCOMPARE(Orologio_Banco().Armate(), 0);
-    Passa(60000);
-    QCoreApplication::processEvents();
-    QCOMPARE(box, 1);
-  }
+    void sessioneAllaPortaDelProfilo()
+    {
+        const QString comm = QStringLiteral("COMM");
+        banco->Stazione.Imposta(comm, QStringLiteral("Num"), QStringLiteral("3"));
+        banco->Stazione.Imposta(comm, QStringLiteral("Baud"), QStringLiteral("19200"));
+        Apri();
+        QCOMPARE(Linea_Corrente()->Registro.mid(0, 3),
+                 QStringList({QStringLiteral("CommPort 3"), QStringLiteral("PortOpen 1"),
+                              QStringLiteral("Settings 19200,N,8,1")}));
+        QVERIFY(Linea_Corrente()->PortOpen());
+        QCOMPARE(Linea_Corrente()->Frame(), QList<QByteArray>{QByteArray::fromHex("02414243103603")});
+    }
 
-  // --- the prepared entries
-  // -------------------------------------------------------------------------------
+    /// The texts of the report follow the language in force at each session.
+    void testiNellaLinguaInVigore()
+    {
+        gLingua = QStringLiteral("EN");
+        Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
+        Apri();
+        QCOMPARE(gTabLingua.size(), ULTIMO_TESTO_LINGUA + 1);
+        QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("Stop"));
+        QCOMPARE(gTabLingua[48], QStringLiteral("Vertical aim"));
+    }
 
-  void secondaViaAiDefault() {
-    Apri(ModoDefault);
-    const auto prima = Linea_Corrente()->Usciti.size();
-    QVERIFY(!form->Imposta_Default().isValid());
-    QCOMPARE(Linea_Corrente()->Usciti.size(), prima + 1);
-    QCOMPARE(Linea_Corrente()->Usciti.last().Byte,
-             Linea_Corrente()->Usciti.first().Byte);
-  }
+    void primaScrittaPerModo_data()
+    {
+        QTest::addColumn<int>("modo");
+        QTest::addColumn<bool>("scritta");
+        QTest::newRow("misura") << int{ModoMisura} << true;
+        QTest::newRow("leggi") << int{ModoLeggi} << true;
+        QTest::newRow("scrivi") << int{ModoScrivi} << true;
+        QTest::newRow("default") << int{ModoDefault} << false;
+    }
+    /// A session of any mode refreshes the report tables and notes its beginning.
+    void primaScrittaPerModo()
+    {
+        QFETCH(int, modo);
+        QFETCH(bool, scritta);
+        gRepMisure.fill(QStringLiteral("prima"));
+        gRepOfficina.fill(QStringLiteral("prima"));
+        const QDateTime adesso = Orologio_Banco().Adesso();
+        Apri(static_cast<quint8>(modo));
+        QCOMPARE(Scritta(), scritta ? Testo_Mctc(152) : QString());
+        QVERIFY(Visibile(*form, "lbl_0"));
+        QCOMPARE(gRepMisure[RepData], adesso.toString(QStringLiteral("dd-MM-yyyy")));
+        QCOMPARE(gRepMisure[RepInizio], adesso.toString(QStringLiteral("hh:mm:ss")));
+        QCOMPARE(gRepMisure[RepFine], QStringLiteral("-"));
+        QCOMPARE(gRepOfficina[0], QStringLiteral("-"));
+    }
 
-  void passwordRichiesta_data() {
-    QTest::addColumn<QString>("scritta");
-    QTest::addColumn<int>("esito");
-    QTest::newRow("giusta") << QStringLiteral("abc") << int{PwdGiusta};
-    QTest::newRow("errata") << QStringLiteral("abd") << int{PwdErrata};
-    QTest::newRow("nessuna") << QString() << int{PwdNonInserita};
-  }
-  void passwordRichiesta() {
-    QFETCH(QString, scritta);
-    QFETCH(int, esito);
-    form = Nuovo<frmComm>();
-    form->PwdEsito = 9;
-    Regia regia;
-    regia.Quando("dlgPwd", [scritta](Modulo &dialogo) {
-      QCOMPARE(dialogo.Caption(), Testo_Mctc(20));
-      QVERIFY(Testo_Di(dialogo, "txtPwd").isEmpty());
-      QTest::keyClicks(Widget_Di<QLineEdit>(dialogo, "txtPwd"), scritta);
-      Passa(4000);
-    });
-    form->Chiedi_Pwd(QStringLiteral("abc"));
-    QVERIFY(regia.Finita());
-    QCOMPARE(int{form->PwdEsito}, esito);
-  }
+    /// A port that does not open leaves the window standing: the operator ends the session.
+    void portaCheNonSiApre()
+    {
+        Linee_Prepara([](LineaProva &linea) { linea.RifiutaApertura = true; });
+        Apri();
+        Passa(60000);
+        QVERIFY(form->Caricato());
+        QCOMPARE(Scritta(), Testo_Mctc(152));
+        QVERIFY(Linea_Corrente()->Usciti.isEmpty());
+        QVERIFY(Righe_Dbg().isEmpty());
+        Premi(*form, "cmd_0");
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {SessioneFallita, 0}
+        }));
+    }
+
+    void portaSenzaImpostazioniNelProfilo()
+    {
+        banco->Stazione.Scrivi(QStringLiteral("lumira.ini"), "[GENERAL]\r\n");
+        Apri();
+        QVERIFY(form->Caricato());
+        QCOMPARE(Scritta(), Testo_Mctc(152));
+        QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("Interrompi"));
+    }
+
+    // --- a session ----------------------------------------------------------------------------------------
+
+    void misuraCompleta()
+    {
+        Con_Copione({Risposta_Stato('1'), Risposta_Stato('2'), Risposta_Stato('4'), MISURA});
+        Apri();
+        QCOMPARE(Scritta(), Testo_Mctc(152));
+        Passa(TICK);
+        QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
+        Passa(2 * TICK);
+        QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
+        Passa(TICK);
+        QCOMPARE(Scritta(), Testo_Mctc(156));
+        QCOMPARE(gMisure[0].Lux, 123);
+        QCOMPARE(gMisure[2].EsitoV, QStringLiteral("X"));
+        QCOMPARE(gMisure[3].Lux, 9999);
+        const QStringList attese = {
+            QStringLiteral("L0=123"),  QStringLiteral("V0=O"), QStringLiteral("O0=#"),
+            QStringLiteral("L1=456"),  QStringLiteral("V1=O"), QStringLiteral("O1=O"),
+            QStringLiteral("L2=789"),  QStringLiteral("V2=X"), QStringLiteral("O2=O"),
+            QStringLiteral("L3=9999"), QStringLiteral("V3=#"), QStringLiteral("O3=#"),
+        };
+        QCOMPARE(Righe_Dbg(), attese);
+        Passa(1999);
+        QVERIFY(form->Caricato() && notifiche->isEmpty());
+        Passa(1);
+        QVERIFY(!form->Caricato());
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {SessioneCompletata, 0}
+        }));
+        QVERIFY(!apertaAllaNotifica); // the port is closed first
+        QVERIFY(caricatoAllaNotifica);
+    }
+
+    void esitoPerModo_data()
+    {
+        QTest::addColumn<int>("modo");
+        QTest::addColumn<QList<QByteArray>>("risposte");
+        QTest::addColumn<qint16>("scritta");
+        QTest::addColumn<int>("codice");
+        QTest::newRow("leggi") << int{ModoLeggi}
+                               << QList<QByteArray>{Risposta_Stato('1'), Risposta_Dati(TESTI_STRUMENTO),
+                                                    Frame_Risposta("ABC1000\x17"
+                                                                   "0\x17")}
+                               << qint16{156} << 6;
+        QTest::newRow("scrivi") << int{ModoScrivi}
+                                << QList<QByteArray>{Risposta_Stato('1'), Risposta_Scritto(),
+                                                     Risposta_Scritto()}
+                                << qint16{156} << 6;
+        QTest::newRow("default") << int{ModoDefault}
+                                 << QList<QByteArray>(3, Risposta_Stato('9')) // any valid frame will do
+                                 << qint16{156} << 6;
+        QTest::newRow("leggi, strumento occupato")
+            << int{ModoLeggi} << QList<QByteArray>{Risposta_Stato('4')} << qint16{154} << 7;
+        QTest::newRow("leggi, altri dati")
+            << int{ModoLeggi} << QList<QByteArray>{Risposta_Stato('1'), Risposta_Stato('1')} << qint16{155}
+            << 7;
+        QTest::newRow("scrivi, rifiutato")
+            << int{ModoScrivi} << QList<QByteArray>{Risposta_Stato('1'), Risposta_Scritto('x')} << qint16{154}
+            << 7;
+    }
+    void esitoPerModo()
+    {
+        QFETCH(int, modo);
+        QFETCH(QList<QByteArray>, risposte);
+        QFETCH(qint16, scritta);
+        QFETCH(int, codice);
+        gDatiStrumento = {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"), QStringLiteral("D"),
+                          QStringLiteral("E")};
+        Con_Copione(risposte);
+        Apri(static_cast<quint8>(modo));
+        Passa(TICK * risposte.size());
+        QCOMPARE(Scritta(), Testo_Mctc(scritta));
+        Passa(2000);
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {codice, 0}
+        }));
+    }
+
+    void testiLettiNellElenco()
+    {
+        Con_Copione({Risposta_Stato('1'), Risposta_Dati(TESTI_STRUMENTO), Risposta_Taratura(TESTI_TARATURA)});
+        Apri(ModoLeggi);
+        Passa(2 * TICK);
+        QCOMPARE(Righe_Dbg().join(u' '), QStringLiteral("QX5 Marca OM1 N1 31/12/2027 Rossi"));
+        QCOMPARE(gDatiStrumento[5], QStringLiteral("Rossi"));
+    }
+
+    void defaultSenzaScrittaFinoAllaPrimaRisposta()
+    {
+        Linee_Prepara([](LineaProva &linea) {
+            linea.Copione({Risposta_Scritto()});
+            linea.Ritardo = 900;
+        });
+        Apri(ModoDefault);
+        Passa(900);
+        QVERIFY(Scritta().isEmpty());
+        Passa(TICK);
+        QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
+    }
+
+    void strumentoMuto()
+    {
+        Apri();
+        Passa(24199);
+        QCOMPARE(Scritta(), Testo_Mctc(152));
+        Passa(1);
+        QCOMPARE(Scritta(), Testo_Mctc(153));
+        QCOMPARE(Linea_Corrente()->Usciti.size(), 12);
+        Passa(3999);
+        QVERIFY(form->Caricato());
+        Passa(1);
+        QVERIFY(!form->Caricato());
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {SessioneFallita, 0}
+        }));
+    }
+
+    /// The resends of the session before are not counted on: a new form starts afresh.
+    void secondaSessioneDaCapo()
+    {
+        Apri();
+        Passa(23000);
+        Linea_Corrente()->Arriva("\x02"
+                                 "AB");
+        Premi(*form, "cmd_0");
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {SessioneFallita, 0}
+        }));
+        Con_Copione({Risposta_Stato('4')});
+        Apri();
+        Passa(TICK);
+        QCOMPARE(Testo_Di(*form, "lblRx"),
+                 QString::fromLatin1(Risposta_Stato('4').toHex().toUpper())); // no half frame before it
+        Passa(24199);
+        QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
+        Passa(1);
+        QCOMPARE(Scritta(), Testo_Mctc(153));
+    }
+
+    void conDebugRestaAperta()
+    {
+        gDebug = Vero;
+        Con_Copione({Risposta_Stato('4'), MISURA});
+        Apri();
+        Passa(60000);
+        QVERIFY(form->Caricato());
+        QCOMPARE(Scritta(), Testo_Mctc(156));
+        QCOMPARE(Righe_Dbg().size(), 12);
+        QCOMPARE(Testo_Di(*form, "lblRx"), QString::fromLatin1(MISURA.toHex().toUpper()));
+        QVERIFY(notifiche->isEmpty());
+        Premi(*form, "cmd_0");
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {SessioneCompletata, 0}
+        }));
+    }
+
+    // --- what the operator sees ---------------------------------------------------------------------------
+
+    void lampadaDelCollegamento()
+    {
+        const QColor bianco(255, 255, 255), rosso(255, 0, 0), verde(0, 255, 0);
+        Apri();
+        QCOMPARE(Lampada(), bianco); // a frame goes out
+        Passa(TICK);
+        QCOMPARE(Lampada(), bianco);
+        Passa(TICK);
+        QCOMPARE(Lampada(), rosso);
+        Passa(TICK);
+        QCOMPARE(Lampada(), bianco);
+        Passa(TICK);
+        QCOMPARE(Lampada(), rosso);
+        Linea_Corrente()->Arriva(Frame_Risposta("ABCx"));
+        Passa(TICK);
+        QCOMPARE(Lampada(), verde); // and a complete reply has come in
+    }
+
+    void trafficoInEsadecimale()
+    {
+        Apri();
+        QCOMPARE(Testo_Di(*form, "lblTx"), QStringLiteral("02414243103603"));
+        QVERIFY(Testo_Di(*form, "lblRx").isEmpty());
+        Linea_Corrente()->Arriva("rumore\x02"); // noise, and a start byte that shows nothing yet
+        QVERIFY(Testo_Di(*form, "lblRx").isEmpty());
+        Linea_Corrente()->Arriva("A\xFF");
+        QCOMPARE(Testo_Di(*form, "lblRx"), QStringLiteral("0241FF"));
+        Linea_Corrente()->Arriva("\x03");
+        QCOMPARE(Testo_Di(*form, "lblRx"), QStringLiteral("0241FF03"));
+        Linea_Corrente()->Arriva("\x02"); // it stays until the next one begins to come in
+        QCOMPARE(Testo_Di(*form, "lblRx"), QStringLiteral("0241FF03"));
+        Linea_Corrente()->Arriva("B");
+        QCOMPARE(Testo_Di(*form, "lblRx"), QStringLiteral("0242"));
+    }
+
+    void carattereFisso()
+    {
+        Apri();
+        for (const char *nome : {"lblTx", "lblRx", "lstDbg"})
+            QCOMPARE(Widget_Di(*form, nome)->font().family(), QStringLiteral("Courier New"));
+    }
+
+    // --- the end by the operator --------------------------------------------------------------------------
+
+    void interruzione_data()
+    {
+        QTest::addColumn<QString>("modo");
+        for (const char *modo : {"pulsante", "escape", "invio", "finestra"})
+            QTest::newRow(modo) << QString::fromLatin1(modo);
+    }
+    /// The port is closed in the same event, and a frame that is still on its way is lost with it.
+    void interruzione()
+    {
+        QFETCH(QString, modo);
+        Linee_Prepara([](LineaProva &linea) {
+            linea.Rispondi = [](const QByteArray &) { return Risposta_Stato('4'); };
+            linea.Ritardo = 1000;
+        });
+        Apri();
+        Passa(500);
+        if (modo == u"pulsante")
+            Premi(*form, "cmd_0");
+        else if (modo == u"escape")
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        else if (modo == u"invio")
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        else
+            form->Finestra()->close();
+        QVERIFY(!form->Caricato());
+        QVERIFY(!Linea_Corrente()->PortOpen());
+        QVERIFY(!apertaAllaNotifica);
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {SessioneFallita, 0}
+        }));
+        Passa(10000);
+        QCOMPARE(Linea_Corrente()->Usciti.size(), 1);
+        QCOMPARE(notifiche->size(), 1);
+    }
+
+    void mezzoSecondoPerITasti_data()
+    {
+        QTest::addColumn<int>("tasto");
+        for (const int tasto : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space})
+            QTest::addRow("%x", tasto) << tasto;
+    }
+    /// A second Enter on the button that starts the session falls here.
+    void mezzoSecondoPerITasti()
+    {
+        QFETCH(int, tasto);
+        Apri();
+        const auto batti = [tasto] {
+            QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(tasto));
+        };
+        batti();
+        Passa(499);
+        batti();
+        QVERIFY(form->Caricato());
+        QVERIFY(Linea_Corrente()->PortOpen());
+        Passa(1);
+        batti();
+        QVERIFY(!form->Caricato());
+        QCOMPARE(notifiche->size(), 1);
+    }
+
+    void mouseEdEscapeSubito_data()
+    {
+        QTest::addColumn<bool>("mouse");
+        QTest::newRow("mouse") << true;
+        QTest::newRow("escape") << false;
+    }
+    void mouseEdEscapeSubito()
+    {
+        QFETCH(bool, mouse);
+        Apri();
+        if (mouse)
+            Premi(*form, "cmd_0");
+        else
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QVERIFY(!form->Caricato());
+    }
+
+    /// Broken off between the two frames of a write the session counts as done.
+    void interruzioneDopoLaPrimaScrittura()
+    {
+        gDatiStrumento = {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"), QStringLiteral("D"),
+                          QStringLiteral("E")};
+        Con_Copione({Risposta_Stato('1'), Risposta_Scritto()});
+        Apri(ModoScrivi);
+        Passa(2 * TICK);
+        Premi(*form, "cmd_0");
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {SessioneCompletata, 0}
+        }));
+    }
+
+    // --- modal --------------------------------------------------------------------------------------------
+
+    /// The parent goes on when the session has ended and its notification has been dealt with, forms and all.
+    void modaleFinoAllaFine()
+    {
+        Con_Copione({Risposta_Stato('4'), MISURA});
+        form = Nuovo<frmComm>();
+        QStringList ordine;
+        connect(form.get(), &frmComm::Notifica, this, [&] {
+            ordine.append(QStringLiteral("notifica"));
+            const auto altra = Nuovo<ModuloProva>();
+            altra->Mostra(Modulo::Modale);
+            ordine.append(QStringLiteral("altra chiusa"));
+        });
+        Regia regia;
+        regia.Quando("frmComm", [](Modulo &) { Passa(2 * TICK + 2000); })
+            .Quando("frmProva", [](Modulo &altra) { altra.Scarica(); });
+        form->Carica();
+        form->Mostra(Modulo::Modale);
+        ordine.append(QStringLiteral("dopo"));
+        QVERIFY(regia.Finita());
+        QCOMPARE(ordine, QStringList({QStringLiteral("notifica"), QStringLiteral("altra chiusa"),
+                                      QStringLiteral("dopo")}));
+        QVERIFY(Nomi_Caricati().isEmpty());
+    }
+
+    // --- a line in trouble --------------------------------------------------------------------------------
+
+    void boxDellaLinea()
+    {
+        Apri();
+        QString titolo, testo;
+        Regia regia;
+        regia.Quando([] { return Box_Aperto() != nullptr; },
+                     [&] {
+                         titolo = Box_Aperto()->windowTitle();
+                         testo = Box_Aperto()->text();
+                         // Time goes on behind the box: the session sends again.
+                         const auto prima = Linea_Corrente()->Usciti.size();
+                         Passa(3000);
+                         QVERIFY(Linea_Corrente()->Usciti.size() > prima);
+                         Box_Aperto()->accept();
+                     });
+        Linea_Corrente()->Evento(EventoRicezione); // an event without a byte behind it
+        QTRY_VERIFY(regia.Finita() && Box_Aperto() == nullptr);
+        QCOMPARE(titolo, QStringLiteral("Err Rs232"));
+        QCOMPARE(testo, QStringLiteral("Rec sts: 13\r\nSubscript out of range"));
+        QVERIFY(form->Caricato());
+    }
+
+    /// A frame that outgrows the buffer: one box for every byte too many, one after the other, and the batch
+    /// is taken whole first. Between two boxes the form stands free for a while.
+    void piuBoxUnoAllaVolta()
+    {
+        Apri();
+        GuardiaBox guardia;
+        Linea_Corrente()->Arriva(Frame_Troppo_Lungo(3));
+        QVERIFY(guardia.Quando.isEmpty()); // shown from the loop, not from the receive event
+        const qint64 inizio = Orologio_Banco().Passati();
+        for (int passo = 0; passo < 80; ++passo) {
+            QCoreApplication::processEvents();
+            Passa(100);
+        }
+        QCOMPARE(guardia.Testi,
+                 QStringList(3, QStringLiteral("Err Rs232|Auto sts: 1\r\nSubscript out of range")));
+        QCOMPARE(guardia.Quando, (QList<qint64>{inizio, inizio + PAUSA_FRA_BOX, inizio + 2 * PAUSA_FRA_BOX}));
+        QCOMPARE(guardia.Insieme, 3);
+    }
+
+    /// A line that never falls silent does not fill the memory: what comes beyond the boxes that wait is
+    /// dropped.
+    void alPiuTantiBoxQuantiByteInIngresso()
+    {
+        gDebug = Vero; // the form stays, whatever the exchange comes to
+        Apri();
+        GuardiaBox guardia;
+        Linea_Corrente()->Arriva(Frame_Troppo_Lungo(4096));
+        for (int passo = 0; passo < 1100; ++passo) {
+            QCoreApplication::processEvents();
+            Passa(PAUSA_FRA_BOX);
+        }
+        QCOMPARE(guardia.Testi.size(), 1024);
+    }
+
+    void viaDiUscitaDopoUnBox_data()
+    {
+        QTest::addColumn<bool>("escape");
+        QTest::newRow("pulsante") << false;
+        QTest::newRow("escape") << true;
+    }
+    /// However bad the line, one box has to be closed and no more to get out of the session.
+    void viaDiUscitaDopoUnBox()
+    {
+        QFETCH(bool, escape);
+        QRandomGenerator caso(20240315);
+        gDebug = Vero;
+        Apri();
+        GuardiaBox guardia([&caso] { Passa_Con_Rumore(60000, caso); });
+        Linea_Corrente()->Arriva(Frame_Troppo_Lungo(1));
+        QCoreApplication::processEvents();
+        QCOMPARE(guardia.Testi.size(), 1);
+
+        Passa_Con_Rumore(PAUSA_FRA_BOX - 100, caso);
+        QCoreApplication::processEvents();
+        QCOMPARE(guardia.Testi.size(), 1);
+        QVERIFY(Attiva(*form)); // the keyboard is the form's again
+        if (escape)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        else
+            Premi(*form, "cmd_0");
+        QVERIFY(!form->Caricato());
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+        Passa_Con_Rumore(60000, caso);
+        QCoreApplication::processEvents();
+        QCOMPARE(guardia.Testi.size(), 1);
+    }
+
+    /// A session that ends by itself takes its box along, and those that wait: nothing of it stands over what
+    /// its parent opens.
+    void boxFinisconoConLaSessione()
+    {
+        QRandomGenerator caso(1);
+        form = Nuovo<frmComm>();
+        notifiche = Ascolta(*form);
+        int box = 0;
+        bool liberaAllaNotifica = false;
+        connect(form.get(), &frmComm::Notifica, this, [&] { liberaAllaNotifica = Box_Aperto() == nullptr; });
+        GuardiaBox guardia([&] {
+            ++box;
+            Passa_Con_Rumore(60000, caso);
+            QVERIFY(Box_Aperto() == nullptr);
+        });
+        form->Carica();
+        Linea_Corrente()->Arriva(Frame_Troppo_Lungo(50));
+        form->Mostra(Modulo::Modale);
+        QVERIFY(!form->Caricato());
+        QVERIFY(liberaAllaNotifica);
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {SessioneFallita, 0}
+        }));
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+        Passa(60000);
+        QCoreApplication::processEvents();
+        QCOMPARE(box, 1);
+    }
+
+    // --- the prepared entries
+    // -------------------------------------------------------------------------------
+
+    void secondaViaAiDefault()
+    {
+        Apri(ModoDefault);
+        const auto prima = Linea_Corrente()->Usciti.size();
+        QVERIFY(!form->Imposta_Default().isValid());
+        QCOMPARE(Linea_Corrente()->Usciti.size(), prima + 1);
+        QCOMPARE(Linea_Corrente()->Usciti.last().Byte, Linea_Corrente()->Usciti.first().Byte);
+    }
+
+    void passwordRichiesta_data()
+    {
+        QTest::addColumn<QString>("scritta");
+        QTest::addColumn<int>("esito");
+        QTest::newRow("giusta") << QStringLiteral("abc") << int{PwdGiusta};
+        QTest::newRow("errata") << QStringLiteral("abd") << int{PwdErrata};
+        QTest::newRow("nessuna") << QString() << int{PwdNonInserita};
+    }
+    void passwordRichiesta()
+    {
+        QFETCH(QString, scritta);
+        QFETCH(int, esito);
+        form = Nuovo<frmComm>();
+        form->PwdEsito = 9;
+        Regia regia;
+        regia.Quando("dlgPwd", [scritta](Modulo &dialogo) {
+            QCOMPARE(dialogo.Caption(), Testo_Mctc(20));
+            QVERIFY(Testo_Di(dialogo, "txtPwd").isEmpty());
+            QTest::keyClicks(Widget_Di<QLineEdit>(dialogo, "txtPwd"), scritta);
+            Passa(4000);
+        });
+        form->Chiedi_Pwd(QStringLiteral("abc"));
+        QVERIFY(regia.Finita());
+        QCOMPARE(int{form->PwdEsito}, esito);
+    }
 };
 
-int main(int argc, char **argv) {
-  Applicazione applicazione(
-      argc,
-      argv); // no watch over boxes: those of the line are the test's business
-  tst_frmComm prova;
-  return QTest::qExec(&prova, argc, argv);
+int main(int argc, char **argv)
+{
+    Applicazione applicazione(argc, argv); // no watch over boxes: those of the line are the test's business
+    tst_frmComm prova;
+    return QTest::qExec(&prova, argc, argv);
 }
 #include "tst_frmComm.moc"
