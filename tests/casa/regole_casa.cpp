@@ -413,3 +413,23 @@ QStringList Letterali_Vietati(const Sorgenti &sorgenti, const QStringList &parol
     falli.removeDuplicates();
     return falli;
 }
+
+QStringList Numeri_Nudi(const Sorgenti &sorgenti)
+{
+    // Nothing is 0 but the row where a loop begins, and a code before there is one.
+    static const QRegularExpression NUDO(
+        QStringLiteral("\\bg(?:Campi|ErroriCampi|Rep|Risultato)\\w*\\[\\s*\\d+|"
+                       "\\bREGOLE_ACC\\[\\s*\\d+|"
+                       "\\bCampo(?:_Acc)?\\(\\s*\\d+|"
+                       "\\b[rR]iga\\s*[=!<>]=?\\s*[1-9]\\d*|"
+                       "\\b(?:codice|gTipoProva|\\w*[eE]sito)\\s*[=!<>]=?\\s*[1-9]\\d*|"
+                       "\\bcase\\s+\\d+"));
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        if (Piano_Di(sorgente.key()) == std::ssize(CARTELLE))
+            continue;
+        for (auto trovati = NUDO.globalMatch(Spoglia(sorgente.value(), false)); trovati.hasNext();)
+            falli.append(sorgente.key() + QStringLiteral(": ") + trovati.next().captured());
+    }
+    return falli;
+}

@@ -52,3 +52,7 @@ QStringList Nomi_NonUsati(const Sorgenti &sorgenti, const QStringList &nomi);
 /// Texts in quotes of the program and of the technician's tools that are one of some words, whatever the
 /// case.
 QStringList Letterali_Vietati(const Sorgenti &sorgenti, const QStringList &parole);
+
+/// Numbers in the house where a row or a code has an enumerator: an element of a table of rows, a row
+/// compared, a code (gTipoProva, Notifica, a result) set, compared or switched on.
+QStringList Numeri_Nudi(const Sorgenti &sorgenti);
