@@ -23,6 +23,14 @@ QStringList Anelli(const Sorgenti &sorgenti);
 /// @param finestre names of the toolkit's headers that need a display, e.g. QWidget.
 QStringList Finestre_NeiModuli(const Sorgenti &sorgenti, const QSet<QString> &finestre);
 
+/// What a form says in Qt: headers, classes, constants. A form has its handlers, its signal and the types of
+/// text, list and value; all else of Qt is the toolkit's.
+QStringList Qt_NeiForm(const Sorgenti &sorgenti);
+
+/// Places where events may run in the middle of a procedure otherwise than by Eventi_Esegui, a modal show or
+/// a box of the system.
+QStringList Eventi_FuoriPosto(const Sorgenti &sorgenti);
+
 /// Conditions on the operating system outside platform/ and the bodies of the serial control.
 QStringList Sistemi_FuoriPosto(const Sorgenti &sorgenti);
 

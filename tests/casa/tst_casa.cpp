@@ -163,6 +163,41 @@ private Q_SLOTS:
         Senza_Falli(Finestre_NeiModuli(m_casa, finestre));
     }
 
+    void qtNeiFormSiVede()
+    {
+        const Alberello albero{
+            {"setup/frmA.cpp",  "#include <QKeyEvent>\na(Qt::AlignLeft); // QWidget\nb(\"QWidget\");\n"},
+            {"dialogs/dlgB.h",  "#include <QtWidgets>\nbool f(QObject *, QEvent *);\n"                 },
+            {"core/frmC.h",     "#include <QTimer>\n"                                                  },
+            {"setup/frmD.cpp",  "#include <QString>\nQ_EMIT Notifica(codice, QVariant());\n"           },
+            {"core/modCtl.cpp", "#include <QTimer>\n"                                                  },
+            {"tests/frmE.cpp",  "#include <QTimer>\n"                                                  },
+        };
+        QCOMPARE(Qt_NeiForm(albero.Leggi()), (QStringList{QStringLiteral("core/frmC.h: QTimer"),
+                                                          QStringLiteral("dialogs/dlgB.h: QtWidgets"),
+                                                          QStringLiteral("dialogs/dlgB.h: QEvent"),
+                                                          QStringLiteral("setup/frmA.cpp: QKeyEvent"),
+                                                          QStringLiteral("setup/frmA.cpp: Qt::AlignLeft")}));
+    }
+    void nessunaParolaDiQtNeiForm() { Senza_Falli(Qt_NeiForm(m_casa)); }
+
+    void eventiFuoriPostoSiVedono()
+    {
+        const Alberello albero{
+            {"core/a.cpp",          "QCoreApplication::processEvents();\n"     },
+            {"link/b.cpp",          "QEventLoop ciclo; ciclo.exec ();\n"       },
+            {"app/c.cpp",           "a->sendPostedEvents(); // processEvents\n"},
+            {"mctc/d.cpp",          "Eventi_Esegui(); execve(); exec;\n"       },
+            {"platform/eventi.cpp", "QCoreApplication::processEvents();\n"     },
+            {"tests/e.cpp",         "QCoreApplication::processEvents();\n"     },
+        };
+        QCOMPARE(Eventi_FuoriPosto(albero.Leggi()),
+                 (QStringList{QStringLiteral("app/c.cpp: sendPostedEvents"),
+                              QStringLiteral("core/a.cpp: processEvents"),
+                              QStringLiteral("link/b.cpp: QEventLoop"), QStringLiteral("link/b.cpp: exec")}));
+    }
+    void nessunEventoFuoriPosto() { Senza_Falli(Eventi_FuoriPosto(m_casa)); }
+
     void sistemiFuoriPostoSiVedono_data()
     {
         QTest::addColumn<QByteArray>("testo");
