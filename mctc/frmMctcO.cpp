@@ -9,7 +9,6 @@
 #include "dialogs/frmMsg.h"
 #include "mctc/campi_acc.h"
 #include "mctc/controllo_valori.h"
-#include "mctc/modMctc.h"
 #include "platform/colori.h"
 #include "platform/errore_esecuzione.h"
 #include "report/frmMctc2.h"

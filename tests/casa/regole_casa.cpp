@@ -479,7 +479,7 @@ QStringList Numeri_Nudi(const Sorgenti &sorgenti)
                        "\\bcase\\s+\\d+"));
     QStringList falli;
     for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
-        if (Piano_Di(sorgente.key()) == std::ssize(CARTELLE))
+        if (!Della_Casa(sorgente.key()))
             continue;
         for (auto trovati = NUDO.globalMatch(Spoglia(sorgente.value(), false)); trovati.hasNext();)
             falli.append(sorgente.key() + QStringLiteral(": ") + trovati.next().captured());

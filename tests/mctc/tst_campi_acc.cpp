@@ -15,7 +15,7 @@ private Q_SLOTS:
     void impostaSoloIMembriFissi()
     {
         const ProvaAcc prova;
-        const CampoForm &cap = gCampiAcc[13];
+        const CampoForm &cap = gCampiAcc[AccCAP];
         QCOMPARE(cap.Section, QStringLiteral("Prenotazione"));
         QCOMPARE(cap.Key, QStringLiteral("CAP"));
         QCOMPARE(cap.LabelId, MctcNessuno);
@@ -40,8 +40,8 @@ private Q_SLOTS:
         const ProvaAcc prova;
         const QString percorso = prova.Scrivi(prova.Con("Prenotazione", "CAP", "47122"));
         Record_Apri(percorso);
-        QCOMPARE(gCampiAcc[13].Value, QStringLiteral("47122"));
-        QCOMPARE(gCampiAcc[46].Value, QStringLiteral("AB123CD"));
+        QCOMPARE(gCampiAcc[AccCAP].Value, QStringLiteral("47122"));
+        QCOMPARE(gCampiAcc[AccTarga].Value, QStringLiteral("AB123CD"));
         for (const CampoForm &campo : gCampiAcc)
             QCOMPARE(campo.File, percorso);
     }
@@ -59,8 +59,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, fine);
         const ProvaAcc prova;
         Record_Apri(prova.Scrivi(prova.Con("Prenotazione", "CAP", "47122").replace("\r\n", fine)));
-        QCOMPARE(gCampiAcc[13].Value, QStringLiteral("47122"));
-        QCOMPARE(gCampiAcc[46].Value, QStringLiteral("AB123CD"));
+        QCOMPARE(gCampiAcc[AccCAP].Value, QStringLiteral("47122"));
+        QCOMPARE(gCampiAcc[AccTarga].Value, QStringLiteral("AB123CD"));
     }
 
     void assegnareUnFileNonLegge()
@@ -68,8 +68,8 @@ private Q_SLOTS:
         const ProvaAcc prova;
         const QString percorso = prova.Scrivi(prova.Buono());
         Acc_AssegnaFile(percorso);
-        QCOMPARE(gCampiAcc[48].File, percorso);
-        QVERIFY(gCampiAcc[48].Value.isEmpty());
+        QCOMPARE(gCampiAcc[AccData].File, percorso);
+        QVERIFY(gCampiAcc[AccData].Value.isEmpty());
     }
 
     /// No value is upper-cased or converted on its way in.
@@ -77,7 +77,7 @@ private Q_SLOTS:
     {
         const ProvaAcc prova;
         Record_Apri(prova.Scrivi(prova.Con("DatiLibrettoVeicolo", "PotMaxkW", "085.0x")));
-        QCOMPARE(gCampiAcc[36].Value, QStringLiteral("085.0x"));
+        QCOMPARE(gCampiAcc[AccPotMaxkW].Value, QStringLiteral("085.0x"));
     }
 
     void chiaveMancanteEVuotaSiLeggonoUguali()
@@ -86,16 +86,16 @@ private Q_SLOTS:
         Record_Apri(prova.Scrivi(prova.Buono()));
         Record_Apri(
             prova.Scrivi(prova.Al_Posto("Prenotazione", "Nome=", ""), QStringLiteral("00000001.acc")));
-        QVERIFY(gCampiAcc[7].Value.isEmpty());
+        QVERIFY(gCampiAcc[AccNome].Value.isEmpty());
         Record_Apri(prova.Scrivi(prova.Con("Prenotazione", "Nome", ""), QStringLiteral("00000002.acc")));
-        QVERIFY(gCampiAcc[7].Value.isEmpty());
+        QVERIFY(gCampiAcc[AccNome].Value.isEmpty());
     }
 
     void chiaveDoppiaDaLaPrima()
     {
         const ProvaAcc prova;
         Record_Apri(prova.Scrivi(prova.Al_Posto("Prenotazione", "Nome=", "Nome=UNO\r\nNome=DUE\r\n")));
-        QCOMPARE(gCampiAcc[7].Value, QStringLiteral("UNO"));
+        QCOMPARE(gCampiAcc[AccNome].Value, QStringLiteral("UNO"));
     }
 
     void fileCheNonCeDaValoriVuoti()
@@ -129,8 +129,8 @@ private Q_SLOTS:
         const ProvaAcc prova;
         const QString percorso = prova.Scrivi(prova.Con("DatiLibrettoVeicolo", "Targa", "ZZ999ZZ"));
         QCOMPARE(Targa_Leggi(percorso), QStringLiteral("ZZ999ZZ"));
-        QVERIFY(gCampiAcc[46].Value.isEmpty());
-        QVERIFY(gCampiAcc[46].File.isEmpty());
+        QVERIFY(gCampiAcc[AccTarga].Value.isEmpty());
+        QVERIFY(gCampiAcc[AccTarga].File.isEmpty());
     }
 
     void targaVuotaSenzaLibretto()

@@ -177,11 +177,11 @@ private Q_SLOTS:
         Record_Apri(m_prova.Scrivi(m_prova.Con("Prenotazione", "CAP", "1")));
         QStringList righe;
         QCOMPARE(Dati_Controlla(righe), qint16{1});
-        gCampiAcc[13].ValueKind = ValoreNessuno;
+        gCampiAcc[AccCAP].ValueKind = ValoreNessuno;
         QCOMPARE(Dati_Controlla(righe), qint16{0});
         QCOMPARE(gErroriCampiAcc[AccCAP], ValoreBuono);
         QVERIFY(righe.isEmpty());
-        gCampiAcc[13].ValueKind = ValoreTesto;
+        gCampiAcc[AccCAP].ValueKind = ValoreTesto;
     }
 
     void leRigheSonoInOrdineESiRifanno()
