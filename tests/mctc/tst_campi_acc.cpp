@@ -39,7 +39,7 @@ private Q_SLOTS:
     {
         const ProvaAcc prova;
         const QString percorso = prova.Scrivi(prova.Con("Prenotazione", "CAP", "47122"));
-        Acc_Apri(percorso);
+        Record_Apri(percorso);
         QCOMPARE(gCampiAcc[13].Value, QStringLiteral("47122"));
         QCOMPARE(gCampiAcc[46].Value, QStringLiteral("AB123CD"));
         for (const CampoForm &campo : gCampiAcc)
@@ -58,7 +58,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, fine);
         const ProvaAcc prova;
-        Acc_Apri(prova.Scrivi(prova.Con("Prenotazione", "CAP", "47122").replace("\r\n", fine)));
+        Record_Apri(prova.Scrivi(prova.Con("Prenotazione", "CAP", "47122").replace("\r\n", fine)));
         QCOMPARE(gCampiAcc[13].Value, QStringLiteral("47122"));
         QCOMPARE(gCampiAcc[46].Value, QStringLiteral("AB123CD"));
     }
@@ -76,32 +76,33 @@ private Q_SLOTS:
     void ilValoreRestaComeScritto()
     {
         const ProvaAcc prova;
-        Acc_Apri(prova.Scrivi(prova.Con("DatiLibrettoVeicolo", "PotMaxkW", "085.0x")));
+        Record_Apri(prova.Scrivi(prova.Con("DatiLibrettoVeicolo", "PotMaxkW", "085.0x")));
         QCOMPARE(gCampiAcc[36].Value, QStringLiteral("085.0x"));
     }
 
     void chiaveMancanteEVuotaSiLeggonoUguali()
     {
         const ProvaAcc prova;
-        Acc_Apri(prova.Scrivi(prova.Buono()));
-        Acc_Apri(prova.Scrivi(prova.Al_Posto("Prenotazione", "Nome=", ""), QStringLiteral("00000001.acc")));
+        Record_Apri(prova.Scrivi(prova.Buono()));
+        Record_Apri(
+            prova.Scrivi(prova.Al_Posto("Prenotazione", "Nome=", ""), QStringLiteral("00000001.acc")));
         QVERIFY(gCampiAcc[7].Value.isEmpty());
-        Acc_Apri(prova.Scrivi(prova.Con("Prenotazione", "Nome", ""), QStringLiteral("00000002.acc")));
+        Record_Apri(prova.Scrivi(prova.Con("Prenotazione", "Nome", ""), QStringLiteral("00000002.acc")));
         QVERIFY(gCampiAcc[7].Value.isEmpty());
     }
 
     void chiaveDoppiaDaLaPrima()
     {
         const ProvaAcc prova;
-        Acc_Apri(prova.Scrivi(prova.Al_Posto("Prenotazione", "Nome=", "Nome=UNO\r\nNome=DUE\r\n")));
+        Record_Apri(prova.Scrivi(prova.Al_Posto("Prenotazione", "Nome=", "Nome=UNO\r\nNome=DUE\r\n")));
         QCOMPARE(gCampiAcc[7].Value, QStringLiteral("UNO"));
     }
 
     void fileCheNonCeDaValoriVuoti()
     {
         const ProvaAcc prova;
-        Acc_Apri(prova.Scrivi(prova.Buono()));
-        Acc_Apri(prova.Stazione.Percorso(QStringLiteral("DIR_FAR\\99999999.acc")));
+        Record_Apri(prova.Scrivi(prova.Buono()));
+        Record_Apri(prova.Stazione.Percorso(QStringLiteral("DIR_FAR\\99999999.acc")));
         for (const CampoForm &campo : gCampiAcc)
             QVERIFY(campo.Value.isEmpty());
     }
