@@ -1,0 +1,113 @@
+// What was found, judged and put into words. It opens nothing and asks no clock.
+#include "app/stato_stazione.h"
+
+#include "app/versione.h"
+#include "core/modGeneral.h"
+
+namespace {
+
+constexpr int GIORNI_AVVISO = 30;
+
+constexpr qint16 TESTO_LISTA_SPENTA = 205;
+constexpr qint16 TESTO_CARTELLA_VUOTA = 206;
+constexpr qint16 TESTO_CARTELLA_ATTESA = 207;
+constexpr qint16 TESTO_CARTELLA_MANCANTE = 208;
+constexpr qint16 TESTO_CARTELLA_ILLEGGIBILE = 209;
+constexpr qint16 TESTO_PORTA_PRESENTE = 210;
+constexpr qint16 TESTO_PORTA_ASSENTE = 211;
+constexpr qint16 TESTO_PORTA_SENZA_NUMERO = 212;
+constexpr qint16 TESTO_VERIFICA_VALIDA = 213;
+constexpr qint16 TESTO_VERIFICA_IN_SCADENZA = 214;
+constexpr qint16 TESTO_VERIFICA_SCADUTA = 215;
+constexpr qint16 TESTO_VERIFICA_SENZA_DATA = 216;
+constexpr qint16 TESTO_VERIFICA_ILLEGGIBILE = 217;
+
+/// A text with its one blank filled; a file without the text leaves the line empty.
+QString Testo_Con(qint16 id, const QString &valore)
+{
+    const QString testo = Testo_Mctc(id);
+    return testo.contains(u"%1") ? testo.arg(valore) : testo;
+}
+
+RigaStato Riga_Cartella(const Rilievo &rilievo)
+{
+    if (!rilievo.Lista)
+        return {Testo_Mctc(TESTO_LISTA_SPENTA), false};
+    if (!rilievo.Cartella)
+        return {QString(), false};
+    switch (rilievo.Cartella->Stato) {
+    case StatoCartella::Mancante:
+        return {Testo_Mctc(TESTO_CARTELLA_MANCANTE), true};
+    case StatoCartella::Illeggibile:
+        return {Testo_Mctc(TESTO_CARTELLA_ILLEGGIBILE), true};
+    case StatoCartella::Vuota:
+        return {Testo_Mctc(TESTO_CARTELLA_VUOTA), false};
+    case StatoCartella::ConAccettazioni:
+        break;
+    }
+    return {Testo_Con(TESTO_CARTELLA_ATTESA, QString::number(rilievo.Cartella->InAttesa)), false};
+}
+
+RigaStato Riga_Porta(const Rilievo &rilievo)
+{
+    if (rilievo.Porta <= 0)
+        return {Testo_Mctc(TESTO_PORTA_SENZA_NUMERO), true};
+    const QString nome = QStringLiteral("COM%1").arg(rilievo.Porta);
+    return {Testo_Con(rilievo.PortaPresente ? TESTO_PORTA_PRESENTE : TESTO_PORTA_ASSENTE, nome),
+            !rilievo.PortaPresente};
+}
+
+RigaStato Riga_Verifica(const Rilievo &rilievo)
+{
+    const Verifica verifica = Verifica_Di(rilievo.Scadenza, rilievo.Oggi);
+    switch (verifica.Stato) {
+    case StatoVerifica::Valida:
+        return {Testo_Con(TESTO_VERIFICA_VALIDA, rilievo.Scadenza), false};
+    case StatoVerifica::InScadenza:
+        return {Testo_Con(TESTO_VERIFICA_IN_SCADENZA, rilievo.Scadenza), true};
+    case StatoVerifica::Scaduta:
+        return {Testo_Con(TESTO_VERIFICA_SCADUTA, rilievo.Scadenza), true};
+    case StatoVerifica::SenzaData:
+        return {Testo_Mctc(TESTO_VERIFICA_SENZA_DATA), true};
+    case StatoVerifica::Illeggibile:
+        break;
+    }
+    return {Testo_Con(TESTO_VERIFICA_ILLEGGIBILE, rilievo.Scadenza), true};
+}
+
+/// A whole number cut out of a date; 0, which no date has, when it is not all digits.
+int Pezzo(const QString &testo, int da, int quanti)
+{
+    int valore = 0;
+    for (const QChar cifra : QStringView(testo).mid(da, quanti)) {
+        if (cifra < u'0' || cifra > u'9')
+            return 0;
+        valore = valore * 10 + cifra.digitValue();
+    }
+    return valore;
+}
+
+} // namespace
+
+Verifica Verifica_Di(const QString &scadenza, const QDate &oggi)
+{
+    constexpr qsizetype LUNGA = 10; // dd/mm/yyyy
+    if (scadenza.isEmpty())
+        return {StatoVerifica::SenzaData, {}};
+    const QDate fine(Pezzo(scadenza, 6, 4), Pezzo(scadenza, 3, 2), Pezzo(scadenza, 0, 2));
+    if (scadenza.size() != LUNGA || !fine.isValid())
+        return {StatoVerifica::Illeggibile, {}};
+    if (fine < oggi)
+        return {StatoVerifica::Scaduta, fine};
+    return {oggi.daysTo(fine) <= GIORNI_AVVISO ? StatoVerifica::InScadenza : StatoVerifica::Valida, fine};
+}
+
+QList<RigaStato> Stato_Righe(const Rilievo &rilievo)
+{
+    return {
+        {QStringLiteral("lumira ") + Versione_Programma(), false},
+        Riga_Cartella(rilievo),
+        Riga_Porta(rilievo),
+        Riga_Verifica(rilievo)
+    };
+}
