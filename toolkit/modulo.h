@@ -44,6 +44,8 @@ public:
     /// Brings a form that shows to the front and gives it the keyboard; harmless on one that is not loaded.
     void PortaAvanti();
     bool Caricato() const { return m_finestra != nullptr; }
+    /// True while the form shows and has the keyboard.
+    bool Attivo() const;
     /// Asks for a new painting.
     void Aggiorna();
 
