@@ -54,6 +54,9 @@ enum VoceMenu : qint16
 constexpr qint16 VOCI_SPENTE[] = {0, 3};
 
 constexpr qint16 TESTO_CARTELLA_IMMAGINI = 4; // of lingue.ini
+constexpr qint16 TESTO_CARTELLA_VUOTA = 225;
+constexpr qint16 TESTO_SENZA_CARTELLA = 226;
+constexpr qint16 TESTO_CARTELLA_ILLEGGIBILE = 227;
 
 // The state of the station. A network folder may answer slowly, and the one thread waits for it: the longer
 // the last look took, the longer until the next.
@@ -67,7 +70,7 @@ constexpr qint64 MINUTO = 60000;
 // lower edge of the picture.
 constexpr qint32 STATO_MARGINE_X = 120;
 constexpr qint32 STATO_MARGINE_Y = 25;
-constexpr double STATO_PUNTI = 1.1; // times the normal size
+constexpr double STATO_PUNTI = 1.15; // times the normal size
 constexpr qint32 AVVISO_X = 400;
 constexpr qint32 AVVISO_SOTTO = 250;
 constexpr qint32 AVVISO_ALTO = 1900;
@@ -75,6 +78,21 @@ constexpr double AVVISO_PUNTI = 2.3;
 
 /// Logo of a further customer variant, with a password of its own: a hook, no code assigns it today.
 constexpr const char16_t *LOGO_NORVO = u"norvo_logo.gif";
+
+/// Why the worklist does not open although it is in use.
+QString Motivo_SenzaLista()
+{
+    switch (Cartella_Guarda(gDirAcc).Stato) {
+    case StatoCartella::Mancante:
+        return Testo_Mctc(TESTO_SENZA_CARTELLA);
+    case StatoCartella::Illeggibile:
+        return Testo_Mctc(TESTO_CARTELLA_ILLEGGIBILE);
+    case StatoCartella::Vuota:
+    case StatoCartella::ConAccettazioni: // the first came while the folder was looked at
+        break;
+    }
+    return Testo_Mctc(TESTO_CARTELLA_VUOTA);
+}
 
 /// Brings the open form of a kind to the front, whoever opened it; false when there is none. The forms of a
 /// kind share one table of rows: a second one would clear what stands typed in the first.
@@ -302,19 +320,19 @@ void frmMain::cmdMnu_Click(qint16 Index)
     }
 }
 
-/// A new form in its reference, heard from now on, and shown.
+/// A new form in its reference, heard from now on.
 template <typename Form, typename Gestore>
-void frmMain::Apri_Nuovo(std::shared_ptr<Form> &riferimento, Gestore gestore)
+Form &frmMain::Nuovo_Sentito(std::shared_ptr<Form> &riferimento, Gestore gestore)
 {
     riferimento = Nuovo<Form>();
     connect(riferimento.get(), &Form::Notifica, this, gestore);
-    riferimento->Mostra();
+    return *riferimento;
 }
 
 void frmMain::Apri_Setup()
 {
     if (!Riporta_Avanti<frmSetupO>())
-        Apri_Nuovo(formSetup, &frmMain::formSetup_Notifica);
+        Nuovo_Sentito(formSetup, &frmMain::formSetup_Notifica).Mostra();
 }
 
 void frmMain::Apri_Verifica()
@@ -364,7 +382,7 @@ void frmMain::Inizia_Prova()
     if (lista)
         Apri_Lista();
     else
-        Apri_Veicolo();
+        Apri_Veicolo(gIniFile ? Motivo_SenzaLista() : QString());
 }
 
 bool frmMain::Accettazioni_Presenti() const
@@ -375,15 +393,17 @@ bool frmMain::Accettazioni_Presenti() const
            Fs_Elenco(gDirAcc, QStringLiteral("*.acc"), nomi, Falso, Vero) > -1;
 }
 
-void frmMain::Apri_Veicolo()
+void frmMain::Apri_Veicolo(const QString &motivo)
 {
     gFileAcc.clear(); // of a vehicle tested before: this test has no file to answer to
-    Apri_Nuovo(formMctc2, &frmMain::formMctc2_Notifica);
+    frmMctc2 &veicolo = Nuovo_Sentito(formMctc2, &frmMain::formMctc2_Notifica);
+    veicolo.Motivo = motivo;
+    veicolo.Mostra();
 }
 
 void frmMain::Apri_Lista()
 {
-    Apri_Nuovo(formMctcO, &frmMain::formMctcO_Notifica);
+    Nuovo_Sentito(formMctcO, &frmMain::formMctcO_Notifica).Mostra();
 }
 
 void frmMain::Avvia_Prova(qint16)

@@ -43,7 +43,7 @@ private:
     void tmrStato_Timer();
     void cmdMnu_Click(qint16 Index);
     template <typename Form, typename Gestore>
-    void Apri_Nuovo(std::shared_ptr<Form> &riferimento, Gestore gestore);
+    Form &Nuovo_Sentito(std::shared_ptr<Form> &riferimento, Gestore gestore);
     void Apri_Setup();
     void Apri_Verifica();
     void Apri_Anagrafica();
@@ -51,7 +51,7 @@ private:
     void Chiedi_Password(const QString &password);
     void Inizia_Prova();
     bool Accettazioni_Presenti() const;
-    void Apri_Veicolo();
+    void Apri_Veicolo(const QString &motivo);
     void Apri_Lista();
     void Avvia_Prova(qint16 valore);
 

@@ -3,6 +3,7 @@
 
 #include "app/versione.h"
 #include "core/modGeneral.h"
+#include "core/testo_riempito.h"
 
 namespace {
 
@@ -22,13 +23,6 @@ constexpr qint16 TESTO_VERIFICA_SCADUTA = 215;
 constexpr qint16 TESTO_VERIFICA_SENZA_DATA = 216;
 constexpr qint16 TESTO_VERIFICA_ILLEGGIBILE = 217;
 
-/// A text with its one blank filled; a file without the text leaves the line empty.
-QString Testo_Con(qint16 id, const QString &valore)
-{
-    const QString testo = Testo_Mctc(id);
-    return testo.contains(u"%1") ? testo.arg(valore) : testo;
-}
-
 RigaStato Riga_Cartella(const Rilievo &rilievo)
 {
     if (!rilievo.Lista)
@@ -45,7 +39,8 @@ RigaStato Riga_Cartella(const Rilievo &rilievo)
     case StatoCartella::ConAccettazioni:
         break;
     }
-    return {Testo_Con(TESTO_CARTELLA_ATTESA, QString::number(rilievo.Cartella->InAttesa)), false};
+    return {Testo_Riempito(Testo_Mctc(TESTO_CARTELLA_ATTESA), QString::number(rilievo.Cartella->InAttesa)),
+            false};
 }
 
 RigaStato Riga_Porta(const Rilievo &rilievo)
@@ -53,8 +48,8 @@ RigaStato Riga_Porta(const Rilievo &rilievo)
     if (rilievo.Porta <= 0)
         return {Testo_Mctc(TESTO_PORTA_SENZA_NUMERO), true};
     const QString nome = QStringLiteral("COM%1").arg(rilievo.Porta);
-    return {Testo_Con(rilievo.PortaPresente ? TESTO_PORTA_PRESENTE : TESTO_PORTA_ASSENTE, nome),
-            !rilievo.PortaPresente};
+    const QString testo = Testo_Mctc(rilievo.PortaPresente ? TESTO_PORTA_PRESENTE : TESTO_PORTA_ASSENTE);
+    return {Testo_Riempito(testo, nome), !rilievo.PortaPresente};
 }
 
 RigaStato Riga_Verifica(const Rilievo &rilievo)
@@ -62,17 +57,17 @@ RigaStato Riga_Verifica(const Rilievo &rilievo)
     const Verifica verifica = Verifica_Di(rilievo.Scadenza, rilievo.Oggi);
     switch (verifica.Stato) {
     case StatoVerifica::Valida:
-        return {Testo_Con(TESTO_VERIFICA_VALIDA, rilievo.Scadenza), false};
+        return {Testo_Riempito(Testo_Mctc(TESTO_VERIFICA_VALIDA), rilievo.Scadenza), false};
     case StatoVerifica::InScadenza:
-        return {Testo_Con(TESTO_VERIFICA_IN_SCADENZA, rilievo.Scadenza), true};
+        return {Testo_Riempito(Testo_Mctc(TESTO_VERIFICA_IN_SCADENZA), rilievo.Scadenza), true};
     case StatoVerifica::Scaduta:
-        return {Testo_Con(TESTO_VERIFICA_SCADUTA, rilievo.Scadenza), true};
+        return {Testo_Riempito(Testo_Mctc(TESTO_VERIFICA_SCADUTA), rilievo.Scadenza), true};
     case StatoVerifica::SenzaData:
         return {Testo_Mctc(TESTO_VERIFICA_SENZA_DATA), true};
     case StatoVerifica::Illeggibile:
         break;
     }
-    return {Testo_Con(TESTO_VERIFICA_ILLEGGIBILE, rilievo.Scadenza), true};
+    return {Testo_Riempito(Testo_Mctc(TESTO_VERIFICA_ILLEGGIBILE), rilievo.Scadenza), true};
 }
 
 /// A whole number cut out of a date; 0, which no date has, when it is not all digits.

@@ -39,6 +39,8 @@ QSet<QString> Fatti_Tra(const QStringList &nomi)
 
 CartellaScambio Cartella_Guarda(const QString &cartella)
 {
+    if (!Fs_CartellaAmmessa(cartella))
+        return {StatoCartella::Illeggibile, 0}; // too deep for its files
     bool elencata = false;
     QStringList nomi = Nomi_Di(cartella + u'*', elencata);
     if (!elencata) {

@@ -12,7 +12,7 @@ enum class StatoCartella
     ConAccettazioni,
     Vuota,      ///< no acceptance file in it
     Mancante,   ///< not there, or out of reach
-    Illeggibile ///< there, but it cannot be listed
+    Illeggibile ///< there, but it cannot be listed, or lies too deep for its files
 };
 
 struct CartellaScambio

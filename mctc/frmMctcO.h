@@ -6,9 +6,11 @@
 #include "platform/temporizzatore.h"
 #include "toolkit/modulo.h"
 
+#include <QSet>
 #include <QVariant>
 
 class frmMctc2;
+class RicercaElenco;
 
 class frmMctcO : public Modulo
 {
@@ -31,11 +33,23 @@ protected:
 
 private:
     void Disponi();
+    void Disponi_Scritte();
     void Campi_Imposta();
     void Lista_Aggiorna();
     void tmrLst_Timer();
     void Esamina_Cartella();
     void lstAuto_Click();
+    void Scegli_DaProgramma(qint32 riga);
+    void Segna_Fatti();
+    void tmrFatti_Timer();
+    void Cerca();
+    bool Cerca_Altra(bool avanti);
+    bool Scegli_Trovata(qint32 trovata);
+    QList<VoceLista> Voci_InLista() const;
+    void Mostra_Ricerca();
+    void Mostra_Targa();
+    void Mostra_Avviso(qint16 testo);
+    void Togli_Avviso();
     void Dipingi_Errori();
     void Conferma();
     void formMctc2b_Notifica(qint16 &codice, QVariant &valore);
@@ -47,6 +61,14 @@ private:
     QString mUltimoConteggio;
     std::unique_ptr<ElencoVoci> lstAuto;
     ArrayControlli<Etichetta> lblDes;
+    std::unique_ptr<Etichetta> lblCerca;  // what is typed to find a plate
+    std::unique_ptr<Etichetta> lblAttesa; // how many vehicles wait
+    std::unique_ptr<Etichetta> lblTarga;  // of the line chosen, to be read from the car
+    std::unique_ptr<Etichetta> lblAvviso; // that line is another vehicle now
+    std::unique_ptr<RicercaElenco> ricerca;
+    QSet<QString> mFatti;
+    bool mDaProgramma = false; // a line is being chosen, and not by the operator's hand on the list
     Temporizzatore tmrLst;
+    Temporizzatore tmrFatti;
     std::shared_ptr<frmMctc2> formMctc2b;
 };

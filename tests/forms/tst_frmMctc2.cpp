@@ -562,7 +562,7 @@ private Q_SLOTS:
             const QWidget *pulsante = Membro_Di<QWidget>(*form, "cmd", i);
             const qint32 larghezza = piccoli ? 1000 : ScalaX(2600);
             QVERIFY(qAbs(pulsante->width() - Pixel_DaTwip(larghezza)) <= 1); // edges are mapped, not sizes
-            const double punti = piccoli ? ScalaX(14) : Punti_Normali() * 1.4;
+            const double punti = piccoli ? ScalaX(14) : Punti_Normali() * 2.2;
             QCOMPARE(pulsante->font().pixelSize(), qRound(Pixel_DaPunti(punti)));
         }
     }
@@ -575,7 +575,7 @@ private Q_SLOTS:
             gScreenH = 11520;
             Apri(false);
             for (int i = 0; i <= RIGA_SIMMETRICO; ++i) {
-                const int alta = Pixel_DaTwip(ScalaX(i < RIGHE_VEICOLO ? 215 : 430));
+                const int alta = Pixel_DaTwip(ScalaX(i < RIGHE_VEICOLO ? 255 : 500));
                 QVERIFY(qAbs(Etichetta_Di(i)->height() - alta) <= 1);
             }
             for (int i = RIGA_ALTEZZA; i <= RIGA_SIMMETRICO; ++i)

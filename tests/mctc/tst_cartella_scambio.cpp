@@ -47,11 +47,11 @@ private Q_SLOTS:
         QCOMPARE(Cartella_Guarda(gDirAcc).Stato, StatoCartella::Illeggibile);
     }
 
-    /// A path that no operation takes is out of reach, and no error.
+    /// A path that no operation takes is no error.
     void percorsoTroppoLungo()
     {
         const CartellaScambio vista = Cartella_Guarda(gDirAcc + QString(5000, u'x') + u'\\');
-        QCOMPARE(vista.Stato, StatoCartella::Mancante);
+        QCOMPARE(vista.Stato, StatoCartella::Illeggibile);
     }
 
     void quantiAspettano()
