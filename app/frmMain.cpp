@@ -15,6 +15,7 @@
 #include "mctc/frmMctcO.h"
 #include "platform/colori.h"
 #include "platform/elenco.h"
+#include "platform/eventi.h"
 #include "platform/numeri.h"
 #include "platform/orologio.h"
 #include "platform/porta_seriale.h"
@@ -50,13 +51,15 @@ enum VoceMenu : qint16
     MenuUscita = 7,
 };
 
+/// Captions of the buttons, by their index.
+constexpr TestoMctc VOCI_MENU[ULTIMO_PULSANTE + 1] = {
+    MctcNonDisponibile0,   MctcImpostazioni,       MctcProvaProiettori, MctcNonDisponibile3,
+    MctcVerificaPeriodica, MctcAnagraficaOfficina, MctcInformazioni,    MctcEsci,
+    MctcNonDisponibile8,
+};
+
 /// Entries without an action in any state: they keep their place in the grid.
 constexpr qint16 VOCI_SPENTE[] = {0, 3};
-
-constexpr qint16 TESTO_CARTELLA_IMMAGINI = 4; // of lingue.ini
-constexpr qint16 TESTO_CARTELLA_VUOTA = 225;
-constexpr qint16 TESTO_SENZA_CARTELLA = 226;
-constexpr qint16 TESTO_CARTELLA_ILLEGGIBILE = 227;
 
 // The state of the station. A network folder may answer slowly, and the one thread waits for it: the longer
 // the last look took, the longer until the next.
@@ -84,14 +87,14 @@ QString Motivo_SenzaLista()
 {
     switch (Cartella_Guarda(gDirAcc).Stato) {
     case StatoCartella::Mancante:
-        return Testo_Mctc(TESTO_SENZA_CARTELLA);
+        return Testo_Mctc(MctcSceltaSenzaCartella);
     case StatoCartella::Illeggibile:
-        return Testo_Mctc(TESTO_CARTELLA_ILLEGGIBILE);
+        return Testo_Mctc(MctcSceltaIlleggibile);
     case StatoCartella::Vuota:
     case StatoCartella::ConAccettazioni: // the first came while the folder was looked at
         break;
     }
-    return Testo_Mctc(TESTO_CARTELLA_VUOTA);
+    return Testo_Mctc(MctcSceltaVuota);
 }
 
 /// Brings the open form of a kind to the front, whoever opened it; false when there is none. The forms of a
@@ -197,7 +200,7 @@ void frmMain::Disponi_Stato(qint32 cima, qint32 larghezza, qint32 altezza)
     lblAvviso->FontBold(true);
     lblAvviso->BackColor(COLORE_BIANCO);
     lblAvviso->Bordo_Evidente();
-    lblAvviso->Allineamento(Qt::AlignCenter);
+    lblAvviso->Allineamento(Orizzontale::Centro);
     lblAvviso->Posto(ScalaX(AVVISO_X), fine - ScalaY(AVVISO_ALTO), gScreenW - 2 * ScalaX(AVVISO_X),
                      ScalaY(AVVISO_ALTO));
 }
@@ -205,13 +208,13 @@ void frmMain::Disponi_Stato(qint32 cima, qint32 larghezza, qint32 altezza)
 void frmMain::Carica_Menu()
 {
     for (qint16 i = 0; i <= ULTIMO_PULSANTE; ++i)
-        cmdMnu[i].Caption(Testo_Mctc(i));
+        cmdMnu[i].Caption(Testo_Mctc(VOCI_MENU[i]));
 }
 
 void frmMain::Carica_Password()
 {
-    const QString chiave = gLogoFile == LOGO_NORVO ? QStringLiteral("Pwd2") : QStringLiteral("Pwd");
-    gPwdCorrente = Pwd_Decifra(Valore_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), chiave));
+    const ChiaveIni &chiave = gLogoFile == LOGO_NORVO ? ChiavePassword2 : ChiavePassword;
+    gPwdCorrente = Pwd_Decifra(Valore_Ini(gFileIni, chiave));
 }
 
 void frmMain::Disattiva_Menu()
@@ -255,9 +258,9 @@ void frmMain::tmrStato_Timer()
 void frmMain::Rileva()
 {
     mRilievo.Lista = gIniFile != Falso;
-    mRilievo.Porta = Numero_Pezzo(Valore_Ini(gFileIni, QStringLiteral("COMM"), QStringLiteral("Num")));
+    mRilievo.Porta = Numero_Pezzo(Valore_Ini(gFileIni, ChiavePortaNumero));
     mRilievo.PortaPresente = mRilievo.Porta > 0 && Porta_Presente(mRilievo.Porta);
-    mRilievo.Scadenza = Valore_Ini(gFileIni, QStringLiteral("LUMIRA"), QStringLiteral("Comm_ScadRevisione"));
+    mRilievo.Scadenza = Valore_Ini(gFileIni, ChiaveStrumentoScadenza);
     mRilievo.Oggi = Orologio_Corrente().Adesso().date();
 }
 
@@ -410,7 +413,7 @@ void frmMain::Avvia_Prova(qint16)
 {
     Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);
     if (!File_Presente(gDirImmagini, ATTRIBUTO_CARTELLA)) {
-        Mostra_MsgTempo(Testo_Lingua(TESTO_CARTELLA_IMMAGINI));
+        Mostra_MsgTempo(Testo_Lingua(LinguaCartellaDatiAssente));
         Programma_Termina();
     }
     Sessione_Esegui(formComm, ModoMisura, this, &frmMain::formComm_Notifica);

@@ -9,46 +9,32 @@ namespace {
 
 constexpr int GIORNI_AVVISO = 30;
 
-constexpr qint16 TESTO_LISTA_SPENTA = 205;
-constexpr qint16 TESTO_CARTELLA_VUOTA = 206;
-constexpr qint16 TESTO_CARTELLA_ATTESA = 207;
-constexpr qint16 TESTO_CARTELLA_MANCANTE = 208;
-constexpr qint16 TESTO_CARTELLA_ILLEGGIBILE = 209;
-constexpr qint16 TESTO_PORTA_PRESENTE = 210;
-constexpr qint16 TESTO_PORTA_ASSENTE = 211;
-constexpr qint16 TESTO_PORTA_SENZA_NUMERO = 212;
-constexpr qint16 TESTO_VERIFICA_VALIDA = 213;
-constexpr qint16 TESTO_VERIFICA_IN_SCADENZA = 214;
-constexpr qint16 TESTO_VERIFICA_SCADUTA = 215;
-constexpr qint16 TESTO_VERIFICA_SENZA_DATA = 216;
-constexpr qint16 TESTO_VERIFICA_ILLEGGIBILE = 217;
-
 RigaStato Riga_Cartella(const Rilievo &rilievo)
 {
     if (!rilievo.Lista)
-        return {Testo_Mctc(TESTO_LISTA_SPENTA), false};
+        return {Testo_Mctc(MctcListaSpenta), false};
     if (!rilievo.Cartella)
         return {QString(), false};
     switch (rilievo.Cartella->Stato) {
     case StatoCartella::Mancante:
-        return {Testo_Mctc(TESTO_CARTELLA_MANCANTE), true};
+        return {Testo_Mctc(MctcCartellaMancante), true};
     case StatoCartella::Illeggibile:
-        return {Testo_Mctc(TESTO_CARTELLA_ILLEGGIBILE), true};
+        return {Testo_Mctc(MctcCartellaIlleggibile), true};
     case StatoCartella::Vuota:
-        return {Testo_Mctc(TESTO_CARTELLA_VUOTA), false};
+        return {Testo_Mctc(MctcCartellaVuota), false};
     case StatoCartella::ConAccettazioni:
         break;
     }
-    return {Testo_Riempito(Testo_Mctc(TESTO_CARTELLA_ATTESA), QString::number(rilievo.Cartella->InAttesa)),
+    return {Testo_Riempito(Testo_Mctc(MctcCartellaInAttesa), QString::number(rilievo.Cartella->InAttesa)),
             false};
 }
 
 RigaStato Riga_Porta(const Rilievo &rilievo)
 {
     if (rilievo.Porta <= 0)
-        return {Testo_Mctc(TESTO_PORTA_SENZA_NUMERO), true};
+        return {Testo_Mctc(MctcPortaSenzaNumero), true};
     const QString nome = QStringLiteral("COM%1").arg(rilievo.Porta);
-    const QString testo = Testo_Mctc(rilievo.PortaPresente ? TESTO_PORTA_PRESENTE : TESTO_PORTA_ASSENTE);
+    const QString testo = Testo_Mctc(rilievo.PortaPresente ? MctcPortaPresente : MctcPortaAssente);
     return {Testo_Riempito(testo, nome), !rilievo.PortaPresente};
 }
 
@@ -57,17 +43,17 @@ RigaStato Riga_Verifica(const Rilievo &rilievo)
     const Verifica verifica = Verifica_Di(rilievo.Scadenza, rilievo.Oggi);
     switch (verifica.Stato) {
     case StatoVerifica::Valida:
-        return {Testo_Riempito(Testo_Mctc(TESTO_VERIFICA_VALIDA), rilievo.Scadenza), false};
+        return {Testo_Riempito(Testo_Mctc(MctcVerificaValida), rilievo.Scadenza), false};
     case StatoVerifica::InScadenza:
-        return {Testo_Riempito(Testo_Mctc(TESTO_VERIFICA_IN_SCADENZA), rilievo.Scadenza), true};
+        return {Testo_Riempito(Testo_Mctc(MctcVerificaInScadenza), rilievo.Scadenza), true};
     case StatoVerifica::Scaduta:
-        return {Testo_Riempito(Testo_Mctc(TESTO_VERIFICA_SCADUTA), rilievo.Scadenza), true};
+        return {Testo_Riempito(Testo_Mctc(MctcVerificaScaduta), rilievo.Scadenza), true};
     case StatoVerifica::SenzaData:
-        return {Testo_Mctc(TESTO_VERIFICA_SENZA_DATA), true};
+        return {Testo_Mctc(MctcVerificaSenzaData), true};
     case StatoVerifica::Illeggibile:
         break;
     }
-    return {Testo_Riempito(Testo_Mctc(TESTO_VERIFICA_ILLEGGIBILE), rilievo.Scadenza), true};
+    return {Testo_Riempito(Testo_Mctc(MctcVerificaIlleggibile), rilievo.Scadenza), true};
 }
 
 /// A whole number cut out of a date; 0, which no date has, when it is not all digits.

@@ -7,8 +7,6 @@
 
 #include <algorithm>
 
-#include <QKeyEvent>
-
 namespace {
 
 // How long the box stays, in ms.
@@ -19,9 +17,6 @@ constexpr int DOPO_RINUNCIA = 1;
 
 constexpr qint16 TASTO_INVIO = 13;
 constexpr qint16 TASTO_ESC = 27;
-
-constexpr qint16 TESTO_TITOLO = 20;
-constexpr qint16 TESTO_ANNULLA = 106;
 
 } // namespace
 
@@ -53,7 +48,7 @@ void dlgPwd::Load()
     Caption(PwdTitle);
     txtPwd->NomeAccessibile(PwdTitle);
     cmd[0].Caption(QStringLiteral("OK"));
-    cmd[1].Caption(Testo_Mctc(TESTO_ANNULLA));
+    cmd[1].Caption(Testo_Mctc(MctcAnnulla));
 }
 
 void dlgPwd::Activate()
@@ -91,15 +86,10 @@ void dlgPwd::txtPwd_KeyPress(qint16 &KeyAscii)
 
 /// A box that is closing is disabled and has lost the keyboard to a button: Escape counts there too, so that
 /// even a right password can still be taken back.
-bool dlgPwd::eventFilter(QObject *oggetto, QEvent *evento)
+void dlgPwd::cmd_KeyPress(qint16, qint16 &KeyAscii)
 {
-    const bool tasto = evento->type() == QEvent::KeyPress && Caricato() && !txtPwd->Enabled();
-    if (tasto && static_cast<QKeyEvent *>(evento)->key() == Qt::Key_Escape) {
-        qint16 esc = TASTO_ESC;
-        txtPwd_KeyPress(esc);
-        return true;
-    }
-    return Modulo::eventFilter(oggetto, evento);
+    if (KeyAscii == TASTO_ESC && !txtPwd->Enabled())
+        txtPwd_KeyPress(KeyAscii);
 }
 
 void dlgPwd::Chiudi_Fra(int ms)
@@ -134,6 +124,6 @@ std::shared_ptr<dlgPwd> Password_Prepara(const QString &password)
     form->PwdDbg = Falso;
     form->PwdCurrent = password;
     form->PwdType = 0;
-    form->PwdTitle = Testo_Mctc(TESTO_TITOLO);
+    form->PwdTitle = Testo_Mctc(MctcPasswordServizio);
     return form;
 }

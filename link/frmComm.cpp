@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr qint16 TESTO_INTERROMPI = 18; // of lingue.ini
-
 // The layout, in design units of a form of 8000 by 4000; every one goes through the x scale, as the form's
 // own height does.
 constexpr qint32 MARGINE = 150;
@@ -40,7 +38,7 @@ frmComm::~frmComm() = default;
 void frmComm::Disegno()
 {
     Image1 = std::make_unique<Immagine>(Finestra(), QStringLiteral("Image1"));
-    lbl.Carica(0).Allineamento(Qt::AlignCenter);
+    lbl.Carica(0).Allineamento(Orizzontale::Centro);
     lbl[0].FontSize(Punti_Normali() * 1.2);
     lbl[0].FontBold(true);
     lblTx = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTx"));
@@ -84,7 +82,7 @@ void frmComm::Load()
     Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);
     Report_Dati(0);
     Report_Dati(1);
-    cmd[0].Caption(Testo_Lingua(TESTO_INTERROMPI));
+    cmd[0].Caption(Testo_Lingua(LinguaInterrompi));
     m_macchina->Modo = static_cast<ModoScambio>(Modo);
     m_macchina->Prepara();
     Mostra_Lbl(m_macchina->MsgIniziale);
@@ -100,7 +98,7 @@ void frmComm::cmd_Click(qint16)
 
 void frmComm::Unload()
 {
-    m_macchina->Scarica();
+    m_macchina->Termina();
     Lascia_Errori();
     qint16 codice = m_macchina->Esito;
     QVariant valore = qint16{0};
@@ -179,8 +177,7 @@ void frmComm::Mostra_Errore(const QString &testo)
 /// From the loop, not from here: the batch of bytes that brought the error is taken whole first.
 void frmComm::Annuncia_Errori()
 {
-    QMetaObject::invokeMethod(
-        this, [this] { Esegui([this] { Mostra_ProssimoErrore(); }); }, Qt::QueuedConnection);
+    Esegui_Dopo([this] { Mostra_ProssimoErrore(); });
 }
 
 void frmComm::Mostra_ProssimoErrore()

@@ -19,13 +19,6 @@ constexpr qint32 LIMITE_ATTESA = 10000;
 constexpr qint32 LIMITE_REINVIO = LIMITE_ATTESA / 5;
 constexpr qint16 MASSIMO_REINVII = 10;
 
-/// Texts of gTabMctc.
-constexpr qint16 TESTO_INIZIO = 152;
-constexpr qint16 TESTO_SILENZIO = 153;
-constexpr qint16 TESTO_RISPOSTA_ERRATA = 154;
-constexpr qint16 TESTO_TIPO_ERRATO = 155;
-constexpr qint16 TESTO_COMPLETATO = 156;
-
 /// First data offsets of the two text replies.
 constexpr qint16 POSTO_DATI = 5;
 constexpr qint16 POSTO_TARATURA = 4;
@@ -135,7 +128,7 @@ void MacchinaScambio::Prepara()
 {
     if (Modo == ModoDefault)
         return;
-    MsgIniziale = Testo_Mctc(TESTO_INIZIO);
+    MsgIniziale = Testo_Mctc(MctcCollegamentoInCorso);
     Imposta_Sequenza();
 }
 
@@ -155,7 +148,7 @@ void MacchinaScambio::Avvia()
     Passa_Oltre([this] { Invia_Comando(); });
 }
 
-void MacchinaScambio::Scarica()
+void MacchinaScambio::Termina()
 {
     tmrComm.Enabled(false);
     Chiudi_Porta(commApp);
@@ -183,9 +176,9 @@ void MacchinaScambio::Invia_Comando()
     tmrComm.Enabled(true);
 }
 
-void MacchinaScambio::Chiudi_Sessione(qint16 idTesto, int intervallo)
+void MacchinaScambio::Chiudi_Sessione(TestoMctc testo, int intervallo)
 {
-    m_finestra.Mostra_Lbl(Testo_Mctc(idTesto));
+    m_finestra.Mostra_Lbl(Testo_Mctc(testo));
     tmrComm.Interval(intervallo);
     tmrComm.Enabled(true);
     Esito = ESITO_FALLITO;
@@ -200,7 +193,7 @@ void MacchinaScambio::Avanza()
         tmrComm.Enabled(true);
         Esito = ESITO_COMPLETATO;
         Stato = StatoChiusura;
-        m_finestra.Mostra_Lbl(Testo_Mctc(TESTO_COMPLETATO));
+        m_finestra.Mostra_Lbl(Testo_Mctc(MctcScambioCompletato));
         return;
     }
     m_finestra.Mostra_Lbl(QStringLiteral("Attesa dati..."));
@@ -238,11 +231,11 @@ void MacchinaScambio::Tick_Attesa()
         Reinvii = Intero16(Reinvii + 1);
         // The last resend goes out and is not waited for.
         if (Reinvii > MASSIMO_REINVII)
-            Chiudi_Sessione(TESTO_SILENZIO, INTERVALLO_SILENZIO);
+            Chiudi_Sessione(MctcStrumentoMuto, INTERVALLO_SILENZIO);
     }
     // Out of reach of a beat of 200 ms: it guards a longer one.
     if (trascorsi > LIMITE_ATTESA)
-        Chiudi_Sessione(TESTO_SILENZIO, INTERVALLO_SILENZIO);
+        Chiudi_Sessione(MctcStrumentoMuto, INTERVALLO_SILENZIO);
 }
 
 void MacchinaScambio::Tick_Risposta()
@@ -315,12 +308,12 @@ void MacchinaScambio::Accetta_Scrittura()
 
 void MacchinaScambio::Rifiuta()
 {
-    Chiudi_Sessione(TESTO_RISPOSTA_ERRATA, INTERVALLO_TESTO);
+    Chiudi_Sessione(MctcRispostaNonValida, INTERVALLO_TESTO);
 }
 
 void MacchinaScambio::Rifiuta_Tipo()
 {
-    Chiudi_Sessione(TESTO_TIPO_ERRATO, INTERVALLO_TESTO);
+    Chiudi_Sessione(MctcRispostaAltroTipo, INTERVALLO_TESTO);
 }
 
 RigaDbg MacchinaScambio::Riga_Dbg()

@@ -3,6 +3,7 @@
 // window and to the line through two interfaces.
 #pragma once
 
+#include "core/testi_mctc.h"
 #include "link/protocollo.h"
 #include "platform/colori.h"
 #include "platform/temporizzatore.h"
@@ -54,12 +55,12 @@ public:
     /// one at a time in order, and returns at once, so that a batch of bytes is taken whole. It keeps no more
     /// of them than an input buffer has bytes, and none beyond the session.
     virtual void Mostra_Errore(const QString &testo) = 0;
-    /// Unloads the window, by way of MacchinaScambio::Scarica; may destroy the machine.
+    /// Unloads the window, by way of MacchinaScambio::Termina; may destroy the machine.
     virtual void Scarica_Modulo() = 0;
 };
 
 /// One session. The window makes one for each session, sets Modo, calls Prepara and Avvia while loading and
-/// Scarica while unloading, and hands Esito to its parent afterwards. The fields are for reading, all but
+/// Termina while unloading, and hands Esito to its parent afterwards. The fields are for reading, all but
 /// those said otherwise.
 class MacchinaScambio
 {
@@ -92,7 +93,7 @@ public:
     void Avvia();
 
     /// Stops the timer and closes the port; whatever still arrives is lost.
-    void Scarica();
+    void Termina();
 
     /// Writes the identity of the profile through a session that is loaded already. Sends the first identity
     /// frame as step 0 and leaves Sequenza alone: the caller sees to it. Nothing calls it at present.
@@ -106,7 +107,7 @@ private:
 
     void Imposta_Sequenza();
     void Invia_Comando();
-    void Chiudi_Sessione(qint16 idTesto, int intervallo);
+    void Chiudi_Sessione(TestoMctc testo, int intervallo);
     void Avanza();
 
     void tmrComm_Timer();

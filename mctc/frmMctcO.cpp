@@ -30,20 +30,6 @@ constexpr int INTERVALLO_FATTI = 10000; // another station may have written a re
 constexpr qint32 TABULAZIONE = 100;     // quarters of a character's width
 constexpr int RIGHE_INTERE = 3;         // of the list, seen at once: its frame is low
 
-constexpr qint16 TESTO_TITOLO = 2;
-constexpr qint16 TESTO_FILE = 36;
-constexpr qint16 TESTO_TARGA = 37;
-constexpr qint16 TESTO_ESCI = 106;
-constexpr qint16 TESTO_CONFERMA = 107;
-constexpr qint16 TESTO_ANOMALIE = 110;
-constexpr qint16 TESTO_INVITO_CERCA = 218;
-constexpr qint16 TESTO_CERCA = 219;
-constexpr qint16 TESTO_NON_TROVATA = 220;
-constexpr qint16 TESTO_ATTESA = 221;
-constexpr qint16 TESTO_ALTRO_VEICOLO = 222;
-constexpr qint16 TESTO_VEICOLO_SPARITO = 223;
-constexpr qint16 TESTO_FATTO = 224;
-
 constexpr const char16_t *MASCHERA = u"*.acc";
 
 // The layout, in design units: rows on a pitch of 500, booking and customer on the left, vehicle on the
@@ -217,21 +203,21 @@ void frmMctcO::Campi_Imposta()
 
 void frmMctcO::Disponi()
 {
-    Caption(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcProvaProiettori));
     lstAuto->Posto(ScalaX(200), ScalaY(475), ScalaX(6700), ScalaY(2005));
-    lstAuto->NomeAccessibile(Testo_Mctc(TESTO_FILE));
+    lstAuto->NomeAccessibile(Testo_Mctc(MctcFileAccettazione));
     const qint32 colonna = Elenco_Colonne(*lstAuto, ScalaX(TABULAZIONE), RIGHE_INTERE);
     lblDes[0].Posto(lstAuto->Left(), ScalaY(215), colonna, ScalaY(255));
-    lblDes[0].Caption(Testo_Mctc(TESTO_FILE));
+    lblDes[0].Caption(Testo_Mctc(MctcFileAccettazione));
     lblDes[1].Posto(lstAuto->Left() + colonna, ScalaY(215), ScalaX(2500), ScalaY(255));
-    lblDes[1].Caption(Testo_Mctc(TESTO_TARGA));
+    lblDes[1].Caption(Testo_Mctc(MctcTarga));
     for (qint16 i = 0; i <= 1; ++i)
         lblDes[i].FontSize(Punti_Normali() * PUNTI_CAMPO);
 
-    cmd[0].Caption(Testo_Mctc(TESTO_CONFERMA));
+    cmd[0].Caption(Testo_Mctc(MctcConferma));
     Disponi_In(cmd[0], POSTO_CONFERMA, PUNTI_GRANDE);
     cmd[0].Default(true);
-    cmd[1].Caption(Testo_Mctc(TESTO_ESCI));
+    cmd[1].Caption(Testo_Mctc(MctcAnnulla));
     Disponi_In(cmd[1], POSTO_ESCI, PUNTI_GRANDE);
     cmd[1].Cancel(true);
     Disponi_Scritte();
@@ -247,7 +233,7 @@ void frmMctcO::Disponi_Scritte()
     lblAvviso->FontBold(true);
     lblAvviso->BackColor(COLORE_BIANCO);
     lblAvviso->Bordo_Evidente();
-    lblAvviso->Allineamento(Qt::AlignCenter);
+    lblAvviso->Allineamento(Orizzontale::Centro);
     Togli_Avviso();
     Mostra_Ricerca();
 }
@@ -273,14 +259,15 @@ void frmMctcO::Lista_Aggiorna()
     const qint32 scelta = lstAuto->ListIndex(); // the line chosen while the files were read
     const QString prima = lstAuto->List(scelta);
     lstAuto->Clear();
-    for (qint32 i = 0; i <= ultima; ++i)
+    mRighe = ultima + 1;
+    for (qint32 i = 0; i < mRighe; ++i)
         lstAuto->AddItem(mVoci[i].NomeFile + u'\t' + mVoci[i].Targa);
     mFatti = fatti;
     Segna_Fatti();
     if (scelta > ultima)
-        Mostra_Avviso(TESTO_VEICOLO_SPARITO);
+        Mostra_Avviso(MctcVeicoloSparito);
     else if (lstAuto->List(scelta) != prima)
-        Mostra_Avviso(TESTO_ALTRO_VEICOLO);
+        Mostra_Avviso(MctcAltroVeicolo);
     Mostra_Targa();
     if (ultima >= 0)
         Scegli_DaProgramma(scelta);
@@ -297,16 +284,15 @@ void frmMctcO::Scegli_DaProgramma(qint32 riga)
 
 void frmMctcO::Segna_Fatti()
 {
-    const QString parola = Testo_Mctc(TESTO_FATTO);
-    const qint32 quante = lstAuto->ListCount();
+    const QString parola = Testo_Mctc(MctcFatto);
     qint32 attesa = 0;
-    for (qint32 i = 0; i < quante; ++i) {
+    for (qint32 i = 0; i < mRighe; ++i) {
         const bool fatto = E_Fatto(mFatti, mVoci[i].NomeFile);
         attesa += !fatto;
         Elenco_Fatta(*lstAuto, i, fatto, parola);
     }
     lblAttesa->Caption(
-        Testo_Riempito(Testo_Mctc(TESTO_ATTESA), QString::number(attesa), QString::number(quante)));
+        Testo_Riempito(Testo_Mctc(MctcInAttesa), QString::number(attesa), QString::number(mRighe)));
 }
 
 void frmMctcO::tmrFatti_Timer()
@@ -354,18 +340,18 @@ bool frmMctcO::Scegli_Trovata(qint32 trovata)
 /// The entries that the list shows: those read last stay when the folder has gone, and the list is empty.
 QList<VoceLista> frmMctcO::Voci_InLista() const
 {
-    return mVoci.first(lstAuto->ListCount());
+    return mVoci.first(mRighe);
 }
 
 void frmMctcO::Mostra_Ricerca()
 {
     const QString testo = ricerca->Testo();
     if (testo.isEmpty())
-        lblCerca->Caption(Testo_Mctc(TESTO_INVITO_CERCA));
+        lblCerca->Caption(Testo_Mctc(MctcInvitoCerca));
     else if (Lista_Cerca(Voci_InLista(), testo, 0, 1) < 0)
-        lblCerca->Caption(Testo_Riempito(Testo_Mctc(TESTO_NON_TROVATA), testo));
+        lblCerca->Caption(Testo_Riempito(Testo_Mctc(MctcNonTrovata), testo));
     else
-        lblCerca->Caption(Testo_Riempito(Testo_Mctc(TESTO_CERCA), testo));
+        lblCerca->Caption(Testo_Riempito(Testo_Mctc(MctcCerca), testo));
 }
 
 // --- the vehicle in hand -----------------------------------------------------------------------------------
@@ -378,7 +364,7 @@ void frmMctcO::Mostra_Targa()
 
 /// The line keeps its place when a file comes in before it: the operator must see what stands there now
 /// before the confirmation is pressed.
-void frmMctcO::Mostra_Avviso(qint16 testo)
+void frmMctcO::Mostra_Avviso(TestoMctc testo)
 {
     lblAvviso->Caption(Testo_Mctc(testo));
     lblAvviso->Visible(!lblAvviso->Caption().isEmpty());
@@ -395,7 +381,7 @@ void frmMctcO::tmrLst_Timer()
 {
     if (mOccupato || mInLettura)
         return;
-    Schermo_Puntatore(PuntatoreClessidra);
+    const Clessidra clessidra;
     try {
         Esamina_Cartella();
     } catch (const ErroreEsecuzione &) {
@@ -404,7 +390,6 @@ void frmMctcO::tmrLst_Timer()
         mOccupato = false;
         cmd[1].Enabled(true);
     }
-    Schermo_Puntatore(PuntatoreNormale);
 }
 
 void frmMctcO::Esamina_Cartella()
@@ -434,23 +419,29 @@ void frmMctcO::lstAuto_Click()
     }
     Mostra_Targa();
     mOccupato = true;
-    Schermo_Puntatore(PuntatoreClessidra);
-    cmd[0].Enabled(false);
-    cmd[1].Enabled(false);
-    gFileAcc = gDirAcc + mVoci[scelta].NomeFile;
-    Acc_AssegnaFile(gFileAcc);
-    Campi_Applica(gCampiAcc, ULTIMA_RIGA_ACC, *this);
     QString rapporto;
-    const qint16 esito = Acc_Controlla(gFileAcc, rapporto);
-    Dipingi_Errori();
-    Schermo_Puntatore(PuntatoreNormale);
+    const qint16 esito = Esamina_File(gDirAcc + mVoci[scelta].NomeFile, rapporto);
     mOccupato = false;
     cmd[0].Enabled(esito == AccBuona);
     cmd[1].Enabled(true);
     if (esito != AccBuona) {
-        Mostra_MsgConferma(Testo_Mctc(TESTO_ANOMALIE) + QStringLiteral(": \r\n") + rapporto);
+        Mostra_MsgConferma(Testo_Mctc(MctcFileConAnomalie) + QStringLiteral(": \r\n") + rapporto);
         Aggiorna();
     }
+}
+
+/// Shows a file's fields and checks it, under the hourglass. @return what Acc_Controlla says.
+qint16 frmMctcO::Esamina_File(const QString &percorso, QString &rapporto)
+{
+    const Clessidra clessidra;
+    cmd[0].Enabled(false);
+    cmd[1].Enabled(false);
+    gFileAcc = percorso;
+    Acc_AssegnaFile(gFileAcc);
+    Campi_Applica(gCampiAcc, ULTIMA_RIGA_ACC, *this);
+    const qint16 esito = Acc_Controlla(gFileAcc, rapporto);
+    Dipingi_Errori();
+    return esito;
 }
 
 void frmMctcO::Dipingi_Errori()

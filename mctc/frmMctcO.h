@@ -48,13 +48,15 @@ private:
     QList<VoceLista> Voci_InLista() const;
     void Mostra_Ricerca();
     void Mostra_Targa();
-    void Mostra_Avviso(qint16 testo);
+    void Mostra_Avviso(TestoMctc testo);
     void Togli_Avviso();
+    qint16 Esamina_File(const QString &percorso, QString &rapporto);
     void Dipingi_Errori();
     void Conferma();
     void formMctc2b_Notifica(qint16 &codice, QVariant &valore);
 
     QList<VoceLista> mVoci;
+    qint32 mRighe = 0; // of the list: none when the folder has gone, whose entries stay in mVoci
     bool mOccupato = false;
     bool mInLettura = false; // the files are being read for the list: no poll begins meanwhile
     QStringList mUltimoElenco;

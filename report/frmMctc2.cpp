@@ -19,10 +19,6 @@ constexpr qint16 RIGA_ALTEZZA = 12;
 constexpr qint16 RIGA_INCLINAZIONE = 13;
 constexpr qint16 RIGA_SIMMETRICO = 14;
 
-constexpr qint16 TESTO_VALORE_ERRATO = 108;
-constexpr qint16 TESTO_TITOLO = 2;
-constexpr qint16 TESTO_SIMMETRICO = 120;
-constexpr qint16 TESTO_ASIMMETRICO = 121;
 constexpr qsizetype CIFRE_ALTEZZA = 3;
 
 std::array<CampoForm, ULTIMA_RIGA + 1> gCampiVeicolo;
@@ -30,38 +26,38 @@ std::array<CampoForm, ULTIMA_RIGA + 1> gCampiVeicolo;
 /// A row of the vehicle: where it comes from with an acceptance file, and in section VEICOLO without one.
 struct RigaVeicolo
 {
-    qint16 etichetta;
+    TestoMctc etichetta;
     const char16_t *sezioneAcc;
     const char16_t *chiaveAcc;
-    const char16_t *chiaveIni;
+    ChiaveIni chiaveIni;
 };
 
 constexpr RigaVeicolo VEICOLO[RIGHE_VEICOLO] = {
-    {58,  u"DatiLibrettoVeicolo", u"Fabbrica",             u"Marca"       },
-    {45,  u"DatiLibrettoVeicolo", u"Tipo",                 u"Modello"     },
-    {60,  u"DatiLibrettoVeicolo", u"TipoMotore",           u"Allestimento"},
-    {37,  u"DatiLibrettoVeicolo", u"Targa",                u"Targa"       },
-    {57,  u"DatiLibrettoVeicolo", u"Telaio",               u"Telaio"      },
-    {62,  u"DatiLibrettoVeicolo", u"AnnoPrimaImm",         u"AnnoImm"     },
-    {47,  u"Prenotazione",        u"CognomeDenominazione", u"NomeCliente" },
-    {10,  u"Prenotazione",        u"Indirizzo",            u"Indirizzo"   },
-    {51,  u"Prenotazione",        u"Citta",                u"Citta"       },
-    {52,  u"Prenotazione",        u"Telefono",             u"Telefono"    },
-    {142, u"Prenotazione",        u"Operatore",            u"Operatore"   },
-    {53,  u"Prenotazione",        u"Note",                 u"Note"        },
+    {MctcFabbricaMarca,        u"DatiLibrettoVeicolo", u"Fabbrica",             ChiaveVeicoloMarca       },
+    {MctcTipo,                 u"DatiLibrettoVeicolo", u"Tipo",                 ChiaveVeicoloModello     },
+    {MctcMotoreAllestimento,   u"DatiLibrettoVeicolo", u"TipoMotore",           ChiaveVeicoloAllestimento},
+    {MctcTarga,                u"DatiLibrettoVeicolo", u"Targa",                ChiaveVeicoloTarga       },
+    {MctcTelaio,               u"DatiLibrettoVeicolo", u"Telaio",               ChiaveVeicoloTelaio      },
+    {MctcAnnoImmatricolazione, u"DatiLibrettoVeicolo", u"AnnoPrimaImm",         ChiaveVeicoloAnno        },
+    {MctcNomeCliente,          u"Prenotazione",        u"CognomeDenominazione", ChiaveClienteNome        },
+    {MctcIndirizzo,            u"Prenotazione",        u"Indirizzo",            ChiaveClienteIndirizzo   },
+    {MctcCitta,                u"Prenotazione",        u"Citta",                ChiaveClienteCitta       },
+    {MctcTelefonoFax,          u"Prenotazione",        u"Telefono",             ChiaveClienteTelefono    },
+    {MctcOperatore,            u"Prenotazione",        u"Operatore",            ChiaveOperatore          },
+    {MctcNote,                 u"Prenotazione",        u"Note",                 ChiaveVeicoloNote        },
 };
 
 struct RigaFaro
 {
-    qint16 etichetta;
+    TestoMctc etichetta;
     quint8 controllo;
-    const char16_t *chiave; // in section IMPOSTAZIONI
+    ChiaveIni chiave;
 };
 
 constexpr RigaFaro FARO[] = {
-    {118, CampoTesto,  u"AltezzaFaro"     },
-    {119, CampoTesto,  u"InclinazioneFaro"},
-    {140, CampoSpunta, u"Simmetrico"      },
+    {MctcAltezzaFaro,    CampoTesto,  ChiaveAltezzaFaro     },
+    {MctcInclinazione,   CampoTesto,  ChiaveInclinazioneFaro},
+    {MctcFariSimmetrici, CampoSpunta, ChiaveSimmetrico      },
 };
 
 // The layout, in design units. Each column of six rows stands in three lines of two boxes above its frame;
@@ -98,20 +94,21 @@ void Riga_Veicolo(CampoForm &campo, const RigaVeicolo &riga, bool accettazione)
 {
     campo.LabelId = riga.etichetta;
     campo.Kind = CampoTesto;
-    campo.File = accettazione ? gFileAcc : gFileIni;
-    campo.Section = accettazione ? QString::fromUtf16(riga.sezioneAcc) : QStringLiteral("VEICOLO");
-    campo.Key = QString::fromUtf16(accettazione ? riga.chiaveAcc : riga.chiaveIni);
-    if (accettazione)
-        campo.Editable = Falso;
+    if (!accettazione) {
+        Campo_Chiave(campo, riga.chiaveIni);
+        return;
+    }
+    campo.File = gFileAcc;
+    campo.Section = QString::fromUtf16(riga.sezioneAcc);
+    campo.Key = QString::fromUtf16(riga.chiaveAcc);
+    campo.Editable = Falso;
 }
 
 void Riga_Faro(CampoForm &campo, const RigaFaro &riga)
 {
     campo.LabelId = riga.etichetta;
     campo.Kind = riga.controllo;
-    campo.File = gFileIni;
-    campo.Section = QStringLiteral("IMPOSTAZIONI");
-    campo.Key = QString::fromUtf16(riga.chiave);
+    Campo_Chiave(campo, riga.chiave);
 }
 
 void Riga_Bloccata(CampoForm &campo)
@@ -123,8 +120,7 @@ void Riga_Bloccata(CampoForm &campo)
 /// A missing or odd value must not stop the load: it counts as not symmetric.
 qint16 Simmetrico_Memorizzato()
 {
-    const QString valore = Valore_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Simmetrico"));
-    return Numero_Pezzo(valore);
+    return Numero_Pezzo(Valore_Ini(gFileIni, ChiaveSimmetrico));
 }
 
 bool Altezza_Valida(const QString &testo)
@@ -154,14 +150,15 @@ void frmMctc2::Disegno()
 
 void frmMctc2::Load()
 {
-    Caption(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcProvaProiettori));
     Campi_Azzera(gCampiVeicolo, ULTIMA_RIGA);
     Campi_Imposta();
     Campi_Crea(gCampiVeicolo, ULTIMA_RIGA, *this);
     for (const qint16 riga : {RIGA_ALTEZZA, RIGA_INCLINAZIONE, RIGA_SIMMETRICO}) {
         lbl[riga].Width(FARO_ETICHETTA_LARGA);
         lbl[riga].Height(FARO_ETICHETTA_ALTA);
-        lbl[riga].Allineamento(Qt::AlignLeft | Qt::AlignBottom); // one line or two, it stands on its box
+        // One line or two, it stands on its box.
+        lbl[riga].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     }
     Campi_Applica(gCampiVeicolo, ULTIMA_RIGA, *this);
     Azzera_Inclinazione();
@@ -215,7 +212,7 @@ void frmMctc2::Disponi_Righe()
     picSim->Posto(ScalaX(2680), ScalaY(5700), ScalaX(10000), ScalaY(3900));
     lblFaro->Posto(ScalaX(7700), ScalaY(2200), ScalaX(7100), ScalaY(2100));
     lblFaro->FontSize(Punti_Normali() * 2);
-    lblFaro->Allineamento(Qt::AlignCenter);
+    lblFaro->Allineamento(Orizzontale::Centro);
 }
 
 /// One place for both: without a vehicle to choose there is no plate, and the reason stands there.
@@ -223,7 +220,7 @@ void frmMctc2::Disponi_Targa()
 {
     for (Etichetta *etichetta : {lblTarga.get(), lblMotivo.get()}) {
         etichetta->Posto(ScalaX(100), ScalaY(TARGA_Y), gScreenW - 2 * ScalaX(100), ScalaY(TARGA_ALTA));
-        etichetta->Allineamento(Qt::AlignCenter);
+        etichetta->Allineamento(Orizzontale::Centro);
         etichetta->FontBold(true);
     }
     lblTarga->FontSize(Punti_Normali() * PUNTI_TARGA);
@@ -237,12 +234,12 @@ void frmMctc2::Disponi_Pulsanti()
 {
     const qint32 cima = gScreenH - ScalaY(1500);
     const qint32 larghezza = ScalaX(2600);
-    cmd[0].Caption(Testo_Mctc(113));
+    cmd[0].Caption(Testo_Mctc(MctcAvvia));
     cmd[0].Posto(gScreenW - ScalaX(500) - larghezza, cima, larghezza, ScalaY(975));
-    cmd[1].Caption(Testo_Mctc(114));
+    cmd[1].Caption(Testo_Mctc(MctcIndietro));
     cmd[1].Posto(0, 0, 0, 0); // collapsed: it has a caption and no action
     cmd[1].Visible(false);
-    cmd[2].Caption(Testo_Mctc(7));
+    cmd[2].Caption(Testo_Mctc(MctcEsci));
     cmd[2].Posto(ScalaX(500), cima, larghezza, ScalaY(975));
     cmd[2].Cancel(true);
     cmd[0].Default(true);
@@ -258,7 +255,7 @@ void frmMctc2::Disponi_Pulsanti()
 void frmMctc2::Mostra_Faro(bool simmetrico)
 {
     picSim->Picture(gDirImmagini + (simmetrico ? QStringLiteral("faro1.jpg") : QStringLiteral("faro0.jpg")));
-    lblFaro->Caption(Testo_Mctc(simmetrico ? TESTO_SIMMETRICO : TESTO_ASIMMETRICO));
+    lblFaro->Caption(Testo_Mctc(simmetrico ? MctcTipoSimmetrico : MctcTipoAsimmetrico));
     picSim->NomeAccessibile(lblFaro->Caption());
 }
 
@@ -294,7 +291,7 @@ void frmMctc2::txt_Validate(qint16 Index, bool &Cancel)
     const qint16 riga = Riga_Di(txt[Index]);
     const QString testo = txt[Index].Text();
     if (riga == RIGA_ALTEZZA && !Altezza_Valida(testo)) {
-        Mostra_MsgTempo(Testo_Mctc(TESTO_VALORE_ERRATO));
+        Mostra_MsgTempo(Testo_Mctc(MctcCampoErrato));
         Cancel = true;
         return;
     }

@@ -13,20 +13,17 @@ std::array<CampoForm, ULTIMA_RIGA + 1> gCampiOfficina;
 
 struct RigaOfficina
 {
-    qint16 etichetta;
-    const char16_t *chiave;
+    TestoMctc etichetta;
+    ChiaveIni chiave;
 };
 
 constexpr RigaOfficina RIGHE[] = {
-    {9,  u"Denominazione"},
-    {10, u"Indirizzo"    },
-    {11, u"Localita"     },
-    {52, u"TelFax"       },
-    {13, u"Web"          },
+    {MctcDenominazione, ChiaveOfficinaDenominazione},
+    {MctcIndirizzo,     ChiaveOfficinaIndirizzo    },
+    {MctcLocalita,      ChiaveOfficinaLocalita     },
+    {MctcTelefonoFax,   ChiaveOfficinaTelefonoFax  },
+    {MctcSitoWeb,       ChiaveOfficinaSitoWeb      },
 };
-
-constexpr qint16 TESTO_TITOLO = 5;
-constexpr qint16 TESTO_ANNULLA = 106;
 
 // The form, in twips: it does not grow with the screen.
 constexpr qint32 FORM_LARGO = 7000;
@@ -76,18 +73,16 @@ void frmAnagOffO::Campi_Imposta()
         CampoForm &campo = gCampiOfficina[i];
         campo.LabelId = RIGHE[i].etichetta;
         campo.Kind = CampoTesto;
-        campo.File = gFileIni;
-        campo.Section = QStringLiteral("OFFICINA");
-        campo.Key = QString::fromUtf16(RIGHE[i].chiave);
+        Campo_Chiave(campo, RIGHE[i].chiave);
         campo.CtlLeft = SINISTRA;
         campo.CtlTop = Intero16(PRIMA_CIMA + static_cast<qint32>(i) * PASSO);
         campo.LabelLeft = Intero16(ScalaX_16(CORNICE) + ETICHETTA_RIENTRO);
         campo.LabelTop = Intero16(campo.CtlTop - ETICHETTA_SU);
     }
-    Caption(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcAnagraficaOfficina));
     cmd[0].Caption(QStringLiteral("Ok"));
     cmd[0].Posto(FORM_LARGO - 1700, FORM_ALTO - 1000, 1500, 800);
-    cmd[1].Caption(Testo_Mctc(TESTO_ANNULLA));
+    cmd[1].Caption(Testo_Mctc(MctcAnnulla));
     cmd[1].Posto(200, FORM_ALTO - 1000, 1500, 800);
     cmd[1].Cancel(true);
 }
@@ -122,7 +117,7 @@ void frmAnagOffO::Salva()
 {
     Campi_Salva(gCampiOfficina, ULTIMA_RIGA);
     // The language in force is kept whether or not anything changed.
-    Scrivi_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Lingua"), gLingua);
+    Scrivi_Ini(gFileIni, ChiaveLingua, gLingua);
     qint16 codice = 1;
     QVariant valore = qint16{0};
     Q_EMIT Notifica(codice, valore);

@@ -11,6 +11,7 @@
 #include "mctc/frmControlliMctc.h"
 #include "platform/elenco.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/eventi.h"
 #include "platform/numeri.h"
 #include "platform/una_riga.h"
 #include "report/frmVerPerO.h"
@@ -55,64 +56,63 @@ enum Blocco
 
 struct DatiRiga
 {
-    qint16 etichetta; // -1: none
+    TestoMctc etichetta;
     quint8 controllo;
-    const char16_t *sezione;
-    const char16_t *chiave; // of a row with two keys, the one of the network folders
+    ChiaveIni chiave; // of a row with two keys, the one of the network folders
     Blocco blocco;
 };
 
 constexpr DatiRiga RIGHE[ULTIMA_RIGA + 1] = {
-    {14,  CampoTesto,  u"LUMIRA",       u"Comm_Modello",       Bloccata },
-    {15,  CampoTesto,  u"LUMIRA",       u"Comm_Marca",         Bloccata },
-    {16,  CampoTesto,  u"LUMIRA",       u"Comm_NOmologazione", Bloccata },
-    {17,  CampoTesto,  u"LUMIRA",       u"Comm_NSerie",        Bloccata },
-    {18,  CampoTesto,  u"LUMIRA",       u"Comm_ScadRevisione", Bloccata },
-    {142, CampoTesto,  u"VEICOLO",      u"Operatore",          Libera   },
-    {33,  CampoCombo,  u"IMPOSTAZIONI", u"Lingua",             Libera   },
-    {25,  CampoTesto,  u"PARAMETRI",    u"DevOrizAnab",        Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"DevOrizAbb",         Bloccata },
-    {26,  CampoTesto,  u"PARAMETRI",    u"DevVertAnab",        Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"DevVertAbb",         Bloccata },
-    {27,  CampoTesto,  u"PARAMETRI",    u"LuxMaxAnab",         Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"LuxMaxAbb",          Bloccata },
-    {28,  CampoTesto,  u"PARAMETRI",    u"LuxMinAnab",         Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"LuxMinAbb",          Bloccata },
-    {29,  CampoTesto,  u"PARAMETRI",    u"IncVertMin80An",     Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"IncVertMin80Ab",     Bloccata },
-    {30,  CampoTesto,  u"PARAMETRI",    u"IncVertMax80An",     Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"IncVertMax80Ab",     Bloccata },
-    {22,  CampoCombo,  u"MCTC",         u"Modalita",           SenzaRete},
-    {23,  CampoTesto,  u"MCTC",         u"ReteRisultati",      SenzaRete},
-    {24,  CampoTesto,  u"MCTC",         u"ReteDati",           SenzaRete},
-    {88,  CampoSpunta, u"MCTC",         u"IniFile",            Libera   },
-    {89,  CampoSpunta, u"MCTC",         u"Esce",               Libera   },
-    {90,  CampoSpunta, u"MCTC",         u"ControlloVisivo",    Libera   },
-    {103, CampoSpunta, u"MCTC",         u"AllarmeAcustico",    Libera   },
-    {104, CampoSpunta, u"MCTC",         u"Alimentazione",      Libera   },
-    {105, CampoSpunta, u"MCTC",         u"AltezzaFaroAuto",    Libera   },
-    {93,  CampoSpunta, u"",             u"",                   Libera   }, // no setting: the switch of the limits
-    {138, CampoSpunta, u"IMPOSTAZIONI", u"CamReset",           Libera   },
-    {147, CampoCombo,  u"IMPOSTAZIONI", u"ModSeriale",         Libera   },
-    {157, CampoCombo,  u"COMM",         u"Num",                Libera   },
+    {MctcModelloStrumento,      CampoTesto,  ChiaveStrumentoModello,      Bloccata },
+    {MctcMarcaStrumento,        CampoTesto,  ChiaveStrumentoMarca,        Bloccata },
+    {MctcNumeroOmologazione,    CampoTesto,  ChiaveStrumentoOmologazione, Bloccata },
+    {MctcNumeroSerie,           CampoTesto,  ChiaveStrumentoSerie,        Bloccata },
+    {MctcScadenzaVerifica,      CampoTesto,  ChiaveStrumentoScadenza,     Bloccata },
+    {MctcOperatore,             CampoTesto,  ChiaveOperatore,             Libera   },
+    {MctcLingua,                CampoCombo,  ChiaveLingua,                Libera   },
+    {MctcDeviazioneOrizzontale, CampoTesto,  ChiaveDevOrizAnab,           Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveDevOrizAbb,            Bloccata },
+    {MctcDeviazioneVerticale,   CampoTesto,  ChiaveDevVertAnab,           Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveDevVertAbb,            Bloccata },
+    {MctcIlluminamentoMassimo,  CampoTesto,  ChiaveLuxMaxAnab,            Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveLuxMaxAbb,             Bloccata },
+    {MctcIlluminamentoMinimo,   CampoTesto,  ChiaveLuxMinAnab,            Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveLuxMinAbb,             Bloccata },
+    {MctcInclinazioneMinima80,  CampoTesto,  ChiaveIncVertMin80An,        Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveIncVertMin80Ab,        Bloccata },
+    {MctcInclinazioneMassima80, CampoTesto,  ChiaveIncVertMax80An,        Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveIncVertMax80Ab,        Bloccata },
+    {MctcCartelleScambio,       CampoCombo,  ChiaveModalita,              SenzaRete},
+    {MctcCartellaRisultati,     CampoTesto,  ChiaveReteRisultati,         SenzaRete},
+    {MctcCartellaAccettazioni,  CampoTesto,  ChiaveReteDati,              SenzaRete},
+    {MctcListaAccettazioni,     CampoSpunta, ChiaveIniFile,               Libera   },
+    {MctcUscitaFineProva,       CampoSpunta, ChiaveEsce,                  Libera   },
+    {MctcControlloVisivo,       CampoSpunta, ChiaveControlloVisivo,       Libera   },
+    {MctcAllarmeAcustico,       CampoSpunta, ChiaveAllarmeAcustico,       Libera   },
+    {MctcAlimentazione,         CampoSpunta, ChiaveAlimentazione,         Libera   },
+    {MctcAltezzaAutomatica,     CampoSpunta, ChiaveAltezzaFaroAuto,       Libera   },
+    {MctcSbloccaLimiti,         CampoSpunta, {},                          Libera   }, // no setting: the switch of the limits
+    {MctcAzzeraTelecamera,      CampoSpunta, ChiaveAzzeraTelecamera,      Libera   },
+    {MctcStrumentoDaLeggere,    CampoCombo,  ChiaveModelloSeriale,        Libera   },
+    {MctcPortaSeriale,          CampoCombo,  ChiavePortaNumero,           Libera   },
 };
 
 /// The folders of rows 20 and 21 have a key for each work mode.
-constexpr const char16_t *CHIAVI_RETE[] = {u"ReteRisultati", u"ReteDati"};
-constexpr const char16_t *CHIAVI_LOCALI[] = {u"DirRisultati", u"DirDati"};
+constexpr ChiaveIni CHIAVI_RETE[] = {ChiaveReteRisultati, ChiaveReteDati};
+constexpr ChiaveIni CHIAVI_LOCALI[] = {ChiaveLocaleRisultati, ChiaveLocaleDati};
 
 struct Lingua
 {
     const char16_t *codice;
-    qint16 testo;
+    TestoMctc testo;
 };
 
 constexpr Lingua LINGUE[] = {
-    {u"it", 81},
-    {u"fr", 82},
-    {u"en", 83},
-    {u"es", 84},
-    {u"de", 85},
+    {u"it", MctcItaliano},
+    {u"fr", MctcFrancese},
+    {u"en", MctcInglese },
+    {u"es", MctcSpagnolo},
+    {u"de", MctcTedesco },
 };
 
 /// Flags that a save brings into force, by row.
@@ -134,11 +134,7 @@ constexpr FlagRiga FLAG_RIGHE[] = {
 constexpr qint16 ORDINE_LETTURA[] = {1, 0, 2, 3, 4, 5};
 
 constexpr qint16 PORTE = 20;
-constexpr qint16 TESTI_MODALITA[] = {91, 92};
-constexpr qint16 TESTI_COLONNE[] = {32, 31};
-constexpr qint16 TESTO_IMPOSTAZIONI = 1;
-constexpr qint16 TESTO_VERIFICA = 4;
-constexpr qint16 TESTO_VALORE_ERRATO = 108;
+constexpr TestoMctc TESTI_COLONNE[] = {MctcAnabbagliante, MctcAbbagliante};
 constexpr qint16 TASTO_LIVELLI = 12; // F12: the check levels, which no menu shows
 
 // The layout, in design units.
@@ -167,6 +163,7 @@ constexpr Posto POSTO_PORTA = {12000, 8300, 2700};
 
 CampoForm &Campo(qint16 riga)
 {
+    // cppcheck-suppress containerOutOfBounds ; reckons the size of the table one too small
     return gCampiSetup[static_cast<size_t>(riga)];
 }
 
@@ -181,7 +178,7 @@ QString Testo_Blocco(const QStringList &testi, qint16 indice)
 void Chiavi_Cartelle(bool rete)
 {
     for (qint16 i = 0; i < 2; ++i)
-        Campo(Intero16(RigaRisultati + i)).Key = QString::fromUtf16(rete ? CHIAVI_RETE[i] : CHIAVI_LOCALI[i]);
+        Campo_Chiave(Campo(Intero16(RigaRisultati + i)), rete ? CHIAVI_RETE[i] : CHIAVI_LOCALI[i]);
 }
 
 qint16 Lingua_Scelta()
@@ -196,7 +193,7 @@ qint16 Lingua_Scelta()
 /// Only the last character of the stored number counts: port 12 shows as the second, port 10 as none (-1).
 qint16 Porta_Scelta()
 {
-    const QString numero = Valore_Ini(gFileIni, QStringLiteral("COMM"), QStringLiteral("Num"));
+    const QString numero = Valore_Ini(gFileIni, ChiavePortaNumero);
     return Intero16(Numero_Pezzo(numero.right(1)) - 1);
 }
 
@@ -208,7 +205,7 @@ void Liste_Imposta()
         lingua.List.append(Testo_Mctc(voce.testo));
     lingua.ListIndexDefault = Lingua_Scelta();
     CampoForm &modalita = Campo(RigaModalita);
-    modalita.List = {Testo_Mctc(TESTI_MODALITA[0]), Testo_Mctc(TESTI_MODALITA[1])};
+    modalita.List = {Testo_Mctc(MctcCartelleRete), Testo_Mctc(MctcCartelleLocali)};
     modalita.ListIndexDefault = gModalita ? 1 : 0;
     Campo(RigaStrumento).List = QStringList{QStringLiteral("QX5")};
     CampoForm &porta = Campo(RigaPorta);
@@ -266,9 +263,7 @@ void Riga_Imposta(CampoForm &campo, const DatiRiga &dati)
 {
     campo.LabelId = dati.etichetta;
     campo.Kind = dati.controllo;
-    campo.File = gFileIni;
-    campo.Section = QString::fromUtf16(dati.sezione);
-    campo.Key = QString::fromUtf16(dati.chiave);
+    Campo_Chiave(campo, dati.chiave);
     // Also of a row that the form locks only later: its label goes by the lock at every change of language.
     campo.LabelEnabledByEditable = dati.blocco != Libera;
     campo.Editable = Flag_Da(dati.blocco == Libera || (dati.blocco == SenzaRete && gIniFile));
@@ -346,8 +341,8 @@ void frmSetupO::Didascalie()
 {
     for (qint16 i = 0; i <= 1; ++i)
         lblDes[i].Caption(Testo_Mctc(TESTI_COLONNE[i]));
-    cmd[1].Caption(Testo_Mctc(TESTO_VERIFICA));
-    Caption(Testo_Mctc(TESTO_IMPOSTAZIONI));
+    cmd[1].Caption(Testo_Mctc(MctcVerificaPeriodica));
+    Caption(Testo_Mctc(MctcImpostazioni));
 }
 
 void frmSetupO::Activate()
@@ -383,7 +378,7 @@ void frmSetupO::txt_Validate(qint16 Index, bool &Cancel)
     const qint16 riga = Riga_Di(txt[Index]);
     const QString testo = txt[Index].Text();
     if (riga >= PrimoLimite && riga <= UltimoLimite && !Numero_Valido(testo)) {
-        Mostra_MsgTempo(Testo_Mctc(TESTO_VALORE_ERRATO));
+        Mostra_MsgTempo(Testo_Mctc(MctcCampoErrato));
         Cancel = true;
         return;
     }
@@ -402,7 +397,7 @@ void frmSetupO::Convalida_Cartella(const QString &testo)
     CampoForm &dati = Campo(RigaDati);
     CampoForm &risultati = Campo(RigaRisultati);
     txt[dati.CtlIndex].Text(testo);
-    Schermo_Puntatore(PuntatoreClessidra);
+    const Clessidra clessidra;
     if (Fs_Esiste(testo, ATTRIBUTO_CARTELLA)) {
         Chiavi_Cartelle(Campo(RigaModalita).Value == u"0");
         Scrivi_Ini(gFileIni, dati.Section, dati.Key, dati.Value);
@@ -413,7 +408,6 @@ void frmSetupO::Convalida_Cartella(const QString &testo)
         dati.Dirty = Vero;
         dati.Value = testo;
     }
-    Schermo_Puntatore(PuntatoreNormale);
 }
 
 // --- lists ------------------------------------------------------------------------------------------------
@@ -683,8 +677,7 @@ void frmSetupO::Accetta_Strumento()
         Scrivi_Ini(gFileIni, campo.Section, campo.Key, campo.Value);
     }
     for (qint16 i = 0; i < static_cast<qint16>(CHIAVI_TARATURA.size()); ++i) {
-        Scrivi_Ini(gFileIni, QString::fromUtf16(SEZIONE_TARATURA),
-                   QString::fromUtf16(CHIAVI_TARATURA[static_cast<size_t>(i)]),
+        Scrivi_Ini(gFileIni, CHIAVI_TARATURA[static_cast<size_t>(i)],
                    Una_Riga(Testo_Blocco(gDatiTaratura, i))); // of more the profile would keep none
     }
 }

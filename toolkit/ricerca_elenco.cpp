@@ -37,8 +37,7 @@ void RicercaElenco::Imposta(const QString &testo)
     m_pausa.Enabled(false);
     m_testo = testo;
     const QPointer<RicercaElenco> vivo(this);
-    if (const auto cambiata = Cambiata; cambiata)
-        cambiata();
+    Cambiata();
     if (vivo != nullptr)
         m_pausa.Enabled(!m_testo.isEmpty());
 }

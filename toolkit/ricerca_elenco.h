@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/temporizzatore.h"
+#include "toolkit/evento.h"
 
 #include <QObject>
 #include <QString>
@@ -28,7 +29,7 @@ public:
     void Azzera();
 
     /// Told when the text has changed, also to an empty one.
-    std::function<void()> Cambiata;
+    Evento Cambiata;
     /// Told of an arrow pressed while a text stands, true for the one downwards. @return false when the key
     /// shall move by a line, as ever.
     std::function<bool(bool)> Freccia;

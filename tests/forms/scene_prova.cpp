@@ -1,4 +1,5 @@
 #include "tests/forms/scene_prova.h"
+#include "tests/comuni/testi_prova.h"
 
 #include "app/frmMain.h"
 #include "core/limiti.h"
@@ -41,11 +42,16 @@ constexpr const char *GUASTI[][2] = {
     {"PotMaxkW=85.00",            "PotMaxkW=85,00"           },
 };
 
-constexpr const char *CELLE[] = {
-    "VertAnabDx",     "VertAnabSx",     "VertAbbDx",     "VertAbbSx",     //
-    "OrizzAnabDx",    "OrizzAnabSx",    "OrizzAbbDx",    "OrizzAbbSx",    //
-    "IllumLuxAnabDx", "IllumLuxAnabSx", "IllumLuxAbbDx", "IllumLuxAbbSx", //
+constexpr RigaFar CELLE[] = {
+    FarVertAnabDx,     FarVertAnabSx,     FarVertAbbDx,     FarVertAbbSx,     //
+    FarOrizzAnabDx,    FarOrizzAnabSx,    FarOrizzAbbDx,    FarOrizzAbbSx,    //
+    FarIllumLuxAnabDx, FarIllumLuxAnabSx, FarIllumLuxAbbDx, FarIllumLuxAbbSx, //
 };
+
+bool Di_Intensita(RigaFar cella)
+{
+    return cella >= FarIllumLuxAnabDx && cella <= FarIllumLuxAbbSx;
+}
 
 template <typename T>
 std::shared_ptr<T> Mostrato(const std::shared_ptr<T> &form)
@@ -110,7 +116,7 @@ std::shared_ptr<Modulo> Lista_Cambiata(const BancoForm &banco)
 }
 
 /// No file to choose from: the entry form tells why.
-template <int testo>
+template <TestoMctc testo>
 std::shared_ptr<Modulo> Veicolo_SenzaLista(const BancoForm &)
 {
     gTipoProva = 2;
@@ -156,12 +162,10 @@ std::shared_ptr<Modulo> Esito_Regolare(const BancoForm &)
     Carica_Limiti();
     gAltezzaFaro = 65.5;
     Far_Azzera();
-    for (const char *cella : CELLE)
-        Far_Imposta(QString::fromLatin1(cella), QString::fromLatin1(cella).startsWith(u"Illum")
-                                                    ? QStringLiteral("45678")
-                                                    : QStringLiteral("R"));
-    Far_Imposta(QStringLiteral("TipoAnab"), QStringLiteral("#A"));
-    Far_Imposta(QStringLiteral("Esito"), QStringLiteral("R"));
+    for (const RigaFar cella : CELLE)
+        Far_Imposta(cella, Di_Intensita(cella) ? QStringLiteral("45678") : QStringLiteral("R"));
+    Far_Imposta(FarTipoAnab, QStringLiteral("#A"));
+    Far_Imposta(FarEsito, QStringLiteral("R"));
     return Mostrato(Nuovo<frmEsito>());
 }
 
@@ -172,17 +176,16 @@ std::shared_ptr<Modulo> Esito_Irregolare(const BancoForm &)
     gAltezzaFaro = 100;
     Far_Azzera();
     int i = 0;
-    for (const char *cella : CELLE) {
+    for (const RigaFar cella : CELLE) {
         const bool buona = i++ % 2 == 0;
-        if (QString::fromLatin1(cella).startsWith(u"Illum"))
-            Far_Imposta(QString::fromLatin1(cella),
-                        buona ? QStringLiteral("45678") : QStringLiteral("234567"));
+        if (Di_Intensita(cella))
+            Far_Imposta(cella, buona ? QStringLiteral("45678") : QStringLiteral("234567"));
         else
-            Far_Imposta(QString::fromLatin1(cella), buona ? QStringLiteral("R") : QStringLiteral("I"));
+            Far_Imposta(cella, buona ? QStringLiteral("R") : QStringLiteral("I"));
     }
-    Far_Imposta(QString::fromLatin1(CELLE[std::size(CELLE) - 2]), QString());
-    Far_Imposta(QStringLiteral("TipoAnab"), QStringLiteral("#S"));
-    Far_Imposta(QStringLiteral("Esito"), QStringLiteral("I"));
+    Far_Imposta(FarIllumLuxAbbDx, QString());
+    Far_Imposta(FarTipoAnab, QStringLiteral("#S"));
+    Far_Imposta(FarEsito, QStringLiteral("I"));
     return Mostrato(Nuovo<frmEsito>());
 }
 
@@ -283,11 +286,11 @@ std::shared_ptr<Modulo> Messaggio(qint16 modo, const QString &testo)
 
 std::shared_ptr<Modulo> Messaggio_Breve(const BancoForm &)
 {
-    return Messaggio(0, Testo_Lingua(58));
+    return Messaggio(0, Testo_Lingua(Id_Lingua(58)));
 }
 std::shared_ptr<Modulo> Messaggio_Lungo(const BancoForm &)
 {
-    return Messaggio(0, Testo_Mctc(108));
+    return Messaggio(0, Testo_Mctc(Id_Mctc(108)));
 }
 
 std::shared_ptr<Modulo> Messaggio_Rapporto(const BancoForm &banco)
@@ -301,7 +304,7 @@ std::shared_ptr<Modulo> Messaggio_Rapporto(const BancoForm &banco)
         Campo_Leggi(campo);
     QString rapporto;
     Acc_Controlla(percorso, rapporto);
-    return Messaggio(1, Testo_Mctc(110) + QStringLiteral(": \r\n") + rapporto);
+    return Messaggio(1, Testo_Mctc(Id_Mctc(110)) + QStringLiteral(": \r\n") + rapporto);
 }
 
 std::shared_ptr<Modulo> Password(const BancoForm &)
@@ -320,34 +323,34 @@ struct Scena
 };
 
 constexpr Scena SCENE[] = {
-    {"menu",                      Aperto<frmMain>         },
-    {"menu con avvisi",           Menu_ConAvvisi          },
-    {"lista, file sano",          Lista_Sana              },
-    {"lista, file guasto",        Lista_Guasta            },
-    {"lista, altro veicolo",      Lista_Cambiata          },
-    {"livelli",                   Aperto<frmControlliMctc>},
-    {"veicolo accettato",         Veicolo_Accettato       },
-    {"veicolo, lista vuota",      Veicolo_SenzaLista<225> },
-    {"veicolo, senza cartella",   Veicolo_SenzaLista<226> },
-    {"veicolo a mano",            Veicolo_AMano           },
-    {"esito regolare",            Esito_Regolare          },
-    {"esito irregolare",          Esito_Irregolare        },
-    {"collegamento, inizio",      Sessione_Iniziata       },
-    {"collegamento, misura",      Sessione_Misura         },
-    {"collegamento, lettura",     Sessione_Lettura        },
-    {"collegamento, silenzio",    Sessione_Muta           },
-    {"collegamento, errata",      Sessione_Errata         },
-    {"collegamento, altro tipo",  Sessione_AltroTipo      },
-    {"verifica",                  Aperto<frmVerPerO>      },
-    {"impostazioni",              Impostazioni            },
-    {"impostazioni, senza rete",  Impostazioni_SenzaRete  },
-    {"impostazioni, sbloccate",   Impostazioni_Sbloccate  },
-    {"officina",                  Aperto<frmAnagOffO>     },
-    {"messaggio breve",           Messaggio_Breve         },
-    {"messaggio lungo",           Messaggio_Lungo         },
-    {"messaggio con il rapporto", Messaggio_Rapporto      },
-    {"password",                  Password                },
-    {"informazioni",              Aperto<frmAbout>        },
+    {"menu",                      Aperto<frmMain>                            },
+    {"menu con avvisi",           Menu_ConAvvisi                             },
+    {"lista, file sano",          Lista_Sana                                 },
+    {"lista, file guasto",        Lista_Guasta                               },
+    {"lista, altro veicolo",      Lista_Cambiata                             },
+    {"livelli",                   Aperto<frmControlliMctc>                   },
+    {"veicolo accettato",         Veicolo_Accettato                          },
+    {"veicolo, lista vuota",      Veicolo_SenzaLista<MctcSceltaVuota>        },
+    {"veicolo, senza cartella",   Veicolo_SenzaLista<MctcSceltaSenzaCartella>},
+    {"veicolo a mano",            Veicolo_AMano                              },
+    {"esito regolare",            Esito_Regolare                             },
+    {"esito irregolare",          Esito_Irregolare                           },
+    {"collegamento, inizio",      Sessione_Iniziata                          },
+    {"collegamento, misura",      Sessione_Misura                            },
+    {"collegamento, lettura",     Sessione_Lettura                           },
+    {"collegamento, silenzio",    Sessione_Muta                              },
+    {"collegamento, errata",      Sessione_Errata                            },
+    {"collegamento, altro tipo",  Sessione_AltroTipo                         },
+    {"verifica",                  Aperto<frmVerPerO>                         },
+    {"impostazioni",              Impostazioni                               },
+    {"impostazioni, senza rete",  Impostazioni_SenzaRete                     },
+    {"impostazioni, sbloccate",   Impostazioni_Sbloccate                     },
+    {"officina",                  Aperto<frmAnagOffO>                        },
+    {"messaggio breve",           Messaggio_Breve                            },
+    {"messaggio lungo",           Messaggio_Lungo                            },
+    {"messaggio con il rapporto", Messaggio_Rapporto                         },
+    {"password",                  Password                                   },
+    {"informazioni",              Aperto<frmAbout>                           },
 };
 
 } // namespace

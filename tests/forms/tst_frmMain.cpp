@@ -17,6 +17,7 @@
 #include "platform/porta_seriale.h"
 #include "report/frmMctc2.h"
 #include "setup/frmSetupO.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -245,7 +246,7 @@ private Q_SLOTS:
     {
         Apri();
         for (int i = 0; i <= 8; ++i) {
-            QCOMPARE(Voce(i)->text(), Testo_Mctc(static_cast<qint16>(i)));
+            QCOMPARE(Voce(i)->text(), Testo_Mctc(Id_Mctc(i)));
             QVERIFY(!Voce(i)->text().isEmpty());
             QCOMPARE(Voce(i)->isVisible(), i != 8);
             QCOMPARE(Voce(i)->isEnabled(), i != 0 && i != 3);
@@ -520,7 +521,7 @@ private Q_SLOTS:
     {
         QVERIFY(QFile::remove(Nativo(QStringLiteral("dati\\splash_kp_net.jpg"))));
         form = Nuovo<frmMain>();
-        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 53);
+        QCOMPARE(Errore_DaEvento([this] { form->Mostra(); }), 53);
     }
 
     void passwordPerVariante_data()
@@ -547,7 +548,7 @@ private Q_SLOTS:
         banco->Stazione.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Pwd"),
                                 QStringLiteral("aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa"));
         form = Nuovo<frmMain>();
-        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 6);
+        QCOMPARE(Errore_DaEvento([this] { form->Mostra(); }), 6);
     }
 
     // --- the beginning of a test --------------------------------------------------------------------------
@@ -588,6 +589,60 @@ private Q_SLOTS:
         QVERIFY(QApplication::activeModalWidget() == nullptr);
     }
 
+    void motivoDelModuloVuoto_data()
+    {
+        QTest::addColumn<Flag>("lista");
+        QTest::addColumn<bool>("cartella");
+        QTest::addColumn<QString>("motivo");
+        QTest::newRow("vuota") << Vero << true
+                               << QStringLiteral(
+                                      "Nessun veicolo da scegliere: la cartella delle accettazioni è "
+                                      "vuota");
+        QTest::newRow("mancante") << Vero << false
+                                  << QStringLiteral(
+                                         "Nessun veicolo da scegliere: la cartella delle accettazioni "
+                                         "manca o non si raggiunge. Controllare rete e impostazioni");
+        QTest::newRow("senza lista") << Falso << false << QString();
+    }
+    /// Why the form of the vehicle comes up empty and locked instead of the list.
+    void motivoDelModuloVuoto()
+    {
+        QFETCH(Flag, lista);
+        QFETCH(bool, cartella);
+        QFETCH(QString, motivo);
+        gIniFile = lista;
+        if (!cartella)
+            QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR"))).removeRecursively());
+        Apri();
+        Premi_Prova();
+        const auto veicolo = Modulo_Aperto("frmMctc2");
+        QCOMPARE(Testo_Di(*veicolo, "lblMotivo"), motivo);
+        QCOMPARE(Visibile(*veicolo, "lblMotivo"), !motivo.isEmpty());
+    }
+
+    /// What ended a session stays on the menu for a minute, in its words, in place of all else.
+    void fineDellaSessionePerUnMinuto()
+    {
+        Imposta_Porta(QStringLiteral("77"));
+        Apri();
+        Orologio_Banco().Avanza(DOPO_RITORNO);
+        QCOMPARE(Avviso(), QStringLiteral("Porta COM77 assente"));
+        Sessione_Annota(QStringLiteral("Lo strumento non risponde"));
+        Orologio_Banco().Avanza(20000);
+        Va_E_Torna();
+        QCOMPARE(Avviso(), QStringLiteral("Lo strumento non risponde"));
+        Orologio_Banco().Avanza(39999);
+        QCOMPARE(Avviso(), QStringLiteral("Lo strumento non risponde"));
+        Orologio_Banco().Avanza(1);
+        QCOMPARE(Avviso(), QStringLiteral("Porta COM77 assente"));
+        // One that went well takes the word of the one before it away.
+        Sessione_Annota(QStringLiteral("Lo strumento non risponde"));
+        Va_E_Torna();
+        Sessione_Annota(QString());
+        Va_E_Torna();
+        QCOMPARE(Avviso(), QStringLiteral("Porta COM77 assente"));
+    }
+
     /// A folder that cannot even be asked for is as good as an empty one; a missing one lists nothing anyway.
     void cartellaDellaLetturaIrraggiungibile()
     {
@@ -623,7 +678,7 @@ private Q_SLOTS:
         Sessione_Completa(regia, [&](Modulo &esito) {
             caricati = Nomi_Caricati();
             // Everything is done before the result shows: the record, the file, the end of the acceptance.
-            QCOMPARE(Testo_Di(esito, "lblTitolo"), Testo_Mctc(126));
+            QCOMPARE(Testo_Di(esito, "lblTitolo"), Testo_Mctc(Id_Mctc(126)));
             QCOMPARE(Testo_Di(esito, "lblTab_8"), QStringLiteral("78.9"));
             QCOMPARE(gTipoProva, qint16{4});
             QVERIFY(banco->Stazione.Leggi(FILE_FAR).contains("\r\nEsito=R\r\n"));
@@ -649,7 +704,7 @@ private Q_SLOTS:
         Sessione_Completa(regia);
         Conferma_Veicolo();
         QVERIFY(regia.Finita());
-        QCOMPARE(Far_Valore(QStringLiteral("Esito")), QStringLiteral("R"));
+        QCOMPARE(Far_Valore(FarEsito), QStringLiteral("R"));
         QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR")))
                     .isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
     }
@@ -724,7 +779,7 @@ private Q_SLOTS:
         QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMain")));
         QVERIFY(!Esiste(FILE_FAR));
         QVERIFY(Esiste(QStringLiteral("DIR_FAR\\") + FILE_ACC));
-        QVERIFY(Far_Valore(QStringLiteral("Esito")).isEmpty());
+        QVERIFY(Far_Valore(FarEsito).isEmpty());
         QVERIFY(form->Finestra()->isVisible());
     }
 
@@ -923,7 +978,7 @@ private Q_SLOTS:
         const EsitoFiglio esito = Figlio_Esegui({QString::fromLatin1(SENZA_DATI)});
         QVERIFY2(esito.Finito, qPrintable(esito.Errori));
         QCOMPARE(esito.Stato, 0);
-        QVERIFY2(esito.Uscita.contains(Testo_Lingua(4)), qPrintable(esito.Uscita));
+        QVERIFY2(esito.Uscita.contains(Testo_Lingua(Id_Lingua(4))), qPrintable(esito.Uscita));
     }
 
     // --- the other entries --------------------------------------------------------------------------------
@@ -1020,7 +1075,7 @@ private Q_SLOTS:
         QVERIFY(!gPwdCorrente.isEmpty());
         Regia errata;
         errata.Quando("dlgPwd", [](Modulo &dialogo) {
-            QCOMPARE(dialogo.Caption(), Testo_Mctc(20));
+            QCOMPARE(dialogo.Caption(), Testo_Mctc(Id_Mctc(20)));
             QVERIFY(Testo_Di(dialogo, "txtPwd").isEmpty());
             Scrivi_Password(dialogo, QStringLiteral("zz"));
         });
