@@ -2,6 +2,7 @@
 // the operator picks and hands it to the entry form.
 #pragma once
 
+#include "core/testi_mctc.h"
 #include "mctc/lista.h"
 #include "platform/temporizzatore.h"
 #include "toolkit/modulo.h"

@@ -121,5 +121,5 @@ void Elenco_Fatta(ElencoVoci &elenco, qint32 riga, bool fatta, const QString &pa
     if (voce == nullptr || voce->data(RUOLO_FATTA).toBool() == fatta)
         return;
     voce->setData(RUOLO_FATTA, fatta);
-    voce->setData(Qt::AccessibleTextRole, fatta ? voce->text() + u'\t' + parola : QVariant());
+    voce->setData(Qt::AccessibleDescriptionRole, fatta ? parola : QVariant());
 }

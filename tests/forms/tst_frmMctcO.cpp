@@ -126,7 +126,7 @@ private:
     {
         QList<int> fatte;
         for (int i = 0; i < Lista()->count(); ++i) {
-            if (Lista()->item(i)->data(Qt::AccessibleTextRole).toString().endsWith(QStringLiteral("\tfatto")))
+            if (Lista()->item(i)->data(Qt::AccessibleDescriptionRole).toString() == u"fatto")
                 fatte.append(i);
         }
         return fatte;
