@@ -141,7 +141,30 @@
     testo(MctcPortaSeriale,            157) \
     testo(MctcLivelliControlli,        158) \
     testo(MctcControllo,               159) \
-    testo(MctcConfigurazioneBloccata,  160)
+    testo(MctcConfigurazioneBloccata,  160) \
+    testo(MctcListaSpenta,             205) \
+    testo(MctcCartellaVuota,           206) \
+    testo(MctcCartellaInAttesa,        207) \
+    testo(MctcCartellaMancante,        208) \
+    testo(MctcCartellaIlleggibile,     209) \
+    testo(MctcPortaPresente,           210) \
+    testo(MctcPortaAssente,            211) \
+    testo(MctcPortaSenzaNumero,        212) \
+    testo(MctcVerificaValida,          213) \
+    testo(MctcVerificaInScadenza,      214) \
+    testo(MctcVerificaScaduta,         215) \
+    testo(MctcVerificaSenzaData,       216) \
+    testo(MctcVerificaIlleggibile,     217) \
+    testo(MctcInvitoCerca,             218) \
+    testo(MctcCerca,                   219) \
+    testo(MctcNonTrovata,              220) \
+    testo(MctcInAttesa,                221) \
+    testo(MctcAltroVeicolo,            222) \
+    testo(MctcVeicoloSparito,          223) \
+    testo(MctcFatto,                   224) \
+    testo(MctcSceltaVuota,             225) \
+    testo(MctcSceltaSenzaCartella,     226) \
+    testo(MctcSceltaIlleggibile,       227)
 
 // clang-format on
 

@@ -28,6 +28,8 @@
 namespace {
 
 constexpr qint64 DURATA_SESSIONE = 30000; // ms: also of one that waits in vain
+constexpr qint64 BATTITO_LISTA = 2000;
+constexpr qint64 DOPO_RITORNO = 100; // until the menu has looked at its folder
 
 /// Lines of the template and what a careless writing makes of them.
 constexpr const char *GUASTI[][2] = {
@@ -97,6 +99,43 @@ std::shared_ptr<Modulo> Lista_Sana(const BancoForm &banco)
 std::shared_ptr<Modulo> Lista_Guasta(const BancoForm &banco)
 {
     return Lista_Con(banco, 1);
+}
+
+/// The line that was chosen has become another vehicle, a second one is done, and a plate is being looked
+/// for.
+std::shared_ptr<Modulo> Lista_Cambiata(const BancoForm &banco)
+{
+    const auto form = Lista_Con(banco, 0);
+    Orologio_Banco().Avanza(BATTITO_LISTA);
+    QByteArray altra = banco.Stazione.Leggi(QStringLiteral("dati\\ModelloAcc.acc"));
+    altra.replace("Targa=AB123CD", "Targa=ZW987XY");
+    banco.Stazione.Scrivi(QStringLiteral("DIR_FAR\\01234567.acc"), altra);
+    banco.Stazione.Scrivi(QStringLiteral("DIR_FAR\\12345678.far"), "[Kandelo]\r\n");
+    Orologio_Banco().Avanza(BATTITO_LISTA);
+    QTest::keyClicks(Widget_Di(*form, "lstAuto"), QStringLiteral("zw98"));
+    return form;
+}
+
+/// No file to choose from: the entry form tells why.
+template <TestoMctc testo>
+std::shared_ptr<Modulo> Veicolo_SenzaLista(const BancoForm &)
+{
+    gTipoProva = 2;
+    const auto form = Nuovo<frmMctc2>();
+    form->Motivo = Testo_Mctc(testo);
+    return Mostrato(form);
+}
+
+/// The menu of a station where everything asks for somebody.
+std::shared_ptr<Modulo> Menu_ConAvvisi(const BancoForm &banco)
+{
+    banco.Stazione.Imposta(QStringLiteral("LUMIRA"), QStringLiteral("Comm_ScadRevisione"),
+                           QStringLiteral("01/03/2024"));
+    banco.Stazione.Imposta(QStringLiteral("COMM"), QStringLiteral("Num"), QStringLiteral("20"));
+    gDirAcc = banco.Stazione.Percorso(QStringLiteral("rete\\ESITO\\"));
+    const auto form = Mostrato(Nuovo<frmMain>());
+    Orologio_Banco().Avanza(DOPO_RITORNO);
+    return form;
 }
 
 std::shared_ptr<Modulo> Veicolo_Accettato(const BancoForm &banco)
@@ -285,30 +324,34 @@ struct Scena
 };
 
 constexpr Scena SCENE[] = {
-    {"menu",                      Aperto<frmMain>         },
-    {"lista, file sano",          Lista_Sana              },
-    {"lista, file guasto",        Lista_Guasta            },
-    {"livelli",                   Aperto<frmControlliMctc>},
-    {"veicolo accettato",         Veicolo_Accettato       },
-    {"veicolo a mano",            Veicolo_AMano           },
-    {"esito regolare",            Esito_Regolare          },
-    {"esito irregolare",          Esito_Irregolare        },
-    {"collegamento, inizio",      Sessione_Iniziata       },
-    {"collegamento, misura",      Sessione_Misura         },
-    {"collegamento, lettura",     Sessione_Lettura        },
-    {"collegamento, silenzio",    Sessione_Muta           },
-    {"collegamento, errata",      Sessione_Errata         },
-    {"collegamento, altro tipo",  Sessione_AltroTipo      },
-    {"verifica",                  Aperto<frmVerPerO>      },
-    {"impostazioni",              Impostazioni            },
-    {"impostazioni, senza rete",  Impostazioni_SenzaRete  },
-    {"impostazioni, sbloccate",   Impostazioni_Sbloccate  },
-    {"officina",                  Aperto<frmAnagOffO>     },
-    {"messaggio breve",           Messaggio_Breve         },
-    {"messaggio lungo",           Messaggio_Lungo         },
-    {"messaggio con il rapporto", Messaggio_Rapporto      },
-    {"password",                  Password                },
-    {"informazioni",              Aperto<frmAbout>        },
+    {"menu",                      Aperto<frmMain>                            },
+    {"menu con avvisi",           Menu_ConAvvisi                             },
+    {"lista, file sano",          Lista_Sana                                 },
+    {"lista, file guasto",        Lista_Guasta                               },
+    {"lista, altro veicolo",      Lista_Cambiata                             },
+    {"livelli",                   Aperto<frmControlliMctc>                   },
+    {"veicolo accettato",         Veicolo_Accettato                          },
+    {"veicolo, lista vuota",      Veicolo_SenzaLista<MctcSceltaVuota>        },
+    {"veicolo, senza cartella",   Veicolo_SenzaLista<MctcSceltaSenzaCartella>},
+    {"veicolo a mano",            Veicolo_AMano                              },
+    {"esito regolare",            Esito_Regolare                             },
+    {"esito irregolare",          Esito_Irregolare                           },
+    {"collegamento, inizio",      Sessione_Iniziata                          },
+    {"collegamento, misura",      Sessione_Misura                            },
+    {"collegamento, lettura",     Sessione_Lettura                           },
+    {"collegamento, silenzio",    Sessione_Muta                              },
+    {"collegamento, errata",      Sessione_Errata                            },
+    {"collegamento, altro tipo",  Sessione_AltroTipo                         },
+    {"verifica",                  Aperto<frmVerPerO>                         },
+    {"impostazioni",              Impostazioni                               },
+    {"impostazioni, senza rete",  Impostazioni_SenzaRete                     },
+    {"impostazioni, sbloccate",   Impostazioni_Sbloccate                     },
+    {"officina",                  Aperto<frmAnagOffO>                        },
+    {"messaggio breve",           Messaggio_Breve                            },
+    {"messaggio lungo",           Messaggio_Lungo                            },
+    {"messaggio con il rapporto", Messaggio_Rapporto                         },
+    {"password",                  Password                                   },
+    {"informazioni",              Aperto<frmAbout>                           },
 };
 
 } // namespace
