@@ -42,6 +42,8 @@ constexpr VoceEvento EVENTI[] = {
 };
 // clang-format on
 
+constexpr qint16 TESTO_NON_APERTA = 161;
+
 QString Impostazioni_Porta()
 {
     const QStringList pezzi = {QString::number(gPortaBaud), gPortaParity, QString::number(gPortaDataBit),
@@ -79,6 +81,16 @@ Flag Apri_Porta(ControlloSeriale &porta)
     } catch (const ErroreEsecuzione &) {
         return Falso;
     }
+}
+
+QString Porta_Nome()
+{
+    return QStringLiteral("COM%1").arg(gPortaNum);
+}
+
+QString Porta_NonAperta()
+{
+    return QStringLiteral("%1 %2").arg(Porta_Nome(), Testo_Mctc(TESTO_NON_APERTA)).trimmed();
 }
 
 void Chiudi_Porta(ControlloSeriale &porta)

@@ -2,6 +2,7 @@
 // device.
 #include "link/scambio.h"
 
+#include "core/esito_sessione.h"
 #include "core/modGeneral.h"
 #include "link/controllo_seriale.h"
 #include "link/modComm.h"
@@ -25,6 +26,7 @@ constexpr qint16 TESTO_SILENZIO = 153;
 constexpr qint16 TESTO_RISPOSTA_ERRATA = 154;
 constexpr qint16 TESTO_TIPO_ERRATO = 155;
 constexpr qint16 TESTO_COMPLETATO = 156;
+constexpr qint16 TESTO_INTERROTTO = 162;
 
 /// First data offsets of the two text replies.
 constexpr qint16 POSTO_DATI = 5;
@@ -144,6 +146,8 @@ void MacchinaScambio::Avvia()
     Esito = ESITO_FALLITO;
     Passa_Oltre([] { Leggi_Porta(gFileIni); });
     Apri_Porta(commApp);
+    m_portaAperta = commApp.PortOpen();
+    m_finestra.Mostra_Porta(m_portaAperta);
     Ricezione.StatoRx = 0;
     if (Modo == ModoDefault) {
         Imposta_Sequenza();
@@ -157,8 +161,16 @@ void MacchinaScambio::Avvia()
 
 void MacchinaScambio::Scarica()
 {
+    Sessione_Annota(Esito == ESITO_COMPLETATO ? QString() : Causa());
     tmrComm.Enabled(false);
     Chiudi_Porta(commApp);
+}
+
+QString MacchinaScambio::Causa() const
+{
+    if (!m_portaAperta)
+        return Porta_NonAperta();
+    return Stato == StatoChiusura ? m_fallimento : Testo_Mctc(TESTO_INTERROTTO);
 }
 
 QVariant MacchinaScambio::Imposta_Default()
@@ -181,15 +193,18 @@ void MacchinaScambio::Invia_Comando()
     Scrivi_Porta(commApp, gTxFrame);
     tmrComm.Interval(INTERVALLO_ATTESA);
     tmrComm.Enabled(true);
+    m_finestra.Mostra_Avanzamento();
 }
 
 void MacchinaScambio::Chiudi_Sessione(qint16 idTesto, int intervallo)
 {
-    m_finestra.Mostra_Lbl(Testo_Mctc(idTesto));
+    m_fallimento = Testo_Mctc(idTesto);
+    m_finestra.Mostra_Lbl(m_fallimento);
     tmrComm.Interval(intervallo);
     tmrComm.Enabled(true);
     Esito = ESITO_FALLITO;
     Stato = StatoChiusura;
+    m_finestra.Mostra_Avanzamento();
 }
 
 void MacchinaScambio::Avanza()
@@ -201,6 +216,7 @@ void MacchinaScambio::Avanza()
         Esito = ESITO_COMPLETATO;
         Stato = StatoChiusura;
         m_finestra.Mostra_Lbl(Testo_Mctc(TESTO_COMPLETATO));
+        m_finestra.Mostra_Avanzamento();
         return;
     }
     m_finestra.Mostra_Lbl(QStringLiteral("Attesa dati..."));
