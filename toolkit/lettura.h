@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <vector>
+
 class Etichetta;
 
 /// Sizes of type, as many times Punti_Normali.
@@ -18,3 +20,9 @@ inline constexpr qint32 BERSAGLIO_ALTO = 765;
 /// A text cut with dots where it is longer than one line of a label, in the label's full type: a long name
 /// shows its beginning instead of shrinking.
 QString Accorcia(const Etichetta &etichetta, const QString &testo);
+
+/// Width of a label's caption on one line, in the type that it is shown in, in twips.
+qint32 Larghezza_Scritta(const Etichetta &etichetta);
+
+/// Labels that are read together are shown in one size of type: that of the one which has shrunk most.
+void Pareggia(const std::vector<Etichetta *> &etichette);

@@ -122,7 +122,7 @@ std::shared_ptr<Modulo> Esito_Regolare(const BancoForm &banco)
     Far_Azzera();
     for (const char *cella : CELLE)
         Far_Imposta(QString::fromLatin1(cella), QString::fromLatin1(cella).startsWith(u"Illum")
-                                                    ? QStringLiteral("45678")
+                                                    ? QStringLiteral("45600")
                                                     : QStringLiteral("R"));
     Far_Imposta(QStringLiteral("TipoAnab"), QStringLiteral("#A"));
     Far_Imposta(QStringLiteral("Esito"), QStringLiteral("R"));
@@ -142,7 +142,7 @@ std::shared_ptr<Modulo> Esito_Irregolare(const BancoForm &banco)
         const bool buona = i++ % 2 == 0;
         if (QString::fromLatin1(cella).startsWith(u"Illum"))
             Far_Imposta(QString::fromLatin1(cella),
-                        buona ? QStringLiteral("45678") : QStringLiteral("234567"));
+                        buona ? QStringLiteral("45600") : QStringLiteral("234500"));
         else
             Far_Imposta(QString::fromLatin1(cella), buona ? QStringLiteral("R") : QStringLiteral("I"));
     }

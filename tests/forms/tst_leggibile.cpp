@@ -73,24 +73,26 @@ struct Classe
 };
 
 constexpr Classe CLASSI[] = {
-    {"frmComm",          "lbl_0",                  Auto,     Operatore}, // the message
-    {"frmComm",          "lblTx|lblRx|lstDbg",     Tastiera, Tecnico  },
-    {"frmComm",          ".*",                     Schermo,  Operatore},
-    {"frmEsito",         "lblTitolo",              Auto,     Operatore}, // the verdict
-    {"frmEsito",         "lblTab_.*|lblPar_[0-3]", Auto,     Operatore}, // of each lamp; which lamp
-    {"frmEsito",         ".*",                     Schermo,  Operatore},
-    {"frmMctcO",         ".*",                     Schermo,  Operatore},
-    {"frmMctc2",         "txt_3",                  Auto,     Operatore}, // the plate
-    {"frmMctc2",         "cmd_.*",                 Schermo,  Operatore},
-    {"frmMctc2",         ".*",                     Tastiera, Operatore}, // its rows are typed in
-    {"frmMain",          ".*",                     Schermo,  Operatore},
-    {"frmMsg",           ".*",                     Schermo,  Operatore},
-    {"dlgPwd",           ".*",                     Tastiera, Tecnico  },
-    {"frmAbout",         ".*",                     Tastiera, Tecnico  },
-    {"frmAnagOffO",      ".*",                     Tastiera, Tecnico  },
-    {"frmControlliMctc", ".*",                     Tastiera, Tecnico  },
-    {"frmSetupO",        ".*",                     Tastiera, Tecnico  },
-    {"frmVerPerO",       ".*",                     Tastiera, Tecnico  },
+    {"frmComm",          "lbl_0",                    Auto,     Operatore}, // the message
+    {"frmComm",          "lblTarga|lblPorta",        Auto,     Operatore},
+    {"frmComm",          "lbl(Nome)?(Tx|Rx)|lstDbg", Tastiera, Tecnico  },
+    {"frmComm",          ".*",                       Schermo,  Operatore},
+    {"frmEsito",         "lblTitolo",                Auto,     Operatore}, // the verdict
+    {"frmEsito",         "lblTab_.*|lblPar_[0-3]",   Auto,     Operatore}, // of each lamp; which lamp
+    {"frmEsito",         "lblTarga|lblGuasto_.*",    Auto,     Operatore},
+    {"frmEsito",         ".*",                       Schermo,  Operatore},
+    {"frmMctcO",         ".*",                       Schermo,  Operatore},
+    {"frmMctc2",         "txt_3",                    Auto,     Operatore}, // the plate
+    {"frmMctc2",         "cmd_.*",                   Schermo,  Operatore},
+    {"frmMctc2",         ".*",                       Tastiera, Operatore}, // its rows are typed in
+    {"frmMain",          ".*",                       Schermo,  Operatore},
+    {"frmMsg",           ".*",                       Schermo,  Operatore},
+    {"dlgPwd",           ".*",                       Tastiera, Tecnico  },
+    {"frmAbout",         ".*",                       Tastiera, Tecnico  },
+    {"frmAnagOffO",      ".*",                       Tastiera, Tecnico  },
+    {"frmControlliMctc", ".*",                       Tastiera, Tecnico  },
+    {"frmSetupO",        ".*",                       Tastiera, Tecnico  },
+    {"frmVerPerO",       ".*",                       Tastiera, Tecnico  },
 };
 
 enum Grandezza
@@ -110,27 +112,21 @@ struct Sottosoglia
 };
 
 constexpr Sottosoglia SOTTOSOGLIA[] = {
-    {"dlgPwd",           "cmd_.*",                         Lettera, 4.4,  "still to be enlarged"},
-    {"frmAbout",         "cmd_0",                          Lettera, 4.4,  "still to be enlarged"},
-    {"frmAnagOffO",      "(cmd|lbl|txt)_.*",               Lettera, 3.2,  "still to be enlarged"},
-    {"frmComm",          "cmd_0",                          Lettera, 4.4,  "still to be enlarged"},
-    {"frmComm",          "lbl_0",                          Lettera, 5.5,  "still to be enlarged"},
-    {"frmComm",          "lblTx|lblRx|lstDbg",             Lettera, 3.8,  "still to be enlarged"},
-    {"frmControlliMctc", "(cbo|cmd|lbl|txt)_.*|lbl1",      Lettera, 4.0,  "still to be enlarged"},
-    {"frmEsito",         "(cmd|txt|lbl|lblDes|lblPar)_.*", Lettera, 4.4,  "still to be enlarged"},
-    {"frmEsito",         "lblTab_.*",                      Lettera, 6.7,  "still to be enlarged"},
-    {"frmEsito",         "lblTitolo",                      Lettera, 13.9, "still to be enlarged"},
-    {"frmMain",          "cmdMnu_.*",                      Lettera, 9.4,  "still to be enlarged"},
-    {"frmMctc2",         "cmd_.*",                         Lettera, 6.6,  "still to be enlarged"},
-    {"frmMctc2",         "lbl_.*|txt_.*",                  Lettera, 4.0,  "still to be enlarged"},
-    {"frmMctcO",         "cmd_.*",                         Lettera, 6.6,  "still to be enlarged"},
-    {"frmMctcO",         "(lbl|txt|lblDes)_.*",            Lettera, 4.0,  "still to be enlarged"},
-    {"frmMctcO",         "lstAuto",                        Lettera, 5.5,  "still to be enlarged"},
-    {"frmMctcO",         "lstAuto",                        Premuto, 7.3,  "still to be enlarged"},
-    {"frmMsg",           "(lbl|cmd)_0",                    Lettera, 4.4,  "still to be enlarged"},
-    {"frmMsg",           "cmd_0",                          Premuto, 8.0,  "still to be enlarged"},
-    {"frmSetupO",        "(cbo|lbl|txt|lblDes)_.*",        Lettera, 3.8,  "still to be enlarged"},
-    {"frmVerPerO",       "(cmd|lbl|txt)_.*",               Lettera, 3.2,  "still to be enlarged"},
+    {"dlgPwd",           "cmd_.*",                    Lettera, 4.4, "still to be enlarged"},
+    {"frmAbout",         "cmd_0",                     Lettera, 4.4, "still to be enlarged"},
+    {"frmAnagOffO",      "(cmd|lbl|txt)_.*",          Lettera, 3.2, "still to be enlarged"},
+    {"frmControlliMctc", "(cbo|cmd|lbl|txt)_.*|lbl1", Lettera, 4.0, "still to be enlarged"},
+    {"frmMain",          "cmdMnu_.*",                 Lettera, 9.4, "still to be enlarged"},
+    {"frmMctc2",         "cmd_.*",                    Lettera, 6.6, "still to be enlarged"},
+    {"frmMctc2",         "lbl_.*|txt_.*",             Lettera, 4.0, "still to be enlarged"},
+    {"frmMctcO",         "cmd_.*",                    Lettera, 6.6, "still to be enlarged"},
+    {"frmMctcO",         "(lbl|txt|lblDes)_.*",       Lettera, 4.0, "still to be enlarged"},
+    {"frmMctcO",         "lstAuto",                   Lettera, 5.5, "still to be enlarged"},
+    {"frmMctcO",         "lstAuto",                   Premuto, 7.3, "still to be enlarged"},
+    {"frmMsg",           "(lbl|cmd)_0",               Lettera, 4.4, "still to be enlarged"},
+    {"frmMsg",           "cmd_0",                     Premuto, 8.0, "still to be enlarged"},
+    {"frmSetupO",        "(cbo|lbl|txt|lblDes)_.*",   Lettera, 3.8, "still to be enlarged"},
+    {"frmVerPerO",       "(cmd|lbl|txt)_.*",          Lettera, 3.2, "still to be enlarged"},
 };
 
 bool Corrisponde(const char *modello, const QString &nome)

@@ -837,11 +837,11 @@ void tst_scambio::fineAnnotata_data()
     QTest::addColumn<QString>("testo");
     constexpr int MAI = 30000;
     QTest::newRow("misura presa") << Che_Risponde({Risposta_Stato('4'), MISURA}) << MAI << QString();
-    QTest::newRow("silenzio") << Che_Risponde({}) << MAI << Testo_Mctc(153);
-    QTest::newRow("risposta errata") << Che_Risponde({Risposta_Stato('9')}) << MAI << Testo_Mctc(154);
+    QTest::newRow("silenzio") << Che_Risponde({}) << MAI << QStringLiteral("153");
+    QTest::newRow("risposta errata") << Che_Risponde({Risposta_Stato('9')}) << MAI << QStringLiteral("154");
     QTest::newRow("interrotta") << Che_Risponde({Risposta_Stato('1')}) << 1000
                                 << QStringLiteral("Collegamento interrotto dall'operatore");
-    QTest::newRow("chiusa mentre dice il silenzio") << Che_Risponde({}) << 25000 << Testo_Mctc(153);
+    QTest::newRow("chiusa mentre dice il silenzio") << Che_Risponde({}) << 25000 << QStringLiteral("153");
     QTest::newRow("porta che non si apre")
         << Linea([](LineaProva &linea) { linea.RifiutaApertura = true; }) << 1000
         << QStringLiteral("COM3 non si è aperta: controllare cavo e porta");
