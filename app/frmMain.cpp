@@ -41,10 +41,15 @@ enum VoceMenu : qint16
     MenuUscita = 7,
 };
 
+/// Captions of the buttons, by their index.
+constexpr TestoMctc VOCI_MENU[ULTIMO_PULSANTE + 1] = {
+    MctcNonDisponibile0,   MctcImpostazioni,       MctcProvaProiettori, MctcNonDisponibile3,
+    MctcVerificaPeriodica, MctcAnagraficaOfficina, MctcInformazioni,    MctcEsci,
+    MctcNonDisponibile8,
+};
+
 /// Entries without an action in any state: they keep their place in the grid.
 constexpr qint16 VOCI_SPENTE[] = {0, 3};
-
-constexpr qint16 TESTO_CARTELLA_IMMAGINI = 4; // of lingue.ini
 
 /// Logo of a further customer variant, with a password of its own: a hook, no code assigns it today.
 constexpr const char16_t *LOGO_NORVO = u"norvo_logo.gif";
@@ -120,7 +125,7 @@ void frmMain::Disponi_Menu()
 void frmMain::Carica_Menu()
 {
     for (qint16 i = 0; i <= ULTIMO_PULSANTE; ++i)
-        cmdMnu[i].Caption(Testo_Mctc(i));
+        cmdMnu[i].Caption(Testo_Mctc(VOCI_MENU[i]));
 }
 
 void frmMain::Carica_Password()
@@ -249,7 +254,7 @@ void frmMain::Avvia_Prova(qint16)
 {
     Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);
     if (!File_Presente(gDirImmagini, ATTRIBUTO_CARTELLA)) {
-        Mostra_MsgTempo(Testo_Lingua(TESTO_CARTELLA_IMMAGINI));
+        Mostra_MsgTempo(Testo_Lingua(LinguaCartellaDatiAssente));
         Programma_Termina();
     }
     Sessione_Esegui(formComm, ModoMisura, this, &frmMain::formComm_Notifica);

@@ -247,7 +247,7 @@ void File_Peggiore_Detto(benchmark::State &stato)
         Acc_Apri(file);
         if (Acc_Controlla(file, rapporto) != AccAnomala)
             stato.SkipWithError("the file passes");
-        Mostra_E_Chiudi(Testo_Mctc(110) + QStringLiteral(": \r\n") + rapporto);
+        Mostra_E_Chiudi(Testo_Mctc(MctcFileConAnomalie) + QStringLiteral(": \r\n") + rapporto);
     }
     stato.counters["MB"] = Picco() - prima;
     La_Stazione().Togli(QStringLiteral("87654321.acc"));

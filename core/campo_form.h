@@ -2,6 +2,7 @@
 // modCtl's business: this file knows no control.
 #pragma once
 
+#include "core/testi_mctc.h"
 #include "platform/tipi.h"
 
 #include <QString>
@@ -32,9 +33,9 @@ enum TipoValore : qint16
 /// The defaults are the state after Campi_Azzera. Positions in twips.
 struct CampoForm
 {
-    QString Nome;        ///< nothing reads it
-    qint16 LabelId = -1; ///< id in gTabMctc of the caption; -1: the row has no label
-    QString Value;       ///< current text of the row
+    QString Nome;                    ///< nothing reads it
+    TestoMctc LabelId = MctcNessuno; ///< the caption; MctcNessuno: the row has no label
+    QString Value;                   ///< current text of the row
     quint8 Kind = CampoNessuno;
     qint16 CtlIndex = -1; ///< index of the row's control in its array, filled by Campi_Crea
     QString Section;

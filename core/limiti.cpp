@@ -1,4 +1,4 @@
-// The limits by table, with their defaults and conversions. What is judged by them is modApp's business.
+// The limits by table, with their defaults and conversions, and the one judgement of an intensity by them.
 #include "core/limiti.h"
 
 #include "core/modGeneral.h"
@@ -65,6 +65,13 @@ quint8 Simmetrico_Da(const QString &valore)
 }
 
 } // namespace
+
+bool Lux_Regolare(double lux, Fascio fascio)
+{
+    const bool anabbagliante = fascio == FascioAnabbagliante;
+    return lux > (anabbagliante ? gLuxMinAnab : gLuxMinAbb) &&
+           lux < (anabbagliante ? gLuxMaxAnab : gLuxMaxAbb);
+}
 
 void Carica_Limiti()
 {

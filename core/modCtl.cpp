@@ -68,11 +68,11 @@ void Mostra_Spunta(const CampoForm &campo, CasellaSpunta &spunta)
 /// alone of a row that has none.
 QString Nome_Letto(TabellaCampi tabella, const CampoForm &campo)
 {
-    if (campo.LabelId == -1)
+    if (campo.LabelId == MctcNessuno)
         return campo.Key;
     const QString didascalia = Testo_Mctc(campo.LabelId);
     const auto uguali = std::count_if(tabella.begin(), tabella.end(), [&didascalia](const CampoForm &riga) {
-        return riga.LabelId != -1 && Testo_Mctc(riga.LabelId) == didascalia;
+        return riga.LabelId != MctcNessuno && Testo_Mctc(riga.LabelId) == didascalia;
     });
     return uguali > 1 ? didascalia + u' ' + campo.Key : didascalia;
 }
@@ -170,7 +170,7 @@ void Campi_Didascalie(TabellaCampi tabella, qint16 ultimaRiga, Modulo &form)
         const CampoForm &campo = tabella[static_cast<size_t>(riga)];
         const QString nome = Nome_Letto(tabella.first(static_cast<size_t>(ultimaRiga) + 1), campo);
         Nome_Accessibile(campo, form, nome);
-        if (campo.LabelId == -1)
+        if (campo.LabelId == MctcNessuno)
             continue;
         Etichetta &etichetta = form.lbl[riga];
         etichetta.Caption(Testo_Mctc(campo.LabelId));

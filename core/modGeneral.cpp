@@ -97,11 +97,11 @@ void Carica_Lingua(const QString &file, qint16 ultimo, QStringList &tabella)
         Leggi_Ini(file, gLingua, Lingua_Id(id), tabella[id]);
 }
 
-QString Testo_Mctc(qint16 id)
+QString Testo_Mctc(TestoMctc id)
 {
     return id <= ULTIMO_TESTO_MCTC ? gTabMctc.value(id) : Valore_Ini(gFileLingueMctc, gLingua, Lingua_Id(id));
 }
-QString Testo_Lingua(qint16 id)
+QString Testo_Lingua(TestoLingua id)
 {
     return gTabLingua.value(id);
 }

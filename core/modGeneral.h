@@ -2,6 +2,8 @@
 // builds on this one; it knows none of them.
 #pragma once
 
+#include "core/testi_lingua.h"
+#include "core/testi_mctc.h"
 #include "platform/tipi.h"
 
 #include <QString>
@@ -79,8 +81,8 @@ void Carica_Lingua(const QString &file, qint16 ultimo, QStringList &tabella);
 
 /// The text of an id, empty where the table was never filled. Texts that came behind the last of
 /// lingueMCTC.ini are read when they are asked for: a file from before them, kept by a workshop, has none.
-QString Testo_Mctc(qint16 id);
-QString Testo_Lingua(qint16 id);
+QString Testo_Mctc(TestoMctc id);
+QString Testo_Lingua(TestoLingua id);
 
 /// Derives gDirAcc, gDirFar and gFileModelloAcc from the keys of section MCTC and from gModalita. The
 /// stored folders must end in a backslash: none is inserted.

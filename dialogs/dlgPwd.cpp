@@ -20,9 +20,6 @@ constexpr int DOPO_RINUNCIA = 1;
 constexpr qint16 TASTO_INVIO = 13;
 constexpr qint16 TASTO_ESC = 27;
 
-constexpr qint16 TESTO_TITOLO = 20;
-constexpr qint16 TESTO_ANNULLA = 106;
-
 } // namespace
 
 dlgPwd::dlgPwd() : Modulo(QStringLiteral("dlgPwd")), tmrPwd([this] { Esegui([this] { Scarica(); }); }) {}
@@ -53,7 +50,7 @@ void dlgPwd::Load()
     Caption(PwdTitle);
     txtPwd->NomeAccessibile(PwdTitle);
     cmd[0].Caption(QStringLiteral("OK"));
-    cmd[1].Caption(Testo_Mctc(TESTO_ANNULLA));
+    cmd[1].Caption(Testo_Mctc(MctcAnnulla));
 }
 
 void dlgPwd::Activate()
@@ -134,6 +131,6 @@ std::shared_ptr<dlgPwd> Password_Prepara(const QString &password)
     form->PwdDbg = Falso;
     form->PwdCurrent = password;
     form->PwdType = 0;
-    form->PwdTitle = Testo_Mctc(TESTO_TITOLO);
+    form->PwdTitle = Testo_Mctc(MctcPasswordServizio);
     return form;
 }

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr qint16 TESTO_TITOLO = 6;
-
 // The form, in twips: it does not grow with the screen.
 constexpr qint32 FORM_LARGO = 9000;
 constexpr qint32 FORM_ALTO = 5250;
@@ -83,7 +81,7 @@ void frmAbout::Costruisci()
     lblAbout[1].Left(FORM_LARGO / 2 - 450);
     lblAbout[1].Width(FORM_LARGO - lblAbout[1].Left() - 300);
     cmd[0].Caption(QStringLiteral("Ok"));
-    Caption(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcInformazioni));
 }
 
 void frmAbout::Paint()

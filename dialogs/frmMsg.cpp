@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr qint16 TESTO_TITOLO = 124;
 constexpr qint16 TEMPO_MESSAGGIO = 2000; // ms
 
 // In twips, as the form's height is: it grows with the text, not with the screen.
@@ -51,8 +50,8 @@ void frmMsg::Load()
     Height(std::min(Altezza_Per(Text), gScreenH));
     Width(ScalaX(9000));
     PicMex->Posto(PicMex->Left(), PicMex->Top() - 200, 680, 680);
-    Caption(Testo_Mctc(TESTO_TITOLO));
-    PicMex->NomeAccessibile(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcAvviso));
+    PicMex->NomeAccessibile(Testo_Mctc(MctcAvviso));
     if (Mode == 0) {
         tmr.Interval(Time);
         tmr.Enabled(true);

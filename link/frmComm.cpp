@@ -16,12 +16,6 @@
 
 namespace {
 
-constexpr qint16 TESTO_INTERROMPI = 18; // of lingue.ini
-
-// Texts of gTabMctc.
-constexpr qint16 TESTO_PASSO_MISURA = 170;
-constexpr qint16 TESTO_PASSO_STRUMENTO = 171;
-
 // The layout, in design units of a form of 8000 by 4000; every one goes through the x scale, as the form's
 // own height does. From above: the words, the steps, the traffic, the vehicle, the lamp with the button.
 constexpr qint32 LARGA = 8000;
@@ -120,11 +114,11 @@ void frmComm::Load()
     Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);
     Report_Dati(0);
     Report_Dati(1);
-    cmd[0].Caption(Testo_Lingua(TESTO_INTERROMPI));
+    cmd[0].Caption(Testo_Lingua(LinguaInterrompi));
     Mostra_Veicolo();
     m_macchina->Modo = static_cast<ModoScambio>(Modo);
     m_macchina->Prepara();
-    m_quadro->Inizia(Testo_Mctc(Modo == ModoMisura ? TESTO_PASSO_MISURA : TESTO_PASSO_STRUMENTO),
+    m_quadro->Inizia(Testo_Mctc(Modo == ModoMisura ? MctcPassoMisura : MctcPassoStrumento),
                      Modo != ModoDefault);
     Disponi();
     Mostra_Lbl(m_macchina->MsgIniziale);

@@ -42,8 +42,6 @@ constexpr VoceEvento EVENTI[] = {
 };
 // clang-format on
 
-constexpr qint16 TESTO_NON_APERTA = 161;
-
 QString Impostazioni_Porta()
 {
     const QStringList pezzi = {QString::number(gPortaBaud), gPortaParity, QString::number(gPortaDataBit),
@@ -90,7 +88,7 @@ QString Porta_Nome()
 
 QString Porta_NonAperta()
 {
-    return QStringLiteral("%1 %2").arg(Porta_Nome(), Testo_Mctc(TESTO_NON_APERTA)).trimmed();
+    return QStringLiteral("%1 %2").arg(Porta_Nome(), Testo_Mctc(MctcPortaNonAperta)).trimmed();
 }
 
 void Chiudi_Porta(ControlloSeriale &porta)

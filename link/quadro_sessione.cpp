@@ -13,13 +13,9 @@ namespace {
 
 constexpr int SECONDO = 1000; // ms
 
-// Texts of gTabMctc.
-constexpr qint16 TESTO_DURATA = 163;
-constexpr qint16 TESTO_RISPOSTA_FA = 164; // with %1 for the seconds
-constexpr qint16 TESTO_NESSUNA = 165;
-constexpr qint16 TESTI_PAROLE[] = {166, 167, 168, 169};
-constexpr qint16 TESTO_DATI = 172;
-constexpr qint16 TESTO_FATTO = 173;
+/// The lamp's words, in the order of ParolaLampada.
+constexpr TestoMctc TESTI_PAROLE[] = {MctcLampadaAttesa, MctcLampadaRisposta, MctcLampadaFermo,
+                                      MctcLampadaChiusa};
 
 // A step behind, the present one, one to come: told apart by a tick and by dark and light, not by the hue.
 constexpr quint32 FONDO_PRESENTE = 0x8A5C0B;
@@ -55,13 +51,13 @@ QuadroSessione::QuadroSessione(QWidget *finestra)
 void QuadroSessione::Inizia(const QString &primoPasso, bool conStato)
 {
     m_conStato = conStato;
-    m_nomiPassi = {primoPasso, Testo_Mctc(TESTO_DATI), Testo_Mctc(TESTO_FATTO)};
+    m_nomiPassi = {primoPasso, Testo_Mctc(MctcPassoDati), Testo_Mctc(MctcPassoFatto)};
     m_parole.clear();
-    for (const qint16 id : TESTI_PAROLE)
+    for (const TestoMctc id : TESTI_PAROLE)
         m_parole.append(Testo_Mctc(id));
-    m_testoRisposta = Testo_Mctc(TESTO_RISPOSTA_FA);
-    m_testoNessuna = Testo_Mctc(TESTO_NESSUNA);
-    lblDurata.NomeAccessibile(Testo_Mctc(TESTO_DURATA));
+    m_testoRisposta = Testo_Mctc(MctcRispostaFa);
+    m_testoNessuna = Testo_Mctc(MctcNessunaRisposta);
+    lblDurata.NomeAccessibile(Testo_Mctc(MctcDurata));
     m_inizio = Orologio_Corrente().Adesso();
     tmrSecondi.Interval(SECONDO);
     tmrSecondi.Enabled(true);

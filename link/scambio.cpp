@@ -20,14 +20,6 @@ constexpr qint32 LIMITE_ATTESA = 10000;
 constexpr qint32 LIMITE_REINVIO = LIMITE_ATTESA / 5;
 constexpr qint16 MASSIMO_REINVII = 10;
 
-/// Texts of gTabMctc.
-constexpr qint16 TESTO_INIZIO = 152;
-constexpr qint16 TESTO_SILENZIO = 153;
-constexpr qint16 TESTO_RISPOSTA_ERRATA = 154;
-constexpr qint16 TESTO_TIPO_ERRATO = 155;
-constexpr qint16 TESTO_COMPLETATO = 156;
-constexpr qint16 TESTO_INTERROTTO = 162;
-
 /// First data offsets of the two text replies.
 constexpr qint16 POSTO_DATI = 5;
 constexpr qint16 POSTO_TARATURA = 4;
@@ -137,7 +129,7 @@ void MacchinaScambio::Prepara()
 {
     if (Modo == ModoDefault)
         return;
-    MsgIniziale = Testo_Mctc(TESTO_INIZIO);
+    MsgIniziale = Testo_Mctc(MctcCollegamentoInCorso);
     Imposta_Sequenza();
 }
 
@@ -170,7 +162,7 @@ QString MacchinaScambio::Causa() const
 {
     if (!m_portaAperta)
         return Porta_NonAperta();
-    return Stato == StatoChiusura ? m_fallimento : Testo_Mctc(TESTO_INTERROTTO);
+    return Stato == StatoChiusura ? m_fallimento : Testo_Mctc(MctcSessioneInterrotta);
 }
 
 QVariant MacchinaScambio::Imposta_Default()
@@ -196,9 +188,9 @@ void MacchinaScambio::Invia_Comando()
     m_finestra.Mostra_Avanzamento();
 }
 
-void MacchinaScambio::Chiudi_Sessione(qint16 idTesto, int intervallo)
+void MacchinaScambio::Chiudi_Sessione(TestoMctc testo, int intervallo)
 {
-    m_fallimento = Testo_Mctc(idTesto);
+    m_fallimento = Testo_Mctc(testo);
     m_finestra.Mostra_Lbl(m_fallimento);
     tmrComm.Interval(intervallo);
     tmrComm.Enabled(true);
@@ -215,7 +207,7 @@ void MacchinaScambio::Avanza()
         tmrComm.Enabled(true);
         Esito = ESITO_COMPLETATO;
         Stato = StatoChiusura;
-        m_finestra.Mostra_Lbl(Testo_Mctc(TESTO_COMPLETATO));
+        m_finestra.Mostra_Lbl(Testo_Mctc(MctcScambioCompletato));
         m_finestra.Mostra_Avanzamento();
         return;
     }
@@ -254,11 +246,11 @@ void MacchinaScambio::Tick_Attesa()
         Reinvii = Intero16(Reinvii + 1);
         // The last resend goes out and is not waited for.
         if (Reinvii > MASSIMO_REINVII)
-            Chiudi_Sessione(TESTO_SILENZIO, INTERVALLO_SILENZIO);
+            Chiudi_Sessione(MctcStrumentoMuto, INTERVALLO_SILENZIO);
     }
     // Out of reach of a beat of 200 ms: it guards a longer one.
     if (trascorsi > LIMITE_ATTESA)
-        Chiudi_Sessione(TESTO_SILENZIO, INTERVALLO_SILENZIO);
+        Chiudi_Sessione(MctcStrumentoMuto, INTERVALLO_SILENZIO);
 }
 
 void MacchinaScambio::Tick_Risposta()
@@ -331,12 +323,12 @@ void MacchinaScambio::Accetta_Scrittura()
 
 void MacchinaScambio::Rifiuta()
 {
-    Chiudi_Sessione(TESTO_RISPOSTA_ERRATA, INTERVALLO_TESTO);
+    Chiudi_Sessione(MctcRispostaNonValida, INTERVALLO_TESTO);
 }
 
 void MacchinaScambio::Rifiuta_Tipo()
 {
-    Chiudi_Sessione(TESTO_TIPO_ERRATO, INTERVALLO_TESTO);
+    Chiudi_Sessione(MctcRispostaAltroTipo, INTERVALLO_TESTO);
 }
 
 RigaDbg MacchinaScambio::Riga_Dbg()

@@ -3,6 +3,7 @@
 // window and to the line through two interfaces.
 #pragma once
 
+#include "core/testi_mctc.h"
 #include "link/protocollo.h"
 #include "platform/colori.h"
 #include "platform/temporizzatore.h"
@@ -113,7 +114,7 @@ private:
 
     void Imposta_Sequenza();
     void Invia_Comando();
-    void Chiudi_Sessione(qint16 idTesto, int intervallo);
+    void Chiudi_Sessione(TestoMctc testo, int intervallo);
     QString Causa() const;
     void Avanza();
 

@@ -10,23 +10,23 @@ std::array<qint16, RIGHE_ACC> gErroriCampiAcc{};
 
 namespace {
 
-/// Text of an error: an id of gTabMctc, or words that are the same in every language.
+/// Text of an error: one of the screen texts, or words that are the same in every language.
 struct TestoErrore
 {
-    qint16 Id;
+    TestoMctc Id;
     QStringView Parole;
 };
 
 constexpr TestoErrore TESTI_ERRORE[] = {
-    {-1, u""                       }, // 0 ValoreBuono
-    {95, u""                       }, // 1 ValoreNonNumero
-    {94, u""                       }, // 2 ValoreNonData
-    {96, u""                       }, // 3 ValoreNonOra
-    {97, u""                       }, // 4 ValoreNonTesto
-    {-1, u"Valore non presente"    }, // 5 ValoreAssente
-    {-1, u"Errore di lunghezza"    }, // 6 ValoreLunghezza
-    {-1, u"Non è un valore valido"}, // 7 ValoreNonAmmesso
-    {-1, u"Targa non valida"       }, // 8 ValoreNonTarga
+    {MctcNessuno,         u""                       }, // 0 ValoreBuono
+    {MctcNumeroNonValido, u""                       }, // 1 ValoreNonNumero
+    {MctcDataNonValida,   u""                       }, // 2 ValoreNonData
+    {MctcOraNonValida,    u""                       }, // 3 ValoreNonOra
+    {MctcTestoNonValido,  u""                       }, // 4 ValoreNonTesto
+    {MctcNessuno,         u"Valore non presente"    }, // 5 ValoreAssente
+    {MctcNessuno,         u"Errore di lunghezza"    }, // 6 ValoreLunghezza
+    {MctcNessuno,         u"Non è un valore valido"}, // 7 ValoreNonAmmesso
+    {MctcNessuno,         u"Targa non valida"       }, // 8 ValoreNonTarga
 };
 
 Vocabolario Valori_Ammessi(qint16 riga)
@@ -74,5 +74,5 @@ QString Errore_Testo(qint16 riga, qint16 errore)
         Solleva(NumeroErrore::IndiceFuoriIntervallo);
     const TestoErrore &testo = TESTI_ERRORE[errore];
     return QStringLiteral("Sezione:[") + campo.Section + QStringLiteral("] - Campo:") + campo.Key +
-           QStringLiteral(" - ") + (testo.Id >= 0 ? Testo_Mctc(testo.Id) : testo.Parole.toString());
+           QStringLiteral(" - ") + (testo.Id != MctcNessuno ? Testo_Mctc(testo.Id) : testo.Parole.toString());
 }

@@ -19,7 +19,7 @@ struct RegolaCampo
 {
     QStringView Section;
     QStringView Key;
-    qint16 LabelId; ///< id in gTabMctc; -1: no caption of its own
+    TestoMctc LabelId; ///< MctcNessuno: no caption of its own
     TipoCampo Kind;
     TipoValore ValueKind;
     Flag Obbligatorio;

@@ -34,11 +34,6 @@ constexpr RigaLivello RIGHE[] = {
     {u"Versione",     CampoTesto, 5100, 2000},
 };
 
-constexpr qint16 TESTO_TITOLO = 158;
-constexpr qint16 TESTO_RIGA = 159;
-constexpr qint16 TESTI_LIVELLI[] = {112, 141};
-constexpr qint16 TESTO_ANNULLA = 106;
-
 // The layout, in design units. The rows begin at the top: the heading stands below them.
 constexpr qint32 FORM_LARGO = 4200;
 constexpr qint32 FORM_ALTO = 7400;
@@ -83,12 +78,12 @@ void frmControlliMctc::Campi_Imposta()
 {
     for (size_t i = 0; i < gCampiLivelli.size(); ++i) {
         CampoForm &campo = gCampiLivelli[i];
-        campo.LabelId = TESTO_RIGA;
+        campo.LabelId = MctcControllo;
         campo.Kind = RIGHE[i].controllo;
         campo.File = gFileIni;
         campo.Section = QStringLiteral("LivelliMctc");
         campo.Key = QString::fromUtf16(RIGHE[i].chiave);
-        campo.List = {Testo_Mctc(TESTI_LIVELLI[0]), Testo_Mctc(TESTI_LIVELLI[1])};
+        campo.List = {Testo_Mctc(MctcSi), Testo_Mctc(MctcNo)};
         campo.CtlLeft = ScalaX_16(SINISTRA);
         campo.CtlTop = ScalaY_16(RIGHE[i].cima);
         campo.CtlWidth = ScalaX_16(RIGHE[i].larghezza);
@@ -96,11 +91,11 @@ void frmControlliMctc::Campi_Imposta()
         campo.LabelTop = campo.CtlTop;
     }
     lbl1->Posto(ScalaX(100), ScalaY(5600), ScalaX(FORM_LARGO - 200), ScalaY(400));
-    lbl1->Caption(Testo_Mctc(TESTO_TITOLO));
-    Caption(Testo_Mctc(TESTO_TITOLO));
+    lbl1->Caption(Testo_Mctc(MctcLivelliControlli));
+    Caption(Testo_Mctc(MctcLivelliControlli));
     cmd[0].Caption(QStringLiteral("Ok"));
     cmd[0].Posto(ScalaX(2200), ScalaY(6200), ScalaX(1800), ScalaY(900));
-    cmd[1].Caption(Testo_Mctc(TESTO_ANNULLA));
+    cmd[1].Caption(Testo_Mctc(MctcAnnulla));
     cmd[1].Posto(ScalaX(200), ScalaY(6200), ScalaX(1800), ScalaY(900));
     cmd[1].Cancel(true);
 }

@@ -22,13 +22,6 @@ namespace {
 constexpr int INTERVALLO_LISTA = 2000; // ms
 constexpr qint32 TABULAZIONE = 100;    // quarters of a character's width
 
-constexpr qint16 TESTO_TITOLO = 2;
-constexpr qint16 TESTO_FILE = 36;
-constexpr qint16 TESTO_TARGA = 37;
-constexpr qint16 TESTO_ESCI = 106;
-constexpr qint16 TESTO_CONFERMA = 107;
-constexpr qint16 TESTO_ANOMALIE = 110;
-
 constexpr const char16_t *MASCHERA = u"*.acc";
 
 // The layout, in design units: rows on a pitch of 500, booking and customer on the left, vehicle on the
@@ -161,19 +154,19 @@ void frmMctcO::Campi_Imposta()
 
 void frmMctcO::Disponi()
 {
-    Caption(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcProvaProiettori));
     lstAuto->Posto(ScalaX(200), ScalaY(520), ScalaX(6700), ScalaY(1900));
-    lstAuto->NomeAccessibile(Testo_Mctc(TESTO_FILE));
+    lstAuto->NomeAccessibile(Testo_Mctc(MctcFileAccettazione));
     const qint32 tabulazione = lstAuto->Tabulazione(ScalaX(TABULAZIONE));
     lblDes[0].Posto(lstAuto->Left(), ScalaY(240), tabulazione, ScalaY(260));
-    lblDes[0].Caption(Testo_Mctc(TESTO_FILE));
+    lblDes[0].Caption(Testo_Mctc(MctcFileAccettazione));
     lblDes[1].Posto(lstAuto->Left() + tabulazione, ScalaY(240), ScalaX(2500), ScalaY(260));
-    lblDes[1].Caption(Testo_Mctc(TESTO_TARGA));
+    lblDes[1].Caption(Testo_Mctc(MctcTarga));
 
-    cmd[0].Caption(Testo_Mctc(TESTO_CONFERMA));
+    cmd[0].Caption(Testo_Mctc(MctcConferma));
     cmd[0].Posto(ScalaX(4200), ScalaY(9900), ScalaX(2800), ScalaY(1100));
     cmd[0].Default(true);
-    cmd[1].Caption(Testo_Mctc(TESTO_ESCI));
+    cmd[1].Caption(Testo_Mctc(MctcAnnulla));
     cmd[1].Posto(ScalaX(100), ScalaY(9900), ScalaX(2800), ScalaY(1100));
     cmd[1].Cancel(true);
     for (qint16 i = 0; i <= 1; ++i)
@@ -258,7 +251,7 @@ void frmMctcO::lstAuto_Click()
     cmd[0].Enabled(esito == AccBuona);
     cmd[1].Enabled(true);
     if (esito != AccBuona) {
-        Mostra_MsgConferma(Testo_Mctc(TESTO_ANOMALIE) + QStringLiteral(": \r\n") + rapporto);
+        Mostra_MsgConferma(Testo_Mctc(MctcFileConAnomalie) + QStringLiteral(": \r\n") + rapporto);
         Aggiorna();
     }
 }

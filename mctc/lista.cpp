@@ -42,7 +42,7 @@ qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
         // Opened as listed: where names tell case apart, the upper-case name would cost a search of the
         // folder for every file.
         voce.Targa = Targa_Leggi(conBarra + nome);
-        voce.Stato = Testo_Mctc(112);
+        voce.Stato = Testo_Mctc(MctcSi);
         lette.append(voce);
         QCoreApplication::processEvents();
     }

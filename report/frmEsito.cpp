@@ -1,7 +1,8 @@
 // The result record on the screen: table of cells, colours, what is out of order, alarm and print button. It
-// judges nothing anew but the colour of an intensity.
+// judges nothing anew but the colour of an intensity, by the test of the evaluation.
 #include "report/frmEsito.h"
 
+#include "core/limiti.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
@@ -22,17 +23,6 @@ namespace {
 
 constexpr int INTERVALLO_BEEP = 1000; // ms
 
-constexpr qint16 TESTO_STAMPA = 98;
-constexpr qint16 TESTO_ESCI = 7;
-constexpr qint16 TESTO_ALTEZZA = 118;
-constexpr qint16 TESTO_SIMMETRICO = 120;
-constexpr qint16 TESTO_ASIMMETRICO = 121;
-constexpr qint16 TESTO_SI = 112;
-constexpr qint16 TESTO_NO = 141;
-constexpr qint16 TESTO_REGOLARE = 126;
-constexpr qint16 TESTO_IRREGOLARE = 127;
-constexpr qint16 TESTO_SENZA_STAMPANTE = 58; // of lingue.ini
-
 constexpr qint16 ULTIMA_RIGA = 1;
 std::array<CampoForm, ULTIMA_RIGA + 1> gCampiEsito;
 
@@ -41,15 +31,18 @@ constexpr qint16 CELLE = 12;
 constexpr qint16 COLONNE = 4;
 
 /// The row of the result that each cell shows, in cell order.
-constexpr const char16_t *RIGHE_CELLE[CELLE] = {
-    u"VertAnabDx",     u"VertAnabSx",     u"VertAbbDx",     u"VertAbbSx",     //
-    u"OrizzAnabDx",    u"OrizzAnabSx",    u"OrizzAbbDx",    u"OrizzAbbSx",    //
-    u"IllumLuxAnabDx", u"IllumLuxAnabSx", u"IllumLuxAbbDx", u"IllumLuxAbbSx", //
+constexpr RigaFar RIGHE_CELLE[CELLE] = {
+    FarVertAnabDx,     FarVertAnabSx,     FarVertAbbDx,     FarVertAbbSx,     //
+    FarOrizzAnabDx,    FarOrizzAnabSx,    FarOrizzAbbDx,    FarOrizzAbbSx,    //
+    FarIllumLuxAnabDx, FarIllumLuxAnabSx, FarIllumLuxAbbDx, FarIllumLuxAbbSx, //
 };
 
 /// Texts of lblPar: four column heads, three row heads.
-constexpr qint16 TESTI_PAR[] = {132, 131, 134, 133, 135, 136, 137};
-constexpr qint16 TESTI_DES[] = {130, 129};
+constexpr TestoMctc TESTI_PAR[] = {
+    MctcAnabbaglianteDx,       MctcAnabbaglianteSx,         MctcAbbaglianteDx, MctcAbbaglianteSx,
+    MctcOrientamentoVerticale, MctcOrientamentoOrizzontale, MctcIlluminamento,
+};
+constexpr TestoMctc TESTI_DES[] = {MctcDatiProiettori, MctcEsitoProva};
 
 /// The buttons by index: print stands on the left, exit on the right; the other two have no use and no face.
 enum PulsanteEsito : qint16
@@ -69,7 +62,7 @@ constexpr qint32 GUASTI_ALTI = 4800;
 constexpr double PUNTI_VERDETTO = 4.2; // of the normal size
 constexpr qint32 PULSANTI_Y = 1500;    // from below
 constexpr qint32 VEICOLO_X = 2700;
-constexpr qint32 TARGA_LARGA = 4200;
+constexpr qint32 TARGA_LARGA = 3700;
 constexpr qint32 PULSANTE_LARGO = 1575;
 constexpr qint32 PULSANTE_ALTO = 975;
 
@@ -78,9 +71,14 @@ qint32 Meta_Schermo()
     return gScreenW / 2;
 }
 
-bool Regolare(const QString &riga)
+bool Regolare(RigaFar riga)
 {
     return Far_Valore(riga) == u"R";
+}
+
+Fascio Fascio_Di(RigaFar lux)
+{
+    return lux == FarIllumLuxAnabDx || lux == FarIllumLuxAnabSx ? FascioAnabbagliante : FascioAbbagliante;
 }
 
 } // namespace
@@ -103,7 +101,7 @@ void frmEsito::Disegno()
     lblTitolo->Allineamento(Qt::AlignCenter);
     lblTitolo->FontBold(true);
     lblTitolo->FontSize(Punti_Normali() * PUNTI_VERDETTO);
-    txt.Carica(0).Posto(0, 0, ScalaX(4200), ScalaY(600));
+    txt.Carica(0).Posto(0, 0, ScalaX(4500), ScalaY(600));
     txt[0].FontSize(Punti_Normali() * LETTURA_SCHERMO);
     txt[0].FontBold(true); // the value; its caption is neither as large nor as black
     lbl.Carica(0).Posto(0, 0, ScalaX(3200), ScalaY(300));
@@ -159,26 +157,26 @@ void frmEsito::Disponi_Pulsanti()
     const qint32 posti[] = {gScreenW - ScalaX(2500), ScalaX(500), ScalaX(2500), gScreenW - ScalaX(4500)};
     for (qint16 i = PulsanteEsci; i <= PulsanteChiudi; ++i)
         cmd[i].Posto(posti[i], cima, ScalaX(PULSANTE_LARGO), ScalaY(PULSANTE_ALTO));
-    cmd[PulsanteEsci].Caption(Testo_Mctc(TESTO_ESCI));
+    cmd[PulsanteEsci].Caption(Testo_Mctc(MctcEsci));
     cmd[PulsanteEsci].Visible(true);
     cmd[PulsanteEsci].Cancel(true);
-    cmd[PulsanteStampa].Caption(Testo_Mctc(TESTO_STAMPA));
+    cmd[PulsanteStampa].Caption(Testo_Mctc(MctcStampa));
     cmd[PulsanteStampa].Visible(true);
     cmd[PulsanteChiudi].Enabled(false);
 }
 
 void frmEsito::Mostra_Verdetto()
 {
-    const bool regolare = Regolare(QStringLiteral("Esito"));
+    const bool regolare = Regolare(FarEsito);
     lblTitolo->Posto(ScalaX(300), ScalaY(200), gScreenW - 2 * ScalaX(300), ScalaY(1000));
-    lblTitolo->Caption(Testo_Mctc(regolare ? TESTO_REGOLARE : TESTO_IRREGOLARE));
+    lblTitolo->Caption(Testo_Mctc(regolare ? MctcEsitoRegolare : MctcEsitoIrregolare));
     lblTitolo->BackColor(regolare ? COLORE_VERDE : COLORE_ROSSO);
     Caption(lblTitolo->Caption());
 }
 
 void frmEsito::Campi_Imposta()
 {
-    constexpr qint16 ETICHETTE[] = {TESTO_ALTEZZA, TESTO_ASIMMETRICO};
+    constexpr TestoMctc ETICHETTE[] = {MctcAltezzaFaro, MctcTipoAsimmetrico};
     for (size_t i = 0; i < gCampiEsito.size(); ++i) {
         CampoForm &campo = gCampiEsito[i];
         campo.LabelId = ETICHETTE[i];
@@ -193,13 +191,13 @@ void frmEsito::Campi_Imposta()
 
 void frmEsito::Riempi()
 {
-    const bool simmetrico = Far_Valore(QStringLiteral("TipoAnab")) == u"#S";
+    const bool simmetrico = Far_Valore(FarTipoAnab) == u"#S";
     txt[0].Text(Numero_Testo(gAltezzaFaro));
-    txt[1].Text(Testo_Mctc(simmetrico ? TESTO_SIMMETRICO : TESTO_ASIMMETRICO));
+    txt[1].Text(Testo_Mctc(simmetrico ? MctcTipoSimmetrico : MctcTipoAsimmetrico));
     lblDes[0].Posto(ScalaX(500), ScalaY(1500), ScalaX(4000), ScalaY(400));
     lblDes[0].Caption(Testo_Mctc(TESTI_DES[0]));
     lblDes[0].Visible(true);
-    if (!Regolare(QStringLiteral("Esito")) && gAllarmeAcustico) {
+    if (!Regolare(FarEsito) && gAllarmeAcustico) {
         tmrBeep.Interval(INTERVALLO_BEEP);
         tmrBeep.Enabled(true);
     }
@@ -236,7 +234,7 @@ void frmEsito::Mostra_Tipo(bool simmetrico)
     lblTipo->FontSize(lbl[0].FontSize());
     lblTipo->FontBold(true);
     lblTipo->Posto(voce.Left() + Larghezza_Scritta(voce), voce.Top(), ScalaX(1200), voce.Height());
-    lblTipo->Caption(QStringLiteral(": ") + Testo_Mctc(simmetrico ? TESTO_NO : TESTO_SI));
+    lblTipo->Caption(QStringLiteral(": ") + Testo_Mctc(simmetrico ? MctcNo : MctcSi));
     lblTipo->Visible(true);
 }
 
@@ -299,7 +297,7 @@ void frmEsito::Intestazioni_Tabella()
 void frmEsito::Celle_Mira()
 {
     for (qint16 i = 0; i < CELLE_MIRA; ++i) {
-        const bool regolare = Regolare(QString::fromUtf16(RIGHE_CELLE[i]));
+        const bool regolare = Regolare(RIGHE_CELLE[i]);
         lblTab[i].Caption(regolare ? QStringLiteral("SI") : QStringLiteral("NO"));
         Colora_Cella(i, regolare);
     }
@@ -308,14 +306,14 @@ void frmEsito::Celle_Mira()
 void frmEsito::Celle_Intensita()
 {
     for (qint16 i = CELLE_MIRA; i < CELLE; ++i) {
-        const QString riga = Far_Valore(QString::fromUtf16(RIGHE_CELLE[i]));
-        if (riga.isEmpty()) {
+        const RigaFar riga = RIGHE_CELLE[i];
+        if (Far_Valore(riga).isEmpty()) {
             lblTab[i].Caption(QStringLiteral(" -"));
             continue;
         }
-        const float valore = Numero_Singolo(riga);
+        const float valore = Numero_Singolo(Far_Valore(riga));
         lblTab[i].Caption(Numero_Testo(valore / 1000));
-        Colora_Cella(i, Lux_NeiLimiti(valore, i < CELLE_MIRA + 2));
+        Colora_Cella(i, Lux_Regolare(valore, Fascio_Di(riga)));
     }
 }
 
@@ -361,7 +359,7 @@ void frmEsito::Stampa()
     Schermo_Puntatore(PuntatoreClessidra);
     const Flag stampato = Report_Invia();
     if (!stampato)
-        Mostra_MsgTempo(Testo_Lingua(TESTO_SENZA_STAMPANTE));
+        Mostra_MsgTempo(Testo_Lingua(LinguaNessunaStampante));
     Schermo_Puntatore(PuntatoreNormale);
 }
 

@@ -18,10 +18,6 @@ constexpr qint16 RIGA_ALTEZZA = 12;
 constexpr qint16 RIGA_INCLINAZIONE = 13;
 constexpr qint16 RIGA_SIMMETRICO = 14;
 
-constexpr qint16 TESTO_VALORE_ERRATO = 108;
-constexpr qint16 TESTO_TITOLO = 2;
-constexpr qint16 TESTO_SIMMETRICO = 120;
-constexpr qint16 TESTO_ASIMMETRICO = 121;
 constexpr qsizetype CIFRE_ALTEZZA = 3;
 
 std::array<CampoForm, ULTIMA_RIGA + 1> gCampiVeicolo;
@@ -29,38 +25,38 @@ std::array<CampoForm, ULTIMA_RIGA + 1> gCampiVeicolo;
 /// A row of the vehicle: where it comes from with an acceptance file, and in section VEICOLO without one.
 struct RigaVeicolo
 {
-    qint16 etichetta;
+    TestoMctc etichetta;
     const char16_t *sezioneAcc;
     const char16_t *chiaveAcc;
     const char16_t *chiaveIni;
 };
 
 constexpr RigaVeicolo VEICOLO[RIGHE_VEICOLO] = {
-    {58,  u"DatiLibrettoVeicolo", u"Fabbrica",             u"Marca"       },
-    {45,  u"DatiLibrettoVeicolo", u"Tipo",                 u"Modello"     },
-    {60,  u"DatiLibrettoVeicolo", u"TipoMotore",           u"Allestimento"},
-    {37,  u"DatiLibrettoVeicolo", u"Targa",                u"Targa"       },
-    {57,  u"DatiLibrettoVeicolo", u"Telaio",               u"Telaio"      },
-    {62,  u"DatiLibrettoVeicolo", u"AnnoPrimaImm",         u"AnnoImm"     },
-    {47,  u"Prenotazione",        u"CognomeDenominazione", u"NomeCliente" },
-    {10,  u"Prenotazione",        u"Indirizzo",            u"Indirizzo"   },
-    {51,  u"Prenotazione",        u"Citta",                u"Citta"       },
-    {52,  u"Prenotazione",        u"Telefono",             u"Telefono"    },
-    {142, u"Prenotazione",        u"Operatore",            u"Operatore"   },
-    {53,  u"Prenotazione",        u"Note",                 u"Note"        },
+    {MctcFabbricaMarca,        u"DatiLibrettoVeicolo", u"Fabbrica",             u"Marca"       },
+    {MctcTipo,                 u"DatiLibrettoVeicolo", u"Tipo",                 u"Modello"     },
+    {MctcMotoreAllestimento,   u"DatiLibrettoVeicolo", u"TipoMotore",           u"Allestimento"},
+    {MctcTarga,                u"DatiLibrettoVeicolo", u"Targa",                u"Targa"       },
+    {MctcTelaio,               u"DatiLibrettoVeicolo", u"Telaio",               u"Telaio"      },
+    {MctcAnnoImmatricolazione, u"DatiLibrettoVeicolo", u"AnnoPrimaImm",         u"AnnoImm"     },
+    {MctcNomeCliente,          u"Prenotazione",        u"CognomeDenominazione", u"NomeCliente" },
+    {MctcIndirizzo,            u"Prenotazione",        u"Indirizzo",            u"Indirizzo"   },
+    {MctcCitta,                u"Prenotazione",        u"Citta",                u"Citta"       },
+    {MctcTelefonoFax,          u"Prenotazione",        u"Telefono",             u"Telefono"    },
+    {MctcOperatore,            u"Prenotazione",        u"Operatore",            u"Operatore"   },
+    {MctcNote,                 u"Prenotazione",        u"Note",                 u"Note"        },
 };
 
 struct RigaFaro
 {
-    qint16 etichetta;
+    TestoMctc etichetta;
     quint8 controllo;
     const char16_t *chiave; // in section IMPOSTAZIONI
 };
 
 constexpr RigaFaro FARO[] = {
-    {118, CampoTesto,  u"AltezzaFaro"     },
-    {119, CampoTesto,  u"InclinazioneFaro"},
-    {140, CampoSpunta, u"Simmetrico"      },
+    {MctcAltezzaFaro,    CampoTesto,  u"AltezzaFaro"     },
+    {MctcInclinazione,   CampoTesto,  u"InclinazioneFaro"},
+    {MctcFariSimmetrici, CampoSpunta, u"Simmetrico"      },
 };
 
 // The layout, in design units. Each column of six rows stands in three lines of two boxes above its frame;
@@ -142,7 +138,7 @@ void frmMctc2::Disegno()
 
 void frmMctc2::Load()
 {
-    Caption(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcProvaProiettori));
     Campi_Azzera(gCampiVeicolo, ULTIMA_RIGA);
     Campi_Imposta();
     Campi_Crea(gCampiVeicolo, ULTIMA_RIGA, *this);
@@ -209,12 +205,12 @@ void frmMctc2::Disponi_Pulsanti()
 {
     const qint32 cima = gScreenH - ScalaY(1500);
     const qint32 larghezza = ScalaX(2600);
-    cmd[0].Caption(Testo_Mctc(113));
+    cmd[0].Caption(Testo_Mctc(MctcAvvia));
     cmd[0].Posto(gScreenW - ScalaX(500) - larghezza, cima, larghezza, ScalaY(975));
-    cmd[1].Caption(Testo_Mctc(114));
+    cmd[1].Caption(Testo_Mctc(MctcIndietro));
     cmd[1].Posto(0, 0, 0, 0); // collapsed: it has a caption and no action
     cmd[1].Visible(false);
-    cmd[2].Caption(Testo_Mctc(7));
+    cmd[2].Caption(Testo_Mctc(MctcEsci));
     cmd[2].Posto(ScalaX(500), cima, larghezza, ScalaY(975));
     cmd[2].Cancel(true);
     cmd[0].Default(true);
@@ -230,7 +226,7 @@ void frmMctc2::Disponi_Pulsanti()
 void frmMctc2::Mostra_Faro(bool simmetrico)
 {
     picSim->Picture(gDirImmagini + (simmetrico ? QStringLiteral("faro1.jpg") : QStringLiteral("faro0.jpg")));
-    lblFaro->Caption(Testo_Mctc(simmetrico ? TESTO_SIMMETRICO : TESTO_ASIMMETRICO));
+    lblFaro->Caption(Testo_Mctc(simmetrico ? MctcTipoSimmetrico : MctcTipoAsimmetrico));
     picSim->NomeAccessibile(lblFaro->Caption());
 }
 
@@ -259,7 +255,7 @@ void frmMctc2::txt_Validate(qint16 Index, bool &Cancel)
     const qint16 riga = Riga_Di(txt[Index]);
     const QString testo = txt[Index].Text();
     if (riga == RIGA_ALTEZZA && !Altezza_Valida(testo)) {
-        Mostra_MsgTempo(Testo_Mctc(TESTO_VALORE_ERRATO));
+        Mostra_MsgTempo(Testo_Mctc(MctcCampoErrato));
         Cancel = true;
         return;
     }

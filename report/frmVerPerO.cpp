@@ -17,24 +17,19 @@ std::array<CampoForm, ULTIMA_RIGA + 1> gCampiVerifica;
 
 struct RigaVerifica
 {
-    qint16 etichetta;
+    TestoMctc etichetta;
     const char16_t *chiave; // in section LUMIRA
     qint16 cima;
 };
 
 /// In the order of the instrument's identity block.
 constexpr RigaVerifica RIGHE[] = {
-    {14, u"Comm_Modello",       400 },
-    {15, u"Comm_Marca",         1100},
-    {16, u"Comm_NOmologazione", 1800},
-    {17, u"Comm_NSerie",        2500},
-    {18, u"Comm_ScadRevisione", 3200},
+    {MctcModelloStrumento,   u"Comm_Modello",       400 },
+    {MctcMarcaStrumento,     u"Comm_Marca",         1100},
+    {MctcNumeroOmologazione, u"Comm_NOmologazione", 1800},
+    {MctcNumeroSerie,        u"Comm_NSerie",        2500},
+    {MctcScadenzaVerifica,   u"Comm_ScadRevisione", 3200},
 };
-
-constexpr qint16 TESTO_TITOLO = 4;
-constexpr qint16 TESTO_ESCI = 106;
-constexpr qint16 TESTO_CAMPO_VUOTO = 108;
-constexpr qint16 TESTO_NUOVA_SCADENZA = 128;
 
 enum PulsanteVerifica : qint16
 {
@@ -100,10 +95,10 @@ void frmVerPerO::Campi_Imposta()
         campo.LabelLeft = campo.CtlLeft;
         campo.LabelTop = Intero16(campo.CtlTop - ETICHETTA_SU);
     }
-    Caption(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcVerificaPeriodica));
     const qint32 posti[] = {Width() - 3200, Width() - 1600, 1700, 100};
-    const QString didascalie[] = {QStringLiteral("Ok"), Testo_Mctc(TESTO_ESCI),
-                                  Testo_Mctc(TESTO_NUOVA_SCADENZA), QStringLiteral("Default")};
+    const QString didascalie[] = {QStringLiteral("Ok"), Testo_Mctc(MctcAnnulla),
+                                  Testo_Mctc(MctcNuovaScadenza), QStringLiteral("Default")};
     for (qint16 i = PulsanteOk; i <= PulsanteDefault; ++i) {
         cmd[i].Posto(posti[i], Height() - 1200, 1500, 900);
         cmd[i].Caption(didascalie[i]);
@@ -121,7 +116,7 @@ void frmVerPerO::txt_Validate(qint16 Index, bool &Cancel)
 {
     const QString testo = txt[Index].Text();
     if (testo.isEmpty()) {
-        Mostra_MsgTempo(Testo_Mctc(TESTO_CAMPO_VUOTO));
+        Mostra_MsgTempo(Testo_Mctc(MctcCampoErrato));
         Cancel = true;
         return;
     }

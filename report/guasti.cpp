@@ -10,27 +10,25 @@ namespace {
 
 struct Faro
 {
-    qint16 nome; // id in gTabMctc
-    bool anabbagliante;
-    const char16_t *verticale;
-    const char16_t *orizzontale;
-    const char16_t *lux;
+    TestoMctc nome;
+    Fascio fascio;
+    RigaFar verticale;
+    RigaFar orizzontale;
+    RigaFar lux;
 };
 
+// clang-format off
 constexpr Faro FARI[] = {
-    {174, true,  u"VertAnabDx", u"OrizzAnabDx", u"IllumLuxAnabDx"},
-    {175, true,  u"VertAnabSx", u"OrizzAnabSx", u"IllumLuxAnabSx"},
-    {176, false, u"VertAbbDx",  u"OrizzAbbDx",  u"IllumLuxAbbDx" },
-    {177, false, u"VertAbbSx",  u"OrizzAbbSx",  u"IllumLuxAbbSx" },
+    {MctcAnabbaglianteDestro,   FascioAnabbagliante, FarVertAnabDx, FarOrizzAnabDx, FarIllumLuxAnabDx},
+    {MctcAnabbaglianteSinistro, FascioAnabbagliante, FarVertAnabSx, FarOrizzAnabSx, FarIllumLuxAnabSx},
+    {MctcAbbaglianteDestro,     FascioAbbagliante,   FarVertAbbDx,  FarOrizzAbbDx,  FarIllumLuxAbbDx },
+    {MctcAbbaglianteSinistro,   FascioAbbagliante,   FarVertAbbSx,  FarOrizzAbbSx,  FarIllumLuxAbbSx },
 };
+// clang-format on
 
-constexpr qint16 TESTO_AMMESSO = 178; // %1 value, %2 and %3 limits
-/// By what is wrong: 1 the vertical aim, 2 the horizontal one, 3 both.
-constexpr qint16 TESTI_MIRA[] = {0, 179, 180, 181};
-
-bool Errata(const char16_t *riga)
+bool Errata(RigaFar riga)
 {
-    return Far_Valore(QString::fromUtf16(riga)) != u"R";
+    return Far_Valore(riga) != u"R";
 }
 
 /// As the cells of the table give it: thousands of the unit of the result file.
@@ -39,38 +37,38 @@ QString In_Migliaia(float valore)
     return Numero_Testo(valore / 1000);
 }
 
+/// @param ammesso the text, with %1 for the value, %2 and %3 for the limits.
 QString Intensita(const Faro &faro, const QString &ammesso)
 {
-    const QString riga = Far_Valore(QString::fromUtf16(faro.lux));
-    if (riga.isEmpty() || Lux_NeiLimiti(Numero_Singolo(riga), faro.anabbagliante))
+    const QString riga = Far_Valore(faro.lux);
+    if (riga.isEmpty() || Lux_Regolare(Numero_Singolo(riga), faro.fascio))
         return {};
-    const qint32 minimo = faro.anabbagliante ? gLuxMinAnab : gLuxMinAbb;
-    const qint32 massimo = faro.anabbagliante ? gLuxMaxAnab : gLuxMaxAbb;
+    const bool anabbagliante = faro.fascio == FascioAnabbagliante;
+    const auto minimo = static_cast<float>(anabbagliante ? gLuxMinAnab : gLuxMinAbb);
+    const auto massimo = static_cast<float>(anabbagliante ? gLuxMaxAnab : gLuxMaxAbb);
     return QString(ammesso)
         .replace(QStringLiteral("%1"), In_Migliaia(Numero_Singolo(riga)))
-        .replace(QStringLiteral("%2"), In_Migliaia(static_cast<float>(minimo)))
-        .replace(QStringLiteral("%3"), In_Migliaia(static_cast<float>(massimo)));
+        .replace(QStringLiteral("%2"), In_Migliaia(minimo))
+        .replace(QStringLiteral("%3"), In_Migliaia(massimo));
 }
 
 QString Mira(const Faro &faro)
 {
-    const int quale = (Errata(faro.verticale) ? 1 : 0) + (Errata(faro.orizzontale) ? 2 : 0);
-    return quale == 0 ? QString() : Testo_Mctc(TESTI_MIRA[quale]);
+    const bool verticale = Errata(faro.verticale);
+    const bool orizzontale = Errata(faro.orizzontale);
+    if (verticale && orizzontale)
+        return Testo_Mctc(MctcMiraErrata);
+    if (verticale)
+        return Testo_Mctc(MctcVerticaleErrato);
+    return orizzontale ? Testo_Mctc(MctcOrizzontaleErrato) : QString();
 }
 
 } // namespace
 
-bool Lux_NeiLimiti(float valore, bool anabbagliante)
-{
-    const auto minimo = static_cast<float>(anabbagliante ? gLuxMinAnab : gLuxMinAbb);
-    const auto massimo = static_cast<float>(anabbagliante ? gLuxMaxAnab : gLuxMaxAbb);
-    return valore > minimo && valore < massimo;
-}
-
 QStringList Guasti_Elenca()
 {
-    const QString ammesso = Testo_Mctc(TESTO_AMMESSO);
-    if (ammesso.isEmpty() || Far_Valore(QStringLiteral("Esito")) == u"R")
+    const QString ammesso = Testo_Mctc(MctcAmmesso);
+    if (ammesso.isEmpty() || Far_Valore(FarEsito) == u"R")
         return {};
     QStringList guasti;
     for (const Faro &faro : FARI) {

@@ -2,12 +2,7 @@
 // the rows of the result and the limits in force say it, as they say the colours of the table.
 #pragma once
 
-#include <QString>
 #include <QStringList>
-
-/// True when an intensity is within the limits of its beam, which are outside themselves.
-/// @param valore in the unit of the result file. @param anabbagliante the dipped beam, not the main one.
-bool Lux_NeiLimiti(float valore, bool anabbagliante);
 
 /// A sentence for every lamp and beam that has something out of order, in the order of the table's columns;
 /// none for a regular vehicle, nor with a text file from before the sentences.

@@ -13,20 +13,17 @@ std::array<CampoForm, ULTIMA_RIGA + 1> gCampiOfficina;
 
 struct RigaOfficina
 {
-    qint16 etichetta;
+    TestoMctc etichetta;
     const char16_t *chiave;
 };
 
 constexpr RigaOfficina RIGHE[] = {
-    {9,  u"Denominazione"},
-    {10, u"Indirizzo"    },
-    {11, u"Localita"     },
-    {52, u"TelFax"       },
-    {13, u"Web"          },
+    {MctcDenominazione, u"Denominazione"},
+    {MctcIndirizzo,     u"Indirizzo"    },
+    {MctcLocalita,      u"Localita"     },
+    {MctcTelefonoFax,   u"TelFax"       },
+    {MctcSitoWeb,       u"Web"          },
 };
-
-constexpr qint16 TESTO_TITOLO = 5;
-constexpr qint16 TESTO_ANNULLA = 106;
 
 // The form, in twips: it does not grow with the screen.
 constexpr qint32 FORM_LARGO = 7000;
@@ -84,10 +81,10 @@ void frmAnagOffO::Campi_Imposta()
         campo.LabelLeft = Intero16(ScalaX_16(CORNICE) + ETICHETTA_RIENTRO);
         campo.LabelTop = Intero16(campo.CtlTop - ETICHETTA_SU);
     }
-    Caption(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcAnagraficaOfficina));
     cmd[0].Caption(QStringLiteral("Ok"));
     cmd[0].Posto(FORM_LARGO - 1700, FORM_ALTO - 1000, 1500, 800);
-    cmd[1].Caption(Testo_Mctc(TESTO_ANNULLA));
+    cmd[1].Caption(Testo_Mctc(MctcAnnulla));
     cmd[1].Posto(200, FORM_ALTO - 1000, 1500, 800);
     cmd[1].Cancel(true);
 }

@@ -55,7 +55,7 @@ enum Blocco
 
 struct DatiRiga
 {
-    qint16 etichetta; // -1: none
+    TestoMctc etichetta;
     quint8 controllo;
     const char16_t *sezione;
     const char16_t *chiave; // of a row with two keys, the one of the network folders
@@ -63,38 +63,38 @@ struct DatiRiga
 };
 
 constexpr DatiRiga RIGHE[ULTIMA_RIGA + 1] = {
-    {14,  CampoTesto,  u"LUMIRA",       u"Comm_Modello",       Bloccata },
-    {15,  CampoTesto,  u"LUMIRA",       u"Comm_Marca",         Bloccata },
-    {16,  CampoTesto,  u"LUMIRA",       u"Comm_NOmologazione", Bloccata },
-    {17,  CampoTesto,  u"LUMIRA",       u"Comm_NSerie",        Bloccata },
-    {18,  CampoTesto,  u"LUMIRA",       u"Comm_ScadRevisione", Bloccata },
-    {142, CampoTesto,  u"VEICOLO",      u"Operatore",          Libera   },
-    {33,  CampoCombo,  u"IMPOSTAZIONI", u"Lingua",             Libera   },
-    {25,  CampoTesto,  u"PARAMETRI",    u"DevOrizAnab",        Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"DevOrizAbb",         Bloccata },
-    {26,  CampoTesto,  u"PARAMETRI",    u"DevVertAnab",        Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"DevVertAbb",         Bloccata },
-    {27,  CampoTesto,  u"PARAMETRI",    u"LuxMaxAnab",         Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"LuxMaxAbb",          Bloccata },
-    {28,  CampoTesto,  u"PARAMETRI",    u"LuxMinAnab",         Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"LuxMinAbb",          Bloccata },
-    {29,  CampoTesto,  u"PARAMETRI",    u"IncVertMin80An",     Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"IncVertMin80Ab",     Bloccata },
-    {30,  CampoTesto,  u"PARAMETRI",    u"IncVertMax80An",     Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"IncVertMax80Ab",     Bloccata },
-    {22,  CampoCombo,  u"MCTC",         u"Modalita",           SenzaRete},
-    {23,  CampoTesto,  u"MCTC",         u"ReteRisultati",      SenzaRete},
-    {24,  CampoTesto,  u"MCTC",         u"ReteDati",           SenzaRete},
-    {88,  CampoSpunta, u"MCTC",         u"IniFile",            Libera   },
-    {89,  CampoSpunta, u"MCTC",         u"Esce",               Libera   },
-    {90,  CampoSpunta, u"MCTC",         u"ControlloVisivo",    Libera   },
-    {103, CampoSpunta, u"MCTC",         u"AllarmeAcustico",    Libera   },
-    {104, CampoSpunta, u"MCTC",         u"Alimentazione",      Libera   },
-    {105, CampoSpunta, u"MCTC",         u"AltezzaFaroAuto",    Libera   },
-    {93,  CampoSpunta, u"",             u"",                   Libera   }, // no setting: the switch of the limits
-    {138, CampoSpunta, u"IMPOSTAZIONI", u"CamReset",           Libera   },
-    {147, CampoCombo,  u"IMPOSTAZIONI", u"ModSeriale",         Libera   },
-    {157, CampoCombo,  u"COMM",         u"Num",                Libera   },
+    {MctcModelloStrumento,      CampoTesto,  u"LUMIRA",       u"Comm_Modello",       Bloccata },
+    {MctcMarcaStrumento,        CampoTesto,  u"LUMIRA",       u"Comm_Marca",         Bloccata },
+    {MctcNumeroOmologazione,    CampoTesto,  u"LUMIRA",       u"Comm_NOmologazione", Bloccata },
+    {MctcNumeroSerie,           CampoTesto,  u"LUMIRA",       u"Comm_NSerie",        Bloccata },
+    {MctcScadenzaVerifica,      CampoTesto,  u"LUMIRA",       u"Comm_ScadRevisione", Bloccata },
+    {MctcOperatore,             CampoTesto,  u"VEICOLO",      u"Operatore",          Libera   },
+    {MctcLingua,                CampoCombo,  u"IMPOSTAZIONI", u"Lingua",             Libera   },
+    {MctcDeviazioneOrizzontale, CampoTesto,  u"PARAMETRI",    u"DevOrizAnab",        Bloccata },
+    {MctcNessuno,               CampoTesto,  u"PARAMETRI",    u"DevOrizAbb",         Bloccata },
+    {MctcDeviazioneVerticale,   CampoTesto,  u"PARAMETRI",    u"DevVertAnab",        Bloccata },
+    {MctcNessuno,               CampoTesto,  u"PARAMETRI",    u"DevVertAbb",         Bloccata },
+    {MctcIlluminamentoMassimo,  CampoTesto,  u"PARAMETRI",    u"LuxMaxAnab",         Bloccata },
+    {MctcNessuno,               CampoTesto,  u"PARAMETRI",    u"LuxMaxAbb",          Bloccata },
+    {MctcIlluminamentoMinimo,   CampoTesto,  u"PARAMETRI",    u"LuxMinAnab",         Bloccata },
+    {MctcNessuno,               CampoTesto,  u"PARAMETRI",    u"LuxMinAbb",          Bloccata },
+    {MctcInclinazioneMinima80,  CampoTesto,  u"PARAMETRI",    u"IncVertMin80An",     Bloccata },
+    {MctcNessuno,               CampoTesto,  u"PARAMETRI",    u"IncVertMin80Ab",     Bloccata },
+    {MctcInclinazioneMassima80, CampoTesto,  u"PARAMETRI",    u"IncVertMax80An",     Bloccata },
+    {MctcNessuno,               CampoTesto,  u"PARAMETRI",    u"IncVertMax80Ab",     Bloccata },
+    {MctcCartelleScambio,       CampoCombo,  u"MCTC",         u"Modalita",           SenzaRete},
+    {MctcCartellaRisultati,     CampoTesto,  u"MCTC",         u"ReteRisultati",      SenzaRete},
+    {MctcCartellaAccettazioni,  CampoTesto,  u"MCTC",         u"ReteDati",           SenzaRete},
+    {MctcListaAccettazioni,     CampoSpunta, u"MCTC",         u"IniFile",            Libera   },
+    {MctcUscitaFineProva,       CampoSpunta, u"MCTC",         u"Esce",               Libera   },
+    {MctcControlloVisivo,       CampoSpunta, u"MCTC",         u"ControlloVisivo",    Libera   },
+    {MctcAllarmeAcustico,       CampoSpunta, u"MCTC",         u"AllarmeAcustico",    Libera   },
+    {MctcAlimentazione,         CampoSpunta, u"MCTC",         u"Alimentazione",      Libera   },
+    {MctcAltezzaAutomatica,     CampoSpunta, u"MCTC",         u"AltezzaFaroAuto",    Libera   },
+    {MctcSbloccaLimiti,         CampoSpunta, u"",             u"",                   Libera   }, // no setting: the switch of the limits
+    {MctcAzzeraTelecamera,      CampoSpunta, u"IMPOSTAZIONI", u"CamReset",           Libera   },
+    {MctcStrumentoDaLeggere,    CampoCombo,  u"IMPOSTAZIONI", u"ModSeriale",         Libera   },
+    {MctcPortaSeriale,          CampoCombo,  u"COMM",         u"Num",                Libera   },
 };
 
 /// The folders of rows 20 and 21 have a key for each work mode.
@@ -104,15 +104,15 @@ constexpr const char16_t *CHIAVI_LOCALI[] = {u"DirRisultati", u"DirDati"};
 struct Lingua
 {
     const char16_t *codice;
-    qint16 testo;
+    TestoMctc testo;
 };
 
 constexpr Lingua LINGUE[] = {
-    {u"it", 81},
-    {u"fr", 82},
-    {u"en", 83},
-    {u"es", 84},
-    {u"de", 85},
+    {u"it", MctcItaliano},
+    {u"fr", MctcFrancese},
+    {u"en", MctcInglese },
+    {u"es", MctcSpagnolo},
+    {u"de", MctcTedesco },
 };
 
 /// Flags that a save brings into force, by row.
@@ -134,11 +134,7 @@ constexpr FlagRiga FLAG_RIGHE[] = {
 constexpr qint16 ORDINE_LETTURA[] = {1, 0, 2, 3, 4, 5};
 
 constexpr qint16 PORTE = 20;
-constexpr qint16 TESTI_MODALITA[] = {91, 92};
-constexpr qint16 TESTI_COLONNE[] = {32, 31};
-constexpr qint16 TESTO_IMPOSTAZIONI = 1;
-constexpr qint16 TESTO_VERIFICA = 4;
-constexpr qint16 TESTO_VALORE_ERRATO = 108;
+constexpr TestoMctc TESTI_COLONNE[] = {MctcAnabbagliante, MctcAbbagliante};
 constexpr qint16 TASTO_LIVELLI = 12; // F12: the check levels, which no menu shows
 
 // The layout, in design units.
@@ -167,6 +163,7 @@ constexpr Posto POSTO_PORTA = {12000, 8300, 2700};
 
 CampoForm &Campo(qint16 riga)
 {
+    // cppcheck-suppress containerOutOfBounds ; reckons the size of the table one too small
     return gCampiSetup[static_cast<size_t>(riga)];
 }
 
@@ -208,7 +205,7 @@ void Liste_Imposta()
         lingua.List.append(Testo_Mctc(voce.testo));
     lingua.ListIndexDefault = Lingua_Scelta();
     CampoForm &modalita = Campo(RigaModalita);
-    modalita.List = {Testo_Mctc(TESTI_MODALITA[0]), Testo_Mctc(TESTI_MODALITA[1])};
+    modalita.List = {Testo_Mctc(MctcCartelleRete), Testo_Mctc(MctcCartelleLocali)};
     modalita.ListIndexDefault = gModalita ? 1 : 0;
     Campo(RigaStrumento).List = QStringList{QStringLiteral("QX5")};
     CampoForm &porta = Campo(RigaPorta);
@@ -346,8 +343,8 @@ void frmSetupO::Didascalie()
 {
     for (qint16 i = 0; i <= 1; ++i)
         lblDes[i].Caption(Testo_Mctc(TESTI_COLONNE[i]));
-    cmd[1].Caption(Testo_Mctc(TESTO_VERIFICA));
-    Caption(Testo_Mctc(TESTO_IMPOSTAZIONI));
+    cmd[1].Caption(Testo_Mctc(MctcVerificaPeriodica));
+    Caption(Testo_Mctc(MctcImpostazioni));
 }
 
 void frmSetupO::Activate()
@@ -383,7 +380,7 @@ void frmSetupO::txt_Validate(qint16 Index, bool &Cancel)
     const qint16 riga = Riga_Di(txt[Index]);
     const QString testo = txt[Index].Text();
     if (riga >= PrimoLimite && riga <= UltimoLimite && !Numero_Valido(testo)) {
-        Mostra_MsgTempo(Testo_Mctc(TESTO_VALORE_ERRATO));
+        Mostra_MsgTempo(Testo_Mctc(MctcCampoErrato));
         Cancel = true;
         return;
     }

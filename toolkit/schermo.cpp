@@ -1,6 +1,8 @@
 // The primary screen, measured anew at every question, its pointer and its events. It knows no form.
 #include "toolkit/schermo.h"
 
+#include "platform/unita.h"
+
 #include <QApplication>
 #include <QCursor>
 #include <QScreen>
@@ -11,7 +13,6 @@
 namespace {
 
 constexpr double TWIP_PIXEL = 15.0;
-constexpr double TWIP_PUNTO = 20.0;
 constexpr double POSIZIONE_MASSIMA = 32767.0;
 constexpr double GRIGLIA_X = 15360.0;
 constexpr double GRIGLIA_Y = 11520.0;

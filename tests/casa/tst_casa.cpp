@@ -48,7 +48,7 @@ QSet<QString> Finestre_DelToolkit()
 
 } // namespace
 
-class TestCasa : public QObject
+class tst_casa : public QObject
 {
     Q_OBJECT
 
@@ -246,6 +246,45 @@ private Q_SLOTS:
     }
     void nessunaInclusioneInSalita() { Senza_Falli(Inclusioni_InSalita(m_casa)); }
 
+    void simulatoreDipendenteSiVede()
+    {
+        const Alberello albero{
+            {"simulatore/trama.cpp",     "#include \"link/protocollo.h\"\n#include \"platform/codifica.h\"\n"},
+            {"simulatore/linea.cpp",     "#include \"link/seriale.h\"\n#include \"link/dispositivo_qt.h\"\n" },
+            {"simulatore/banco.cpp",     "#include \"simulatore/trama.h\"\n#include \"link/lontano.h\"\n"    },
+            {"link/seriale.h",           "#include \"link/controllo_seriale.h\"\n"                           },
+            {"link/lontano.h",           "#include \"link/scambio.h\"\n"                                     },
+            {"link/protocollo.h",        ""                                                                  },
+            {"link/scambio.h",           ""                                                                  },
+            {"link/dispositivo_qt.h",    ""                                                                  },
+            {"link/controllo_seriale.h", ""                                                                  },
+            {"platform/codifica.h",      ""                                                                  },
+            {"simulatore/trama.h",       ""                                                                  },
+        };
+        QCOMPARE(Simulatore_Dipendente(albero.Leggi()),
+                 (QStringList{QStringLiteral("simulatore/banco.cpp reaches link/lontano.h"),
+                              QStringLiteral("simulatore/banco.cpp reaches link/scambio.h"),
+                              QStringLiteral("simulatore/trama.cpp reaches link/protocollo.h")}));
+    }
+    void simulatoreIndipendente() { Senza_Falli(Simulatore_Dipendente(m_casa)); }
+
+    void proveConAltroNomeSiVedono()
+    {
+        const Alberello albero{
+            {"tests/core/tst_modA.cpp",
+             "class TestModA : public QObject {};\n// class tst_modA : public QObject\n"},
+            {"tests/core/tst_modB.cpp", "class tst_modBis : public QObject {};\n"       },
+            {"tests/core/tst_modC.cpp",
+             "class Aiuto : public QObject {};\nclass tst_modC : public QObject {};\n"  },
+            {"tests/core/tst_modD.cpp", "class tst_modD final : public QObject {};\n"   },
+            {"tests/core/aiuto.cpp",    "class Aiuto {};\n"                             },
+        };
+        QCOMPARE(Prove_ConAltroNome(albero.Leggi()),
+                 (QStringList{QStringLiteral("tests/core/tst_modA.cpp has no class tst_modA"),
+                              QStringLiteral("tests/core/tst_modB.cpp has no class tst_modB")}));
+    }
+    void nessunaProvaConAltroNome() { Senza_Falli(Prove_ConAltroNome(m_casa)); }
+
     void globaliDoppieSiVedono_data()
     {
         QTest::addColumn<QByteArray>("testata");
@@ -320,7 +359,52 @@ private Q_SLOTS:
         }
     }
     void nessunaGlobaleDoppia() { Senza_Falli(Globali_Doppie(m_casa)); }
+
+    void testiSenzaNomeSiVedono_data()
+    {
+        QTest::addColumn<QString>("presa");
+        for (const char *presa :
+             {"static_cast<TestoMctc>", "static_cast<TestoLingua>", "TestoMctc(", "TestoLingua{", "gTabMctc",
+              "gTabLingua", "Valore_Ini(gFileLingueMctc", "Leggi_Ini(gFileLingue"})
+            QTest::newRow(presa) << QString::fromLatin1(presa);
+    }
+    void testiSenzaNomeSiVedono()
+    {
+        QFETCH(QString, presa);
+        const QByteArray riga = "    a(" + presa.toLatin1() + " 7";
+        const Alberello albero{
+            {"setup/a.cpp",         riga.constData()               },
+            {"core/modGeneral.cpp", riga.constData()               },
+            {"tests/a.cpp",         riga.constData()               },
+            {"link/a.cpp",          ("// " + riga).constData()     },
+            {"app/a.cpp",           ("\"" + riga + '"').constData()},
+        };
+        QCOMPARE(Testi_SenzaNome(albero.Leggi()), QStringList{QStringLiteral("setup/a.cpp: ") + presa});
+    }
+    void testiConUnNomePassano()
+    {
+        const Alberello albero{
+            {"setup/a.cpp", "constexpr TestoMctc A[] = {MctcEsci};\na(Testo_Mctc(A[i]), Testo_Lingua(b));\n"
+                            "Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);\n"
+                            "Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);\n"},
+        };
+        QCOMPARE(Testi_SenzaNome(albero.Leggi()), QStringList());
+    }
+    void nessunTestoSenzaNome() { Senza_Falli(Testi_SenzaNome(m_casa)); }
+
+    void nomiNonUsatiSiVedono()
+    {
+        const Alberello albero{
+            {"core/a.h",    "NomeA NomeB NomeC NomeD NomeE\n"                    },
+            {"link/a.cpp",  "a(NomeA); // NomeB\nb(\"NomeC\"); xNomeD(NomeDx);\n"},
+            {"tests/b.cpp", "a(NomeE);\n"                                        },
+        };
+        QStringList nomi;
+        for (const char16_t *nome : {u"NomeA", u"NomeB", u"NomeC", u"NomeD", u"NomeE"})
+            nomi.append(QString::fromUtf16(nome));
+        QCOMPARE(Nomi_NonUsati(albero.Leggi(), nomi), nomi.mid(1));
+    }
 };
 
-QTEST_GUILESS_MAIN(TestCasa)
+QTEST_GUILESS_MAIN(tst_casa)
 #include "tst_casa.moc"

@@ -1,4 +1,5 @@
 #include "tests/forms/scene_prova.h"
+#include "tests/comuni/testi_prova.h"
 
 #include "app/frmMain.h"
 #include "core/limiti.h"
@@ -40,11 +41,16 @@ constexpr const char *GUASTI[][2] = {
     {"PotMaxkW=85.00",            "PotMaxkW=85,00"           },
 };
 
-constexpr const char *CELLE[] = {
-    "VertAnabDx",     "VertAnabSx",     "VertAbbDx",     "VertAbbSx",     //
-    "OrizzAnabDx",    "OrizzAnabSx",    "OrizzAbbDx",    "OrizzAbbSx",    //
-    "IllumLuxAnabDx", "IllumLuxAnabSx", "IllumLuxAbbDx", "IllumLuxAbbSx", //
+constexpr RigaFar CELLE[] = {
+    FarVertAnabDx,     FarVertAnabSx,     FarVertAbbDx,     FarVertAbbSx,     //
+    FarOrizzAnabDx,    FarOrizzAnabSx,    FarOrizzAbbDx,    FarOrizzAbbSx,    //
+    FarIllumLuxAnabDx, FarIllumLuxAnabSx, FarIllumLuxAbbDx, FarIllumLuxAbbSx, //
 };
+
+bool Di_Intensita(RigaFar cella)
+{
+    return cella >= FarIllumLuxAnabDx && cella <= FarIllumLuxAbbSx;
+}
 
 template <typename T>
 std::shared_ptr<T> Mostrato(const std::shared_ptr<T> &form)
@@ -120,12 +126,10 @@ std::shared_ptr<Modulo> Esito_Regolare(const BancoForm &banco)
     Carica_Limiti();
     gAltezzaFaro = 65.5;
     Far_Azzera();
-    for (const char *cella : CELLE)
-        Far_Imposta(QString::fromLatin1(cella), QString::fromLatin1(cella).startsWith(u"Illum")
-                                                    ? QStringLiteral("45600")
-                                                    : QStringLiteral("R"));
-    Far_Imposta(QStringLiteral("TipoAnab"), QStringLiteral("#A"));
-    Far_Imposta(QStringLiteral("Esito"), QStringLiteral("R"));
+    for (const RigaFar cella : CELLE)
+        Far_Imposta(cella, Di_Intensita(cella) ? QStringLiteral("45600") : QStringLiteral("R"));
+    Far_Imposta(FarTipoAnab, QStringLiteral("#A"));
+    Far_Imposta(FarEsito, QStringLiteral("R"));
     return Mostrato(Nuovo<frmEsito>());
 }
 
@@ -138,17 +142,16 @@ std::shared_ptr<Modulo> Esito_Irregolare(const BancoForm &banco)
     gAltezzaFaro = 100;
     Far_Azzera();
     int i = 0;
-    for (const char *cella : CELLE) {
+    for (const RigaFar cella : CELLE) {
         const bool buona = i++ % 2 == 0;
-        if (QString::fromLatin1(cella).startsWith(u"Illum"))
-            Far_Imposta(QString::fromLatin1(cella),
-                        buona ? QStringLiteral("45600") : QStringLiteral("234500"));
+        if (Di_Intensita(cella))
+            Far_Imposta(cella, buona ? QStringLiteral("45600") : QStringLiteral("234500"));
         else
-            Far_Imposta(QString::fromLatin1(cella), buona ? QStringLiteral("R") : QStringLiteral("I"));
+            Far_Imposta(cella, buona ? QStringLiteral("R") : QStringLiteral("I"));
     }
-    Far_Imposta(QString::fromLatin1(CELLE[std::size(CELLE) - 2]), QString());
-    Far_Imposta(QStringLiteral("TipoAnab"), QStringLiteral("#S"));
-    Far_Imposta(QStringLiteral("Esito"), QStringLiteral("I"));
+    Far_Imposta(FarIllumLuxAbbDx, QString());
+    Far_Imposta(FarTipoAnab, QStringLiteral("#S"));
+    Far_Imposta(FarEsito, QStringLiteral("I"));
     return Mostrato(Nuovo<frmEsito>());
 }
 
@@ -289,11 +292,11 @@ std::shared_ptr<Modulo> Messaggio(qint16 modo, const QString &testo)
 
 std::shared_ptr<Modulo> Messaggio_Breve(const BancoForm &)
 {
-    return Messaggio(0, Testo_Lingua(58));
+    return Messaggio(0, Testo_Lingua(Id_Lingua(58)));
 }
 std::shared_ptr<Modulo> Messaggio_Lungo(const BancoForm &)
 {
-    return Messaggio(0, Testo_Mctc(108));
+    return Messaggio(0, Testo_Mctc(Id_Mctc(108)));
 }
 
 std::shared_ptr<Modulo> Messaggio_Rapporto(const BancoForm &banco)
@@ -307,7 +310,7 @@ std::shared_ptr<Modulo> Messaggio_Rapporto(const BancoForm &banco)
         Campo_Leggi(campo);
     QString rapporto;
     Acc_Controlla(percorso, rapporto);
-    return Messaggio(1, Testo_Mctc(110) + QStringLiteral(": \r\n") + rapporto);
+    return Messaggio(1, Testo_Mctc(Id_Mctc(110)) + QStringLiteral(": \r\n") + rapporto);
 }
 
 std::shared_ptr<Modulo> Password(const BancoForm &)

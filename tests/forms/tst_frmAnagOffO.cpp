@@ -3,6 +3,7 @@
 
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/ini_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -82,7 +83,7 @@ private Q_SLOTS:
             QCOMPARE(Casella(i)->text(), QStringLiteral("valore %1").arg(i));
             QVERIFY(Casella(i)->isVisible() && !Casella(i)->isReadOnly());
             auto *etichetta = Membro_Di<QLabel>(*form, "lbl", i);
-            QCOMPARE(etichetta->text(), Testo_Mctc(RIGHE[i].etichetta));
+            QCOMPARE(etichetta->text(), Testo_Mctc(Id_Mctc(RIGHE[i].etichetta)));
             QVERIFY(!etichetta->text().isEmpty() && etichetta->isVisible());
             QVERIFY(!etichetta->geometry().intersects(Casella(i)->geometry()));
             QVERIFY(Casella(i)->y() > cima);
@@ -94,9 +95,9 @@ private Q_SLOTS:
     void titoloPulsantiECornice()
     {
         Apri();
-        QCOMPARE(form->Caption(), Testo_Mctc(5));
+        QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(5)));
         QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("Ok"));
-        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(106));
+        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(Id_Mctc(106)));
         QVERIFY(Ha_Cornice(*form, ScalaX(100), ScalaY(100), form->Width() - 200, form->Height() - 1200));
     }
 

@@ -7,6 +7,7 @@
 #include "core/modGeneral.h"
 #include "core/modReport.h"
 #include "dialogs/dlgPwd.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/seriale_prova.h"
 #include "toolkit/applicazione.h"
@@ -228,11 +229,11 @@ private Q_SLOTS:
         gRepOfficina.fill(QStringLiteral("prima"));
         const QDateTime adesso = Orologio_Banco().Adesso();
         Apri(static_cast<quint8>(modo));
-        QCOMPARE(Scritta(), scritta ? Testo_Mctc(152) : QString());
+        QCOMPARE(Scritta(), scritta ? Testo_Mctc(Id_Mctc(152)) : QString());
         QVERIFY(Visibile(*form, "lbl_0"));
-        QCOMPARE(gRepMisure[REP_DATA], adesso.toString(QStringLiteral("dd-MM-yyyy")));
-        QCOMPARE(gRepMisure[REP_INIZIO], adesso.toString(QStringLiteral("hh:mm:ss")));
-        QCOMPARE(gRepMisure[REP_FINE], QStringLiteral("-"));
+        QCOMPARE(gRepMisure[RepData], adesso.toString(QStringLiteral("dd-MM-yyyy")));
+        QCOMPARE(gRepMisure[RepInizio], adesso.toString(QStringLiteral("hh:mm:ss")));
+        QCOMPARE(gRepMisure[RepFine], QStringLiteral("-"));
         QCOMPARE(gRepOfficina[0], QStringLiteral("-"));
     }
 
@@ -243,7 +244,7 @@ private Q_SLOTS:
         Apri();
         Passa(60000);
         QVERIFY(form->Caricato());
-        QCOMPARE(Scritta(), Testo_Mctc(152));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
         const QString avviso = QStringLiteral("COM1 non si è aperta: controllare cavo e porta");
         QVERIFY(Visibile(*form, "lblPorta"));
         QCOMPARE(Testo_Di(*form, "lblPorta"), avviso);
@@ -271,7 +272,7 @@ private Q_SLOTS:
         banco->Stazione.Scrivi(QStringLiteral("lumira.ini"), "[GENERAL]\r\n");
         Apri();
         QVERIFY(form->Caricato());
-        QCOMPARE(Scritta(), Testo_Mctc(152));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
         QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("Interrompi"));
     }
 
@@ -281,13 +282,13 @@ private Q_SLOTS:
     {
         Con_Copione({Risposta_Stato('1'), Risposta_Stato('2'), Risposta_Stato('4'), MISURA});
         Apri();
-        QCOMPARE(Scritta(), Testo_Mctc(152));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
         Passa(TICK);
         QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
         Passa(2 * TICK);
         QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
         Passa(TICK);
-        QCOMPARE(Scritta(), Testo_Mctc(156));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(156)));
         QCOMPARE(gMisure[0].Lux, 123);
         QCOMPARE(gMisure[2].EsitoV, QStringLiteral("X"));
         QCOMPARE(gMisure[3].Lux, 9999);
@@ -347,7 +348,7 @@ private Q_SLOTS:
         Con_Copione(risposte);
         Apri(static_cast<quint8>(modo));
         Passa(TICK * risposte.size());
-        QCOMPARE(Scritta(), Testo_Mctc(scritta));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(scritta)));
         Passa(2000);
         QCOMPARE(*notifiche, (Notifiche{
                                  {codice, 0}
@@ -380,9 +381,9 @@ private Q_SLOTS:
     {
         Apri();
         Passa(24199);
-        QCOMPARE(Scritta(), Testo_Mctc(152));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
         Passa(1);
-        QCOMPARE(Scritta(), Testo_Mctc(153));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(153)));
         QCOMPARE(Linea_Corrente()->Usciti.size(), 12);
         Passa(3999);
         QVERIFY(form->Caricato());
@@ -412,7 +413,7 @@ private Q_SLOTS:
         Passa(24199);
         QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
         Passa(1);
-        QCOMPARE(Scritta(), Testo_Mctc(153));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(153)));
     }
 
     void conDebugRestaAperta()
@@ -422,7 +423,7 @@ private Q_SLOTS:
         Apri();
         Passa(60000);
         QVERIFY(form->Caricato());
-        QCOMPARE(Scritta(), Testo_Mctc(156));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(156)));
         QCOMPARE(Righe_Dbg().size(), 12);
         QCOMPARE(Testo_Di(*form, "lblRx"), QString::fromLatin1(MISURA.toHex().toUpper()));
         QVERIFY(notifiche->isEmpty());
@@ -487,7 +488,7 @@ private Q_SLOTS:
         QVERIFY(Visibile(*form, "lblPasso_0"));
         const int prima = Widget_Di(*form, "lbl_0")->height();
         Passa(TICK);
-        QCOMPARE(Scritta(), Testo_Mctc(154));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(154)));
         QVERIFY(!Visibile(*form, "lblPasso_0"));
         QVERIFY(Widget_Di(*form, "lbl_0")->height() > prima);
         QCOMPARE(Widget_Di(*form, "lbl_0")->width(), Pixel_DaTwip(form->Width()));
@@ -511,7 +512,7 @@ private Q_SLOTS:
     {
         Apri();
         Passa(24200);
-        QCOMPARE(Scritta(), Testo_Mctc(153));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(153)));
         QVERIFY(!Visibile(*form, "lblPasso_0"));
         Linea_Corrente()->Arriva(Risposta_Stato('4'));
         Passa(4000);
@@ -604,7 +605,7 @@ private Q_SLOTS:
         Con_Copione({Risposta_Stato('4'), MISURA});
         Apri();
         QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM1"));
-        QCOMPARE(Scritta(), Testo_Mctc(152));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
         Passa(2 * TICK + 2000);
         QCOMPARE(*notifiche, (Notifiche{
                                  {6, 0}
@@ -925,7 +926,7 @@ private Q_SLOTS:
         form->PwdEsito = 9;
         Regia regia;
         regia.Quando("dlgPwd", [scritta](Modulo &dialogo) {
-            QCOMPARE(dialogo.Caption(), Testo_Mctc(20));
+            QCOMPARE(dialogo.Caption(), Testo_Mctc(Id_Mctc(20)));
             QVERIFY(Testo_Di(dialogo, "txtPwd").isEmpty());
             QTest::keyClicks(Widget_Di<QLineEdit>(dialogo, "txtPwd"), scritta);
             Passa(4000);

@@ -13,6 +13,7 @@
 #include "platform/percorsi.h"
 #include "report/frmMctc2.h"
 #include "setup/frmSetupO.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -195,7 +196,7 @@ private Q_SLOTS:
     {
         Apri();
         for (int i = 0; i <= 8; ++i) {
-            QCOMPARE(Voce(i)->text(), Testo_Mctc(static_cast<qint16>(i)));
+            QCOMPARE(Voce(i)->text(), Testo_Mctc(Id_Mctc(i)));
             QVERIFY(!Voce(i)->text().isEmpty());
             QCOMPARE(Voce(i)->isVisible(), i != 8);
             QCOMPARE(Voce(i)->isEnabled(), i != 0 && i != 3);
@@ -275,7 +276,7 @@ private Q_SLOTS:
     {
         QVERIFY(QFile::remove(Nativo(QStringLiteral("dati\\splash_kp_net.jpg"))));
         form = Nuovo<frmMain>();
-        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 53);
+        QCOMPARE(Errore_DaEvento([this] { form->Mostra(); }), 53);
     }
 
     void passwordPerVariante_data()
@@ -302,7 +303,7 @@ private Q_SLOTS:
         banco->Stazione.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Pwd"),
                                 QStringLiteral("aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa"));
         form = Nuovo<frmMain>();
-        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 6);
+        QCOMPARE(Errore_DaEvento([this] { form->Mostra(); }), 6);
     }
 
     // --- the beginning of a test --------------------------------------------------------------------------
@@ -378,7 +379,7 @@ private Q_SLOTS:
         Sessione_Completa(regia, [&](Modulo &esito) {
             caricati = Nomi_Caricati();
             // Everything is done before the result shows: the record, the file, the end of the acceptance.
-            QCOMPARE(Testo_Di(esito, "lblTitolo"), Testo_Mctc(126));
+            QCOMPARE(Testo_Di(esito, "lblTitolo"), Testo_Mctc(Id_Mctc(126)));
             QCOMPARE(Testo_Di(esito, "lblTab_8"), QStringLiteral("78.9"));
             QCOMPARE(gTipoProva, qint16{4});
             QVERIFY(banco->Stazione.Leggi(FILE_FAR).contains("\r\nEsito=R\r\n"));
@@ -404,7 +405,7 @@ private Q_SLOTS:
         Sessione_Completa(regia);
         Conferma_Veicolo();
         QVERIFY(regia.Finita());
-        QCOMPARE(Far_Valore(QStringLiteral("Esito")), QStringLiteral("R"));
+        QCOMPARE(Far_Valore(FarEsito), QStringLiteral("R"));
         QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR")))
                     .isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
     }
@@ -479,7 +480,7 @@ private Q_SLOTS:
         QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMain")));
         QVERIFY(!Esiste(FILE_FAR));
         QVERIFY(Esiste(QStringLiteral("DIR_FAR\\") + FILE_ACC));
-        QVERIFY(Far_Valore(QStringLiteral("Esito")).isEmpty());
+        QVERIFY(Far_Valore(FarEsito).isEmpty());
         QVERIFY(form->Finestra()->isVisible());
     }
 
@@ -678,7 +679,7 @@ private Q_SLOTS:
         const EsitoFiglio esito = Figlio_Esegui({QString::fromLatin1(SENZA_DATI)});
         QVERIFY2(esito.Finito, qPrintable(esito.Errori));
         QCOMPARE(esito.Stato, 0);
-        QVERIFY2(esito.Uscita.contains(Testo_Lingua(4)), qPrintable(esito.Uscita));
+        QVERIFY2(esito.Uscita.contains(Testo_Lingua(Id_Lingua(4))), qPrintable(esito.Uscita));
     }
 
     // --- the other entries --------------------------------------------------------------------------------
@@ -775,7 +776,7 @@ private Q_SLOTS:
         QVERIFY(!gPwdCorrente.isEmpty());
         Regia errata;
         errata.Quando("dlgPwd", [](Modulo &dialogo) {
-            QCOMPARE(dialogo.Caption(), Testo_Mctc(20));
+            QCOMPARE(dialogo.Caption(), Testo_Mctc(Id_Mctc(20)));
             QVERIFY(Testo_Di(dialogo, "txtPwd").isEmpty());
             Scrivi_Password(dialogo, QStringLiteral("zz"));
         });

@@ -5,6 +5,7 @@
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
 #include "tests/comuni/locale_prova.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -88,7 +89,7 @@ private:
     {
         regia.Quando("frmMsg", [this](Modulo &msg) {
             ++rifiuti;
-            QCOMPARE(Testo_Di(msg, "lbl_0"), Testo_Mctc(108));
+            QCOMPARE(Testo_Di(msg, "lbl_0"), Testo_Mctc(Id_Mctc(108)));
             QCOMPARE(Predefinito<frmMsg>().Mode, qint16{0});
             QCOMPARE(Predefinito<frmMsg>().TopMost, qint16{0});
             Orologio_Banco().Avanza(2000);
@@ -126,7 +127,7 @@ private Q_SLOTS:
         for (int i = 0; i < RIGHE_VEICOLO; ++i) {
             QCOMPARE(Casella(i)->text(), QString::fromUtf8(RIGHE[i].valoreAcc));
             QVERIFY(Casella(i)->isReadOnly());
-            QCOMPARE(Etichetta_Di(i)->text(), Testo_Mctc(RIGHE[i].etichetta));
+            QCOMPARE(Etichetta_Di(i)->text(), Testo_Mctc(Id_Mctc(RIGHE[i].etichetta)));
             QVERIFY(Etichetta_Di(i)->isEnabled()); // only the lamp's labels go grey with their box
         }
         QVERIFY(!Casella(RIGA_ALTEZZA)->isReadOnly());
@@ -143,7 +144,7 @@ private Q_SLOTS:
         for (int i = 0; i < RIGHE_VEICOLO; ++i) {
             QCOMPARE(Casella(i)->text(), QStringLiteral("valore %1").arg(i));
             QVERIFY(!Casella(i)->isReadOnly());
-            QCOMPARE(Etichetta_Di(i)->text(), Testo_Mctc(RIGHE[i].etichetta));
+            QCOMPARE(Etichetta_Di(i)->text(), Testo_Mctc(Id_Mctc(RIGHE[i].etichetta)));
         }
     }
 
@@ -198,9 +199,9 @@ private Q_SLOTS:
     {
         banco->Stazione.Imposta(IMPOSTAZIONI, QStringLiteral("AltezzaFaro"), QStringLiteral("70"));
         Apri(false);
-        QCOMPARE(Etichetta_Di(RIGA_ALTEZZA)->text(), Testo_Mctc(118));
-        QCOMPARE(Etichetta_Di(RIGA_INCLINAZIONE)->text(), Testo_Mctc(119));
-        QCOMPARE(Etichetta_Di(RIGA_SIMMETRICO)->text(), Testo_Mctc(140));
+        QCOMPARE(Etichetta_Di(RIGA_ALTEZZA)->text(), Testo_Mctc(Id_Mctc(118)));
+        QCOMPARE(Etichetta_Di(RIGA_INCLINAZIONE)->text(), Testo_Mctc(Id_Mctc(119)));
+        QCOMPARE(Etichetta_Di(RIGA_SIMMETRICO)->text(), Testo_Mctc(Id_Mctc(140)));
         QCOMPARE(Casella(RIGA_ALTEZZA)->text(), QStringLiteral("70"));
     }
 
@@ -270,8 +271,8 @@ private Q_SLOTS:
         banco->Stazione.Imposta(IMPOSTAZIONI, QStringLiteral("Simmetrico"), valore);
         Apri(false);
         QCOMPARE(Simmetrico()->isChecked(), simmetrico);
-        QCOMPARE(Testo_Di(*form, "lblFaro"), Testo_Mctc(simmetrico ? 120 : 121));
-        QCOMPARE(Widget_Di(*form, "picSim")->accessibleName(), Testo_Mctc(simmetrico ? 120 : 121));
+        QCOMPARE(Testo_Di(*form, "lblFaro"), Testo_Mctc(Id_Mctc(simmetrico ? 120 : 121)));
+        QCOMPARE(Widget_Di(*form, "picSim")->accessibleName(), Testo_Mctc(Id_Mctc(simmetrico ? 120 : 121)));
         // The tick that the loading set is no click of the operator's: nothing is written back.
         const QByteArray prima = Ini();
         Premi(*form, "cmd_0");
@@ -286,12 +287,12 @@ private Q_SLOTS:
         QVERIFY(!asimmetrica.isNull());
         Premi(*form, "chk_0");
         QVERIFY(Simmetrico()->isChecked());
-        QCOMPARE(Testo_Di(*form, "lblFaro"), Testo_Mctc(120));
+        QCOMPARE(Testo_Di(*form, "lblFaro"), Testo_Mctc(Id_Mctc(120)));
         const QImage simmetrica = Figura();
         QVERIFY(simmetrica != asimmetrica);
         QTest::keyClick(Simmetrico(), Qt::Key_Space);
         QVERIFY(!Simmetrico()->isChecked());
-        QCOMPARE(Testo_Di(*form, "lblFaro"), Testo_Mctc(121));
+        QCOMPARE(Testo_Di(*form, "lblFaro"), Testo_Mctc(Id_Mctc(121)));
         QCOMPARE(Figura(), asimmetrica);
         QTest::keyClick(Simmetrico(), Qt::Key_Space);
         Premi(*form, "cmd_0");
@@ -306,7 +307,7 @@ private Q_SLOTS:
     {
         QVERIFY(QFile::remove(banco->Stazione.Nativo(QStringLiteral("dati\\faro0.jpg"))));
         form = Nuovo<frmMctc2>();
-        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 53);
+        QCOMPARE(Errore_DaEvento([this] { form->Mostra(); }), 53);
         gCaricamento = Falso;
     }
 
@@ -484,7 +485,7 @@ private Q_SLOTS:
         banco->Stazione.Imposta(IMPOSTAZIONI, QStringLiteral("AltezzaFaro"), altezza);
         Apri(false);
         Scrivi(*form, "txt_3", QStringLiteral("AA000BB"));
-        QCOMPARE(Errore_Di([this] { Q_EMIT Widget_Di<QPushButton>(*form, "cmd_0")->clicked(); }), 13);
+        QCOMPARE(Errore_DaEvento([this] { Q_EMIT Widget_Di<QPushButton>(*form, "cmd_0")->clicked(); }), 13);
         QVERIFY(notifiche.isEmpty());
         QVERIFY(form->Caricato());
         QCOMPARE(gAltezzaFaro, -1.0);
@@ -536,9 +537,9 @@ private Q_SLOTS:
     void pulsanti()
     {
         Apri(false);
-        QCOMPARE(Testo_Di(*form, "cmd_0"), Testo_Mctc(113));
-        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(114));
-        QCOMPARE(Testo_Di(*form, "cmd_2"), Testo_Mctc(7));
+        QCOMPARE(Testo_Di(*form, "cmd_0"), Testo_Mctc(Id_Mctc(113)));
+        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(Id_Mctc(114)));
+        QCOMPARE(Testo_Di(*form, "cmd_2"), Testo_Mctc(Id_Mctc(7)));
         QVERIFY(!Visibile(*form, "cmd_1")); // collapsed: it has a caption and no action
         Widget_Di<QPushButton>(*form, "cmd_1")->click();
         QVERIFY(form->Caricato());

@@ -5,6 +5,7 @@
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
 #include "report/frmMctc2.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -104,7 +105,7 @@ private:
         QTimer::singleShot(0, &ciclo, [&] {
             QMetaObject::invokeMethod(
                 this, [this] { Premi(*form, "cmd_0"); }, Qt::QueuedConnection);
-            errore = Errore_Di([] { Battito(); });
+            errore = Errore_DaEvento([] { Battito(); });
             ciclo.quit();
         });
         ciclo.exec();
@@ -141,11 +142,11 @@ private Q_SLOTS:
         Scrivi_File(QStringLiteral("10000000.Acc"), Con("Targa=AB123CD", "Targa=EF456GH"));
         gFileAcc = QStringLiteral("prima");
         Apri();
-        QCOMPARE(form->Caption(), Testo_Mctc(2));
-        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(36));
-        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(37));
-        QCOMPARE(Testo_Di(*form, "cmd_0"), Testo_Mctc(107));
-        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(106));
+        QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(2)));
+        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(Id_Mctc(36)));
+        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(Id_Mctc(37)));
+        QCOMPARE(Testo_Di(*form, "cmd_0"), Testo_Mctc(Id_Mctc(107)));
+        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(Id_Mctc(106)));
         QVERIFY(gFileAcc.isEmpty());
         // Names in capitals, the plate behind a tab, in the folder's own order.
         QCOMPARE(Righe(), QStringList({QStringLiteral("10000000.ACC\tEF456GH"),
@@ -256,9 +257,9 @@ private Q_SLOTS:
         Leggi_Rapporto(regia);
         Clicca_Riga(0);
         QVERIFY(regia.Finita());
-        QCOMPARE(rapporto,
-                 Testo_Mctc(110) + QStringLiteral(": \r\nSezione:[Prenotazione] - Campo:CAP - Errore "
-                                                  "di lunghezza\r\n"));
+        QCOMPARE(rapporto, Testo_Mctc(Id_Mctc(110)) +
+                               QStringLiteral(": \r\nSezione:[Prenotazione] - Campo:CAP - Errore "
+                                              "di lunghezza\r\n"));
         QVERIFY(!Conferma_Abilitata());
         QVERIFY(Esci_Abilitato());
         // It stays listed, it stays the file at hand, and it cannot go into a test.
@@ -366,7 +367,7 @@ private Q_SLOTS:
     {
         Scrivi_File(QStringLiteral("12345678.acc"), Buono() + QByteArray(33000, 'x'));
         Apri();
-        QCOMPARE(Errore_Di([this] { Lista()->setCurrentRow(0); }), 6);
+        QCOMPARE(Errore_DaEvento([this] { Lista()->setCurrentRow(0); }), 6);
         QApplication::restoreOverrideCursor();
     }
 
@@ -524,7 +525,7 @@ private Q_SLOTS:
         Battito();
         QCOMPARE(Lista()->count(), 0);
         QVERIFY(Conferma_Abilitata()); // what a clean file has switched on stays so
-        QCOMPARE(Errore_Di([this] { Q_EMIT Widget_Di<QPushButton>(*form, "cmd_0")->clicked(); }), 9);
+        QCOMPARE(Errore_DaEvento([this] { Q_EMIT Widget_Di<QPushButton>(*form, "cmd_0")->clicked(); }), 9);
         QVERIFY(Modulo_Aperto("frmMctc2") == nullptr);
     }
 
@@ -623,7 +624,7 @@ private Q_SLOTS:
         Battito();
         Clicca_Riga(0);
         Riscrivi_File(QStringLiteral("12345678.acc"), Buono() + QByteArray(33000, 'x'));
-        QCOMPARE(Errore_Di([] { Battito(); }), 0);
+        QCOMPARE(Errore_DaEvento([] { Battito(); }), 0);
         QVERIFY(QApplication::overrideCursor() == nullptr);
         QVERIFY(!Conferma_Abilitata());
         QVERIFY(Esci_Abilitato());

@@ -7,6 +7,7 @@
 #include "dialogs/frmMsg.h"
 #include "link/protocollo.h"
 #include "tests/comuni/locale_prova.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/ini_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -187,7 +188,7 @@ private:
     {
         regia.Quando("dlgPwd", [password](Modulo &box) {
             QVERIFY(Attiva(box));
-            QCOMPARE(box.Caption(), Testo_Mctc(20));
+            QCOMPARE(box.Caption(), Testo_Mctc(Id_Mctc(20)));
             Batti(password);
             Orologio_Banco().Avanza(4000);
         });
@@ -310,7 +311,7 @@ private Q_SLOTS:
             QVERIFY2(Bloccata(riga) == bloccata, attesa.controllo);
             QCOMPARE(Etichetta_Di(riga)->isVisible(), attesa.etichetta != -1);
             if (attesa.etichetta != -1) {
-                QCOMPARE(Etichetta_Di(riga)->text(), Testo_Mctc(attesa.etichetta));
+                QCOMPARE(Etichetta_Di(riga)->text(), Testo_Mctc(Id_Mctc(attesa.etichetta)));
                 QCOMPARE(Etichetta_Di(riga)->isEnabled(), !bloccata);
             }
             if (attesa.controllo[0] == 't') {
@@ -327,8 +328,8 @@ private Q_SLOTS:
     void colonneDeiLimiti()
     {
         Apri();
-        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(32));
-        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(31));
+        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(Id_Mctc(32)));
+        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(Id_Mctc(31)));
         QVERIFY(!Abilitato(*form, "lblDes_0") && !Abilitato(*form, "lblDes_1"));
         // The even rows are the second column of the line whose label stands on the odd one.
         for (int riga = PRIMO_LIMITE; riga < ULTIMO_LIMITE; riga += 2) {
@@ -345,7 +346,7 @@ private Q_SLOTS:
         Apri();
         QStringList lingue, porte;
         for (qint16 id = 81; id <= 85; ++id)
-            lingue.append(Testo_Mctc(id));
+            lingue.append(Testo_Mctc(Id_Mctc(id)));
         for (int porta = 1; porta <= 20; ++porta)
             porte.append(QStringLiteral("COM%1").arg(porta));
         const auto voci = [this](int riga) {
@@ -355,7 +356,7 @@ private Q_SLOTS:
             return testi;
         };
         QCOMPARE(voci(LINGUA), lingue);
-        QCOMPARE(voci(MODALITA), QStringList({Testo_Mctc(91), Testo_Mctc(92)}));
+        QCOMPARE(voci(MODALITA), QStringList({Testo_Mctc(Id_Mctc(91)), Testo_Mctc(Id_Mctc(92))}));
         QCOMPARE(voci(STRUMENTO), QStringList(QStringLiteral("QX5")));
         QCOMPARE(Combo(STRUMENTO)->currentIndex(), 0);
         QCOMPARE(voci(PORTA), porte);
@@ -678,7 +679,7 @@ private Q_SLOTS:
         if (!accettato) {
             regia.Quando("frmMsg", [&messaggi](Modulo &msg) {
                 ++messaggi;
-                QCOMPARE(Testo_Di(msg, "lbl_0"), Testo_Mctc(108));
+                QCOMPARE(Testo_Di(msg, "lbl_0"), Testo_Mctc(Id_Mctc(108)));
                 QCOMPARE(Predefinito<frmMsg>().Mode, qint16{0});
                 QCOMPARE(Predefinito<frmMsg>().TopMost, qint16{0});
                 Orologio_Banco().Avanza(1999);
@@ -950,10 +951,10 @@ private Q_SLOTS:
         QVERIFY(gTabMctc != italiani);
         for (int riga = 0; riga < RIGHE; ++riga) {
             if (ATTESE[riga].etichetta != -1)
-                QCOMPARE(Etichetta_Di(riga)->text(), Testo_Mctc(ATTESE[riga].etichetta));
+                QCOMPARE(Etichetta_Di(riga)->text(), Testo_Mctc(Id_Mctc(ATTESE[riga].etichetta)));
         }
-        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(32));
-        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(31));
+        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(Id_Mctc(32)));
+        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(Id_Mctc(31)));
         QCOMPARE(Testo_Di(*form, "cmd_1"), QStringLiteral("Periodic verification"));
         QVERIFY(!Abilitato(*form, "lblDes_0")); // the locks do not move
         QVERIFY(!Etichetta_Di(PRIMO_LUX)->isEnabled());
@@ -1494,7 +1495,7 @@ private Q_SLOTS:
         QFETCH(QString, password);
         QFETCH(bool, aperta);
         Apri();
-        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(4));
+        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(Id_Mctc(4)));
         Imposta("MCTC", "DirDati", QStringLiteral("X:\\altrove\\"));
         bool modale = false;
         Regia regia;

@@ -16,7 +16,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-class TestAperturePosix : public QObject
+class tst_aperture_posix : public QObject
 {
     Q_OBJECT
 
@@ -113,5 +113,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestAperturePosix)
+QTEST_GUILESS_MAIN(tst_aperture_posix)
 #include "tst_aperture_posix.moc"

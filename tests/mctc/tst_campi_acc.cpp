@@ -7,7 +7,7 @@
 
 #include <QTest>
 
-class TestCampiAcc : public QObject
+class tst_campi_acc : public QObject
 {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ private Q_SLOTS:
         const CampoForm &cap = gCampiAcc[13];
         QCOMPARE(cap.Section, QStringLiteral("Prenotazione"));
         QCOMPARE(cap.Key, QStringLiteral("CAP"));
-        QCOMPARE(cap.LabelId, qint16{-1});
+        QCOMPARE(cap.LabelId, MctcNessuno);
         QCOMPARE(cap.Kind, quint8{CampoTesto});
         QCOMPARE(cap.ValueKind, qint16{ValoreTesto});
         QCOMPARE(cap.CtlLeft, qint16{-1});
@@ -164,5 +164,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCampiAcc)
+QTEST_GUILESS_MAIN(tst_campi_acc)
 #include "tst_campi_acc.moc"

@@ -9,7 +9,7 @@
 
 #include <QTest>
 
-class TestControlloValori : public QObject
+class tst_controllo_valori : public QObject
 {
     Q_OBJECT
 
@@ -249,5 +249,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestControlloValori)
+QTEST_GUILESS_MAIN(tst_controllo_valori)
 #include "tst_controllo_valori.moc"

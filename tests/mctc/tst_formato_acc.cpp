@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-class TestFormatoAcc : public QObject
+class tst_formato_acc : public QObject
 {
     Q_OBJECT
 
@@ -205,5 +205,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFormatoAcc)
+QTEST_GUILESS_MAIN(tst_formato_acc)
 #include "tst_formato_acc.moc"

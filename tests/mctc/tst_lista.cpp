@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QTimer>
 
-class TestLista : public QObject
+class tst_lista : public QObject
 {
     Q_OBJECT
 
@@ -192,5 +192,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestLista)
+QTEST_GUILESS_MAIN(tst_lista)
 #include "tst_lista.moc"

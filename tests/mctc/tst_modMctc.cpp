@@ -13,7 +13,7 @@
 
 #include <QTest>
 
-class TestModMctc : public QObject
+class tst_modMctc : public QObject
 {
     Q_OBJECT
 
@@ -319,5 +319,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestModMctc)
+QTEST_GUILESS_MAIN(tst_modMctc)
 #include "tst_modMctc.moc"

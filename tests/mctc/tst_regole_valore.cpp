@@ -13,7 +13,7 @@ constexpr QStringView LETTERE[] = {u"S", u"N"};
 
 } // namespace
 
-class TestRegoleValore : public QObject
+class tst_regole_valore : public QObject
 {
     Q_OBJECT
 
@@ -280,5 +280,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRegoleValore)
+QTEST_GUILESS_MAIN(tst_regole_valore)
 #include "tst_regole_valore.moc"

@@ -8,6 +8,7 @@
 #include "core/risultato.h"
 #include "report/modPrn.h"
 #include "tests/comuni/errore_prova.h"
+#include "tests/comuni/far_prova.h"
 #include "tests/comuni/orologio_prova.h"
 #include "tests/comuni/stampa_prova.h"
 #include "tests/comuni/stazione_prova.h"
@@ -254,7 +255,7 @@ void Verdetti(const QString &valore)
 {
     const QStringList chiavi = Chiavi_Segni();
     for (const QString &chiave : chiavi)
-        Far_Imposta(chiave, valore);
+        Far_Imposta(Far_Riga(chiave), valore);
 }
 
 template <size_t N>
@@ -268,15 +269,15 @@ void Riempi(std::array<QString, N> &tabella, const char *testi)
 void Riempi_Tabelle()
 {
     Far_Azzera();
-    Far_Imposta(QStringLiteral("IllumLuxAnabDx"), QStringLiteral("23400"));
-    Far_Imposta(QStringLiteral("IllumLuxAnabSx"), QStringLiteral("12300"));
-    Far_Imposta(QStringLiteral("IllumLuxAbbDx"), QStringLiteral("150000"));
-    Far_Imposta(QStringLiteral("IllumLuxAbbSx"), QStringLiteral("99000"));
+    Far_Imposta(FarIllumLuxAnabDx, QStringLiteral("23400"));
+    Far_Imposta(FarIllumLuxAnabSx, QStringLiteral("12300"));
+    Far_Imposta(FarIllumLuxAbbDx, QStringLiteral("150000"));
+    Far_Imposta(FarIllumLuxAbbSx, QStringLiteral("99000"));
     Report_Dati(2);
-    gRepMisure[REP_DATA] = QStringLiteral("05-03-2024");
-    gRepMisure[REP_INIZIO] = QStringLiteral("09:07:08");
-    gRepMisure[REP_FINE] = QStringLiteral("09:10:11");
-    gRepMisure[REP_OPERATORE] = QStringLiteral("Rossi");
+    gRepMisure[RepData] = QStringLiteral("05-03-2024");
+    gRepMisure[RepInizio] = QStringLiteral("09:07:08");
+    gRepMisure[RepFine] = QStringLiteral("09:10:11");
+    gRepMisure[RepOperatore] = QStringLiteral("Rossi");
     Riempi(gRepOfficina, "Officina Verdi,Via Roma 1,00100 Roma,06 0000000,www.example");
     Riempi(gRepTitoli, "Rapporto,Strumento,Veicolo,Anabbaglianti,Abbaglianti");
     Riempi(gRepStrumentoEt, "Marca,Modello,Omologazione,Serie,Scadenza");
@@ -409,7 +410,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, chiave);
         Verdetti(QStringLiteral("I"));
-        Far_Imposta(chiave, QStringLiteral("R"));
+        Far_Imposta(Far_Riga(chiave), QStringLiteral("R"));
         QCOMPARE(Disegna(CARTA_A4), Pagina_Attesa(FOGLIO_A4, {chiave}));
     }
 

@@ -47,15 +47,15 @@ void Racconta_Code()
 void Riempi_Tabelle()
 {
     Far_Azzera();
-    for (const char16_t *chiave : {u"IllumLuxAnabDx", u"IllumLuxAnabSx", u"IllumLuxAbbDx", u"IllumLuxAbbSx"})
-        Far_Imposta(QString::fromUtf16(chiave), QStringLiteral("30500"));
-    for (const char16_t *chiave : {u"VertAnabDx", u"OrizzAnabSx", u"EsitoIllumLuxAbbDx"})
-        Far_Imposta(QString::fromUtf16(chiave), QStringLiteral("R"));
+    for (const RigaFar riga : {FarIllumLuxAnabDx, FarIllumLuxAnabSx, FarIllumLuxAbbDx, FarIllumLuxAbbSx})
+        Far_Imposta(riga, QStringLiteral("30500"));
+    for (const RigaFar riga : {FarVertAnabDx, FarOrizzAnabSx, FarEsitoIllumLuxAbbDx})
+        Far_Imposta(riga, QStringLiteral("R"));
     for (const quint8 stadio : STADI)
         Report_Dati(stadio);
-    gRepMisure[REP_DATA] = QStringLiteral("05-03-2024");
-    gRepMisure[REP_INIZIO] = QStringLiteral("09:07:08");
-    gRepMisure[REP_FINE] = QStringLiteral("09:10:11");
+    gRepMisure[RepData] = QStringLiteral("05-03-2024");
+    gRepMisure[RepInizio] = QStringLiteral("09:07:08");
+    gRepMisure[RepFine] = QStringLiteral("09:10:11");
 }
 
 } // namespace
