@@ -23,12 +23,12 @@ constexpr qint32 ALTA = 4000;
 constexpr qint32 MARGINE = 120;
 constexpr qint32 STACCO = 30;
 constexpr qint32 DUE_RIGHE = 1560; // of the words, in type that is read from the car
-constexpr qint32 TRE_RIGHE = 2330;
-constexpr qint32 PASSI_ALTI = 510;
+constexpr qint32 TRE_RIGHE = 2385;
+constexpr qint32 PASSI_ALTI = 540;
 constexpr qint32 RIGA_HEX = 265;
 constexpr qint32 NOME_HEX = 380;
 constexpr qint32 TX_LARGO = 2500; // beside RX: a command without data
-constexpr qint32 VEICOLO_ALTO = 640;
+constexpr qint32 VEICOLO_ALTO = 610;
 constexpr qint32 TARGA_LARGA = 3500;
 constexpr qint32 ELENCO_LARGO = 2700;
 constexpr qint32 PIEDE = 3075;
@@ -59,7 +59,7 @@ void frmComm::Disegno()
     m_quadro = std::make_unique<QuadroSessione>(Finestra());
     lblPorta = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblPorta"));
     lblPorta->Visible(false);
-    lblPorta->Allineamento(Qt::AlignCenter);
+    lblPorta->Allineamento(Qt::AlignHCenter | Qt::AlignBottom);
     lblPorta->FontSize(Punti_Normali() * LETTURA_AUTO);
     lblPorta->BackColor(
         FONDO_PORTA); // it must not be read on from the words above, which go on asking to wait
@@ -170,7 +170,7 @@ void frmComm::Disponi()
     }
     const qint32 resto = Width() - margine - sinistra;
     lblPorta->Visible(!m_portaAperta);
-    lblPorta->Posto(sinistra, cima, resto, fondo - cima);
+    lblPorta->Posto(sinistra, cima, resto, ScalaX(PIEDE) - cima);
     const bool traffico = m_portaAperta && (elenco || !fallita);
     for (Etichetta *etichetta : {lblNomeTx.get(), lblTx.get(), lblNomeRx.get(), lblRx.get()})
         etichetta->Visible(traffico);

@@ -119,6 +119,7 @@ void frmEsito::Disegno()
     for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_DES)); ++i) {
         lblDes.Carica(i).FontBold(true);
         lblDes[i].FontSize(Punti_Normali() * LETTURA_SCHERMO);
+        lblDes[i].Allineamento(Qt::AlignLeft | Qt::AlignBottom);
     }
     for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_PAR)); ++i) {
         lblPar.Carica(i).Visible(true);
@@ -194,7 +195,7 @@ void frmEsito::Riempi()
     const bool simmetrico = Far_Valore(FarTipoAnab) == u"#S";
     txt[0].Text(Numero_Testo(gAltezzaFaro));
     txt[1].Text(Testo_Mctc(simmetrico ? MctcTipoSimmetrico : MctcTipoAsimmetrico));
-    lblDes[0].Posto(ScalaX(500), ScalaY(1500), ScalaX(4000), ScalaY(400));
+    lblDes[0].Posto(ScalaX(500), ScalaY(1500), ScalaX(4000), ScalaY(550));
     lblDes[0].Caption(Testo_Mctc(TESTI_DES[0]));
     lblDes[0].Visible(true);
     if (!Regolare(FarEsito) && gAllarmeAcustico) {
@@ -204,6 +205,8 @@ void frmEsito::Riempi()
     Intestazioni_Tabella();
     Celle_Mira();
     Celle_Intensita();
+    for (qint16 i = 0; i <= ULTIMA_RIGA; ++i)
+        lbl[i].Allineamento(Qt::AlignLeft | Qt::AlignBottom);
     Pareggia_Scritte();
     Mostra_Tipo(simmetrico);
     Mostra_Veicolo();
@@ -232,6 +235,7 @@ void frmEsito::Mostra_Tipo(bool simmetrico)
 {
     const Etichetta &voce = lbl[ULTIMA_RIGA];
     lblTipo->FontSize(lbl[0].FontSize());
+    lblTipo->Allineamento(Qt::AlignLeft | Qt::AlignBottom);
     lblTipo->FontBold(true);
     lblTipo->Posto(voce.Left() + Larghezza_Scritta(voce), voce.Top(), ScalaX(1200), voce.Height());
     lblTipo->Caption(QStringLiteral(": ") + Testo_Mctc(simmetrico ? MctcNo : MctcSi));

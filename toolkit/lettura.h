@@ -15,7 +15,7 @@ inline constexpr double LETTURA_SCHERMO = 2.2;   ///< read in passing: 10 minute
 inline constexpr double LETTURA_TASTIERA = 1.15; ///< read by who sits there: 5 minutes
 
 /// Height of a button that an operator presses, in design units: 15 mm.
-inline constexpr qint32 BERSAGLIO_ALTO = 765;
+inline constexpr qint32 BERSAGLIO_ALTO = 780;
 
 /// A text cut with dots where it is longer than one line of a label, in the label's full type: a long name
 /// shows its beginning instead of shrinking.
