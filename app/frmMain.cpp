@@ -13,13 +13,13 @@
 #include "link/frmComm.h"
 #include "mctc/frmMctcO.h"
 #include "platform/elenco.h"
+#include "platform/eventi.h"
 #include "report/frmEsito.h"
 #include "report/frmMctc2.h"
 #include "report/frmVerPerO.h"
 #include "setup/frmAnagOffO.h"
 #include "setup/frmSetupO.h"
 #include "toolkit/applicazione.h"
-#include "toolkit/schermo.h"
 
 #include <QScopedValueRollback>
 
@@ -130,8 +130,8 @@ void frmMain::Carica_Menu()
 
 void frmMain::Carica_Password()
 {
-    const QString chiave = gLogoFile == LOGO_NORVO ? QStringLiteral("Pwd2") : QStringLiteral("Pwd");
-    gPwdCorrente = Pwd_Decifra(Valore_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), chiave));
+    const ChiaveIni &chiave = gLogoFile == LOGO_NORVO ? ChiavePassword2 : ChiavePassword;
+    gPwdCorrente = Pwd_Decifra(Valore_Ini(gFileIni, chiave));
 }
 
 void frmMain::Disattiva_Menu()

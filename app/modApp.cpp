@@ -34,20 +34,15 @@ constexpr FascioRisultato FASCI[] = {
 struct RigaStrumento
 {
     RigaFar riga;
-    const char16_t *chiave; // in section LUMIRA
+    ChiaveIni chiave;
 };
 
 constexpr RigaStrumento RIGHE_STRUMENTO[] = {
-    {FarMarca,      u"Comm_Marca"        },
-    {FarTipo,       u"Comm_Modello"      },
-    {FarNumOmologa, u"Comm_NOmologazione"},
-    {FarNumSerie,   u"Comm_NSerie"       },
+    {FarMarca,      ChiaveStrumentoMarca       },
+    {FarTipo,       ChiaveStrumentoModello     },
+    {FarNumOmologa, ChiaveStrumentoOmologazione},
+    {FarNumSerie,   ChiaveStrumentoSerie       },
 };
-
-QString Strumento(const char16_t *chiave)
-{
-    return Valore_Ini(gFileIni, QStringLiteral("LUMIRA"), QString::fromUtf16(chiave));
-}
 
 QString Verdetto(bool regolare)
 {
@@ -76,9 +71,9 @@ void Dati_Prova()
 {
     Far_Imposta(FarAltezzaAnab, u'#' + Numero_Testo(gAltezzaFaro));
     for (const RigaStrumento &riga : RIGHE_STRUMENTO)
-        Far_Imposta(riga.riga, Strumento(riga.chiave));
-    Far_Imposta(FarDataScadenza, Data_SenzaSeparatori(Strumento(u"Comm_ScadRevisione")));
-    Far_Imposta(FarOperatore, Valore_Ini(gFileIni, QStringLiteral("VEICOLO"), QStringLiteral("Operatore")));
+        Far_Imposta(riga.riga, Valore_Ini(gFileIni, riga.chiave));
+    Far_Imposta(FarDataScadenza, Data_SenzaSeparatori(Valore_Ini(gFileIni, ChiaveStrumentoScadenza)));
+    Far_Imposta(FarOperatore, Valore_Ini(gFileIni, ChiaveOperatore));
     Far_Imposta(FarTipoAnab, gSimmetrico == 1 ? QStringLiteral("#S") : QStringLiteral("#A"));
     Far_Imposta(FarCodErrore, QString());
     // A fixed text for the ministry's system: it does not follow the program's version.

@@ -48,8 +48,8 @@ public:
         Copia(sorgente + QStringLiteral("/dati/"), QStringLiteral("ModelloAcc.acc"),
               m_cartella.filePath(QStringLiteral("dati/")));
         Avvio_Percorsi(m_cartella.path().replace(u'/', u'\\'));
-        for (const char16_t *chiave : {u"DirDati", u"DirRisultati"})
-            Scrivi_Ini(gFileIni, QStringLiteral("MCTC"), QString::fromUtf16(chiave), gAppPath);
+        for (const ChiaveIni &chiave : {ChiaveLocaleDati, ChiaveLocaleRisultati})
+            Scrivi_Ini(gFileIni, chiave, gAppPath);
         Avvio_Impostazioni();
         Accettazione(QStringLiteral("12345678.acc"));
         // Files as old as those of a workshop: what was written this very instant is read again each time.
@@ -100,7 +100,7 @@ void Leggi_Ini_Invariato(benchmark::State &stato)
     QString valore;
     for (auto giro : stato) {
         (void)giro;
-        Leggi_Ini(gFileIni, QStringLiteral("PARAMETRI"), QStringLiteral("LuxMaxAnab"), valore);
+        Leggi_Ini(gFileIni, ChiaveLuxMaxAnab, valore);
         benchmark::DoNotOptimize(valore);
     }
 }

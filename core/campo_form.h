@@ -2,6 +2,7 @@
 // modCtl's business: this file knows no control.
 #pragma once
 
+#include "core/chiavi.h"
 #include "core/testi_mctc.h"
 #include "platform/tipi.h"
 
@@ -61,6 +62,9 @@ using TabellaCampi = std::span<CampoForm>;
 
 /// Sets rows 0 to the last to the defaults, all but List; a negative last row does nothing.
 void Campi_Azzera(TabellaCampi tabella, qint16 ultimaRiga);
+
+/// Has a row stand for a key of lumira.ini: sets its File, Section and Key.
+void Campo_Chiave(CampoForm &campo, const ChiaveIni &chiave);
 
 /// Clears a row's Value and, when it has a key, reads it from its profile file.
 void Campo_Leggi(CampoForm &campo);

@@ -55,6 +55,19 @@ Flag Scrivi_Ini(const QString &file, const QString &sezione, const QString &chia
     return Flag_Da(Profilo_Scrivi(sezione, chiave, valore, file));
 }
 
+Flag Leggi_Ini(const QString &file, const ChiaveIni &chiave, QString &valore)
+{
+    return Leggi_Ini(file, chiave.Sezione.toString(), chiave.Nome.toString(), valore);
+}
+QString Valore_Ini(const QString &file, const ChiaveIni &chiave)
+{
+    return Valore_Ini(file, chiave.Sezione.toString(), chiave.Nome.toString());
+}
+Flag Scrivi_Ini(const QString &file, const ChiaveIni &chiave, const QString &valore)
+{
+    return Scrivi_Ini(file, chiave.Sezione.toString(), chiave.Nome.toString(), valore);
+}
+
 Flag File_Presente(const QString &percorso, qint16 attributo)
 {
     return Flag_Da(!Cartella_Elenca(percorso, attributo).isEmpty());
@@ -108,12 +121,11 @@ QString Testo_Lingua(TestoLingua id)
 
 void Imposta_Cartelle()
 {
-    const auto cartella = [](const char16_t *locale, const char16_t *rete) {
-        const QString chiave = QString::fromUtf16(gModalita ? locale : rete);
-        return Valore_Ini(gFileIni, QStringLiteral("MCTC"), chiave) +
+    const auto cartella = [](const ChiaveIni &locale, const ChiaveIni &rete) {
+        return Valore_Ini(gFileIni, gModalita ? locale : rete) +
                (gModalita ? QStringLiteral("DIR_FAR\\") : QStringLiteral("ESITO\\"));
     };
-    gDirAcc = cartella(u"DirDati", u"ReteDati");
-    gDirFar = cartella(u"DirRisultati", u"ReteRisultati");
+    gDirAcc = cartella(ChiaveLocaleDati, ChiaveReteDati);
+    gDirFar = cartella(ChiaveLocaleRisultati, ChiaveReteRisultati);
     gFileModelloAcc = gDirModelli + QStringLiteral("ModelloAcc.acc");
 }

@@ -2,6 +2,7 @@
 // builds on this one; it knows none of them.
 #pragma once
 
+#include "core/chiavi.h"
 #include "core/testi_lingua.h"
 #include "core/testi_mctc.h"
 #include "platform/tipi.h"
@@ -60,6 +61,11 @@ QString Valore_Ini(const QString &file, const QString &sezione, const QString &c
 /// Writes a value at once; an empty one leaves the key with an empty value.
 /// @return True when the file now holds it; nearly all callers ignore it.
 Flag Scrivi_Ini(const QString &file, const QString &sezione, const QString &chiave, const QString &valore);
+
+/// The same for the keys of lumira.ini. @param file the station's own (gFileIni), or another one.
+Flag Leggi_Ini(const QString &file, const ChiaveIni &chiave, QString &valore);
+QString Valore_Ini(const QString &file, const ChiaveIni &chiave);
+Flag Scrivi_Ini(const QString &file, const ChiaveIni &chiave, const QString &valore);
 
 /// True when a path exists under an attribute mask: 0 for a plain file, 16 for a folder. It has no guard
 /// (Fs_Esiste has). @throws ErroreEsecuzione 52 for a bad path.

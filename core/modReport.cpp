@@ -18,31 +18,30 @@ std::array<QString, RIGHE_VOCI> gRepVoci;
 
 namespace {
 
-struct ChiaveSezione
+struct VoceReport
 {
-    const char16_t *sezione;
-    const char16_t *chiave;
+    ChiaveIni chiave;
     TestoLingua etichetta;
 };
 
-constexpr ChiaveSezione CHIAVI_SEZIONI[] = {
-    {u"OFFICINA",     u"Denominazione",      LinguaDenominazione       },
-    {u"OFFICINA",     u"Indirizzo",          LinguaIndirizzo           },
-    {u"OFFICINA",     u"Localita",           LinguaLocalita            },
-    {u"OFFICINA",     u"TelFax",             LinguaTelefonoFax         },
-    {u"OFFICINA",     u"Web",                LinguaSitoWeb             },
-    {u"LUMIRA",       u"Comm_Marca",         LinguaMarca               },
-    {u"LUMIRA",       u"Comm_Modello",       LinguaModello             },
-    {u"LUMIRA",       u"Comm_NOmologazione", LinguaNumeroOmologazione  },
-    {u"LUMIRA",       u"Comm_NSerie",        LinguaNumeroSerie         },
-    {u"LUMIRA",       u"Comm_ScadRevisione", LinguaScadenzaVerifica    },
-    {u"IMPOSTAZIONI", u"Lingua",             LinguaLingua              },
-    {u"VEICOLO",      u"Marca",              LinguaMarca               },
-    {u"VEICOLO",      u"Modello",            LinguaModello             },
-    {u"VEICOLO",      u"Targa",              LinguaTarga               },
-    {u"VEICOLO",      u"Telaio",             LinguaTelaio              },
-    {u"VEICOLO",      u"AnnoImm",            LinguaAnnoImmatricolazione},
-    {u"VEICOLO",      u"Operatore",          LinguaOperatore           },
+constexpr VoceReport VOCI_SEZIONI[] = {
+    {ChiaveOfficinaDenominazione, LinguaDenominazione       },
+    {ChiaveOfficinaIndirizzo,     LinguaIndirizzo           },
+    {ChiaveOfficinaLocalita,      LinguaLocalita            },
+    {ChiaveOfficinaTelefonoFax,   LinguaTelefonoFax         },
+    {ChiaveOfficinaSitoWeb,       LinguaSitoWeb             },
+    {ChiaveStrumentoMarca,        LinguaMarca               },
+    {ChiaveStrumentoModello,      LinguaModello             },
+    {ChiaveStrumentoOmologazione, LinguaNumeroOmologazione  },
+    {ChiaveStrumentoSerie,        LinguaNumeroSerie         },
+    {ChiaveStrumentoScadenza,     LinguaScadenzaVerifica    },
+    {ChiaveLingua,                LinguaLingua              },
+    {ChiaveVeicoloMarca,          LinguaMarca               },
+    {ChiaveVeicoloModello,        LinguaModello             },
+    {ChiaveVeicoloTarga,          LinguaTarga               },
+    {ChiaveVeicoloTelaio,         LinguaTelaio              },
+    {ChiaveVeicoloAnno,           LinguaAnnoImmatricolazione},
+    {ChiaveOperatore,             LinguaOperatore           },
 };
 
 /// The vehicle as the acceptance file tells it, in the order of the vehicle block.
@@ -108,10 +107,10 @@ void Misure_Prova()
         gRepMisure[misura.riga] = Far_Valore(misura.valore);
 }
 
-void Prendi_Sezione(const char16_t *sezione, BloccoReport *etichette, BloccoReport *valori)
+void Prendi_Sezione(QStringView sezione, BloccoReport *etichette, BloccoReport *valori)
 {
     QList<VoceSezione> voci;
-    Leggi_Sezione(QString::fromUtf16(sezione), voci);
+    Leggi_Sezione(sezione.toString(), voci);
     for (size_t i = 0; i < RIGHE_BLOCCO; ++i) {
         if (etichette != nullptr)
             (*etichette)[i] = voci[static_cast<qsizetype>(i)].Etichetta;
@@ -123,7 +122,7 @@ void Prendi_Sezione(const char16_t *sezione, BloccoReport *etichette, BloccoRepo
 void Veicolo_Prova()
 {
     const bool confermato = gTipoProva == 4;
-    Prendi_Sezione(u"VEICOLO", &gRepVeicoloEt, confermato ? nullptr : &gRepVeicoloVal);
+    Prendi_Sezione(SezioneVeicolo, &gRepVeicoloEt, confermato ? nullptr : &gRepVeicoloVal);
     for (size_t i = 0; confermato && i < gRepVeicoloVal.size(); ++i) {
         gRepVeicoloVal[i] = Valore_Ini(gFileAcc, QStringLiteral("DatiLibrettoVeicolo"),
                                        QString::fromUtf16(CHIAVI_LIBRETTO[i]));
@@ -132,18 +131,17 @@ void Veicolo_Prova()
 
 QString Operatore_Prova()
 {
-    const QString chiave = QStringLiteral("Operatore");
-    return gTipoProva == 2 ? Valore_Ini(gFileAcc, QStringLiteral("Prenotazione"), chiave)
-                           : Valore_Ini(gFileIni, QStringLiteral("VEICOLO"), chiave);
+    return gTipoProva == 2 ? Valore_Ini(gFileAcc, QStringLiteral("Prenotazione"), QStringLiteral("Operatore"))
+                           : Valore_Ini(gFileIni, ChiaveOperatore);
 }
 
 void Dati_Stampa()
 {
     gRepMisure[RepFine] = Ora_Presente();
-    Prendi_Sezione(u"OFFICINA", nullptr, &gRepOfficina);
+    Prendi_Sezione(SezioneOfficina, nullptr, &gRepOfficina);
     Veicolo_Prova();
     gRepMisure[RepOperatore] = Operatore_Prova();
-    Prendi_Sezione(u"LUMIRA", &gRepStrumentoEt, &gRepStrumentoVal);
+    Prendi_Sezione(SezioneStrumento, &gRepStrumentoEt, &gRepStrumentoVal);
     for (size_t i = 0; i < gRepTitoli.size(); ++i)
         gRepTitoli[i] = Testo_Lingua(TITOLI[i]);
     for (size_t i = 0; i < gRepVoci.size(); ++i)
@@ -162,11 +160,10 @@ void Report_Dati(quint8 stadio)
 qint16 Leggi_Sezione(const QString &sezione, QList<VoceSezione> &voci)
 {
     voci.clear();
-    for (const ChiaveSezione &voce : CHIAVI_SEZIONI) {
-        if (sezione != QString::fromUtf16(voce.sezione))
-            continue;
-        const QString chiave = QString::fromUtf16(voce.chiave);
-        voci.append({Testo_Lingua(voce.etichetta), Valore_Ini(gFileIni, sezione, chiave), chiave});
+    for (const VoceReport &voce : VOCI_SEZIONI) {
+        if (sezione == voce.chiave.Sezione)
+            voci.append({Testo_Lingua(voce.etichetta), Valore_Ini(gFileIni, voce.chiave),
+                         voce.chiave.Nome.toString()});
     }
     if (voci.isEmpty())
         voci.append(VoceSezione{});

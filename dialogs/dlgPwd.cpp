@@ -7,8 +7,6 @@
 
 #include <algorithm>
 
-#include <QKeyEvent>
-
 namespace {
 
 // How long the box stays, in ms.
@@ -88,15 +86,10 @@ void dlgPwd::txtPwd_KeyPress(qint16 &KeyAscii)
 
 /// A box that is closing is disabled and has lost the keyboard to a button: Escape counts there too, so that
 /// even a right password can still be taken back.
-bool dlgPwd::eventFilter(QObject *oggetto, QEvent *evento)
+void dlgPwd::cmd_KeyPress(qint16, qint16 &KeyAscii)
 {
-    const bool tasto = evento->type() == QEvent::KeyPress && Caricato() && !txtPwd->Enabled();
-    if (tasto && static_cast<QKeyEvent *>(evento)->key() == Qt::Key_Escape) {
-        qint16 esc = TASTO_ESC;
-        txtPwd_KeyPress(esc);
-        return true;
-    }
-    return Modulo::eventFilter(oggetto, evento);
+    if (KeyAscii == TASTO_ESC && !txtPwd->Enabled())
+        txtPwd_KeyPress(KeyAscii);
 }
 
 void dlgPwd::Chiudi_Fra(int ms)

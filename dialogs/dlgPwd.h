@@ -35,7 +35,7 @@ protected:
     void Activate() override;
     void Unload() override;
     void cmd_Click(qint16 Index) override;
-    bool eventFilter(QObject *oggetto, QEvent *evento) override;
+    void cmd_KeyPress(qint16 Index, qint16 &KeyAscii) override;
 
 private:
     void txtPwd_Change();

@@ -15,20 +15,20 @@ constexpr qint32 PASSO = 400;
 
 struct RigaAbout
 {
-    const char16_t *chiave; // in section DATIUSER
+    ChiaveIni chiave;
     qint32 cima;
     qint32 altezza;
     double punti;
 };
 
 constexpr RigaAbout RIGHE[] = {
-    {u"NomeProgrUser",   420,  500, 24},
-    {u"VerSwUser",       950,  500, 24},
-    {u"NomeUser",        1320, 400, 16},
-    {u"IndirizzoUser",   1770, 400, 16},
-    {u"TelefonoFaxUser", 2220, 400, 16},
-    {u"MailUser",        2670, 300, 16},
-    {u"WebUser",         3070, 800, 16},
+    {ChiaveAssistenzaProgramma,   420,  500, 24},
+    {ChiaveAssistenzaVersione,    950,  500, 24},
+    {ChiaveAssistenzaNome,        1320, 400, 16},
+    {ChiaveAssistenzaIndirizzo,   1770, 400, 16},
+    {ChiaveAssistenzaTelefonoFax, 2220, 400, 16},
+    {ChiaveAssistenzaMail,        2670, 300, 16},
+    {ChiaveAssistenzaSitoWeb,     3070, 800, 16},
 };
 
 constexpr qint16 ULTIMA_RIGA = static_cast<qint16>(std::size(RIGHE)) - 1;
@@ -66,15 +66,14 @@ void frmAbout::Costruisci()
     }
     for (qint16 i = 0; i <= ULTIMA_RIGA; ++i) {
         const RigaAbout &riga = RIGHE[i];
-        lblAbout[i].Caption(
-            Valore_Ini(gFileIni, QStringLiteral("DATIUSER"), QString::fromUtf16(riga.chiave)));
+        lblAbout[i].Caption(Valore_Ini(gFileIni, riga.chiave));
         lblAbout[i].Top(riga.cima);
         lblAbout[i].Height(riga.altezza);
         lblAbout[i].FontSize(riga.punti);
         // A place lower than its line still has room for the letters, at its bottom.
-        lblAbout[i].Allineamento(Qt::AlignLeft | Qt::AlignBottom);
+        lblAbout[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
         if (lblAbout[i].Altezza_Testo() <= riga.altezza)
-            lblAbout[i].Allineamento(Qt::AlignLeft | Qt::AlignTop);
+            lblAbout[i].Allineamento(Orizzontale::Sinistra, Verticale::Alto);
     }
     lblAbout[0].ForeColor(COLORE_ROSSO);
     lblAbout[1].ForeColor(COLORE_ROSSO);

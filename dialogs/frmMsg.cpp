@@ -72,12 +72,12 @@ void frmMsg::Adatta_Testo()
     const qint32 fondo = cmd[0].Visible() ? cmd[0].Top() : Height();
     const qint32 spazio = 2 * std::min(meta, fondo - meta);
     lbl[0].Posto(lbl[0].Left(), lbl[0].Top(), Width() - 2 * MARGINE_TESTO, spazio);
-    lbl[0].Allineamento(Qt::AlignHCenter | Qt::AlignVCenter);
+    lbl[0].Allineamento(Orizzontale::Centro);
     // Only now that the room is known: of a report many screens long no more is laid out than can be seen.
     lbl[0].Caption(lbl[0].Principio(Text));
     lbl[0].NomeAccessibile(Text);
     if (!lbl[0].Entra())
-        lbl[0].Allineamento(Qt::AlignHCenter | Qt::AlignTop);
+        lbl[0].Allineamento(Orizzontale::Centro, Verticale::Alto);
     lbl[0].Height(std::min(lbl[0].Altezza_Testo(), spazio));
 }
 
@@ -111,7 +111,7 @@ void Mostra_Msg(qint16 modo, qint32 modalita, qint16 primoPiano, quint32 colore,
         form.Colour = colore;
         form.Text = testo;
         form.Time = tempo;
-        form.Mostra(static_cast<Modulo::Modalita>(modalita));
+        form.Mostra(static_cast<Modulo::ModoMostra>(modalita));
     } catch (const ErroreEsecuzione &) {
         return;
     }

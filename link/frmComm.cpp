@@ -54,15 +54,14 @@ frmComm::~frmComm() = default;
 void frmComm::Disegno()
 {
     Image1 = std::make_unique<Immagine>(Finestra(), QStringLiteral("Image1"));
-    lbl.Carica(0).Allineamento(Qt::AlignCenter);
+    lbl.Carica(0).Allineamento(Orizzontale::Centro);
     lbl[0].FontSize(Punti_Normali() * LETTURA_AUTO);
     m_quadro = std::make_unique<QuadroSessione>(Finestra());
     lblPorta = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblPorta"));
     lblPorta->Visible(false);
-    lblPorta->Allineamento(Qt::AlignHCenter | Qt::AlignBottom);
+    lblPorta->Allineamento(Orizzontale::Centro, Verticale::Basso);
     lblPorta->FontSize(Punti_Normali() * LETTURA_AUTO);
-    lblPorta->BackColor(
-        FONDO_PORTA); // it must not be read on from the words above, which go on asking to wait
+    lblPorta->BackColor(FONDO_PORTA); // apart from the words above, which go on asking to wait
     lblPorta->ForeColor(COLORE_BIANCO);
     lblTarga = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTarga"));
     lblTarga->FontSize(Punti_Normali() * LETTURA_AUTO);
@@ -90,7 +89,7 @@ void frmComm::Disegno()
     for (Etichetta *nome : {lblNomeTx.get(), lblNomeRx.get()})
         nome->FontSize(Punti_Normali() * LETTURA_TASTIERA);
     for (Etichetta *nome : {lblNomeTx.get(), lblNomeRx.get(), lblTx.get(), lblRx.get()})
-        nome->Allineamento(Qt::AlignLeft | Qt::AlignTop);
+        nome->Allineamento(Orizzontale::Sinistra, Verticale::Alto);
     lblTx->SpezzaOvunque();
     lblRx->SpezzaOvunque();
     lblNomeTx->Etichetta_Di(*lblTx);
@@ -225,7 +224,7 @@ void frmComm::cmd_Click(qint16)
 void frmComm::Unload()
 {
     m_quadro->Ferma();
-    m_macchina->Scarica();
+    m_macchina->Termina();
     Lascia_Errori();
     qint16 codice = m_macchina->Esito;
     QVariant valore = qint16{0};
@@ -324,8 +323,7 @@ void frmComm::Mostra_Errore(const QString &testo)
 /// From the loop, not from here: the batch of bytes that brought the error is taken whole first.
 void frmComm::Annuncia_Errori()
 {
-    QMetaObject::invokeMethod(
-        this, [this] { Esegui([this] { Mostra_ProssimoErrore(); }); }, Qt::QueuedConnection);
+    Esegui_Dopo([this] { Mostra_ProssimoErrore(); });
 }
 
 void frmComm::Mostra_ProssimoErrore()

@@ -38,14 +38,14 @@ QuadroSessione::QuadroSessione(QWidget *finestra)
 {
     lblPasso.Inizia(finestra);
     for (qint16 i = 0; i < PASSI; ++i) {
-        lblPasso.Carica(i).Allineamento(Qt::AlignCenter);
+        lblPasso.Carica(i).Allineamento(Orizzontale::Centro);
         lblPasso[i].FontSize(Punti_Normali() * LETTURA_SCHERMO);
     }
     for (Etichetta *etichetta : {&lblLampada, &lblDurata, &lblRisposta}) {
         etichetta->FontSize(Punti_Normali() * LETTURA_SCHERMO);
-        etichetta->Allineamento(Qt::AlignLeft | Qt::AlignBottom);
+        etichetta->Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     }
-    lblDurata.Allineamento(Qt::AlignRight | Qt::AlignBottom);
+    lblDurata.Allineamento(Orizzontale::Destra, Verticale::Basso);
 }
 
 void QuadroSessione::Inizia(const QString &primoPasso, bool conStato)

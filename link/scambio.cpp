@@ -151,7 +151,7 @@ void MacchinaScambio::Avvia()
     Passa_Oltre([this] { Invia_Comando(); });
 }
 
-void MacchinaScambio::Scarica()
+void MacchinaScambio::Termina()
 {
     Sessione_Annota(Esito == ESITO_COMPLETATO ? QString() : Causa());
     tmrComm.Enabled(false);

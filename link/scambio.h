@@ -55,7 +55,7 @@ public:
     /// one at a time in order, and returns at once, so that a batch of bytes is taken whole. It keeps no more
     /// of them than an input buffer has bytes, and none beyond the session.
     virtual void Mostra_Errore(const QString &testo) = 0;
-    /// Unloads the window, by way of MacchinaScambio::Scarica; may destroy the machine.
+    /// Unloads the window, by way of MacchinaScambio::Termina; may destroy the machine.
     virtual void Scarica_Modulo() = 0;
 
     // A window that shows no more than the words does without these.
@@ -66,7 +66,7 @@ public:
 };
 
 /// One session. The window makes one for each session, sets Modo, calls Prepara and Avvia while loading and
-/// Scarica while unloading, and hands Esito to its parent afterwards. The fields are for reading, all but
+/// Termina while unloading, and hands Esito to its parent afterwards. The fields are for reading, all but
 /// those said otherwise.
 class MacchinaScambio
 {
@@ -100,7 +100,7 @@ public:
 
     /// Stops the timer and closes the port; whatever still arrives is lost. Notes what the session failed of
     /// (Sessione_Annota): the words that were on the screen, the port that did not open, or the operator.
-    void Scarica();
+    void Termina();
 
     /// Writes the identity of the profile through a session that is loaded already. Sends the first identity
     /// frame as step 0 and leaves Sequenza alone: the caller sees to it. Nothing calls it at present.

@@ -14,24 +14,24 @@ std::array<CampoForm, ULTIMA_RIGA + 1> gCampiLivelli;
 
 struct RigaLivello
 {
-    const char16_t *chiave;
+    ChiaveIni chiave;
     quint8 controllo;
     qint32 cima;
     qint32 larghezza;
 };
 
 constexpr RigaLivello RIGHE[] = {
-    {u"NomeFile",     CampoCombo, 100,  800 },
-    {u"SezDuplicate", CampoCombo, 600,  800 },
-    {u"SezEstranee",  CampoCombo, 1100, 800 },
-    {u"SezMancanti",  CampoCombo, 1600, 800 },
-    {u"KeyDuplicate", CampoCombo, 2100, 800 },
-    {u"KeyEstranee",  CampoCombo, 2600, 800 },
-    {u"KeyMancanti",  CampoCombo, 3100, 800 },
-    {u"Spazi",        CampoCombo, 3600, 800 },
-    {u"Dati",         CampoCombo, 4100, 800 },
-    {u"Data",         CampoTesto, 4600, 2000},
-    {u"Versione",     CampoTesto, 5100, 2000},
+    {ChiaveLivelloNomeFile,     CampoCombo, 100,  800 },
+    {ChiaveLivelloSezDuplicate, CampoCombo, 600,  800 },
+    {ChiaveLivelloSezEstranee,  CampoCombo, 1100, 800 },
+    {ChiaveLivelloSezMancanti,  CampoCombo, 1600, 800 },
+    {ChiaveLivelloKeyDuplicate, CampoCombo, 2100, 800 },
+    {ChiaveLivelloKeyEstranee,  CampoCombo, 2600, 800 },
+    {ChiaveLivelloKeyMancanti,  CampoCombo, 3100, 800 },
+    {ChiaveLivelloSpazi,        CampoCombo, 3600, 800 },
+    {ChiaveLivelloDati,         CampoCombo, 4100, 800 },
+    {ChiaveLivelloData,         CampoTesto, 4600, 2000},
+    {ChiaveLivelloVersione,     CampoTesto, 5100, 2000},
 };
 
 // The layout, in design units. The rows begin at the top: the heading stands below them.
@@ -80,9 +80,7 @@ void frmControlliMctc::Campi_Imposta()
         CampoForm &campo = gCampiLivelli[i];
         campo.LabelId = MctcControllo;
         campo.Kind = RIGHE[i].controllo;
-        campo.File = gFileIni;
-        campo.Section = QStringLiteral("LivelliMctc");
-        campo.Key = QString::fromUtf16(RIGHE[i].chiave);
+        Campo_Chiave(campo, RIGHE[i].chiave);
         campo.List = {Testo_Mctc(MctcSi), Testo_Mctc(MctcNo)};
         campo.CtlLeft = ScalaX_16(SINISTRA);
         campo.CtlTop = ScalaY_16(RIGHE[i].cima);

@@ -203,7 +203,7 @@ void frmMctcO::tmrLst_Timer()
 {
     if (mOccupato || mInLettura)
         return;
-    Schermo_Puntatore(PuntatoreClessidra);
+    const Clessidra clessidra;
     try {
         Esamina_Cartella();
     } catch (const ErroreEsecuzione &) {
@@ -212,7 +212,6 @@ void frmMctcO::tmrLst_Timer()
         mOccupato = false;
         cmd[1].Enabled(true);
     }
-    Schermo_Puntatore(PuntatoreNormale);
 }
 
 void frmMctcO::Esamina_Cartella()
@@ -237,16 +236,8 @@ void frmMctcO::lstAuto_Click()
     if (!lstAuto->Enabled() || scelta < 0)
         return;
     mOccupato = true;
-    Schermo_Puntatore(PuntatoreClessidra);
-    cmd[0].Enabled(false);
-    cmd[1].Enabled(false);
-    gFileAcc = gDirAcc + mVoci[scelta].NomeFile;
-    Acc_AssegnaFile(gFileAcc);
-    Campi_Applica(gCampiAcc, ULTIMA_RIGA_ACC, *this);
     QString rapporto;
-    const qint16 esito = Acc_Controlla(gFileAcc, rapporto);
-    Dipingi_Errori();
-    Schermo_Puntatore(PuntatoreNormale);
+    const qint16 esito = Esamina_File(gDirAcc + mVoci[scelta].NomeFile, rapporto);
     mOccupato = false;
     cmd[0].Enabled(esito == AccBuona);
     cmd[1].Enabled(true);
@@ -254,6 +245,20 @@ void frmMctcO::lstAuto_Click()
         Mostra_MsgConferma(Testo_Mctc(MctcFileConAnomalie) + QStringLiteral(": \r\n") + rapporto);
         Aggiorna();
     }
+}
+
+/// Shows a file's fields and checks it, under the hourglass. @return what Acc_Controlla says.
+qint16 frmMctcO::Esamina_File(const QString &percorso, QString &rapporto)
+{
+    const Clessidra clessidra;
+    cmd[0].Enabled(false);
+    cmd[1].Enabled(false);
+    gFileAcc = percorso;
+    Acc_AssegnaFile(gFileAcc);
+    Campi_Applica(gCampiAcc, ULTIMA_RIGA_ACC, *this);
+    const qint16 esito = Acc_Controlla(gFileAcc, rapporto);
+    Dipingi_Errori();
+    return esito;
 }
 
 void frmMctcO::Dipingi_Errori()

@@ -36,6 +36,7 @@ private:
     void tmrLst_Timer();
     void Esamina_Cartella();
     void lstAuto_Click();
+    qint16 Esamina_File(const QString &percorso, QString &rapporto);
     void Dipingi_Errori();
     void Conferma();
     void formMctc2b_Notifica(qint16 &codice, QVariant &valore);

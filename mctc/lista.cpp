@@ -5,9 +5,8 @@
 #include "core/modGeneral.h"
 #include "mctc/campi_acc.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/eventi.h"
 #include "platform/maiuscole.h"
-
-#include <QCoreApplication>
 
 namespace {
 
@@ -31,7 +30,7 @@ qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
     // A folder of thousands takes longer than an operator who presses a button waits for an answer: events
     // run between the poll's listing and this one, and behind every file. Behind the last one too: what was
     // pressed while it was read is for the list that the operator still sees.
-    QCoreApplication::processEvents();
+    Eventi_Esegui();
     const qint32 ultima = Nomi_Elenca(conBarra, nomi);
     if (ultima < 0)
         return -1;
@@ -44,7 +43,7 @@ qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
         voce.Targa = Targa_Leggi(conBarra + nome);
         voce.Stato = Testo_Mctc(MctcSi);
         lette.append(voce);
-        QCoreApplication::processEvents();
+        Eventi_Esegui();
     }
     voci = lette;
     return ultima;

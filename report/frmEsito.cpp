@@ -98,7 +98,7 @@ frmEsito::~frmEsito() = default;
 void frmEsito::Disegno()
 {
     lblTitolo = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTitolo"));
-    lblTitolo->Allineamento(Qt::AlignCenter);
+    lblTitolo->Allineamento(Orizzontale::Centro);
     lblTitolo->FontBold(true);
     lblTitolo->FontSize(Punti_Normali() * PUNTI_VERDETTO);
     txt.Carica(0).Posto(0, 0, ScalaX(4500), ScalaY(600));
@@ -119,15 +119,15 @@ void frmEsito::Disegno()
     for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_DES)); ++i) {
         lblDes.Carica(i).FontBold(true);
         lblDes[i].FontSize(Punti_Normali() * LETTURA_SCHERMO);
-        lblDes[i].Allineamento(Qt::AlignLeft | Qt::AlignBottom);
+        lblDes[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     }
     for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_PAR)); ++i) {
         lblPar.Carica(i).Visible(true);
-        lblPar[i].Allineamento(i < COLONNE ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignVCenter);
+        lblPar[i].Allineamento(i < COLONNE ? Orizzontale::Centro : Orizzontale::Destra);
         lblPar[i].FontSize(Punti_Normali() * (i < COLONNE ? LETTURA_AUTO : LETTURA_SCHERMO));
     }
     for (qint16 i = 0; i < CELLE; ++i) {
-        lblTab.Carica(i).Allineamento(Qt::AlignCenter);
+        lblTab.Carica(i).Allineamento(Orizzontale::Centro);
         lblTab[i].FontSize(Punti_Normali() * LETTURA_AUTO);
         lblTab[i].FontBold(true);
         lblTab[i].Bordo();
@@ -206,7 +206,7 @@ void frmEsito::Riempi()
     Celle_Mira();
     Celle_Intensita();
     for (qint16 i = 0; i <= ULTIMA_RIGA; ++i)
-        lbl[i].Allineamento(Qt::AlignLeft | Qt::AlignBottom);
+        lbl[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     Pareggia_Scritte();
     Mostra_Tipo(simmetrico);
     Mostra_Veicolo();
@@ -235,7 +235,7 @@ void frmEsito::Mostra_Tipo(bool simmetrico)
 {
     const Etichetta &voce = lbl[ULTIMA_RIGA];
     lblTipo->FontSize(lbl[0].FontSize());
-    lblTipo->Allineamento(Qt::AlignLeft | Qt::AlignBottom);
+    lblTipo->Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     lblTipo->FontBold(true);
     lblTipo->Posto(voce.Left() + Larghezza_Scritta(voce), voce.Top(), ScalaX(1200), voce.Height());
     lblTipo->Caption(QStringLiteral(": ") + Testo_Mctc(simmetrico ? MctcNo : MctcSi));
@@ -360,11 +360,10 @@ void frmEsito::Stampa()
 {
     Report_Dati(2);
     Report_Dati(3);
-    Schermo_Puntatore(PuntatoreClessidra);
+    const Clessidra clessidra;
     const Flag stampato = Report_Invia();
     if (!stampato)
         Mostra_MsgTempo(Testo_Lingua(LinguaNessunaStampante));
-    Schermo_Puntatore(PuntatoreNormale);
 }
 
 void frmEsito::Unload()

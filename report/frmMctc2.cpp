@@ -28,35 +28,35 @@ struct RigaVeicolo
     TestoMctc etichetta;
     const char16_t *sezioneAcc;
     const char16_t *chiaveAcc;
-    const char16_t *chiaveIni;
+    ChiaveIni chiaveIni;
 };
 
 constexpr RigaVeicolo VEICOLO[RIGHE_VEICOLO] = {
-    {MctcFabbricaMarca,        u"DatiLibrettoVeicolo", u"Fabbrica",             u"Marca"       },
-    {MctcTipo,                 u"DatiLibrettoVeicolo", u"Tipo",                 u"Modello"     },
-    {MctcMotoreAllestimento,   u"DatiLibrettoVeicolo", u"TipoMotore",           u"Allestimento"},
-    {MctcTarga,                u"DatiLibrettoVeicolo", u"Targa",                u"Targa"       },
-    {MctcTelaio,               u"DatiLibrettoVeicolo", u"Telaio",               u"Telaio"      },
-    {MctcAnnoImmatricolazione, u"DatiLibrettoVeicolo", u"AnnoPrimaImm",         u"AnnoImm"     },
-    {MctcNomeCliente,          u"Prenotazione",        u"CognomeDenominazione", u"NomeCliente" },
-    {MctcIndirizzo,            u"Prenotazione",        u"Indirizzo",            u"Indirizzo"   },
-    {MctcCitta,                u"Prenotazione",        u"Citta",                u"Citta"       },
-    {MctcTelefonoFax,          u"Prenotazione",        u"Telefono",             u"Telefono"    },
-    {MctcOperatore,            u"Prenotazione",        u"Operatore",            u"Operatore"   },
-    {MctcNote,                 u"Prenotazione",        u"Note",                 u"Note"        },
+    {MctcFabbricaMarca,        u"DatiLibrettoVeicolo", u"Fabbrica",             ChiaveVeicoloMarca       },
+    {MctcTipo,                 u"DatiLibrettoVeicolo", u"Tipo",                 ChiaveVeicoloModello     },
+    {MctcMotoreAllestimento,   u"DatiLibrettoVeicolo", u"TipoMotore",           ChiaveVeicoloAllestimento},
+    {MctcTarga,                u"DatiLibrettoVeicolo", u"Targa",                ChiaveVeicoloTarga       },
+    {MctcTelaio,               u"DatiLibrettoVeicolo", u"Telaio",               ChiaveVeicoloTelaio      },
+    {MctcAnnoImmatricolazione, u"DatiLibrettoVeicolo", u"AnnoPrimaImm",         ChiaveVeicoloAnno        },
+    {MctcNomeCliente,          u"Prenotazione",        u"CognomeDenominazione", ChiaveClienteNome        },
+    {MctcIndirizzo,            u"Prenotazione",        u"Indirizzo",            ChiaveClienteIndirizzo   },
+    {MctcCitta,                u"Prenotazione",        u"Citta",                ChiaveClienteCitta       },
+    {MctcTelefonoFax,          u"Prenotazione",        u"Telefono",             ChiaveClienteTelefono    },
+    {MctcOperatore,            u"Prenotazione",        u"Operatore",            ChiaveOperatore          },
+    {MctcNote,                 u"Prenotazione",        u"Note",                 ChiaveVeicoloNote        },
 };
 
 struct RigaFaro
 {
     TestoMctc etichetta;
     quint8 controllo;
-    const char16_t *chiave; // in section IMPOSTAZIONI
+    ChiaveIni chiave;
 };
 
 constexpr RigaFaro FARO[] = {
-    {MctcAltezzaFaro,    CampoTesto,  u"AltezzaFaro"     },
-    {MctcInclinazione,   CampoTesto,  u"InclinazioneFaro"},
-    {MctcFariSimmetrici, CampoSpunta, u"Simmetrico"      },
+    {MctcAltezzaFaro,    CampoTesto,  ChiaveAltezzaFaro     },
+    {MctcInclinazione,   CampoTesto,  ChiaveInclinazioneFaro},
+    {MctcFariSimmetrici, CampoSpunta, ChiaveSimmetrico      },
 };
 
 // The layout, in design units. Each column of six rows stands in three lines of two boxes above its frame;
@@ -85,20 +85,21 @@ void Riga_Veicolo(CampoForm &campo, const RigaVeicolo &riga, bool accettazione)
 {
     campo.LabelId = riga.etichetta;
     campo.Kind = CampoTesto;
-    campo.File = accettazione ? gFileAcc : gFileIni;
-    campo.Section = accettazione ? QString::fromUtf16(riga.sezioneAcc) : QStringLiteral("VEICOLO");
-    campo.Key = QString::fromUtf16(accettazione ? riga.chiaveAcc : riga.chiaveIni);
-    if (accettazione)
-        campo.Editable = Falso;
+    if (!accettazione) {
+        Campo_Chiave(campo, riga.chiaveIni);
+        return;
+    }
+    campo.File = gFileAcc;
+    campo.Section = QString::fromUtf16(riga.sezioneAcc);
+    campo.Key = QString::fromUtf16(riga.chiaveAcc);
+    campo.Editable = Falso;
 }
 
 void Riga_Faro(CampoForm &campo, const RigaFaro &riga)
 {
     campo.LabelId = riga.etichetta;
     campo.Kind = riga.controllo;
-    campo.File = gFileIni;
-    campo.Section = QStringLiteral("IMPOSTAZIONI");
-    campo.Key = QString::fromUtf16(riga.chiave);
+    Campo_Chiave(campo, riga.chiave);
 }
 
 void Riga_Bloccata(CampoForm &campo)
@@ -110,8 +111,7 @@ void Riga_Bloccata(CampoForm &campo)
 /// A missing or odd value must not stop the load: it counts as not symmetric.
 qint16 Simmetrico_Memorizzato()
 {
-    const QString valore = Valore_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Simmetrico"));
-    return Numero_Pezzo(valore);
+    return Numero_Pezzo(Valore_Ini(gFileIni, ChiaveSimmetrico));
 }
 
 bool Altezza_Valida(const QString &testo)
@@ -145,7 +145,8 @@ void frmMctc2::Load()
     for (const qint16 riga : {RIGA_ALTEZZA, RIGA_INCLINAZIONE, RIGA_SIMMETRICO}) {
         lbl[riga].Width(FARO_ETICHETTA_LARGA);
         lbl[riga].Height(FARO_ETICHETTA_ALTA);
-        lbl[riga].Allineamento(Qt::AlignLeft | Qt::AlignBottom); // one line or two, it stands on its box
+        // One line or two, it stands on its box.
+        lbl[riga].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     }
     Campi_Applica(gCampiVeicolo, ULTIMA_RIGA, *this);
     Azzera_Inclinazione();
@@ -198,7 +199,7 @@ void frmMctc2::Disponi_Righe()
     picSim->Posto(ScalaX(2680), ScalaY(4800), ScalaX(10000), ScalaY(4700));
     lblFaro->Posto(ScalaX(7700), ScalaY(2200), ScalaX(7100), ScalaY(2100));
     lblFaro->FontSize(Punti_Normali() * 2);
-    lblFaro->Allineamento(Qt::AlignCenter);
+    lblFaro->Allineamento(Orizzontale::Centro);
 }
 
 void frmMctc2::Disponi_Pulsanti()

@@ -18,17 +18,17 @@ std::array<CampoForm, ULTIMA_RIGA + 1> gCampiVerifica;
 struct RigaVerifica
 {
     TestoMctc etichetta;
-    const char16_t *chiave; // in section LUMIRA
+    ChiaveIni chiave;
     qint16 cima;
 };
 
 /// In the order of the instrument's identity block.
 constexpr RigaVerifica RIGHE[] = {
-    {MctcModelloStrumento,   u"Comm_Modello",       400 },
-    {MctcMarcaStrumento,     u"Comm_Marca",         1100},
-    {MctcNumeroOmologazione, u"Comm_NOmologazione", 1800},
-    {MctcNumeroSerie,        u"Comm_NSerie",        2500},
-    {MctcScadenzaVerifica,   u"Comm_ScadRevisione", 3200},
+    {MctcModelloStrumento,   ChiaveStrumentoModello,      400 },
+    {MctcMarcaStrumento,     ChiaveStrumentoMarca,        1100},
+    {MctcNumeroOmologazione, ChiaveStrumentoOmologazione, 1800},
+    {MctcNumeroSerie,        ChiaveStrumentoSerie,        2500},
+    {MctcScadenzaVerifica,   ChiaveStrumentoScadenza,     3200},
 };
 
 enum PulsanteVerifica : qint16
@@ -87,9 +87,7 @@ void frmVerPerO::Campi_Imposta()
         CampoForm &campo = gCampiVerifica[i];
         campo.LabelId = RIGHE[i].etichetta;
         campo.Kind = CampoTesto;
-        campo.File = gFileIni;
-        campo.Section = QStringLiteral("LUMIRA");
-        campo.Key = QString::fromUtf16(RIGHE[i].chiave);
+        Campo_Chiave(campo, RIGHE[i].chiave);
         campo.CtlLeft = SINISTRA;
         campo.CtlTop = RIGHE[i].cima;
         campo.LabelLeft = campo.CtlLeft;
@@ -162,7 +160,7 @@ void frmVerPerO::Scrivi_Strumento()
     Collega_Strumento(ModoScrivi);
     if (mScritto) {
         Campi_Salva(gCampiVerifica, ULTIMA_RIGA);
-        Scrivi_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Lingua"), gLingua);
+        Scrivi_Ini(gFileIni, ChiaveLingua, gLingua);
     }
     // Whatever the code was: a failed session drops the entries, after the link form has shown why.
     Scarica();

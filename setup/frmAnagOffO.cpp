@@ -14,15 +14,15 @@ std::array<CampoForm, ULTIMA_RIGA + 1> gCampiOfficina;
 struct RigaOfficina
 {
     TestoMctc etichetta;
-    const char16_t *chiave;
+    ChiaveIni chiave;
 };
 
 constexpr RigaOfficina RIGHE[] = {
-    {MctcDenominazione, u"Denominazione"},
-    {MctcIndirizzo,     u"Indirizzo"    },
-    {MctcLocalita,      u"Localita"     },
-    {MctcTelefonoFax,   u"TelFax"       },
-    {MctcSitoWeb,       u"Web"          },
+    {MctcDenominazione, ChiaveOfficinaDenominazione},
+    {MctcIndirizzo,     ChiaveOfficinaIndirizzo    },
+    {MctcLocalita,      ChiaveOfficinaLocalita     },
+    {MctcTelefonoFax,   ChiaveOfficinaTelefonoFax  },
+    {MctcSitoWeb,       ChiaveOfficinaSitoWeb      },
 };
 
 // The form, in twips: it does not grow with the screen.
@@ -73,9 +73,7 @@ void frmAnagOffO::Campi_Imposta()
         CampoForm &campo = gCampiOfficina[i];
         campo.LabelId = RIGHE[i].etichetta;
         campo.Kind = CampoTesto;
-        campo.File = gFileIni;
-        campo.Section = QStringLiteral("OFFICINA");
-        campo.Key = QString::fromUtf16(RIGHE[i].chiave);
+        Campo_Chiave(campo, RIGHE[i].chiave);
         campo.CtlLeft = SINISTRA;
         campo.CtlTop = Intero16(PRIMA_CIMA + static_cast<qint32>(i) * PASSO);
         campo.LabelLeft = Intero16(ScalaX_16(CORNICE) + ETICHETTA_RIENTRO);
@@ -119,7 +117,7 @@ void frmAnagOffO::Salva()
 {
     Campi_Salva(gCampiOfficina, ULTIMA_RIGA);
     // The language in force is kept whether or not anything changed.
-    Scrivi_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Lingua"), gLingua);
+    Scrivi_Ini(gFileIni, ChiaveLingua, gLingua);
     qint16 codice = 1;
     QVariant valore = qint16{0};
     Q_EMIT Notifica(codice, valore);

@@ -11,6 +11,7 @@
 #include "mctc/frmControlliMctc.h"
 #include "platform/elenco.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/eventi.h"
 #include "platform/numeri.h"
 #include "platform/una_riga.h"
 #include "report/frmVerPerO.h"
@@ -57,49 +58,48 @@ struct DatiRiga
 {
     TestoMctc etichetta;
     quint8 controllo;
-    const char16_t *sezione;
-    const char16_t *chiave; // of a row with two keys, the one of the network folders
+    ChiaveIni chiave; // of a row with two keys, the one of the network folders
     Blocco blocco;
 };
 
 constexpr DatiRiga RIGHE[ULTIMA_RIGA + 1] = {
-    {MctcModelloStrumento,      CampoTesto,  u"LUMIRA",       u"Comm_Modello",       Bloccata },
-    {MctcMarcaStrumento,        CampoTesto,  u"LUMIRA",       u"Comm_Marca",         Bloccata },
-    {MctcNumeroOmologazione,    CampoTesto,  u"LUMIRA",       u"Comm_NOmologazione", Bloccata },
-    {MctcNumeroSerie,           CampoTesto,  u"LUMIRA",       u"Comm_NSerie",        Bloccata },
-    {MctcScadenzaVerifica,      CampoTesto,  u"LUMIRA",       u"Comm_ScadRevisione", Bloccata },
-    {MctcOperatore,             CampoTesto,  u"VEICOLO",      u"Operatore",          Libera   },
-    {MctcLingua,                CampoCombo,  u"IMPOSTAZIONI", u"Lingua",             Libera   },
-    {MctcDeviazioneOrizzontale, CampoTesto,  u"PARAMETRI",    u"DevOrizAnab",        Bloccata },
-    {MctcNessuno,               CampoTesto,  u"PARAMETRI",    u"DevOrizAbb",         Bloccata },
-    {MctcDeviazioneVerticale,   CampoTesto,  u"PARAMETRI",    u"DevVertAnab",        Bloccata },
-    {MctcNessuno,               CampoTesto,  u"PARAMETRI",    u"DevVertAbb",         Bloccata },
-    {MctcIlluminamentoMassimo,  CampoTesto,  u"PARAMETRI",    u"LuxMaxAnab",         Bloccata },
-    {MctcNessuno,               CampoTesto,  u"PARAMETRI",    u"LuxMaxAbb",          Bloccata },
-    {MctcIlluminamentoMinimo,   CampoTesto,  u"PARAMETRI",    u"LuxMinAnab",         Bloccata },
-    {MctcNessuno,               CampoTesto,  u"PARAMETRI",    u"LuxMinAbb",          Bloccata },
-    {MctcInclinazioneMinima80,  CampoTesto,  u"PARAMETRI",    u"IncVertMin80An",     Bloccata },
-    {MctcNessuno,               CampoTesto,  u"PARAMETRI",    u"IncVertMin80Ab",     Bloccata },
-    {MctcInclinazioneMassima80, CampoTesto,  u"PARAMETRI",    u"IncVertMax80An",     Bloccata },
-    {MctcNessuno,               CampoTesto,  u"PARAMETRI",    u"IncVertMax80Ab",     Bloccata },
-    {MctcCartelleScambio,       CampoCombo,  u"MCTC",         u"Modalita",           SenzaRete},
-    {MctcCartellaRisultati,     CampoTesto,  u"MCTC",         u"ReteRisultati",      SenzaRete},
-    {MctcCartellaAccettazioni,  CampoTesto,  u"MCTC",         u"ReteDati",           SenzaRete},
-    {MctcListaAccettazioni,     CampoSpunta, u"MCTC",         u"IniFile",            Libera   },
-    {MctcUscitaFineProva,       CampoSpunta, u"MCTC",         u"Esce",               Libera   },
-    {MctcControlloVisivo,       CampoSpunta, u"MCTC",         u"ControlloVisivo",    Libera   },
-    {MctcAllarmeAcustico,       CampoSpunta, u"MCTC",         u"AllarmeAcustico",    Libera   },
-    {MctcAlimentazione,         CampoSpunta, u"MCTC",         u"Alimentazione",      Libera   },
-    {MctcAltezzaAutomatica,     CampoSpunta, u"MCTC",         u"AltezzaFaroAuto",    Libera   },
-    {MctcSbloccaLimiti,         CampoSpunta, u"",             u"",                   Libera   }, // no setting: the switch of the limits
-    {MctcAzzeraTelecamera,      CampoSpunta, u"IMPOSTAZIONI", u"CamReset",           Libera   },
-    {MctcStrumentoDaLeggere,    CampoCombo,  u"IMPOSTAZIONI", u"ModSeriale",         Libera   },
-    {MctcPortaSeriale,          CampoCombo,  u"COMM",         u"Num",                Libera   },
+    {MctcModelloStrumento,      CampoTesto,  ChiaveStrumentoModello,      Bloccata },
+    {MctcMarcaStrumento,        CampoTesto,  ChiaveStrumentoMarca,        Bloccata },
+    {MctcNumeroOmologazione,    CampoTesto,  ChiaveStrumentoOmologazione, Bloccata },
+    {MctcNumeroSerie,           CampoTesto,  ChiaveStrumentoSerie,        Bloccata },
+    {MctcScadenzaVerifica,      CampoTesto,  ChiaveStrumentoScadenza,     Bloccata },
+    {MctcOperatore,             CampoTesto,  ChiaveOperatore,             Libera   },
+    {MctcLingua,                CampoCombo,  ChiaveLingua,                Libera   },
+    {MctcDeviazioneOrizzontale, CampoTesto,  ChiaveDevOrizAnab,           Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveDevOrizAbb,            Bloccata },
+    {MctcDeviazioneVerticale,   CampoTesto,  ChiaveDevVertAnab,           Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveDevVertAbb,            Bloccata },
+    {MctcIlluminamentoMassimo,  CampoTesto,  ChiaveLuxMaxAnab,            Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveLuxMaxAbb,             Bloccata },
+    {MctcIlluminamentoMinimo,   CampoTesto,  ChiaveLuxMinAnab,            Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveLuxMinAbb,             Bloccata },
+    {MctcInclinazioneMinima80,  CampoTesto,  ChiaveIncVertMin80An,        Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveIncVertMin80Ab,        Bloccata },
+    {MctcInclinazioneMassima80, CampoTesto,  ChiaveIncVertMax80An,        Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveIncVertMax80Ab,        Bloccata },
+    {MctcCartelleScambio,       CampoCombo,  ChiaveModalita,              SenzaRete},
+    {MctcCartellaRisultati,     CampoTesto,  ChiaveReteRisultati,         SenzaRete},
+    {MctcCartellaAccettazioni,  CampoTesto,  ChiaveReteDati,              SenzaRete},
+    {MctcListaAccettazioni,     CampoSpunta, ChiaveIniFile,               Libera   },
+    {MctcUscitaFineProva,       CampoSpunta, ChiaveEsce,                  Libera   },
+    {MctcControlloVisivo,       CampoSpunta, ChiaveControlloVisivo,       Libera   },
+    {MctcAllarmeAcustico,       CampoSpunta, ChiaveAllarmeAcustico,       Libera   },
+    {MctcAlimentazione,         CampoSpunta, ChiaveAlimentazione,         Libera   },
+    {MctcAltezzaAutomatica,     CampoSpunta, ChiaveAltezzaFaroAuto,       Libera   },
+    {MctcSbloccaLimiti,         CampoSpunta, {},                          Libera   }, // no setting: the switch of the limits
+    {MctcAzzeraTelecamera,      CampoSpunta, ChiaveAzzeraTelecamera,      Libera   },
+    {MctcStrumentoDaLeggere,    CampoCombo,  ChiaveModelloSeriale,        Libera   },
+    {MctcPortaSeriale,          CampoCombo,  ChiavePortaNumero,           Libera   },
 };
 
 /// The folders of rows 20 and 21 have a key for each work mode.
-constexpr const char16_t *CHIAVI_RETE[] = {u"ReteRisultati", u"ReteDati"};
-constexpr const char16_t *CHIAVI_LOCALI[] = {u"DirRisultati", u"DirDati"};
+constexpr ChiaveIni CHIAVI_RETE[] = {ChiaveReteRisultati, ChiaveReteDati};
+constexpr ChiaveIni CHIAVI_LOCALI[] = {ChiaveLocaleRisultati, ChiaveLocaleDati};
 
 struct Lingua
 {
@@ -178,7 +178,7 @@ QString Testo_Blocco(const QStringList &testi, qint16 indice)
 void Chiavi_Cartelle(bool rete)
 {
     for (qint16 i = 0; i < 2; ++i)
-        Campo(Intero16(RigaRisultati + i)).Key = QString::fromUtf16(rete ? CHIAVI_RETE[i] : CHIAVI_LOCALI[i]);
+        Campo_Chiave(Campo(Intero16(RigaRisultati + i)), rete ? CHIAVI_RETE[i] : CHIAVI_LOCALI[i]);
 }
 
 qint16 Lingua_Scelta()
@@ -193,7 +193,7 @@ qint16 Lingua_Scelta()
 /// Only the last character of the stored number counts: port 12 shows as the second, port 10 as none (-1).
 qint16 Porta_Scelta()
 {
-    const QString numero = Valore_Ini(gFileIni, QStringLiteral("COMM"), QStringLiteral("Num"));
+    const QString numero = Valore_Ini(gFileIni, ChiavePortaNumero);
     return Intero16(Numero_Pezzo(numero.right(1)) - 1);
 }
 
@@ -263,9 +263,7 @@ void Riga_Imposta(CampoForm &campo, const DatiRiga &dati)
 {
     campo.LabelId = dati.etichetta;
     campo.Kind = dati.controllo;
-    campo.File = gFileIni;
-    campo.Section = QString::fromUtf16(dati.sezione);
-    campo.Key = QString::fromUtf16(dati.chiave);
+    Campo_Chiave(campo, dati.chiave);
     // Also of a row that the form locks only later: its label goes by the lock at every change of language.
     campo.LabelEnabledByEditable = dati.blocco != Libera;
     campo.Editable = Flag_Da(dati.blocco == Libera || (dati.blocco == SenzaRete && gIniFile));
@@ -399,7 +397,7 @@ void frmSetupO::Convalida_Cartella(const QString &testo)
     CampoForm &dati = Campo(RigaDati);
     CampoForm &risultati = Campo(RigaRisultati);
     txt[dati.CtlIndex].Text(testo);
-    Schermo_Puntatore(PuntatoreClessidra);
+    const Clessidra clessidra;
     if (Fs_Esiste(testo, ATTRIBUTO_CARTELLA)) {
         Chiavi_Cartelle(Campo(RigaModalita).Value == u"0");
         Scrivi_Ini(gFileIni, dati.Section, dati.Key, dati.Value);
@@ -410,7 +408,6 @@ void frmSetupO::Convalida_Cartella(const QString &testo)
         dati.Dirty = Vero;
         dati.Value = testo;
     }
-    Schermo_Puntatore(PuntatoreNormale);
 }
 
 // --- lists ------------------------------------------------------------------------------------------------
@@ -680,8 +677,7 @@ void frmSetupO::Accetta_Strumento()
         Scrivi_Ini(gFileIni, campo.Section, campo.Key, campo.Value);
     }
     for (qint16 i = 0; i < static_cast<qint16>(CHIAVI_TARATURA.size()); ++i) {
-        Scrivi_Ini(gFileIni, QString::fromUtf16(SEZIONE_TARATURA),
-                   QString::fromUtf16(CHIAVI_TARATURA[static_cast<size_t>(i)]),
+        Scrivi_Ini(gFileIni, CHIAVI_TARATURA[static_cast<size_t>(i)],
                    Una_Riga(Testo_Blocco(gDatiTaratura, i))); // of more the profile would keep none
     }
 }

@@ -1,4 +1,4 @@
-// The primary screen, measured anew at every question, its pointer and its events. It knows no form.
+// The primary screen, measured anew at every question, and its pointer. It knows no form.
 #include "toolkit/schermo.h"
 
 #include "platform/unita.h"
@@ -63,16 +63,14 @@ double Punti_Normali()
     return PUNTI_DISEGNO * std::min(Schermo_Larghezza() / GRIGLIA_X, Schermo_Altezza() / GRIGLIA_Y);
 }
 
-void Schermo_Puntatore(PuntatoreSchermo puntatore)
+Clessidra::Clessidra()
 {
-    const bool clessidra = QApplication::overrideCursor() != nullptr;
-    if (puntatore == PuntatoreClessidra && !clessidra)
+    if (QApplication::overrideCursor() == nullptr)
         QApplication::setOverrideCursor(Qt::WaitCursor);
-    else if (puntatore == PuntatoreNormale && clessidra)
-        QApplication::restoreOverrideCursor();
 }
 
-void Eventi_Esegui()
+Clessidra::~Clessidra()
 {
-    QCoreApplication::processEvents();
+    if (QApplication::overrideCursor() != nullptr)
+        QApplication::restoreOverrideCursor();
 }

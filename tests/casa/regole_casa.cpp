@@ -395,3 +395,21 @@ QStringList Nomi_NonUsati(const Sorgenti &sorgenti, const QStringList &nomi)
     }
     return falli;
 }
+
+QStringList Letterali_Vietati(const Sorgenti &sorgenti, const QStringList &parole)
+{
+    static const QRegularExpression LETTERALE(QStringLiteral("\"((?:\\\\.|[^\"\\\\\\n])*)\""));
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        if (!Della_Casa(sorgente.key()) && Cartella_Di(sorgente.key()) != u"strumenti")
+            continue;
+        const QString testo = Spoglia(sorgente.value(), true);
+        for (auto trovati = LETTERALE.globalMatch(testo); trovati.hasNext();) {
+            const QString letterale = trovati.next().captured(1);
+            if (parole.contains(letterale))
+                falli.append(sorgente.key() + QStringLiteral(": ") + letterale);
+        }
+    }
+    falli.removeDuplicates();
+    return falli;
+}

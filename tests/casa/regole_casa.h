@@ -48,3 +48,7 @@ QStringList Testi_SenzaNome(const Sorgenti &sorgenti);
 
 /// Of some names that a header of the program gives, those that no other file of the program uses.
 QStringList Nomi_NonUsati(const Sorgenti &sorgenti, const QStringList &nomi);
+
+/// Texts in quotes of the program and of the technician's tools that are one of some words, whatever the
+/// case.
+QStringList Letterali_Vietati(const Sorgenti &sorgenti, const QStringList &parole);

@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTemporaryDir>
 
@@ -41,6 +42,8 @@ private Q_SLOTS:
     void lettereIntereInUnaRigaBassa();
     void distruttoPortaViaIlWidget();
     void distruttoSparisceDalleTecnologieAssistive();
+    void distruttoDalSuoGestore_data();
+    void distruttoDalSuoGestore();
     void senzaFinestraNonFaNulla();
 
     void etichettaMostraIlTestoComeE();
@@ -83,6 +86,7 @@ private Q_SLOTS:
     void elencoTasti();
     void elencoFuocoNonSceglie();
     void elencoSvuotatoNonSceglie();
+    void elencoDistruttoAMouseGiu();
     void elencoTabulazione();
     void elencoColonneAllaStessaAltezza();
 
@@ -271,10 +275,10 @@ void tst_controlli::lettereIntereInUnaRigaBassa()
     Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
     etichetta.FontSize(15); // a line of 23 pixels
     etichetta.Posto(0, 0, 3000, 300);
-    etichetta.Allineamento(Qt::AlignBottom);
+    etichetta.Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     etichetta.Caption(QStringLiteral("pagina"));
     QCOMPARE(etichetta.Widget()->font().pixelSize(), 20); // nothing above the small letters
-    etichetta.Allineamento(Qt::AlignTop);
+    etichetta.Allineamento(Orizzontale::Sinistra, Verticale::Alto);
     QVERIFY(etichetta.Widget()->font().pixelSize() < 20); // the letters reach below
     etichetta.Caption(QStringLiteral("AZIENDA"));
     QCOMPARE(etichetta.Widget()->font().pixelSize(), 20);
@@ -308,6 +312,93 @@ void tst_controlli::distruttoSparisceDalleTecnologieAssistive()
     QVERIFY(QAccessible::accessibleInterface(numero) == nullptr);
 }
 
+namespace {
+
+/// What raises the event of a control.
+struct Gesto
+{
+    const char *nome;
+    std::unique_ptr<Controllo> (*crea)(QWidget *finestra, std::function<void()> gestore);
+    void (*compi)(Controllo &controllo);
+};
+
+template <typename T, Evento T::*evento>
+std::unique_ptr<Controllo> Crea(QWidget *finestra, std::function<void()> gestore)
+{
+    auto controllo = std::make_unique<T>(finestra, QStringLiteral("ctl"));
+    if constexpr (requires { controllo->AddItem(QString()); }) {
+        for (const char16_t *voce : {u"uno", u"due"})
+            controllo->AddItem(QString::fromUtf16(voce));
+    }
+    controllo->Posto(0, 0, 3000, 1500);
+    controllo->Visible(true);
+    (*controllo).*evento = std::move(gestore);
+    return controllo;
+}
+
+template <int tasto>
+void Batti(Controllo &controllo)
+{
+    controllo.SetFocus();
+    QTest::keyClick(controllo.Widget(), static_cast<Qt::Key>(tasto));
+}
+
+constexpr auto TESTO = Crea<CasellaTesto, &CasellaTesto::Change>;
+constexpr auto COMBINATA = Crea<CasellaCombinata, &CasellaCombinata::Click>;
+constexpr auto SPUNTA = Crea<CasellaSpunta, &CasellaSpunta::Click>;
+constexpr auto PULSANTE = Crea<Pulsante, &Pulsante::Click>;
+constexpr auto ELENCO = Crea<ElencoVoci, &ElencoVoci::Click>;
+
+const Gesto GESTI[] = {
+    {"box, key",                  TESTO,     Batti<Qt::Key_A>                                                   },
+    {"box, program",              TESTO,
+     [](Controllo &c) { static_cast<CasellaTesto &>(c).Text(QStringLiteral("AB123CD")); }                       },
+    {"list that drops down, key", COMBINATA, Batti<Qt::Key_Down>                                                },
+    {"tick, key",                 SPUNTA,    Batti<Qt::Key_Space>                                               },
+    {"tick, mouse",               SPUNTA,    [](Controllo &c) { QTest::mouseClick(c.Widget(), Qt::LeftButton); }},
+    {"tick, program",             SPUNTA,    [](Controllo &c) { static_cast<CasellaSpunta &>(c).Value(1); }     },
+    {"button, key",               PULSANTE,  Batti<Qt::Key_Space>                                               },
+    {"button, mouse",             PULSANTE,  [](Controllo &c) { QTest::mouseClick(c.Widget(), Qt::LeftButton); }},
+    {"list, key",                 ELENCO,    Batti<Qt::Key_Down>                                                },
+    {"list, mouse",               ELENCO,
+     [](Controllo &c) {
+         const auto *lista = static_cast<const QListWidget *>(c.Widget());
+         QTest::mouseClick(lista->viewport(), Qt::LeftButton, {},
+                           lista->visualItemRect(lista->item(1)).center());
+     }                                                                                                          },
+    {"list, program",             ELENCO,    [](Controllo &c) { static_cast<ElencoVoci &>(c).ListIndex(1); }    },
+};
+
+} // namespace
+
+void tst_controlli::distruttoDalSuoGestore_data()
+{
+    QTest::addColumn<int>("gesto");
+    for (int i = 0; i < static_cast<int>(std::size(GESTI)); ++i)
+        QTest::newRow(GESTI[i].nome) << i;
+}
+
+// The handler goes on after its control has gone, with what it has captured: under the address sanitizer a
+// read of what went with the control ends the test.
+void tst_controlli::distruttoDalSuoGestore()
+{
+    QFETCH(int, gesto);
+    std::unique_ptr<Controllo> controllo;
+    QString letto;
+    int volte = 0;
+    const QString segno = QStringLiteral("captured by value, on the heap of the closure");
+    controllo = GESTI[gesto].crea(m_finestra.get(), [&controllo, &letto, &volte, segno] {
+        ++volte;
+        controllo.reset();
+        letto = segno;
+    });
+    const QPointer<QWidget> widget = controllo->Widget();
+    GESTI[gesto].compi(*controllo);
+    QCOMPARE(volte, 1);
+    QCOMPARE(letto, segno);
+    QTRY_VERIFY(widget == nullptr);
+}
+
 void tst_controlli::senzaFinestraNonFaNulla()
 {
     QWidget *finestra = m_finestra.get();
@@ -326,7 +417,7 @@ void tst_controlli::senzaFinestraNonFaNulla()
     lbl.Caption(QStringLiteral("a"));
     lbl.ForeColor(0);
     lbl.Bordo();
-    lbl.Allineamento(Qt::AlignCenter);
+    lbl.Allineamento(Orizzontale::Centro);
     lbl.SpezzaOvunque();
     QCOMPARE(lbl.Caption(), QString());
     QCOMPARE(lbl.Altezza_Testo(), 0);
@@ -356,14 +447,12 @@ void tst_controlli::senzaFinestraNonFaNulla()
     lst.AddItem(QStringLiteral("a"));
     lst.ListIndex(5);
     lst.Clear();
-    QCOMPARE(lst.ListCount(), 0);
     QCOMPARE(lst.ListIndex(), -1);
     QCOMPARE(lst.List(0), QString());
     QCOMPARE(lst.Tabulazione(100), 0);
     img.Avviso();
     img.Testo(QStringLiteral("a"));
     sha.FillColor(7);
-    QCOMPARE(sha.FillColor(), quint32{7});
 }
 
 // --- Etichetta --------------------------------------------------------------------------------------------
@@ -383,7 +472,7 @@ void tst_controlli::etichettaColori()
     etichetta.Posto(0, 0, 3000, 1500);
     etichetta.FontSize(60);
     etichetta.Caption(QStringLiteral("\u2588\u2588"));
-    etichetta.Allineamento(Qt::AlignCenter);
+    etichetta.Allineamento(Orizzontale::Centro);
     etichetta.ForeColor(0x00FF8000); // blue, green, red
     etichetta.BackColor(0x00000020);
     etichetta.Visible(true);
@@ -443,7 +532,7 @@ void tst_controlli::etichettaSpezzaOvunque()
 {
     Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
     etichetta.Posto(0, 0, 1500, 1500);
-    etichetta.Allineamento(Qt::AlignLeft | Qt::AlignTop);
+    etichetta.Allineamento(Orizzontale::Sinistra, Verticale::Alto);
     etichetta.Caption(QStringLiteral("0A").repeated(50));
     etichetta.Visible(true);
     const auto scritto_in_fondo = [&] {
@@ -479,8 +568,11 @@ void tst_controlli::etichettaAllineamento()
     };
     const int sinistra = prima_colonna_scritta();
     QVERIFY(sinistra >= 0 && sinistra < 10);
-    etichetta.Allineamento(Qt::AlignRight | Qt::AlignVCenter);
+    etichetta.Allineamento(Orizzontale::Destra);
     QVERIFY(prima_colonna_scritta() > 350);
+    etichetta.Allineamento(Orizzontale::Centro);
+    const int centro = prima_colonna_scritta();
+    QVERIFY(centro > 150 && centro < 250);
 }
 
 // --- CasellaTesto -----------------------------------------------------------------------------------------
@@ -887,17 +979,16 @@ void Clic_Riga(const ElencoVoci &elenco, int riga)
 void tst_controlli::elencoVoci()
 {
     ElencoVoci elenco(m_finestra.get(), QStringLiteral("lst"));
-    QCOMPARE(elenco.ListCount(), 0);
+    QCOMPARE(elenco.List(0), QString());
     QCOMPARE(elenco.ListIndex(), -1);
     Riempi(elenco);
-    QCOMPARE(elenco.ListCount(), 3);
     QCOMPARE(elenco.ListIndex(), -1);
     QCOMPARE(elenco.List(0), QStringLiteral("AB123CD\tVERDI"));
     QCOMPARE(elenco.List(2), QStringLiteral("IJ789KL\tBIANCHI"));
     QCOMPARE(elenco.List(3), QString());
     QCOMPARE(elenco.List(-1), QString());
     elenco.Clear();
-    QCOMPARE(elenco.ListCount(), 0);
+    QCOMPARE(elenco.List(0), QString());
 }
 
 void tst_controlli::elencoIndiceDalProgramma()
@@ -1025,6 +1116,25 @@ void tst_controlli::elencoSvuotatoNonSceglie()
     Riempi(elenco);
     QCOMPARE(elenco.ListIndex(), -1);
     QCOMPARE(clic, 0);
+}
+
+// Its widget goes when the loop has control again: until then it may still hear the button come up.
+void tst_controlli::elencoDistruttoAMouseGiu()
+{
+    auto elenco = std::make_unique<ElencoVoci>(m_finestra.get(), QStringLiteral("lst"));
+    elenco->Posto(0, 0, 6000, 3000);
+    elenco->Visible(true);
+    Riempi(*elenco);
+    int volte = 0;
+    elenco->Click = [&] { ++volte; };
+    const auto *lista = qobject_cast<QListWidget *>(elenco->Widget());
+    const QPoint riga = lista->visualItemRect(lista->item(1)).center();
+    QTest::mousePress(lista->viewport(), Qt::LeftButton, {}, riga);
+    elenco.reset();
+    QMouseEvent su(QEvent::MouseButtonRelease, riga, lista->viewport()->mapToGlobal(riga), Qt::LeftButton,
+                   Qt::NoButton, {});
+    QCoreApplication::sendEvent(lista->viewport(), &su);
+    QCOMPARE(volte, 0);
 }
 
 void tst_controlli::elencoTabulazione()
@@ -1175,7 +1285,6 @@ void tst_controlli::formaColore()
         forma->Visible(true);
         QCOMPARE(Punto(*forma, 50, 50), QColor(Qt::white));
         forma->FillColor(COLORE_VERDE);
-        QCOMPARE(forma->FillColor(), COLORE_VERDE);
         QCOMPARE(Punto(*forma, 50, 50), QColor(Qt::green));
     }
     QCOMPARE(Punto(rettangolo, 5, 5), QColor(Qt::green));
