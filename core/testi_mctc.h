@@ -162,7 +162,8 @@
     testo(MctcAmmesso,                 178) \
     testo(MctcVerticaleErrato,         179) \
     testo(MctcOrizzontaleErrato,       180) \
-    testo(MctcMiraErrata,              181)
+    testo(MctcMiraErrata,              181) \
+    testo(MctcPortaRimedio,            182)
 
 // clang-format on
 

@@ -34,6 +34,7 @@ constexpr qint32 ELENCO_LARGO = 2700;
 constexpr qint32 PIEDE = 3075;
 constexpr qint32 LAMPADA = 540;
 constexpr qint32 CMD_LARGO = 2450;
+constexpr qint32 PARTE_PORTA = 60; // hundredths of the notice
 constexpr quint32 FONDO_PORTA = 0x1C1C9E;
 constexpr int RITARDO_TASTI = 500; // ms: the form comes up where the operator has just pressed Enter
 
@@ -58,11 +59,15 @@ void frmComm::Disegno()
     lbl[0].FontSize(Punti_Normali() * LETTURA_AUTO);
     m_quadro = std::make_unique<QuadroSessione>(Finestra());
     lblPorta = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblPorta"));
-    lblPorta->Visible(false);
-    lblPorta->Allineamento(Orizzontale::Centro, Verticale::Basso);
     lblPorta->FontSize(Punti_Normali() * LETTURA_AUTO);
-    lblPorta->BackColor(FONDO_PORTA); // apart from the words above, which go on asking to wait
-    lblPorta->ForeColor(COLORE_BIANCO);
+    lblRimedio = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblRimedio"));
+    lblRimedio->FontSize(Punti_Normali() * LETTURA_SCHERMO);
+    for (Etichetta *etichetta : {lblPorta.get(), lblRimedio.get()}) {
+        etichetta->Visible(false);
+        etichetta->Allineamento(Orizzontale::Centro, Verticale::Basso);
+        etichetta->BackColor(FONDO_PORTA); // apart from the words above, which go on asking to wait
+        etichetta->ForeColor(COLORE_BIANCO);
+    }
     lblTarga = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTarga"));
     lblTarga->FontSize(Punti_Normali() * LETTURA_AUTO);
     lblTarga->FontBold(true);
@@ -168,15 +173,27 @@ void frmComm::Disponi()
         sinistra += ScalaX(ELENCO_LARGO) + margine;
     }
     const qint32 resto = Width() - margine - sinistra;
-    lblPorta->Visible(!m_portaAperta);
-    lblPorta->Posto(sinistra, cima, resto, ScalaX(PIEDE) - cima);
-    const bool traffico = m_portaAperta && (elenco || !fallita);
+    const qint32 altezza = fondo - cima;
+    for (Etichetta *etichetta : {lblPorta.get(), lblRimedio.get()})
+        etichetta->Visible(!m_portaAperta);
     for (Etichetta *etichetta : {lblNomeTx.get(), lblTx.get(), lblNomeRx.get(), lblRx.get()})
-        etichetta->Visible(traffico);
-    if (veicolo)
+        etichetta->Visible(elenco || !fallita);
+    if (!m_portaAperta)
+        Disponi_Porta(sinistra, cima, resto, altezza);
+    else if (veicolo)
         Disponi_InRiga(sinistra, cima, resto);
     else
-        Disponi_InColonna(sinistra, cima, resto, fondo - cima);
+        Disponi_InColonna(sinistra, cima, resto, altezza);
+}
+
+/// Which port, and below it what to check; the traffic keeps its line.
+void frmComm::Disponi_Porta(qint32 left, qint32 top, qint32 width, qint32 height)
+{
+    const qint32 avviso = height - ScalaX(RIGA_HEX) - ScalaX(STACCO);
+    const qint32 porta = avviso * PARTE_PORTA / 100;
+    lblPorta->Posto(left, top, width, porta);
+    lblRimedio->Posto(left, top + porta, width, avviso - porta);
+    Disponi_InRiga(left, top + height - ScalaX(RIGA_HEX), width);
 }
 
 /// TX beside RX, on the one line that the vehicle leaves.
@@ -291,7 +308,8 @@ void frmComm::Colora_Sha(quint32 colore)
 void frmComm::Mostra_Porta(bool aperta)
 {
     m_portaAperta = aperta;
-    lblPorta->Caption(aperta ? QString() : Porta_NonAperta());
+    lblPorta->Caption(Porta_NonAperta());
+    lblRimedio->Caption(Testo_Mctc(MctcPortaRimedio));
     m_quadro->Porta(aperta);
     Disponi();
 }

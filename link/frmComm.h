@@ -58,6 +58,7 @@ private:
     void Mostra_Veicolo();
     void Disponi();
     void Disponi_Piede();
+    void Disponi_Porta(qint32 left, qint32 top, qint32 width, qint32 height);
     void Disponi_InRiga(qint32 left, qint32 top, qint32 width);
     void Disponi_InColonna(qint32 left, qint32 top, qint32 width, qint32 height);
     void Annuncia_Errori();
@@ -69,6 +70,7 @@ private:
     std::unique_ptr<Immagine> Image1;
     std::unique_ptr<QuadroSessione> m_quadro;
     std::unique_ptr<Etichetta> lblPorta; // of a port that did not open
+    std::unique_ptr<Etichetta> lblRimedio;
     std::unique_ptr<Etichetta> lblTarga;
     std::unique_ptr<Etichetta> lblVeicolo;
     std::unique_ptr<Etichetta> lblNomeTx;

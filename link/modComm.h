@@ -38,7 +38,7 @@ Flag Apri_Porta(ControlloSeriale &porta);
 /// The port as the operator knows it, e.g. COM3.
 QString Porta_Nome();
 
-/// What to say of a port that did not open: its name and what to check.
+/// What to say of a port that did not open: which it is.
 QString Porta_NonAperta();
 
 /// Closes the port if it is open.

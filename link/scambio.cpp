@@ -160,8 +160,10 @@ void MacchinaScambio::Termina()
 
 QString MacchinaScambio::Causa() const
 {
-    if (!m_portaAperta)
-        return Porta_NonAperta();
+    if (!m_portaAperta) {
+        const QString rimedio = Testo_Mctc(MctcPortaRimedio);
+        return rimedio.isEmpty() ? Porta_NonAperta() : Porta_NonAperta() + QStringLiteral(": ") + rimedio;
+    }
     return Stato == StatoChiusura ? m_fallimento : Testo_Mctc(MctcSessioneInterrotta);
 }
 

@@ -245,18 +245,18 @@ private Q_SLOTS:
         Passa(60000);
         QVERIFY(form->Caricato());
         QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
-        const QString avviso = QStringLiteral("COM1 non si è aperta: controllare cavo e porta");
-        QVERIFY(Visibile(*form, "lblPorta"));
-        QCOMPARE(Testo_Di(*form, "lblPorta"), avviso);
+        QVERIFY(Visibile(*form, "lblPorta") && Visibile(*form, "lblRimedio"));
+        QCOMPARE(Testo_Di(*form, "lblPorta"), QStringLiteral("COM1 non si è aperta"));
+        QCOMPARE(Testo_Di(*form, "lblRimedio"), QStringLiteral("controllare cavo e porta"));
         QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM1: chiusa"));
-        QVERIFY(!Visibile(*form, "lblTx") && !Visibile(*form, "lblPasso_0")); // nothing has gone out
+        QVERIFY(!Visibile(*form, "lblPasso_0")); // nothing has gone out
         QVERIFY(Linea_Corrente()->Usciti.isEmpty());
         QVERIFY(Righe_Dbg().isEmpty());
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
                                  {7, 0}
         }));
-        QCOMPARE(Sessione_Fine().Testo, avviso);
+        QCOMPARE(Sessione_Fine().Testo, QStringLiteral("COM1 non si è aperta: controllare cavo e porta"));
     }
 
     void portaApertaSenzaAvviso()
