@@ -149,7 +149,7 @@ void frmComm::Disponi_Piede()
 void frmComm::Disponi()
 {
     const bool fallita = m_macchina->Stato == StatoChiusura && m_macchina->Esito == ESITO_FALLITO;
-    const bool elenco = gDebug || lstDbg->ListCount() > 0;
+    const bool elenco = gDebug || m_elenco;
     const bool passi = m_portaAperta && !fallita && !gDebug;
     const bool veicolo = !elenco && m_portaAperta && !lblTarga->Caption().isEmpty();
     const qint32 margine = ScalaX(MARGINE);
@@ -295,8 +295,10 @@ void frmComm::Mostra_Rx(const QString &esadecimale)
 void frmComm::Aggiungi_Dbg(const QString &riga)
 {
     lstDbg->AddItem(riga);
-    if (lstDbg->ListCount() == 1)
-        Disponi(); // from now on there is something in it
+    if (!m_elenco) {
+        m_elenco = true;
+        Disponi();
+    }
 }
 
 void frmComm::Colora_Sha(quint32 colore)

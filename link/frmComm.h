@@ -84,6 +84,7 @@ private:
     std::shared_ptr<dlgPwd> frmPwd;
     bool m_portaAperta = true;
     bool m_chiusura = false;
+    bool m_elenco = false; // there is something in lstDbg
     QStringList m_errori;              // texts of "Err Rs232" boxes not yet shown
     std::unique_ptr<BoxSistema> m_box; // the one that is open
     Temporizzatore tmrPausa;           // on while the form stands free between two boxes
