@@ -1,6 +1,7 @@
 // The window of a session: its layout, and what the machine has it show. It knows no command and no reply.
 #include "link/frmComm.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
@@ -57,7 +58,7 @@ void frmComm::Disegno()
     Image1 = std::make_unique<Immagine>(Finestra(), QStringLiteral("Image1"));
     lbl.Carica(0).Allineamento(Orizzontale::Centro);
     lbl[0].FontSize(Punti_Normali() * LETTURA_AUTO);
-    m_quadro = std::make_unique<QuadroSessione>(Finestra());
+    mQuadro = std::make_unique<QuadroSessione>(Finestra());
     lblPorta = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblPorta"));
     lblPorta->FontSize(Punti_Normali() * LETTURA_AUTO);
     lblRimedio = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblRimedio"));
@@ -104,7 +105,7 @@ void frmComm::Disegno()
     lstDbg->NomeAccessibile(QStringLiteral("Debug"));
     commApp = Crea_ControlloSeriale();
     FinestraScambio &finestra = *this;
-    m_macchina = std::make_unique<MacchinaScambio>(finestra, *commApp);
+    mMacchina = std::make_unique<MacchinaScambio>(finestra, *commApp);
 }
 
 void frmComm::Load()
@@ -120,14 +121,14 @@ void frmComm::Load()
     Report_Dati(1);
     cmd[0].Caption(Testo_Lingua(LinguaInterrompi));
     Mostra_Veicolo();
-    m_macchina->Modo = static_cast<ModoScambio>(Modo);
-    m_macchina->Prepara();
-    m_quadro->Inizia(Testo_Mctc(Modo == ModoMisura ? MctcPassoMisura : MctcPassoStrumento),
-                     Modo != ModoDefault);
+    mMacchina->Modo = static_cast<ModoScambio>(Modo);
+    mMacchina->Prepara();
+    mQuadro->Inizia(Testo_Mctc(Modo == ModoMisura ? MctcPassoMisura : MctcPassoStrumento),
+                    Modo != ModoDefault);
     Disponi();
-    Mostra_Lbl(m_macchina->MsgIniziale);
+    Mostra_Lbl(mMacchina->MsgIniziale);
     lbl[0].Visible(true);
-    m_macchina->Avvia();
+    mMacchina->Avvia();
     cmd[0].SetFocus();
 }
 
@@ -140,7 +141,7 @@ void frmComm::Disponi_Piede()
     const qint32 sinistraCmd = Width() - ScalaX(MARGINE) - ScalaX(CMD_LARGO);
     const qint32 sinistraRighe = ScalaX(2 * MARGINE) + ScalaX(LAMPADA);
     shaComm->Posto(ScalaX(MARGINE), centro - ScalaX(LAMPADA) / 2, ScalaX(LAMPADA), ScalaX(LAMPADA));
-    m_quadro->Posto_Righe(sinistraRighe, cima, sinistraCmd - sinistraRighe - ScalaX(MARGINE), altezza);
+    mQuadro->Posto_Righe(sinistraRighe, cima, sinistraCmd - sinistraRighe - ScalaX(MARGINE), altezza);
     cmd[0].Posto(sinistraCmd, centro - ScalaX(BERSAGLIO_ALTO) / 2, ScalaX(CMD_LARGO), ScalaX(BERSAGLIO_ALTO));
 }
 
@@ -148,17 +149,17 @@ void frmComm::Disponi_Piede()
 /// the traffic a column; the operator has no use for the traffic then, and a technician none for the steps.
 void frmComm::Disponi()
 {
-    const bool fallita = m_macchina->Stato == StatoChiusura && m_macchina->Esito == ESITO_FALLITO;
-    const bool elenco = gDebug || m_elenco;
-    const bool passi = m_portaAperta && !fallita && !gDebug;
-    const bool veicolo = !elenco && m_portaAperta && !lblTarga->Caption().isEmpty();
+    const bool fallita = mMacchina->Stato == StatoChiusura && mMacchina->Esito == SessioneFallita;
+    const bool elenco = gDebug || mElenco;
+    const bool passi = mPortaAperta && !fallita && !gDebug;
+    const bool veicolo = !elenco && mPortaAperta && !lblTarga->Caption().isEmpty();
     const qint32 margine = ScalaX(MARGINE);
     const qint32 larghezza = Width() - 2 * margine;
     lbl[0].Posto(0, 0, Width(), ScalaX(fallita ? TRE_RIGHE : DUE_RIGHE));
     qint32 cima = lbl[0].Height() + ScalaX(STACCO);
-    m_quadro->Passi_Visibili(passi);
+    mQuadro->Passi_Visibili(passi);
     if (passi) {
-        m_quadro->Posto_Passi(margine, cima, larghezza, ScalaX(PASSI_ALTI));
+        mQuadro->Posto_Passi(margine, cima, larghezza, ScalaX(PASSI_ALTI));
         cima += ScalaX(PASSI_ALTI) + ScalaX(STACCO);
     }
     qint32 fondo = ScalaX(PIEDE) - ScalaX(STACCO);
@@ -175,10 +176,10 @@ void frmComm::Disponi()
     const qint32 resto = Width() - margine - sinistra;
     const qint32 altezza = fondo - cima;
     for (Etichetta *etichetta : {lblPorta.get(), lblRimedio.get()})
-        etichetta->Visible(!m_portaAperta);
+        etichetta->Visible(!mPortaAperta);
     for (Etichetta *etichetta : {lblNomeTx.get(), lblTx.get(), lblNomeRx.get(), lblRx.get()})
         etichetta->Visible(elenco || !fallita);
-    if (!m_portaAperta)
+    if (!mPortaAperta)
         Disponi_Porta(sinistra, cima, resto, altezza);
     else if (veicolo)
         Disponi_InRiga(sinistra, cima, resto);
@@ -240,22 +241,17 @@ void frmComm::cmd_Click(qint16)
 
 void frmComm::Unload()
 {
-    m_quadro->Ferma();
-    m_macchina->Termina();
+    mQuadro->Ferma();
+    mMacchina->Termina();
     Lascia_Errori();
-    qint16 codice = m_macchina->Esito;
+    qint16 codice = mMacchina->Esito;
     QVariant valore = qint16{0};
     Q_EMIT Notifica(codice, valore);
 }
 
 QVariant frmComm::Imposta_Default()
 {
-    return m_macchina->Imposta_Default();
-}
-
-void frmComm::Avvia_Default()
-{
-    Imposta_Default();
+    return mMacchina->Imposta_Default();
 }
 
 void frmComm::Chiedi_Pwd(const QString &password)
@@ -295,8 +291,8 @@ void frmComm::Mostra_Rx(const QString &esadecimale)
 void frmComm::Aggiungi_Dbg(const QString &riga)
 {
     lstDbg->AddItem(riga);
-    if (!m_elenco) {
-        m_elenco = true;
+    if (!mElenco) {
+        mElenco = true;
         Disponi();
     }
 }
@@ -304,24 +300,24 @@ void frmComm::Aggiungi_Dbg(const QString &riga)
 void frmComm::Colora_Sha(quint32 colore)
 {
     shaComm->FillColor(colore);
-    m_quadro->Lampada(colore);
+    mQuadro->Lampada(colore);
 }
 
 void frmComm::Mostra_Porta(bool aperta)
 {
-    m_portaAperta = aperta;
+    mPortaAperta = aperta;
     lblPorta->Caption(Porta_NonAperta());
     lblRimedio->Caption(Testo_Mctc(MctcPortaRimedio));
-    m_quadro->Porta(aperta);
+    mQuadro->Porta(aperta);
     Disponi();
 }
 
 void frmComm::Mostra_Avanzamento()
 {
-    const bool prima = m_chiusura;
-    m_chiusura = m_macchina->Stato == StatoChiusura;
-    m_quadro->Avanza(*m_macchina);
-    if (m_chiusura != prima)
+    const bool prima = mChiusura;
+    mChiusura = mMacchina->Stato == StatoChiusura;
+    mQuadro->Avanza(*mMacchina);
+    if (mChiusura != prima)
         Disponi();
 }
 
@@ -334,9 +330,9 @@ void frmComm::Scarica_Modulo()
 
 void frmComm::Mostra_Errore(const QString &testo)
 {
-    if (m_errori.size() == MASSIMO_ERRORI)
+    if (mErrori.size() == MASSIMO_ERRORI)
         return; // a line that never falls silent would fill the memory
-    m_errori.append(testo);
+    mErrori.append(testo);
     Annuncia_Errori();
 }
 
@@ -348,11 +344,11 @@ void frmComm::Annuncia_Errori()
 
 void frmComm::Mostra_ProssimoErrore()
 {
-    if (m_box != nullptr || tmrPausa.Enabled() || m_errori.isEmpty())
+    if (mBox != nullptr || tmrPausa.Enabled() || mErrori.isEmpty())
         return;
-    m_box = std::make_unique<BoxSistema>(QStringLiteral("Err Rs232"), m_errori.takeFirst());
-    m_box->Mostra();
-    m_box.reset();
+    mBox = std::make_unique<BoxSistema>(QStringLiteral("Err Rs232"), mErrori.takeFirst());
+    mBox->Mostra();
+    mBox.reset();
     // A bad line has a box for every byte: without a pause nobody would get to the form behind them.
     if (Caricato())
         tmrPausa.Enabled(true);
@@ -367,8 +363,8 @@ void frmComm::tmrPausa_Timer()
 /// The errors of a session end with it: what stands behind the form is not theirs to cover.
 void frmComm::Lascia_Errori()
 {
-    m_errori.clear();
+    mErrori.clear();
     tmrPausa.Enabled(false);
-    if (m_box != nullptr)
-        m_box->Chiudi();
+    if (mBox != nullptr)
+        mBox->Chiudi();
 }

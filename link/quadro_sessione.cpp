@@ -1,6 +1,7 @@
 // The steps, the lamp's word and the times of a session. It knows no frame and no reply.
 #include "link/quadro_sessione.h"
 
+#include "core/codici.h"
 #include "core/modGeneral.h"
 #include "link/modComm.h"
 #include "link/scambio.h"
@@ -106,7 +107,7 @@ void QuadroSessione::Avanza(const MacchinaScambio &macchina)
     tmrSecondi.Enabled(!m_chiusura);
     if (!m_chiusura)
         Mostra_Passo(macchina.Comando == CmdStato ? PassoStato : PassoDati);
-    else if (macchina.Esito == ESITO_COMPLETATO)
+    else if (macchina.Esito == SessioneCompletata)
         Mostra_Passo(PASSI); // all of them are behind
     if (m_chiusura)
         Mostra_Parola(ParolaFermo);

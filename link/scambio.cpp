@@ -2,6 +2,7 @@
 // device.
 #include "link/scambio.h"
 
+#include "core/codici.h"
 #include "core/esito_sessione.h"
 #include "core/modGeneral.h"
 #include "link/controllo_seriale.h"
@@ -135,7 +136,7 @@ void MacchinaScambio::Prepara()
 
 void MacchinaScambio::Avvia()
 {
-    Esito = ESITO_FALLITO;
+    Esito = SessioneFallita;
     Passa_Oltre([] { Leggi_Porta(gFileIni); });
     Apri_Porta(commApp);
     m_portaAperta = commApp.PortOpen();
@@ -153,7 +154,7 @@ void MacchinaScambio::Avvia()
 
 void MacchinaScambio::Termina()
 {
-    Sessione_Annota(Esito == ESITO_COMPLETATO ? QString() : Causa());
+    Sessione_Annota(Esito == SessioneCompletata ? QString() : Causa());
     tmrComm.Enabled(false);
     Chiudi_Porta(commApp);
 }
@@ -196,7 +197,7 @@ void MacchinaScambio::Chiudi_Sessione(TestoMctc testo, int intervallo)
     m_finestra.Mostra_Lbl(m_fallimento);
     tmrComm.Interval(intervallo);
     tmrComm.Enabled(true);
-    Esito = ESITO_FALLITO;
+    Esito = SessioneFallita;
     Stato = StatoChiusura;
     m_finestra.Mostra_Avanzamento();
 }
@@ -207,7 +208,7 @@ void MacchinaScambio::Avanza()
     if (Passo > UltimoPasso) {
         tmrComm.Interval(INTERVALLO_TESTO);
         tmrComm.Enabled(true);
-        Esito = ESITO_COMPLETATO;
+        Esito = SessioneCompletata;
         Stato = StatoChiusura;
         m_finestra.Mostra_Lbl(Testo_Mctc(MctcScambioCompletato));
         m_finestra.Mostra_Avanzamento();
@@ -292,7 +293,7 @@ void MacchinaScambio::Ripeti()
 void MacchinaScambio::Accetta_Misura()
 {
     Leggi_Misura(Ricezione.BufRx, Riga_Dbg());
-    Esito = ESITO_COMPLETATO;
+    Esito = SessioneCompletata;
     Avanza();
 }
 
@@ -305,7 +306,7 @@ void MacchinaScambio::Accetta_Dati()
 void MacchinaScambio::Accetta_Taratura()
 {
     Leggi_Testi(Ricezione.BufRx, POSTO_TARATURA, gDatiTaratura, Riga_Dbg());
-    Esito = ESITO_COMPLETATO;
+    Esito = SessioneCompletata;
     Avanza();
 }
 
@@ -319,7 +320,7 @@ void MacchinaScambio::Accetta_Scrittura()
 {
     // From the first frame on: a session broken off between the two frames counts as done, since the
     // instrument has taken the identity it is known by.
-    Esito = ESITO_COMPLETATO;
+    Esito = SessioneCompletata;
     Avanza();
 }
 

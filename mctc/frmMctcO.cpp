@@ -2,13 +2,13 @@
 // business.
 #include "mctc/frmMctcO.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
 #include "mctc/campi_acc.h"
 #include "mctc/controllo_valori.h"
-#include "mctc/modMctc.h"
 #include "platform/colori.h"
 #include "platform/errore_esecuzione.h"
 #include "report/frmMctc2.h"
@@ -28,8 +28,8 @@ constexpr const char16_t *MASCHERA = u"*.acc";
 // right.
 constexpr qint32 PASSO_RIGHE = 500;
 constexpr qint32 CASELLA_ALTA = 270;
-constexpr qint16 PRIMA_VEICOLO = 18;
-constexpr qint16 PRIMA_DOPPIA = 30; // from here on two rows of the vehicle share a line
+constexpr qint16 PRIMA_VEICOLO = AccTipoVeicolo;
+constexpr qint16 PRIMA_DOPPIA = AccKm; // from here on two rows of the vehicle share a line
 
 struct Colonna
 {
@@ -53,9 +53,10 @@ constexpr qint16 FORMATO_GREZZO = -1;
 constexpr qint16 FORMATO_DATA = 0;
 constexpr qint16 FORMATO_ORA = 1;
 
+/// Rows of the booking that share the line of the row before them.
 bool Affiancata(qint16 riga)
 {
-    return riga == 9 || riga == 11 || riga == 13 || riga == 15;
+    return riga == AccSesso || riga == AccProvinciaNascita || riga == AccCAP || riga == AccProvincia;
 }
 
 /// Places a row: line from the top of its frame, and the places across.
@@ -237,7 +238,7 @@ void frmMctcO::lstAuto_Click()
         return;
     mOccupato = true;
     QString rapporto;
-    const qint16 esito = Esamina_File(gDirAcc + mVoci[scelta].NomeFile, rapporto);
+    const EsitoControllo esito = Esamina_File(gDirAcc + mVoci[scelta].NomeFile, rapporto);
     mOccupato = false;
     cmd[0].Enabled(esito == AccBuona);
     cmd[1].Enabled(true);
@@ -248,7 +249,7 @@ void frmMctcO::lstAuto_Click()
 }
 
 /// Shows a file's fields and checks it, under the hourglass. @return what Acc_Controlla says.
-qint16 frmMctcO::Esamina_File(const QString &percorso, QString &rapporto)
+EsitoControllo frmMctcO::Esamina_File(const QString &percorso, QString &rapporto)
 {
     const Clessidra clessidra;
     cmd[0].Enabled(false);
@@ -256,7 +257,7 @@ qint16 frmMctcO::Esamina_File(const QString &percorso, QString &rapporto)
     gFileAcc = percorso;
     Acc_AssegnaFile(gFileAcc);
     Campi_Applica(gCampiAcc, ULTIMA_RIGA_ACC, *this);
-    const qint16 esito = Acc_Controlla(gFileAcc, rapporto);
+    const EsitoControllo esito = Acc_Controlla(gFileAcc, rapporto);
     Dipingi_Errori();
     return esito;
 }
@@ -297,7 +298,7 @@ void frmMctcO::Conferma()
 
 void frmMctcO::formMctc2b_Notifica(qint16 &codice, QVariant &valore)
 {
-    if (codice != 4)
+    if (codice != VeicoloConfermato)
         return;
     Q_EMIT Notifica(codice, valore);
     Scarica();

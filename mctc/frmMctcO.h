@@ -3,6 +3,7 @@
 #pragma once
 
 #include "mctc/lista.h"
+#include "mctc/modMctc.h"
 #include "platform/temporizzatore.h"
 #include "toolkit/modulo.h"
 
@@ -19,7 +20,7 @@ public:
     ~frmMctcO() override;
 
 Q_SIGNALS:
-    /// Code 4 with the value of the entry form, when its data were confirmed.
+    /// VeicoloConfermato with the value of the entry form, when its data were confirmed.
     void Notifica(qint16 &codice, QVariant &valore);
 
 protected:
@@ -36,7 +37,7 @@ private:
     void tmrLst_Timer();
     void Esamina_Cartella();
     void lstAuto_Click();
-    qint16 Esamina_File(const QString &percorso, QString &rapporto);
+    EsitoControllo Esamina_File(const QString &percorso, QString &rapporto);
     void Dipingi_Errori();
     void Conferma();
     void formMctc2b_Notifica(qint16 &codice, QVariant &valore);

@@ -14,7 +14,7 @@ public:
     frmMctc2();
 
 Q_SIGNALS:
-    /// Code 4, value 4, once: the data are confirmed and the test is to run.
+    /// VeicoloConfermato with ProvaConfermata, once: the data are confirmed and the test is to run.
     void Notifica(qint16 &codice, QVariant &valore);
 
 protected:

@@ -2,6 +2,7 @@
 // exchange, and the boxes of a line in trouble.
 #include "link/frmComm.h"
 
+#include "core/codici.h"
 #include "core/esito_sessione.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
@@ -72,7 +73,7 @@ private:
 /// A frame that does not end, with that many bytes for which there is no place.
 QByteArray Frame_Troppo_Lungo(qsizetype oltre)
 {
-    return '\x02' + QByteArray(MISURA_RX - 1 + oltre, 'x');
+    return '\x02' + QByteArray(LUNGHEZZA_RX - 1 + oltre, 'x');
 }
 
 } // namespace
@@ -254,7 +255,7 @@ private Q_SLOTS:
         QVERIFY(Righe_Dbg().isEmpty());
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
         QCOMPARE(Sessione_Fine().Testo, QStringLiteral("COM1 non si è aperta: controllare cavo e porta"));
     }
@@ -304,7 +305,7 @@ private Q_SLOTS:
         Passa(1);
         QVERIFY(!form->Caricato());
         QCOMPARE(*notifiche, (Notifiche{
-                                 {6, 0}
+                                 {SessioneCompletata, 0}
         }));
         QVERIFY(!apertaAllaNotifica); // the port is closed first
         QVERIFY(caricatoAllaNotifica);
@@ -390,7 +391,7 @@ private Q_SLOTS:
         Passa(1);
         QVERIFY(!form->Caricato());
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
     }
 
@@ -403,7 +404,7 @@ private Q_SLOTS:
                                  "AB");
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
         Con_Copione({Risposta_Stato('4')});
         Apri();
@@ -429,7 +430,7 @@ private Q_SLOTS:
         QVERIFY(notifiche->isEmpty());
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {6, 0}
+                                 {SessioneCompletata, 0}
         }));
     }
 
@@ -608,7 +609,7 @@ private Q_SLOTS:
         QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
         Passa(2 * TICK + 2000);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {6, 0}
+                                 {SessioneCompletata, 0}
         }));
         Linee_Prepara([](LineaProva &linea) { linea.RifiutaApertura = true; });
         Apri();
@@ -689,7 +690,7 @@ private Q_SLOTS:
         QVERIFY(!Linea_Corrente()->PortOpen());
         QVERIFY(!apertaAllaNotifica);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
         Passa(10000);
         QCOMPARE(Linea_Corrente()->Usciti.size(), 1);
@@ -748,7 +749,7 @@ private Q_SLOTS:
         Passa(2 * TICK);
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {6, 0}
+                                 {SessioneCompletata, 0}
         }));
     }
 
@@ -890,7 +891,7 @@ private Q_SLOTS:
         QVERIFY(!form->Caricato());
         QVERIFY(liberaAllaNotifica);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
         QCOMPARE(Orologio_Banco().Armate(), 0);
         Passa(60000);

@@ -2,6 +2,7 @@
 // of the test's own.
 #include "app/frmMain.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modCtl.h"
 #include "core/modFs.h"
@@ -161,7 +162,7 @@ private:
             QVariant valore = 4;
             Q_EMIT scelta.Notifica(codice, valore);
         }
-        QCOMPARE(gTipoProva, qint16{2});
+        QCOMPARE(gTipoProva, qint16{ProvaScelta});
         QVERIFY(Linea_Corrente() == nullptr);
         QCOMPARE(Nomi_Caricati(), aperti);
     }
@@ -334,11 +335,11 @@ private Q_SLOTS:
             QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR"))).removeRecursively());
         else if (!file.isEmpty())
             banco->Stazione.Accettazione(file);
-        gTipoProva = 4;
+        gTipoProva = ProvaConfermata;
         Apri();
         Premi_Prova();
         QCOMPARE(Nomi_Caricati(), QStringList({QStringLiteral("frmMain"), finestra}));
-        QCOMPARE(gTipoProva, qint16{2});
+        QCOMPARE(gTipoProva, qint16{ProvaScelta});
         // It stands in front and does not block the menu.
         QVERIFY(Modulo_Aperto(finestra.toLatin1().constData()) != nullptr);
         QVERIFY(QApplication::activeModalWidget() == nullptr);
@@ -381,7 +382,7 @@ private Q_SLOTS:
             // Everything is done before the result shows: the record, the file, the end of the acceptance.
             QCOMPARE(Testo_Di(esito, "lblTitolo"), Testo_Mctc(Id_Mctc(126)));
             QCOMPARE(Testo_Di(esito, "lblTab_8"), QStringLiteral("78.9"));
-            QCOMPARE(gTipoProva, qint16{4});
+            QCOMPARE(gTipoProva, qint16{ProvaConfermata});
             QVERIFY(banco->Stazione.Leggi(FILE_FAR).contains("\r\nEsito=R\r\n"));
             QVERIFY(!Esiste(QStringLiteral("DIR_FAR\\") + FILE_ACC));
         });
@@ -567,11 +568,11 @@ private Q_SLOTS:
         Premi_Prova();
         Regia regia;
         regia.Quando("frmComm", [](Modulo &comm) { Premi(comm, "cmd_0"); });
-        qint16 codice = 4;
-        QVariant valore = qint16{3};
+        qint16 codice = VeicoloConfermato;
+        QVariant valore = qint16{ProvaRiservata3};
         Q_EMIT Modulo_Aperto<frmMctc2>("frmMctc2")->Notifica(codice, valore);
         QVERIFY(regia.Finita());
-        QCOMPARE(gTipoProva, qint16{3}); // a failed session leaves it
+        QCOMPARE(gTipoProva, qint16{ProvaRiservata3}); // a failed session leaves it
     }
 
     /// However the test was started, its result is that of a confirmed vehicle.
@@ -581,12 +582,12 @@ private Q_SLOTS:
         Apri();
         Premi_Prova();
         Regia regia;
-        Sessione_Completa(regia, [](Modulo &) { QCOMPARE(gTipoProva, qint16{4}); });
-        qint16 codice = 4;
-        QVariant valore = qint16{3};
+        Sessione_Completa(regia, [](Modulo &) { QCOMPARE(gTipoProva, qint16{ProvaConfermata}); });
+        qint16 codice = VeicoloConfermato;
+        QVariant valore = qint16{ProvaRiservata3};
         Q_EMIT Modulo_Aperto<frmMctc2>("frmMctc2")->Notifica(codice, valore);
         QVERIFY(regia.Finita());
-        QCOMPARE(gTipoProva, qint16{4});
+        QCOMPARE(gTipoProva, qint16{ProvaConfermata});
     }
 
     void primaProvaAncoraAperta_data()
@@ -811,7 +812,7 @@ private Q_SLOTS:
         Premi(*form, "cmdMnu_1");
         const QString prima = Voce(2)->text();
         gLingua = QStringLiteral("EN");
-        qint16 codice = 2;
+        qint16 codice = SetupLingua;
         QVariant valore = 0;
         Q_EMIT Modulo_Aperto<frmSetupO>("frmSetupO")->Notifica(codice, valore);
         QCOMPARE(gTabMctc.size(), ULTIMO_TESTO_MCTC + 1);
@@ -829,7 +830,7 @@ private Q_SLOTS:
         Premi(*form, "cmdMnu_1");
         Voce(0)->setEnabled(true);
         Voce(3)->setEnabled(true);
-        qint16 codice = 4;
+        qint16 codice = SetupLavoro;
         QVariant valore = 0;
         Q_EMIT Modulo_Aperto<frmSetupO>("frmSetupO")->Notifica(codice, valore);
         QVERIFY(!logo->pixmap().isNull());
@@ -844,7 +845,7 @@ private Q_SLOTS:
         Apri();
         Premi(*form, "cmdMnu_1");
         std::weak_ptr<frmSetupO> setup = Modulo_Aperto<frmSetupO>("frmSetupO");
-        qint16 codice = 1;
+        qint16 codice = SetupSalvato;
         QVariant valore = 0;
         Q_EMIT setup.lock()->Notifica(codice, valore);
         setup.lock()->Scarica();
@@ -859,7 +860,7 @@ private Q_SLOTS:
         Premi(*form, "cmdMnu_1");
         std::weak_ptr<frmSetupO> setup = Modulo_Aperto<frmSetupO>("frmSetupO");
         Premi_Prova();
-        qint16 codice = 1;
+        qint16 codice = SetupSalvato;
         QVariant valore = 0;
         Q_EMIT Modulo_Aperto<frmMctc2>("frmMctc2")->Notifica(codice, valore);
         setup.lock()->Scarica();
