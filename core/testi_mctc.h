@@ -141,7 +141,52 @@
     testo(MctcPortaSeriale,            157) \
     testo(MctcLivelliControlli,        158) \
     testo(MctcControllo,               159) \
-    testo(MctcConfigurazioneBloccata,  160)
+    testo(MctcConfigurazioneBloccata,  160) \
+    testo(MctcPortaNonAperta,          161) \
+    testo(MctcSessioneInterrotta,      162) \
+    testo(MctcDurata,                  163) \
+    testo(MctcRispostaFa,              164) \
+    testo(MctcNessunaRisposta,         165) \
+    testo(MctcLampadaAttesa,           166) \
+    testo(MctcLampadaRisposta,         167) \
+    testo(MctcLampadaFermo,            168) \
+    testo(MctcLampadaChiusa,           169) \
+    testo(MctcPassoMisura,             170) \
+    testo(MctcPassoStrumento,          171) \
+    testo(MctcPassoDati,               172) \
+    testo(MctcPassoFatto,              173) \
+    testo(MctcAnabbaglianteDestro,     174) \
+    testo(MctcAnabbaglianteSinistro,   175) \
+    testo(MctcAbbaglianteDestro,       176) \
+    testo(MctcAbbaglianteSinistro,     177) \
+    testo(MctcAmmesso,                 178) \
+    testo(MctcVerticaleErrato,         179) \
+    testo(MctcOrizzontaleErrato,       180) \
+    testo(MctcMiraErrata,              181) \
+    testo(MctcPortaRimedio,            182) \
+    testo(MctcListaSpenta,             205) \
+    testo(MctcCartellaVuota,           206) \
+    testo(MctcCartellaInAttesa,        207) \
+    testo(MctcCartellaMancante,        208) \
+    testo(MctcCartellaIlleggibile,     209) \
+    testo(MctcPortaPresente,           210) \
+    testo(MctcPortaAssente,            211) \
+    testo(MctcPortaSenzaNumero,        212) \
+    testo(MctcVerificaValida,          213) \
+    testo(MctcVerificaInScadenza,      214) \
+    testo(MctcVerificaScaduta,         215) \
+    testo(MctcVerificaSenzaData,       216) \
+    testo(MctcVerificaIlleggibile,     217) \
+    testo(MctcInvitoCerca,             218) \
+    testo(MctcCerca,                   219) \
+    testo(MctcNonTrovata,              220) \
+    testo(MctcInAttesa,                221) \
+    testo(MctcAltroVeicolo,            222) \
+    testo(MctcVeicoloSparito,          223) \
+    testo(MctcFatto,                   224) \
+    testo(MctcSceltaVuota,             225) \
+    testo(MctcSceltaSenzaCartella,     226) \
+    testo(MctcSceltaIlleggibile,       227)
 
 // clang-format on
 

@@ -4,9 +4,8 @@
 
 #include "link/dispositivo_qt.h"
 #include "link/seriale_comune.h"
-#include "platform/percorsi.h"
+#include "platform/porta_seriale.h"
 
-#include <QFileInfo>
 #include <QSerialPort>
 #include <QSignalBlocker>
 #include <QTimer>
@@ -21,19 +20,6 @@ constexpr QSerialPort::Parity PARITA[] = {QSerialPort::NoParity, QSerialPort::Ev
                                           QSerialPort::SpaceParity};
 constexpr QSerialPort::StopBits STOP[] = {QSerialPort::OneStop, QSerialPort::OneAndHalfStop,
                                           QSerialPort::TwoStop};
-
-QString Percorso_Dispositivo(qint16 numero)
-{
-    const QString nome = QStringLiteral("\\porte\\COM%1").arg(numero);
-    const QFileInfo legame(Percorso_Nativo(Cartella_Programma() + nome));
-    // The device itself, so that two links to one device share its lock. A link to a device that is not
-    // plugged in stands for that device, and its opening fails.
-    if (legame.exists())
-        return legame.canonicalFilePath();
-    if (legame.isSymLink())
-        return legame.symLinkTarget();
-    return QStringLiteral("/dev/ttyS%1").arg(numero - 1);
-}
 
 class SerialeQt final : public SerialeComune
 {
@@ -72,7 +58,7 @@ SerialeQt::SerialeQt()
 
 bool SerialeQt::Apri_Dispositivo(qint16 numero)
 {
-    m_porta.setPortName(Percorso_Dispositivo(numero));
+    m_porta.setPortName(Porta_Dispositivo(numero));
     if (!m_porta.open(QIODevice::ReadWrite))
         return false;
     // The system raises both lines to the instrument; the control's own default is DTR raised, RTS not. A

@@ -3,6 +3,7 @@
 #include "link/seriale.h"
 
 #include "link/seriale_comune.h"
+#include "platform/porta_seriale.h"
 
 #include <QList>
 #include <QTimer>
@@ -179,8 +180,7 @@ SerialeWin32::SerialeWin32()
 bool SerialeWin32::Apri_Dispositivo(qint16 numero)
 {
     m_eventi.clear(); // of a device that was open before
-    // The long form of the name: the short one ends at COM9.
-    const QString nome = QStringLiteral("\\\\.\\COM%1").arg(numero);
+    const QString nome = Porta_Dispositivo(numero);
     m_porta = CreateFileW(reinterpret_cast<const wchar_t *>(nome.utf16()), GENERIC_READ | GENERIC_WRITE, 0,
                           nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
     if (!Dispositivo_Aperto())

@@ -21,6 +21,19 @@ qint32 Nomi_Elenca(QString &cartella, QStringList &nomi)
     }
 }
 
+/// The entries once round, from one on.
+template <typename Confronto>
+qint32 Primo_In_Giro(const QList<VoceLista> &voci, qint32 da, qint32 passo, Confronto confronto)
+{
+    const auto quante = static_cast<qint32>(voci.size());
+    for (qint32 n = 0; n < quante; ++n) {
+        const qint32 i = ((da + n * passo) % quante + quante) % quante;
+        if (confronto(voci[i]))
+            return i;
+    }
+    return -1;
+}
+
 } // namespace
 
 qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
@@ -59,4 +72,16 @@ qint32 Liste_Differenze(const QStringList &prima, const QStringList &dopo)
             ++differenza;
     }
     return differenza;
+}
+
+qint32 Lista_Cerca(const QList<VoceLista> &voci, const QString &testo, qint32 da, qint32 passo)
+{
+    const qint32 targa = Primo_In_Giro(voci, da, passo, [&testo](const VoceLista &voce) {
+        return voce.Targa.contains(testo, Qt::CaseInsensitive);
+    });
+    if (targa >= 0)
+        return targa;
+    return Primo_In_Giro(voci, da, passo, [&testo](const VoceLista &voce) {
+        return voce.NomeFile.contains(testo, Qt::CaseInsensitive);
+    });
 }

@@ -15,9 +15,10 @@ namespace {
 
 constexpr qint16 RIGHE_VEICOLO = 12;
 
-/// The rows behind those of the vehicle.
+/// The rows that are named: the plate, and those behind the vehicle's.
 enum RigaEntrata : qint16
 {
+    RigaTarga = 3,
     RigaAltezza = RIGHE_VEICOLO,
     RigaInclinazione,
     RigaSimmetrico,
@@ -75,13 +76,21 @@ constexpr qint32 PASSO_Y = 620;
 constexpr qint32 SECONDA_X = 4300; // second box of a line, from the column's left
 constexpr qint32 SECONDA_LARGA[] = {2600, 3200};
 constexpr qint32 CASELLA_ALTA = 330;
-constexpr qint32 ETICHETTA_ALTA = 215;
+constexpr qint32 ETICHETTA_ALTA = 255;
 constexpr qint32 FARO_X = 350;
 constexpr qint32 FARO_PASSO = 2200;
 constexpr qint32 FARO_Y = 2950;
 constexpr qint32 FARO_ALTO = 450;
 constexpr qint32 FARO_ETICHETTA_LARGA = 2000; // twips: it does not grow with the screen
-constexpr qint32 FARO_ETICHETTA_ALTA = 430;
+constexpr qint32 FARO_ETICHETTA_ALTA = 500;
+constexpr qint32 TARGA_Y = 4600;
+constexpr qint32 TARGA_ALTA = 1000;
+
+// Type, in times of the normal size.
+constexpr double PUNTI_CAMPO = 1.1;
+constexpr double PUNTI_TARGA = 3.5;
+constexpr double PUNTI_MOTIVO = 2.2;
+constexpr double PUNTI_PULSANTE = 2.2;
 
 /// Rows 0 to 11 come from the acceptance file and are not to be changed.
 bool Da_Accettazione()
@@ -135,11 +144,14 @@ void frmMctc2::Disegno()
 {
     Massimizza();
     lbl.Carica(0).Posto(0, 0, ScalaX(2000), ETICHETTA_ALTA);
-    lbl[0].FontSize(Punti_Normali() * 0.9);
+    lbl[0].FontSize(Punti_Normali() * PUNTI_CAMPO);
     txt.Carica(0).Posto(0, 0, ScalaX(2000), ScalaY(CASELLA_ALTA));
+    txt[0].FontSize(Punti_Normali() * PUNTI_CAMPO);
     chk.Carica(0).Posto(0, 0, ScalaX(500), ScalaY(FARO_ALTO));
     picSim = std::make_unique<Immagine>(Finestra(), QStringLiteral("picSim"));
     lblFaro = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblFaro"));
+    lblTarga = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTarga"));
+    lblMotivo = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblMotivo"));
     for (qint16 i = 0; i <= 2; ++i)
         cmd.Carica(i).Visible(true);
 }
@@ -204,10 +216,26 @@ void frmMctc2::Disponi_Righe()
         campo.CtlWidth = ScalaX_16(1500);
         etichetta_sopra(campo, FARO_ETICHETTA_ALTA);
     }
-    picSim->Posto(ScalaX(2680), ScalaY(4800), ScalaX(10000), ScalaY(4700));
+    Disponi_Targa();
+    picSim->Posto(ScalaX(2680), ScalaY(5700), ScalaX(10000), ScalaY(3900));
     lblFaro->Posto(ScalaX(7700), ScalaY(2200), ScalaX(7100), ScalaY(2100));
     lblFaro->FontSize(Punti_Normali() * 2);
     lblFaro->Allineamento(Orizzontale::Centro);
+}
+
+/// One place for both: without a vehicle to choose there is no plate, and the reason stands there.
+void frmMctc2::Disponi_Targa()
+{
+    for (Etichetta *etichetta : {lblTarga.get(), lblMotivo.get()}) {
+        etichetta->Posto(ScalaX(100), ScalaY(TARGA_Y), gScreenW - 2 * ScalaX(100), ScalaY(TARGA_ALTA));
+        etichetta->Allineamento(Orizzontale::Centro);
+        etichetta->FontBold(true);
+    }
+    lblTarga->FontSize(Punti_Normali() * PUNTI_TARGA);
+    lblTarga->Visible(Motivo.isEmpty());
+    lblMotivo->FontSize(Punti_Normali() * PUNTI_MOTIVO);
+    lblMotivo->Caption(Motivo);
+    lblMotivo->Visible(!Motivo.isEmpty());
 }
 
 void frmMctc2::Disponi_Pulsanti()
@@ -224,7 +252,7 @@ void frmMctc2::Disponi_Pulsanti()
     cmd[2].Cancel(true);
     cmd[0].Default(true);
     for (qint16 i = 0; i <= 2; ++i) {
-        cmd[i].FontSize(Punti_Normali() * 1.4);
+        cmd[i].FontSize(Punti_Normali() * PUNTI_PULSANTE);
         if (gScreenW == 12000) { // the smallest screen, 800 pixels
             cmd[i].Width(1000);
             cmd[i].FontSize(ScalaX(14));
@@ -257,6 +285,13 @@ void frmMctc2::txt_KeyPress(qint16 Index, qint16 &KeyAscii)
 {
     if (!gCampiVeicolo[static_cast<size_t>(Riga_Di(txt[Index]))].Editable)
         KeyAscii = 0;
+}
+
+/// The plate follows its box, also while it is typed.
+void frmMctc2::txt_Change(qint16 Index)
+{
+    if (Riga_Di(txt[Index]) == RigaTarga)
+        lblTarga->Caption(txt[Index].Text());
 }
 
 void frmMctc2::txt_Validate(qint16 Index, bool &Cancel)

@@ -1,15 +1,11 @@
-// The list on Qt's, which tells of a choice once, and the drawing of its two columns.
+// The list on Qt's, which tells of a choice once.
 #include "toolkit/elenco_voci.h"
 
 #include "platform/errore_esecuzione.h"
-#include "toolkit/aspetto.h"
-#include "toolkit/schermo.h"
 
 #include <QListWidget>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QSignalBlocker>
-#include <QStyledItemDelegate>
 
 namespace {
 
@@ -66,45 +62,6 @@ private:
     int m_prima = -1; // the line that was chosen when the button went down
 };
 
-/// Draws both columns of a line, the second at the tab stop, in lines that a finger finds.
-class DelegatoTabulazione : public QStyledItemDelegate
-{
-public:
-    DelegatoTabulazione(QObject *padre, int posto) : QStyledItemDelegate(padre), m_posto(posto) {}
-
-    void paint(QPainter *pennello, const QStyleOptionViewItem &opzione,
-               const QModelIndex &indice) const override
-    {
-        const QString testo = indice.data().toString();
-        QRect prima = opzione.rect.adjusted(Spessore_Linea(3), 0, 0, 0);
-        prima.setRight(opzione.rect.left() + m_posto - 1);
-        QStyledItemDelegate::paint(pennello, opzione, indice);
-        pennello->save();
-        const bool scelta = opzione.state & QStyle::State_Selected;
-        pennello->setPen(opzione.palette.color(scelta ? QPalette::HighlightedText : QPalette::Text));
-        pennello->drawText(prima, Qt::AlignVCenter, testo.section(u'\t', 0, 0));
-        pennello->drawText(opzione.rect.adjusted(m_posto, 0, 0, 0), Qt::AlignVCenter,
-                           testo.section(u'\t', 1));
-        pennello->restore();
-    }
-    QSize sizeHint(const QStyleOptionViewItem &opzione, const QModelIndex &indice) const override
-    {
-        QSize misura = QStyledItemDelegate::sizeHint(opzione, indice);
-        misura.setHeight(opzione.fontMetrics.height() * 3 / 2);
-        return misura;
-    }
-
-protected:
-    void initStyleOption(QStyleOptionViewItem *opzione, const QModelIndex &indice) const override
-    {
-        QStyledItemDelegate::initStyleOption(opzione, indice);
-        opzione->text.clear(); // the style paints the ground alone
-    }
-
-private:
-    int m_posto;
-};
-
 } // namespace
 
 ElencoVoci::ElencoVoci(QWidget *finestra, const QString &nome) : Controllo(new WidgetElenco(finestra), nome)
@@ -150,15 +107,6 @@ void ElencoVoci::ListIndex(qint32 indice)
         if (indice != -1)
             Click();
     });
-}
-
-qint32 ElencoVoci::Tabulazione(qint32 unita)
-{
-    const int posto = Chiedi<QListWidget>(
-        0, [unita](const QListWidget &lista) { return unita * lista.fontMetrics().averageCharWidth() / 4; });
-    Fai<QListWidget>(
-        [posto](QListWidget &lista) { lista.setItemDelegate(new DelegatoTabulazione(&lista, posto)); });
-    return Twip_DaPixel(posto);
 }
 
 #include "elenco_voci.moc"

@@ -141,6 +141,11 @@ void Modulo::Esegui_Dopo(std::function<void()> procedura)
 
 // --- the window's place and look --------------------------------------------------------------------------
 
+bool Modulo::Attivo() const
+{
+    return m_finestra != nullptr && m_finestra->isActiveWindow();
+}
+
 QWidget *Modulo::Finestra() const
 {
     return m_finestra;

@@ -56,6 +56,8 @@ public:
     void Scarica() override;
     /// Brings a form that shows to the front and gives it the keyboard; harmless on one that is not loaded.
     void PortaAvanti();
+    /// True while the form shows and has the keyboard.
+    bool Attivo() const;
     /// Asks for a new painting.
     void Aggiorna();
 

@@ -6,6 +6,7 @@
 #include "tests/forms/principale_prova.h"
 #include "tests/forms/trascina_prova.h"
 #include "toolkit/aspetto.h"
+#include "toolkit/elenco_colonne.h"
 #include "toolkit/schermo.h"
 
 #include <QAccessible>
@@ -87,8 +88,7 @@ private Q_SLOTS:
     void elencoFuocoNonSceglie();
     void elencoSvuotatoNonSceglie();
     void elencoDistruttoAMouseGiu();
-    void elencoTabulazione();
-    void elencoColonneAllaStessaAltezza();
+    void elencoInDueColonne();
 
     void immagineCheManca();
     void immagineNonValida();
@@ -449,7 +449,7 @@ void tst_controlli::senzaFinestraNonFaNulla()
     lst.Clear();
     QCOMPARE(lst.ListIndex(), -1);
     QCOMPARE(lst.List(0), QString());
-    QCOMPARE(lst.Tabulazione(100), 0);
+    QCOMPARE(Elenco_Colonne(lst, 100, 3), 0);
     img.Avviso();
     img.Testo(QStringLiteral("a"));
     sha.FillColor(7);
@@ -1137,60 +1137,67 @@ void tst_controlli::elencoDistruttoAMouseGiu()
     QCOMPARE(volte, 0);
 }
 
-void tst_controlli::elencoTabulazione()
-{
-    ElencoVoci elenco(m_finestra.get(), QStringLiteral("lst"));
-    elenco.Posto(0, 0, 6000, 3000);
-    elenco.Visible(true);
-    elenco.AddItem(QStringLiteral("I\tM"));
-    const qint32 posto = elenco.Tabulazione(120);
-    const int pixel = 120 * elenco.Widget()->fontMetrics().averageCharWidth() / 4;
-    QCOMPARE(posto, Twip_DaPixel(pixel));
-
-    const auto *lista = qobject_cast<QListWidget *>(elenco.Widget());
-    QApplication::processEvents(); // the lines find their places
-    const QImage vista = lista->viewport()->grab().toImage();
-    const QRect riga = lista->visualItemRect(lista->item(0));
-    const auto scritto = [&](int da, int a) {
-        for (int x = da; x < a; ++x) {
-            for (int y = riga.top(); y <= riga.bottom(); ++y) {
-                if (vista.pixelColor(x, y) != QColor(Qt::white))
-                    return true;
-            }
-        }
-        return false;
-    };
-    QVERIFY(scritto(0, 20));
-    QVERIFY(!scritto(20, pixel - 2));
-    QVERIFY(scritto(pixel, pixel + 20));
-    QCOMPARE(elenco.List(0), QStringLiteral("I\tM"));
-}
-
-void tst_controlli::elencoColonneAllaStessaAltezza()
+void tst_controlli::elencoInDueColonne()
 {
     ElencoVoci elenco(m_finestra.get(), QStringLiteral("lst"));
     elenco.Posto(0, 0, 6000, 3000);
     elenco.Visible(true);
     elenco.AddItem(QStringLiteral("H\tH"));
-    const auto *lista = qobject_cast<QListWidget *>(elenco.Widget());
-    for (int punti = 6; punti <= 20; ++punti) {
-        elenco.FontSize(punti);
-        const int colonna = Pixel_DaTwip(elenco.Tabulazione(60));
-        QApplication::processEvents();
+    elenco.AddItem(QStringLiteral("H\tH"));
+    QFont usuale = elenco.Widget()->font();
+    usuale.setPixelSize(qRound(Pixel_DaPunti(Punti_Normali() * 1.2)));
+    elenco.FontSize(20);
+    const int pixel = 120 * QFontMetrics(usuale).averageCharWidth() / 4;
+    QCOMPARE(Elenco_Colonne(elenco, 120, 4), Twip_DaPixel(pixel)); // by the usual type, whatever this one is
+
+    auto *lista = qobject_cast<QListWidget *>(elenco.Widget());
+    QApplication::processEvents(); // the lines find their places
+    const auto lettera = [&](int riga, int da, int a) {
         const QImage vista = lista->viewport()->grab().toImage();
-        const auto lettera = [&](int da) {
-            QRect dove;
-            for (int x = da; x < da + 30; ++x) {
-                for (int y = 0; y < lista->visualItemRect(lista->item(0)).height(); ++y) {
-                    if (vista.pixelColor(x, y) != QColor(Qt::white))
-                        dove |= QRect(x, y, 1, 1);
-                }
+        const QRect posto = lista->visualItemRect(lista->item(riga));
+        QRect dove;
+        for (int x = da; x < a; ++x) {
+            for (int y = posto.top(); y <= posto.bottom(); ++y) {
+                if (vista.pixelColor(x, y) != QColor(Qt::white))
+                    dove |= QRect(x, y - posto.top(), 1, 1);
             }
-            return qMakePair(dove.top(), dove.bottom());
-        };
-        QVERIFY(lettera(0).first > 0);
-        QCOMPARE(lettera(0), lettera(colonna));
-    }
+        }
+        return dove;
+    };
+    const int larga = lista->viewport()->width();
+    const QRect prima = lettera(0, 0, pixel);
+    const QRect seconda = lettera(0, pixel, larga);
+    QVERIFY(!prima.isEmpty());
+    QVERIFY(seconda.height() > prima.height()); // what is looked for is larger,
+    QVERIFY(qAbs(prima.center().y() - seconda.center().y()) <=
+            2); // in the middle of the line as the other is
+    const int alta = lista->visualItemRect(lista->item(0)).height();
+    QVERIFY(4 * alta <= lista->viewport()->height() && 5 * alta > lista->viewport()->height());
+
+    // A line that is done bears a tick at its end, is paler, and says so; the mark goes as it came.
+    const auto nero = [&](int riga) {
+        const QImage vista = lista->viewport()->grab(lista->visualItemRect(lista->item(riga))).toImage();
+        int scuri = 0;
+        for (int y = 0; y < vista.height(); ++y) {
+            for (int x = 0; x < vista.width(); ++x)
+                scuri += vista.pixelColor(x, y) == Colore_Tema(Tinta::Testo);
+        }
+        return scuri;
+    };
+    Elenco_Fatta(elenco, 1, true, QStringLiteral("fatto"));
+    QApplication::processEvents();
+    QVERIFY(nero(0) > 0);
+    QCOMPARE(nero(1), 0);
+    QVERIFY(lettera(1, larga - 40, larga).width() > 5);
+    QCOMPARE(lettera(0, larga - 40, larga), QRect());
+    QCOMPARE(lista->item(1)->data(Qt::AccessibleDescriptionRole).toString(), QStringLiteral("fatto"));
+    QVERIFY(!lista->item(0)->data(Qt::AccessibleDescriptionRole).isValid());
+    Elenco_Fatta(elenco, 1, false, QStringLiteral("fatto"));
+    QApplication::processEvents();
+    QCOMPARE(nero(1), nero(0));
+    QVERIFY(!lista->item(1)->data(Qt::AccessibleDescriptionRole).isValid());
+    Elenco_Fatta(elenco, 7, true, QString()); // no such line
+    QCOMPARE(elenco.List(0), QStringLiteral("H\tH"));
 }
 
 // --- Immagine ---------------------------------------------------------------------------------------------

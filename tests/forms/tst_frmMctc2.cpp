@@ -547,6 +547,36 @@ private Q_SLOTS:
         QVERIFY(notifiche.isEmpty());
     }
 
+    /// The plate stands large, from the file or as it is typed.
+    void targaGrande()
+    {
+        Apri(true);
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
+        QVERIFY(Visibile(*form, "lblTarga") && !Visibile(*form, "lblMotivo"));
+        QVERIFY(Widget_Di(*form, "lblTarga")->fontInfo().pixelSize() >
+                3 * Casella(3)->fontInfo().pixelSize());
+        form->Scarica();
+        Apri(false);
+        Scrivi(*form, "txt_3", QStringLiteral("ZZ9"));
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("ZZ9"));
+        Scrivi(*form, "txt_4", QStringLiteral("TELAIO"));
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("ZZ9"));
+    }
+
+    /// The reason of an empty form stands where the plate would, and goes with its form.
+    void motivoAlPostoDellaTarga()
+    {
+        gIniFile = Vero;
+        gTipoProva = 2;
+        form = Nuovo<frmMctc2>();
+        form->Motivo = QStringLiteral("Nessun veicolo");
+        form->Mostra();
+        QVERIFY(Attiva(*form));
+        QCOMPARE(Testo_Di(*form, "lblMotivo"), QStringLiteral("Nessun veicolo"));
+        QVERIFY(Visibile(*form, "lblMotivo") && !Visibile(*form, "lblTarga"));
+        QCOMPARE(Widget_Di(*form, "lblMotivo")->geometry(), Widget_Di(*form, "lblTarga")->geometry());
+    }
+
     void pulsantiSulloSchermoPiuPiccolo_data()
     {
         QTest::addColumn<qint32>("schermo");
@@ -564,7 +594,7 @@ private Q_SLOTS:
             const QWidget *pulsante = Membro_Di<QWidget>(*form, "cmd", i);
             const qint32 larghezza = piccoli ? 1000 : ScalaX(2600);
             QVERIFY(qAbs(pulsante->width() - Pixel_DaTwip(larghezza)) <= 1); // edges are mapped, not sizes
-            const double punti = piccoli ? ScalaX(14) : Punti_Normali() * 1.4;
+            const double punti = piccoli ? ScalaX(14) : Punti_Normali() * 2.2;
             QCOMPARE(pulsante->font().pixelSize(), qRound(Pixel_DaPunti(punti)));
         }
     }
@@ -577,7 +607,7 @@ private Q_SLOTS:
             gScreenH = 11520;
             Apri(false);
             for (int i = 0; i <= RIGA_SIMMETRICO; ++i) {
-                const int alta = Pixel_DaTwip(ScalaX(i < RIGHE_VEICOLO ? 215 : 430));
+                const int alta = Pixel_DaTwip(ScalaX(i < RIGHE_VEICOLO ? 255 : 500));
                 QVERIFY(qAbs(Etichetta_Di(i)->height() - alta) <= 1);
             }
             for (int i = RIGA_ALTEZZA; i <= RIGA_SIMMETRICO; ++i)
