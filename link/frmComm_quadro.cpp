@@ -1,5 +1,5 @@
 // The steps, the lamp's word and the times of a session. It knows no frame and no reply.
-#include "link/quadro_sessione.h"
+#include "link/frmComm_quadro.h"
 
 #include "core/codici.h"
 #include "core/modGeneral.h"
