@@ -3,6 +3,7 @@
 #include "app/frmMain.h"
 
 #include "app/modApp.h"
+#include "core/codici.h"
 #include "core/esito_sessione.h"
 #include "core/modCtl.h"
 #include "core/modFs.h"
@@ -378,7 +379,7 @@ void frmMain::Inizia_Prova()
     if (mApertura || Riporta_Avanti<frmMctcO>() || Riporta_Avanti<frmMctc2>())
         return;
     const QScopedValueRollback<bool> apertura(mApertura, true);
-    gTipoProva = 2;
+    gTipoProva = ProvaScelta;
     const bool lista = gIniFile && Accettazioni_Presenti();
     if (!Caricato())
         return; // the way out was taken while the folder was listed
@@ -423,7 +424,7 @@ void frmMain::Avvia_Prova(qint16)
 
 void frmMain::Veicolo_Confermato(qint16 codice, const QVariant &valore)
 {
-    if (codice != 4)
+    if (codice != VeicoloConfermato)
         return;
     gTipoProva = Intero16(valore.toInt());
     Avvia_Prova(gTipoProva);
@@ -432,16 +433,16 @@ void frmMain::Veicolo_Confermato(qint16 codice, const QVariant &valore)
 void frmMain::formSetup_Notifica(qint16 &codice, QVariant &)
 {
     switch (codice) {
-    case 1:
+    case SetupSalvato:
         formSetup.reset();
         break;
-    case 2:
+    case SetupLingua:
         Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
         Carica_Menu();
         Mostra_Stato();
         Mostra_Avviso();
         break;
-    case 4:
+    case SetupLavoro:
         Mostra_Immagine();
         Disattiva_Menu();
         break;
@@ -452,7 +453,7 @@ void frmMain::formSetup_Notifica(qint16 &codice, QVariant &)
 
 void frmMain::formMctc2_Notifica(qint16 &codice, QVariant &valore)
 {
-    if (codice == 1)
+    if (codice == SetupSalvato)
         formSetup.reset(); // as in the handler of the setup form; the entry form never says it
     Veicolo_Confermato(codice, valore);
 }
@@ -464,8 +465,8 @@ void frmMain::formMctcO_Notifica(qint16 &codice, QVariant &valore)
 
 void frmMain::formComm_Notifica(qint16 &codice, QVariant &)
 {
-    if (codice == 6) {
-        gTipoProva = 4;
+    if (codice == SessioneCompletata) {
+        gTipoProva = ProvaConfermata;
         Calcola_Esito();
         formEsito = Nuovo<frmEsito>();
         formEsito->Mostra(Modale);

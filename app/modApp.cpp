@@ -1,6 +1,7 @@
 // The evaluation as tables: which record feeds which row, which rows decide. It knows no form and no frame.
 #include "app/modApp.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
@@ -119,6 +120,6 @@ void Calcola_Esito()
     Tempi_Prova();
     if (!gFileAcc.isEmpty())
         Far_Scrivi(gFileAcc);
-    if (gModalita && gTipoProva == 4 && Fs_Esiste(gFileAcc, 0))
+    if (gModalita && gTipoProva == ProvaConfermata && Fs_Esiste(gFileAcc, 0))
         File_Elimina(gFileAcc);
 }

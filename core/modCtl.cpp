@@ -5,13 +5,11 @@
 #include "platform/colori.h"
 #include "platform/errore_esecuzione.h"
 #include "toolkit/aspetto.h"
+#include "toolkit/schermo.h"
 
 #include <algorithm>
 
 namespace {
-
-constexpr double GRIGLIA_X = 15360.0;
-constexpr double GRIGLIA_Y = 11520.0;
 
 /// Counters of the three kinds of control, in row order.
 struct Contatori
@@ -148,17 +146,16 @@ void Campi_Crea(TabellaCampi tabella, qint16 ultimaRiga, Modulo &form)
 
 void Campi_Applica(TabellaCampi tabella, qint16 ultimaRiga, Modulo &form)
 {
-    Contatori contatori;
     for (qint16 riga = 0; riga <= ultimaRiga; ++riga) {
         CampoForm &campo = tabella[static_cast<size_t>(riga)];
         Campo_Leggi(campo);
         // Campo_Formato leaves the value of a row without a display form as it is.
         if (campo.Kind == CampoTesto)
-            form.txt[contatori.txt++].Text(Campo_Formato(campo.Value, campo.DateFormat));
+            form.txt[campo.CtlIndex].Text(Campo_Formato(campo.Value, campo.DateFormat));
         else if (campo.Kind == CampoCombo)
-            Mostra_Combo(campo, form.cbo[contatori.cbo++]);
+            Mostra_Combo(campo, form.cbo[campo.CtlIndex]);
         else if (campo.Kind == CampoSpunta)
-            Mostra_Spunta(campo, form.chk[contatori.chk++]);
+            Mostra_Spunta(campo, form.chk[campo.CtlIndex]);
     }
     Campi_Didascalie(tabella, ultimaRiga, form);
 }

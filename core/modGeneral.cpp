@@ -30,7 +30,7 @@ Flag gCaricamento = Falso;
 namespace {
 
 /// Characters that a profile read offers, the closing NUL included.
-constexpr int MISURA_VALORE = 500;
+constexpr int LUNGHEZZA_VALORE = 500;
 
 /// The longest file whose length a result holds, in bytes.
 constexpr qint64 LUNGHEZZA_MASSIMA = std::numeric_limits<qint32>::max();
@@ -39,7 +39,7 @@ constexpr qint64 LUNGHEZZA_MASSIMA = std::numeric_limits<qint32>::max();
 
 Flag Leggi_Ini(const QString &file, const QString &sezione, const QString &chiave, QString &valore)
 {
-    valore = Profilo_Leggi(sezione, chiave, QString(), MISURA_VALORE, file);
+    valore = Profilo_Leggi(sezione, chiave, QString(), LUNGHEZZA_VALORE, file);
     return Flag_Da(!valore.isEmpty());
 }
 
@@ -79,9 +79,9 @@ QString Locale_Info(qint32 tipo)
     QByteArray testo;
     // The buffer has the size of the date separator whatever is asked for: a text of one or two characters,
     // which is all that the one caller needs.
-    const qint32 misura = Locale_Dato(locale, LOCALE_SEPARATORE_DATA, testo, 0);
-    testo = QByteArray(misura, '\0');
-    Locale_Dato(locale, tipo, testo, misura);
+    const qint32 lunghezza = Locale_Dato(locale, LOCALE_SEPARATORE_DATA, testo, 0);
+    testo = QByteArray(lunghezza, '\0');
+    Locale_Dato(locale, tipo, testo, lunghezza);
     const qsizetype nul = testo.indexOf('\0');
     return nul < 0 ? QString() : Testo_DaAnsi(testo.first(nul));
 }

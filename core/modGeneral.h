@@ -40,7 +40,7 @@ extern QStringList gTabMctc;    ///< screen texts of lingueMCTC.ini, ids 0 to 15
 
 extern QStringList gTabLingua; ///< screen texts of lingue.ini, ids 0 to 67; filled each time a test starts
 extern QString gPwdCorrente;   ///< the service password, clear
-extern qint16 gTipoProva;      ///< how the session at hand was started: 2 test button, 4 vehicle confirmed
+extern qint16 gTipoProva;      ///< how the session at hand was started, a TipoProva
 extern double gAltezzaFaro;    ///< headlamp height of the test at hand
 extern QString gFileAcc;       ///< acceptance file of the test at hand; empty for a test without one
 extern Flag gCaricamento; ///< True while the program itself sets a check box: the click it causes is ignored

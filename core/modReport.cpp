@@ -2,6 +2,7 @@
 // known here.
 #include "core/modReport.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
@@ -121,7 +122,7 @@ void Prendi_Sezione(QStringView sezione, BloccoReport *etichette, BloccoReport *
 
 void Veicolo_Prova()
 {
-    const bool confermato = gTipoProva == 4;
+    const bool confermato = gTipoProva == ProvaConfermata;
     Prendi_Sezione(SezioneVeicolo, &gRepVeicoloEt, confermato ? nullptr : &gRepVeicoloVal);
     for (size_t i = 0; confermato && i < gRepVeicoloVal.size(); ++i) {
         gRepVeicoloVal[i] = Valore_Ini(gFileAcc, QStringLiteral("DatiLibrettoVeicolo"),
@@ -131,8 +132,9 @@ void Veicolo_Prova()
 
 QString Operatore_Prova()
 {
-    return gTipoProva == 2 ? Valore_Ini(gFileAcc, QStringLiteral("Prenotazione"), QStringLiteral("Operatore"))
-                           : Valore_Ini(gFileIni, ChiaveOperatore);
+    return gTipoProva == ProvaScelta
+               ? Valore_Ini(gFileAcc, QStringLiteral("Prenotazione"), QStringLiteral("Operatore"))
+               : Valore_Ini(gFileIni, ChiaveOperatore);
 }
 
 void Dati_Stampa()

@@ -41,8 +41,8 @@ void dlgPwd::Disegno()
 
 void dlgPwd::Load()
 {
-    m_conta = 0;
-    m_inserito.clear();
+    mConta = 0;
+    mInserito.clear();
     if (PwdType == 1)
         PwdTitle = PwdTitle.toUpper();
     Caption(PwdTitle);
@@ -62,13 +62,13 @@ void dlgPwd::Activate()
 
 void dlgPwd::txtPwd_Change()
 {
-    m_conta = static_cast<quint8>(std::min(m_conta + 1, 255)); // a byte; all that counts is the second change
-    m_inserito = txtPwd->Text();
+    mConta = static_cast<quint8>(std::min(mConta + 1, 255)); // a byte; all that counts is the second change
+    mInserito = txtPwd->Text();
     tmrPwd.Enabled(false);
-    if (m_inserito == PwdCurrent) {
+    if (mInserito == PwdCurrent) {
         txtPwd->Enabled(false);
         tmrPwd.Interval(DOPO_GIUSTA);
-    } else if (m_conta >= 2) {
+    } else if (mConta >= 2) {
         tmrPwd.Interval(DOPO_ERRATA);
     }
     tmrPwd.Enabled(true); // every keystroke starts the time again
@@ -77,7 +77,7 @@ void dlgPwd::txtPwd_Change()
 void dlgPwd::txtPwd_KeyPress(qint16 &KeyAscii)
 {
     if (KeyAscii == TASTO_ESC)
-        m_inserito.clear(); // also when the text was right until then
+        mInserito.clear(); // also when the text was right until then
     if (KeyAscii != TASTO_INVIO && KeyAscii != TASTO_ESC)
         return;
     Chiudi_Fra(KeyAscii == TASTO_ESC ? DOPO_RINUNCIA : DOPO_GIUSTA);
@@ -109,10 +109,10 @@ void dlgPwd::cmd_Click(qint16 Index)
 void dlgPwd::Unload()
 {
     quint8 esito = PwdErrata;
-    if (m_inserito.isEmpty())
+    if (mInserito.isEmpty())
         esito = PwdNonInserita;
     // After the empty case: a station whose stored password is empty is open.
-    if (m_inserito == PwdCurrent)
+    if (mInserito == PwdCurrent)
         esito = PwdGiusta;
     Q_EMIT PwdReady(esito);
     tmrPwd.Enabled(false);

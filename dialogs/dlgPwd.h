@@ -44,8 +44,8 @@ private:
 
     std::unique_ptr<CasellaTesto> txtPwd;
     Temporizzatore tmrPwd;
-    QString m_inserito;
-    quint8 m_conta = 0; // changes of the box
+    QString mInserito;
+    quint8 mConta = 0; // changes of the box
 };
 
 /// A box for the service password, ready to be shown. @param password the clear password to compare against.

@@ -53,13 +53,13 @@ void frmAbout::Disegno()
 
 void frmAbout::Load()
 {
-    m_costruito = false;
+    mCostruito = false;
 }
 
 /// The first painting builds the form.
 void frmAbout::Costruisci()
 {
-    m_costruito = true;
+    mCostruito = true;
     for (qint16 i = 1; i <= ULTIMA_RIGA; ++i) {
         lblAbout.Carica(i).Top(RIGHE[0].cima + i * PASSO);
         lblAbout[i].Visible(true);
@@ -85,7 +85,7 @@ void frmAbout::Costruisci()
 
 void frmAbout::Paint()
 {
-    if (!m_costruito)
+    if (!mCostruito)
         Costruisci();
     Disegna_Cornice(*this, 100, 100, Width() - 200, Height() - 1300);
 }

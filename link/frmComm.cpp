@@ -61,7 +61,7 @@ void frmComm::Disegno()
     lstDbg->NomeAccessibile(QStringLiteral("Debug"));
     commApp = Crea_ControlloSeriale();
     FinestraScambio &finestra = *this;
-    m_macchina = std::make_unique<MacchinaScambio>(finestra, *commApp);
+    mMacchina = std::make_unique<MacchinaScambio>(finestra, *commApp);
 }
 
 void frmComm::Load()
@@ -83,11 +83,11 @@ void frmComm::Load()
     Report_Dati(0);
     Report_Dati(1);
     cmd[0].Caption(Testo_Lingua(LinguaInterrompi));
-    m_macchina->Modo = static_cast<ModoScambio>(Modo);
-    m_macchina->Prepara();
-    Mostra_Lbl(m_macchina->MsgIniziale);
+    mMacchina->Modo = static_cast<ModoScambio>(Modo);
+    mMacchina->Prepara();
+    Mostra_Lbl(mMacchina->MsgIniziale);
     lbl[0].Visible(true);
-    m_macchina->Avvia();
+    mMacchina->Avvia();
     cmd[0].SetFocus();
 }
 
@@ -98,21 +98,16 @@ void frmComm::cmd_Click(qint16)
 
 void frmComm::Unload()
 {
-    m_macchina->Termina();
+    mMacchina->Termina();
     Lascia_Errori();
-    qint16 codice = m_macchina->Esito;
+    qint16 codice = mMacchina->Esito;
     QVariant valore = qint16{0};
     Q_EMIT Notifica(codice, valore);
 }
 
 QVariant frmComm::Imposta_Default()
 {
-    return m_macchina->Imposta_Default();
-}
-
-void frmComm::Avvia_Default()
-{
-    Imposta_Default();
+    return mMacchina->Imposta_Default();
 }
 
 void frmComm::Chiedi_Pwd(const QString &password)
@@ -168,9 +163,9 @@ void frmComm::Scarica_Modulo()
 
 void frmComm::Mostra_Errore(const QString &testo)
 {
-    if (m_errori.size() == MASSIMO_ERRORI)
+    if (mErrori.size() == MASSIMO_ERRORI)
         return; // a line that never falls silent would fill the memory
-    m_errori.append(testo);
+    mErrori.append(testo);
     Annuncia_Errori();
 }
 
@@ -182,11 +177,11 @@ void frmComm::Annuncia_Errori()
 
 void frmComm::Mostra_ProssimoErrore()
 {
-    if (m_box != nullptr || tmrPausa.Enabled() || m_errori.isEmpty())
+    if (mBox != nullptr || tmrPausa.Enabled() || mErrori.isEmpty())
         return;
-    m_box = std::make_unique<BoxSistema>(QStringLiteral("Err Rs232"), m_errori.takeFirst());
-    m_box->Mostra();
-    m_box.reset();
+    mBox = std::make_unique<BoxSistema>(QStringLiteral("Err Rs232"), mErrori.takeFirst());
+    mBox->Mostra();
+    mBox.reset();
     // A bad line has a box for every byte: without a pause nobody would get to the form behind them.
     if (Caricato())
         tmrPausa.Enabled(true);
@@ -201,8 +196,8 @@ void frmComm::tmrPausa_Timer()
 /// The errors of a session end with it: what stands behind the form is not theirs to cover.
 void frmComm::Lascia_Errori()
 {
-    m_errori.clear();
+    mErrori.clear();
     tmrPausa.Enabled(false);
-    if (m_box != nullptr)
-        m_box->Chiudi();
+    if (mBox != nullptr)
+        mBox->Chiudi();
 }

@@ -24,8 +24,6 @@ public:
 
     /// A second way into the writing of the defaults, for a form that is loaded already; nothing calls it.
     QVariant Imposta_Default();
-    /// The same, for a caller without use for the value.
-    void Avvia_Default();
 
     /// Asks for the service password; a prepared entry, nothing calls it. What the box reports goes into
     /// PwdEsito, which nothing reads.
@@ -33,7 +31,7 @@ public:
     quint8 PwdEsito = 0;
 
 Q_SIGNALS:
-    /// Once, at unloading, after the port is closed: code 6 completed, 7 failed or broken off; value 0.
+    /// Once, at unloading, after the port is closed: a NotificaSessione; value 0.
     void Notifica(qint16 &codice, QVariant &valore);
 
 protected:
@@ -63,11 +61,11 @@ private:
     std::unique_ptr<ElencoVoci> lstDbg;
     std::unique_ptr<Forma> shaComm;
     std::unique_ptr<ControlloSeriale> commApp;
-    std::unique_ptr<MacchinaScambio> m_macchina;
+    std::unique_ptr<MacchinaScambio> mMacchina;
     std::shared_ptr<dlgPwd> frmPwd;
-    QStringList m_errori;              // texts of "Err Rs232" boxes not yet shown
-    std::unique_ptr<BoxSistema> m_box; // the one that is open
-    Temporizzatore tmrPausa;           // on while the form stands free between two boxes
+    QStringList mErrori;              // texts of "Err Rs232" boxes not yet shown
+    std::unique_ptr<BoxSistema> mBox; // the one that is open
+    Temporizzatore tmrPausa;          // on while the form stands free between two boxes
 };
 
 /// Runs one link session: makes the form, loads it, which starts the session, and shows it until it has

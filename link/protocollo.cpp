@@ -182,7 +182,7 @@ EsitoByte Assemblatore::Aggiungi(quint8 byte)
             Inizia();
         return EsitoByte::Nulla;
     }
-    if (InfoRx.Indice >= MISURA_RX)
+    if (InfoRx.Indice >= LUNGHEZZA_RX)
         Solleva(NumeroErrore::IndiceFuoriIntervallo);
     BufRx[static_cast<size_t>(InfoRx.Indice)] = byte;
     ++InfoRx.Indice;

@@ -79,8 +79,8 @@ void Componi_Comando(quint8 tipo, QByteArray &dati, quint8 &comando);
 // --- instrument to station --------------------------------------------------------------------------------
 
 /// The longest reply that the station holds, in bytes.
-inline constexpr qint16 MISURA_RX = 106;
-using BufferRx = std::array<quint8, MISURA_RX>;
+inline constexpr qint16 LUNGHEZZA_RX = 106;
+using BufferRx = std::array<quint8, LUNGHEZZA_RX>;
 
 /// The reply being assembled.
 struct InfoFrame

@@ -2,6 +2,7 @@
 // device.
 #include "link/scambio.h"
 
+#include "core/codici.h"
 #include "core/modGeneral.h"
 #include "link/controllo_seriale.h"
 #include "link/modComm.h"
@@ -134,7 +135,7 @@ void MacchinaScambio::Prepara()
 
 void MacchinaScambio::Avvia()
 {
-    Esito = ESITO_FALLITO;
+    Esito = SessioneFallita;
     Passa_Oltre([] { Leggi_Porta(gFileIni); });
     Apri_Porta(commApp);
     Ricezione.StatoRx = 0;
@@ -181,7 +182,7 @@ void MacchinaScambio::Chiudi_Sessione(TestoMctc testo, int intervallo)
     m_finestra.Mostra_Lbl(Testo_Mctc(testo));
     tmrComm.Interval(intervallo);
     tmrComm.Enabled(true);
-    Esito = ESITO_FALLITO;
+    Esito = SessioneFallita;
     Stato = StatoChiusura;
 }
 
@@ -191,7 +192,7 @@ void MacchinaScambio::Avanza()
     if (Passo > UltimoPasso) {
         tmrComm.Interval(INTERVALLO_TESTO);
         tmrComm.Enabled(true);
-        Esito = ESITO_COMPLETATO;
+        Esito = SessioneCompletata;
         Stato = StatoChiusura;
         m_finestra.Mostra_Lbl(Testo_Mctc(MctcScambioCompletato));
         return;
@@ -275,7 +276,7 @@ void MacchinaScambio::Ripeti()
 void MacchinaScambio::Accetta_Misura()
 {
     Leggi_Misura(Ricezione.BufRx, Riga_Dbg());
-    Esito = ESITO_COMPLETATO;
+    Esito = SessioneCompletata;
     Avanza();
 }
 
@@ -288,7 +289,7 @@ void MacchinaScambio::Accetta_Dati()
 void MacchinaScambio::Accetta_Taratura()
 {
     Leggi_Testi(Ricezione.BufRx, POSTO_TARATURA, gDatiTaratura, Riga_Dbg());
-    Esito = ESITO_COMPLETATO;
+    Esito = SessioneCompletata;
     Avanza();
 }
 
@@ -302,7 +303,7 @@ void MacchinaScambio::Accetta_Scrittura()
 {
     // From the first frame on: a session broken off between the two frames counts as done, since the
     // instrument has taken the identity it is known by.
-    Esito = ESITO_COMPLETATO;
+    Esito = SessioneCompletata;
     Avanza();
 }
 

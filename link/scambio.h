@@ -29,10 +29,6 @@ enum StatoScambio : quint8
     StatoChiusura = 3, ///< the session is over, the last text is being shown
 };
 
-/// The codes that a session ends with.
-inline constexpr qint16 ESITO_COMPLETATO = 6;
-inline constexpr qint16 ESITO_FALLITO = 7;
-
 /// What the machine needs of its window.
 class FinestraScambio
 {
@@ -81,7 +77,7 @@ public:
     QByteArray Dati;        ///< payload of the write commands
     qint16 Tick = 0;        ///< ticks of the timer since the last send
     qint16 Reinvii = 0;     ///< resends of the whole session: an answer does not bring them back
-    qint16 Esito = 0;       ///< code for the parent, ESITO_FALLITO from Avvia on
+    qint16 Esito = 0;       ///< code for the parent, a NotificaSessione; SessioneFallita from Avvia on
     Assemblatore Ricezione; ///< the reply that is coming in
 
     /// Sets sequence and first caption of the mode. ModoDefault gets its sequence at the start of the session

@@ -6,7 +6,7 @@
 #include "platform/errore_esecuzione.h"
 
 QStringList mErroriDati;
-std::array<qint16, RIGHE_ACC> gErroriCampiAcc{};
+std::array<ErroreValore, RIGHE_ACC> gErroriCampiAcc{};
 
 namespace {
 
@@ -31,12 +31,12 @@ constexpr TestoErrore TESTI_ERRORE[] = {
 
 Vocabolario Valori_Ammessi(qint16 riga)
 {
-    if (riga == RIGA_DESCRIZIONE && Campo_Acc(RIGA_TIPO_VEICOLO).Value == CLASSE_PESANTE)
+    if (riga == AccDescrizioneVeicolo && Campo_Acc(AccTipoVeicolo).Value == CLASSE_PESANTE)
         return DESCRIZIONI_PESANTI;
     return REGOLE_ACC[static_cast<size_t>(riga)].Ammessi;
 }
 
-qint16 Riga_Controlla(qint16 riga)
+ErroreValore Riga_Controlla(qint16 riga)
 {
     if (Campo_Acc(riga).ValueKind == ValoreNessuno)
         return ValoreBuono;
@@ -51,7 +51,7 @@ qint16 Dati_Controlla(QStringList &righe)
 {
     righe.clear();
     for (qint16 riga = 0; riga <= ULTIMA_RIGA_ACC; ++riga) {
-        const qint16 errore = Riga_Controlla(riga);
+        const ErroreValore errore = Riga_Controlla(riga);
         gErroriCampiAcc[static_cast<size_t>(riga)] = errore;
         if (errore != ValoreBuono)
             righe.append(Errore_Testo(riga, errore));
@@ -59,13 +59,13 @@ qint16 Dati_Controlla(QStringList &righe)
     return Intero16(righe.size());
 }
 
-qint16 Valore_Controlla(qint16 riga, TipoControllo tipo, qint16 massimo, Vocabolario ammessi,
-                        Flag obbligatorio)
+ErroreValore Valore_Controlla(qint16 riga, TipoControllo tipo, qint16 massimo, Vocabolario ammessi,
+                              Flag obbligatorio)
 {
     return Valore_Errore(Campo_Acc(riga).Value, tipo, massimo, ammessi, obbligatorio);
 }
 
-QString Errore_Testo(qint16 riga, qint16 errore)
+QString Errore_Testo(qint16 riga, ErroreValore errore)
 {
     const CampoForm &campo = Campo_Acc(riga);
     if (errore == ValoreBuono)

@@ -2,6 +2,7 @@
 // business.
 #include "mctc/frmMctcO.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
@@ -10,7 +11,6 @@
 #include "mctc/campi_acc.h"
 #include "mctc/cartella_scambio.h"
 #include "mctc/controllo_valori.h"
-#include "mctc/modMctc.h"
 #include "platform/colori.h"
 #include "platform/errore_esecuzione.h"
 #include "report/frmMctc2.h"
@@ -36,8 +36,8 @@ constexpr const char16_t *MASCHERA = u"*.acc";
 // right.
 constexpr qint32 PASSO_RIGHE = 500;
 constexpr qint32 CASELLA_ALTA = 270;
-constexpr qint16 PRIMA_VEICOLO = 18;
-constexpr qint16 PRIMA_DOPPIA = 30; // from here on two rows of the vehicle share a line
+constexpr qint16 PRIMA_VEICOLO = AccTipoVeicolo;
+constexpr qint16 PRIMA_DOPPIA = AccKm; // from here on two rows of the vehicle share a line
 
 struct Colonna
 {
@@ -85,9 +85,10 @@ void Disponi_In(Controllo &controllo, const Posto &posto, double punti)
     controllo.Posto(ScalaX(posto.x), ScalaY(posto.y), ScalaX(posto.larga), ScalaY(posto.alta));
 }
 
+/// Rows of the booking that share the line of the row before them.
 bool Affiancata(qint16 riga)
 {
-    return riga == 9 || riga == 11 || riga == 13 || riga == 15;
+    return riga == AccSesso || riga == AccProvinciaNascita || riga == AccCAP || riga == AccProvincia;
 }
 
 /// Places a row: line from the top of its frame, and the places across.
@@ -146,9 +147,9 @@ void frmMctcO::Disegno()
     lstAuto = std::make_unique<ElencoVoci>(Finestra(), QStringLiteral("lstAuto"));
     lstAuto->FontSize(Punti_Normali() * PUNTI_GRANDE);
     lstAuto->Click = [this] { Esegui([this] { lstAuto_Click(); }); };
-    ricerca = std::make_unique<RicercaElenco>(*lstAuto);
-    ricerca->Cambiata = [this] { Esegui([this] { Cerca(); }); };
-    ricerca->Freccia = [this](bool avanti) {
+    mRicerca = std::make_unique<RicercaElenco>(*lstAuto);
+    mRicerca->Cambiata = [this] { Esegui([this] { Cerca(); }); };
+    mRicerca->Freccia = [this](bool avanti) {
         bool presa = false;
         Esegui([&] { presa = Cerca_Altra(avanti); });
         return presa;
@@ -312,7 +313,7 @@ void frmMctcO::tmrFatti_Timer()
 /// as by a click.
 void frmMctcO::Cerca()
 {
-    const QString testo = ricerca->Testo();
+    const QString testo = mRicerca->Testo();
     const qint32 scelta = std::max(0, lstAuto->ListIndex());
     if (!testo.isEmpty() && Lista_Cerca(Voci_InLista(), testo, scelta, 1) != lstAuto->ListIndex())
         Scegli_Trovata(Lista_Cerca(Voci_InLista(), testo, 0, 1));
@@ -324,7 +325,8 @@ void frmMctcO::Cerca()
 bool frmMctcO::Cerca_Altra(bool avanti)
 {
     const qint32 passo = avanti ? 1 : -1;
-    return Scegli_Trovata(Lista_Cerca(Voci_InLista(), ricerca->Testo(), lstAuto->ListIndex() + passo, passo));
+    return Scegli_Trovata(
+        Lista_Cerca(Voci_InLista(), mRicerca->Testo(), lstAuto->ListIndex() + passo, passo));
 }
 
 /// @return true when it is another line than the one at hand, and was chosen.
@@ -345,7 +347,7 @@ QList<VoceLista> frmMctcO::Voci_InLista() const
 
 void frmMctcO::Mostra_Ricerca()
 {
-    const QString testo = ricerca->Testo();
+    const QString testo = mRicerca->Testo();
     if (testo.isEmpty())
         lblCerca->Caption(Testo_Mctc(MctcInvitoCerca));
     else if (Lista_Cerca(Voci_InLista(), testo, 0, 1) < 0)
@@ -414,13 +416,13 @@ void frmMctcO::lstAuto_Click()
     if (!lstAuto->Enabled() || scelta < 0)
         return;
     if (!mDaProgramma) {
-        ricerca->Azzera();
+        mRicerca->Azzera();
         Togli_Avviso();
     }
     Mostra_Targa();
     mOccupato = true;
     QString rapporto;
-    const qint16 esito = Esamina_File(gDirAcc + mVoci[scelta].NomeFile, rapporto);
+    const EsitoControllo esito = Esamina_File(gDirAcc + mVoci[scelta].NomeFile, rapporto);
     mOccupato = false;
     cmd[0].Enabled(esito == AccBuona);
     cmd[1].Enabled(true);
@@ -431,7 +433,7 @@ void frmMctcO::lstAuto_Click()
 }
 
 /// Shows a file's fields and checks it, under the hourglass. @return what Acc_Controlla says.
-qint16 frmMctcO::Esamina_File(const QString &percorso, QString &rapporto)
+EsitoControllo frmMctcO::Esamina_File(const QString &percorso, QString &rapporto)
 {
     const Clessidra clessidra;
     cmd[0].Enabled(false);
@@ -439,7 +441,7 @@ qint16 frmMctcO::Esamina_File(const QString &percorso, QString &rapporto)
     gFileAcc = percorso;
     Acc_AssegnaFile(gFileAcc);
     Campi_Applica(gCampiAcc, ULTIMA_RIGA_ACC, *this);
-    const qint16 esito = Acc_Controlla(gFileAcc, rapporto);
+    const EsitoControllo esito = Acc_Controlla(gFileAcc, rapporto);
     Dipingi_Errori();
     return esito;
 }
@@ -480,7 +482,7 @@ void frmMctcO::Conferma()
 
 void frmMctcO::formMctc2b_Notifica(qint16 &codice, QVariant &valore)
 {
-    if (codice != 4)
+    if (codice != VeicoloConfermato)
         return;
     Q_EMIT Notifica(codice, valore);
     Scarica();
@@ -490,6 +492,6 @@ void frmMctcO::Unload()
 {
     tmrLst.Enabled(false);
     tmrFatti.Enabled(false);
-    ricerca.reset();
+    mRicerca.reset();
     Campi_Scarica(*this);
 }

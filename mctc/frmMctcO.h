@@ -4,6 +4,7 @@
 
 #include "core/testi_mctc.h"
 #include "mctc/lista.h"
+#include "mctc/modMctc.h"
 #include "platform/temporizzatore.h"
 #include "toolkit/modulo.h"
 
@@ -22,7 +23,7 @@ public:
     ~frmMctcO() override;
 
 Q_SIGNALS:
-    /// Code 4 with the value of the entry form, when its data were confirmed.
+    /// VeicoloConfermato with the value of the entry form, when its data were confirmed.
     void Notifica(qint16 &codice, QVariant &valore);
 
 protected:
@@ -51,7 +52,7 @@ private:
     void Mostra_Targa();
     void Mostra_Avviso(TestoMctc testo);
     void Togli_Avviso();
-    qint16 Esamina_File(const QString &percorso, QString &rapporto);
+    EsitoControllo Esamina_File(const QString &percorso, QString &rapporto);
     void Dipingi_Errori();
     void Conferma();
     void formMctc2b_Notifica(qint16 &codice, QVariant &valore);
@@ -68,7 +69,7 @@ private:
     std::unique_ptr<Etichetta> lblAttesa; // how many vehicles wait
     std::unique_ptr<Etichetta> lblTarga;  // of the line chosen, to be read from the car
     std::unique_ptr<Etichetta> lblAvviso; // that line is another vehicle now
-    std::unique_ptr<RicercaElenco> ricerca;
+    std::unique_ptr<RicercaElenco> mRicerca;
     QSet<QString> mFatti;
     bool mDaProgramma = false; // a line is being chosen, and not by the operator's hand on the list
     Temporizzatore tmrLst;

@@ -2,6 +2,7 @@
 // but the colour of an intensity, by the test of the evaluation.
 #include "report/frmEsito.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
@@ -21,7 +22,13 @@ namespace {
 
 constexpr int INTERVALLO_BEEP = 1000; // ms
 
-constexpr qint16 ULTIMA_RIGA = 1;
+enum RigaEsito : qint16
+{
+    RigaAltezza,
+    RigaTipoFaro,
+};
+
+constexpr qint16 ULTIMA_RIGA = RigaTipoFaro;
 std::array<CampoForm, ULTIMA_RIGA + 1> gCampiEsito;
 
 constexpr qint16 CELLE_MIRA = 8;
@@ -172,8 +179,8 @@ void frmEsito::Campi_Imposta()
 void frmEsito::Riempi()
 {
     const bool simmetrico = Far_Valore(FarTipoAnab) == u"#S";
-    txt[0].Text(Numero_Testo(gAltezzaFaro));
-    txt[1].Text(Testo_Mctc(simmetrico ? MctcTipoSimmetrico : MctcTipoAsimmetrico));
+    txt[RigaAltezza].Text(Numero_Testo(gAltezzaFaro));
+    txt[RigaTipoFaro].Text(Testo_Mctc(simmetrico ? MctcTipoSimmetrico : MctcTipoAsimmetrico));
     lblDes[0].Posto(ScalaX(500), ScalaY(1500), ScalaX(4000), ScalaY(400));
     lblDes[0].Caption(Testo_Mctc(TESTI_DES[0]));
     lblDes[0].Visible(true);
@@ -251,7 +258,7 @@ void frmEsito::cmd_Click(qint16 Index)
 {
     switch (Index) {
     case PulsanteEsci: {
-        qint16 codice = 5;
+        qint16 codice = EsitoChiuso;
         QVariant valore = 0;
         Q_EMIT Notifica(codice, valore);
         Scarica();

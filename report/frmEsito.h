@@ -16,7 +16,7 @@ public:
     ~frmEsito() override;
 
 Q_SIGNALS:
-    /// Code 5, value 0, when the exit button closes the form; nobody listens today.
+    /// EsitoChiuso, value 0, when the exit button closes the form; nobody listens today.
     void Notifica(qint16 &codice, QVariant &valore);
 
 protected:

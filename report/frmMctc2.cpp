@@ -2,6 +2,7 @@
 // session.
 #include "report/frmMctc2.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
@@ -12,12 +13,18 @@
 
 namespace {
 
-constexpr qint16 ULTIMA_RIGA = 15; // row 15 stays as Campi_Azzera leaves it
 constexpr qint16 RIGHE_VEICOLO = 12;
-constexpr qint16 RIGA_TARGA = 3;
-constexpr qint16 RIGA_ALTEZZA = 12;
-constexpr qint16 RIGA_INCLINAZIONE = 13;
-constexpr qint16 RIGA_SIMMETRICO = 14;
+/// The rows that are known by name: the plate, and those behind the vehicle.
+enum RigaEntrata : qint16
+{
+    RigaTarga = 3,
+    RigaAltezza = RIGHE_VEICOLO,
+    RigaInclinazione,
+    RigaSimmetrico,
+    RigaVuota, ///< stays as Campi_Azzera leaves it
+};
+
+constexpr qint16 ULTIMA_RIGA = RigaVuota;
 
 constexpr qsizetype CIFRE_ALTEZZA = 3;
 
@@ -87,7 +94,7 @@ constexpr double PUNTI_PULSANTE = 2.2;
 /// Rows 0 to 11 come from the acceptance file and are not to be changed.
 bool Da_Accettazione()
 {
-    return gIniFile && gTipoProva == 2;
+    return gIniFile && gTipoProva == ProvaScelta;
 }
 
 void Riga_Veicolo(CampoForm &campo, const RigaVeicolo &riga, bool accettazione)
@@ -154,7 +161,7 @@ void frmMctc2::Load()
     Campi_Azzera(gCampiVeicolo, ULTIMA_RIGA);
     Campi_Imposta();
     Campi_Crea(gCampiVeicolo, ULTIMA_RIGA, *this);
-    for (const qint16 riga : {RIGA_ALTEZZA, RIGA_INCLINAZIONE, RIGA_SIMMETRICO}) {
+    for (const qint16 riga : {RigaAltezza, RigaInclinazione, RigaSimmetrico}) {
         lbl[riga].Width(FARO_ETICHETTA_LARGA);
         lbl[riga].Height(FARO_ETICHETTA_ALTA);
         // One line or two, it stands on its box.
@@ -175,15 +182,15 @@ void frmMctc2::Campi_Imposta()
     for (size_t i = 0; i < RIGHE_VEICOLO; ++i)
         Riga_Veicolo(gCampiVeicolo[i], VEICOLO[i], accettazione);
     for (size_t i = 0; i < std::size(FARO); ++i)
-        Riga_Faro(gCampiVeicolo[RIGA_ALTEZZA + i], FARO[i]);
+        Riga_Faro(gCampiVeicolo[RigaAltezza + i], FARO[i]);
     if (gAltezzaFaroAuto)
-        Riga_Bloccata(gCampiVeicolo[RIGA_ALTEZZA]);
-    if (gTipoProva == 1)
-        Riga_Bloccata(gCampiVeicolo[RIGA_INCLINAZIONE]);
-    gCampiVeicolo[RIGA_SIMMETRICO].ListIndexDefault = Simmetrico_Memorizzato();
+        Riga_Bloccata(gCampiVeicolo[RigaAltezza]);
+    if (gTipoProva == ProvaRiservata1)
+        Riga_Bloccata(gCampiVeicolo[RigaInclinazione]);
+    gCampiVeicolo[RigaSimmetrico].ListIndexDefault = Simmetrico_Memorizzato();
     Disponi_Righe();
     Disponi_Pulsanti();
-    Mostra_Faro(gCampiVeicolo[RIGA_SIMMETRICO].ListIndexDefault == 1);
+    Mostra_Faro(gCampiVeicolo[RigaSimmetrico].ListIndexDefault == 1);
     gCaricamento = Falso;
 }
 
@@ -202,7 +209,7 @@ void frmMctc2::Disponi_Righe()
         etichetta_sopra(campo, ETICHETTA_ALTA);
     }
     for (size_t i = 0; i < std::size(FARO); ++i) {
-        CampoForm &campo = gCampiVeicolo[RIGA_ALTEZZA + i];
+        CampoForm &campo = gCampiVeicolo[RigaAltezza + i];
         campo.CtlLeft = ScalaX_16(FARO_X + static_cast<qint32>(i) * FARO_PASSO);
         campo.CtlTop = ScalaY_16(FARO_Y);
         campo.CtlWidth = ScalaX_16(1500);
@@ -262,7 +269,7 @@ void frmMctc2::Mostra_Faro(bool simmetrico)
 /// The inclination is never carried over from the vehicle before; the height is.
 void frmMctc2::Azzera_Inclinazione()
 {
-    const CampoForm &campo = gCampiVeicolo[RIGA_INCLINAZIONE];
+    const CampoForm &campo = gCampiVeicolo[RigaInclinazione];
     txt[campo.CtlIndex].Text(QString());
     Scrivi_Ini(gFileIni, campo.Section, campo.Key, QString());
 }
@@ -282,7 +289,7 @@ void frmMctc2::txt_KeyPress(qint16 Index, qint16 &KeyAscii)
 /// The plate follows its box, also while it is typed.
 void frmMctc2::txt_Change(qint16 Index)
 {
-    if (Riga_Di(txt[Index]) == RIGA_TARGA)
+    if (Riga_Di(txt[Index]) == RigaTarga)
         lblTarga->Caption(txt[Index].Text());
 }
 
@@ -290,7 +297,7 @@ void frmMctc2::txt_Validate(qint16 Index, bool &Cancel)
 {
     const qint16 riga = Riga_Di(txt[Index]);
     const QString testo = txt[Index].Text();
-    if (riga == RIGA_ALTEZZA && !Altezza_Valida(testo)) {
+    if (riga == RigaAltezza && !Altezza_Valida(testo)) {
         Mostra_MsgTempo(Testo_Mctc(MctcCampoErrato));
         Cancel = true;
         return;
@@ -310,7 +317,7 @@ void frmMctc2::chk_Click(qint16 Index)
     CampoForm &campo = gCampiVeicolo[static_cast<size_t>(riga)];
     campo.Value = QString::number(chk[Index].Value());
     campo.Dirty = Vero;
-    if (riga == RIGA_SIMMETRICO)
+    if (riga == RigaSimmetrico)
         Mostra_Faro(chk[Index].Value() == 1);
 }
 
@@ -325,11 +332,11 @@ void frmMctc2::cmd_Click(qint16 Index)
 void frmMctc2::Conferma()
 {
     Campi_Salva(gCampiVeicolo, ULTIMA_RIGA);
-    const CampoForm &altezza = gCampiVeicolo[RIGA_ALTEZZA];
+    const CampoForm &altezza = gCampiVeicolo[RigaAltezza];
     gAltezzaFaro =
         Numero_Doppio(altezza.Dirty ? altezza.Value : Valore_Ini(gFileIni, altezza.Section, altezza.Key));
-    qint16 codice = 4;
-    QVariant valore = qint16{4};
+    qint16 codice = VeicoloConfermato;
+    QVariant valore = qint16{ProvaConfermata};
     Q_EMIT Notifica(codice, valore);
     Scarica();
 }

@@ -17,7 +17,7 @@ public:
         Motivo; ///< why there is no vehicle to choose, told where the plate would stand; set before the show
 
 Q_SIGNALS:
-    /// Code 4, value 4, once: the data are confirmed and the test is to run.
+    /// VeicoloConfermato with ProvaConfermata, once: the data are confirmed and the test is to run.
     void Notifica(qint16 &codice, QVariant &valore);
 
 protected:

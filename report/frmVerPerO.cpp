@@ -1,6 +1,7 @@
 // Five texts, and what becomes of them after the session that writes them. The exchange is not known here.
 #include "report/frmVerPerO.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
@@ -11,8 +12,17 @@
 
 namespace {
 
-constexpr qint16 ULTIMA_RIGA = 4;
-constexpr qint16 RIGA_SCADENZA = 4;
+/// In the order of the instrument's identity block.
+enum RigaIdentita : qint16
+{
+    RigaModello,
+    RigaMarca,
+    RigaOmologazione,
+    RigaSerie,
+    RigaScadenza,
+};
+
+constexpr qint16 ULTIMA_RIGA = RigaScadenza;
 std::array<CampoForm, ULTIMA_RIGA + 1> gCampiVerifica;
 
 struct RigaVerifica
@@ -22,7 +32,6 @@ struct RigaVerifica
     qint16 cima;
 };
 
-/// In the order of the instrument's identity block.
 constexpr RigaVerifica RIGHE[] = {
     {MctcModelloStrumento,   ChiaveStrumentoModello,      400 },
     {MctcMarcaStrumento,     ChiaveStrumentoMarca,        1100},
@@ -171,10 +180,10 @@ void frmVerPerO::Proponi_Scadenza()
 {
     const QString oggi = Orologio_Corrente().Adesso().toString(QStringLiteral("ddMMyyyy"));
     const int anno = oggi.right(4).toInt() + 1;
-    CampoForm &campo = gCampiVerifica[RIGA_SCADENZA];
+    CampoForm &campo = gCampiVerifica[RigaScadenza];
     campo.Value = oggi.left(2) + u'/' + oggi.mid(2, 2) + u'/' + QString::number(anno);
     campo.Dirty = Vero;
-    txt[RIGA_SCADENZA].Text(campo.Value);
+    txt[RigaScadenza].Text(campo.Value);
 }
 
 void frmVerPerO::Collega_Strumento(quint8 modo)
@@ -185,7 +194,7 @@ void frmVerPerO::Collega_Strumento(quint8 modo)
 
 void frmVerPerO::formComm_Notifica(qint16 &codice, QVariant &)
 {
-    mScritto = Flag_Da(codice == ESITO_COMPLETATO);
+    mScritto = Flag_Da(codice == SessioneCompletata);
 }
 
 void frmVerPerO::Unload()

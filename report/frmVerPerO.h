@@ -33,5 +33,5 @@ private:
     void formComm_Notifica(qint16 &codice, QVariant &valore);
 
     std::shared_ptr<frmComm> formComm;
-    Flag mScritto = Falso; // the last session ended with code 6
+    Flag mScritto = Falso; // the last session was completed
 };

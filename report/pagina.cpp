@@ -1,6 +1,7 @@
 // The rows and columns of the page as numbers of its geometry. It knows no printer and reads no file.
 #include "report/pagina.h"
 
+#include "core/codici.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
 #include "core/risultato.h"
@@ -144,7 +145,7 @@ void Riga_Faro(const Geometria &g, qint32 riga, TestoMctc faro, bool conLux, Rig
 /// The marks stand in the boxes of a test that was run; a form to fill in by hand keeps them blank.
 void Segni(const Geometria &g, const TabellaSpunte &tabella)
 {
-    if (gTipoProva != 2 && gTipoProva != 4)
+    if (gTipoProva != ProvaScelta && gTipoProva != ProvaConfermata)
         return;
     for (qint32 i = 0; i < static_cast<qint32>(std::size(tabella.segni)); ++i) {
         // One row below the box it falls on; a lamp's two lines follow each other, a row of the table is
@@ -162,7 +163,7 @@ void Tabella(const Geometria &g, const TabellaSpunte &tabella)
     Scrivi(g.X2, g.Y(tabella.base + 1), PRN_CENTRO, VALORE, gRepVoci[RepVoceIrregolare]);
     qint32 riga = tabella.base + 2;
     for (const RigaVoci voce : RIGHE_SPUNTE) {
-        const bool conLux = gTipoProva != 2 && voce == RepVoceLux;
+        const bool conLux = gTipoProva != ProvaScelta && voce == RepVoceLux;
         Scrivi(g.MX, g.Y(riga), PRN_SINISTRA, ETICHETTA, gRepVoci[voce]);
         Riga_Faro(g, riga, MctcDestro, conLux, tabella.luxDx);
         Riga_Faro(g, riga + 1, MctcSinistro, conLux, tabella.luxSx);

@@ -1,6 +1,7 @@
 // The five rows of the workshop and their layout. Where they are printed is not known here.
 #include "setup/frmAnagOffO.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 
@@ -118,7 +119,7 @@ void frmAnagOffO::Salva()
     Campi_Salva(gCampiOfficina, ULTIMA_RIGA);
     // The language in force is kept whether or not anything changed.
     Scrivi_Ini(gFileIni, ChiaveLingua, gLingua);
-    qint16 codice = 1;
+    qint16 codice = AnagraficaSalvata;
     QVariant valore = qint16{0};
     Q_EMIT Notifica(codice, valore);
 }

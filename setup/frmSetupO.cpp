@@ -21,30 +21,49 @@
 
 namespace {
 
-constexpr qint16 ULTIMA_RIGA = 31;
-std::array<CampoForm, ULTIMA_RIGA + 1> gCampiSetup;
-
-/// Rows that the rules name.
 enum RigaSetup : qint16
 {
-    RigaOperatore = 5,
-    RigaLingua = 6,
-    PrimoLimite = 7,
-    PrimoLimiteLux = 11,
-    UltimoLimiteLux = 14,
-    UltimoLimite = 18,
-    RigaModalita = 19,
-    RigaRisultati = 20,
-    RigaDati = 21,
-    RigaIniFile = 22,
-    RigaAllarme = 25,
-    RigaAlimentazione = 26,
-    RigaAltezzaAuto = 27,
-    RigaSblocco = 28,
-    RigaCamReset = 29,
-    RigaStrumento = 30,
-    RigaPorta = 31,
+    RigaModello,
+    RigaMarca,
+    RigaOmologazione,
+    RigaSerie,
+    RigaScadenza,
+    RigaOperatore,
+    RigaLingua,
+    RigaDevOrizAnab,
+    RigaDevOrizAbb,
+    RigaDevVertAnab,
+    RigaDevVertAbb,
+    RigaLuxMaxAnab,
+    RigaLuxMaxAbb,
+    RigaLuxMinAnab,
+    RigaLuxMinAbb,
+    RigaIncMinAnab,
+    RigaIncMinAbb,
+    RigaIncMaxAnab,
+    RigaIncMaxAbb,
+    RigaModalita,
+    RigaRisultati,
+    RigaDati,
+    RigaIniFile,
+    RigaEsce,
+    RigaControlloVisivo,
+    RigaAllarme,
+    RigaAlimentazione,
+    RigaAltezzaAuto,
+    RigaSblocco,
+    RigaCamReset,
+    RigaStrumento,
+    RigaPorta,
+
+    PrimoLimite = RigaDevOrizAnab,
+    PrimoLimiteLux = RigaLuxMaxAnab,
+    UltimoLimiteLux = RigaLuxMinAbb,
+    UltimoLimite = RigaIncMaxAbb,
 };
+
+constexpr qint16 ULTIMA_RIGA = RigaPorta;
+std::array<CampoForm, ULTIMA_RIGA + 1> gCampiSetup;
 
 /// Whether a row is locked when the form loads.
 enum Blocco
@@ -97,7 +116,7 @@ constexpr DatiRiga RIGHE[ULTIMA_RIGA + 1] = {
     {MctcPortaSeriale,          CampoCombo,  ChiavePortaNumero,           Libera   },
 };
 
-/// The folders of rows 20 and 21 have a key for each work mode.
+/// The folders of RigaRisultati and RigaDati have a key for each work mode.
 constexpr ChiaveIni CHIAVI_RETE[] = {ChiaveReteRisultati, ChiaveReteDati};
 constexpr ChiaveIni CHIAVI_LOCALI[] = {ChiaveLocaleRisultati, ChiaveLocaleDati};
 
@@ -118,20 +137,21 @@ constexpr Lingua LINGUE[] = {
 /// Flags that a save brings into force, by row.
 struct FlagRiga
 {
-    qint16 riga;
+    RigaSetup riga;
     Flag *flag;
 };
 
 constexpr FlagRiga FLAG_RIGHE[] = {
-    {23, &gEsce           },
-    {24, &gControlloVisivo},
-    {25, &gAllarmeAcustico},
-    {26, &gAlimentazione  },
-    {27, &gAltezzaFaroAuto},
+    {RigaEsce,            &gEsce           },
+    {RigaControlloVisivo, &gControlloVisivo},
+    {RigaAllarme,         &gAllarmeAcustico},
+    {RigaAlimentazione,   &gAlimentazione  },
+    {RigaAltezzaAuto,     &gAltezzaFaroAuto},
 };
 
 /// What a read of the instrument goes into, in the order of its writing: index in the block and row.
-constexpr qint16 ORDINE_LETTURA[] = {1, 0, 2, 3, 4, 5};
+constexpr RigaSetup ORDINE_LETTURA[] = {RigaMarca, RigaModello,  RigaOmologazione,
+                                        RigaSerie, RigaScadenza, RigaOperatore};
 
 constexpr qint16 PORTE = 20;
 constexpr TestoMctc TESTI_COLONNE[] = {MctcAnabbagliante, MctcAbbagliante};
@@ -445,7 +465,7 @@ void frmSetupO::Scegli_Lingua(qint16 Index)
         }
     }
     gLingua = campo.Value.toUpper();
-    Avvisa(2);
+    Avvisa(SetupLingua);
     Campi_Didascalie(gCampiSetup, ULTIMA_RIGA, *this);
     Didascalie();
 }
@@ -492,10 +512,10 @@ void frmSetupO::Blocca_Rete(bool bloccata)
         CampoForm &campo = Campo(riga);
         Testo_Blocca(txt[campo.CtlIndex], bloccata);
         campo.Editable = Flag_Da(!bloccata);
-        lbl[Intero16(campo.CtlIndex + 2)].Enabled(!bloccata);
+        lbl[riga].Enabled(!bloccata);
     }
     cbo[Campo(RigaModalita).CtlIndex].Enabled(!bloccata);
-    lbl[Campo(RigaDati).CtlIndex].Enabled(!bloccata);
+    lbl[RigaModalita].Enabled(!bloccata);
 }
 
 /// The password opens the four lux limits only; clearing the box locks all twelve. The limits of the aim
@@ -554,7 +574,7 @@ void frmSetupO::Salva()
         if (Campo(riga).Dirty)
             Salva_Effetti(riga);
     }
-    Avvisa(1);
+    Avvisa(SetupSalvato);
     Scarica();
 }
 
@@ -577,11 +597,11 @@ void frmSetupO::Salva_Effetti(qint16 riga)
         break;
     case RigaIniFile:
         gIniFile = acceso;
-        Avvisa(4);
+        Avvisa(SetupLavoro);
         break;
     case RigaStrumento:
         Scrivi_Ini(gFileIni, campo.Section, campo.Key, QStringLiteral("1"));
-        Avvisa(4);
+        Avvisa(SetupLavoro);
         break;
     case RigaPorta:
         // The number, over the entry's text that was written with the other rows.
@@ -654,9 +674,9 @@ void frmSetupO::formComm_Notifica(qint16 &codice, QVariant &)
 {
     try {
         // A session that wrote the operator has read nothing that could be taken over.
-        if (codice == ESITO_COMPLETATO && formComm->Modo == ModoLeggi)
+        if (codice == SessioneCompletata && formComm->Modo == ModoLeggi)
             Accetta_Strumento();
-        if (codice == ESITO_FALLITO) {
+        if (codice == SessioneFallita) {
             Setup_Aggiorna();
             cbo[Campo(RigaStrumento).CtlIndex].ListIndex(0);
         }
@@ -682,8 +702,9 @@ void frmSetupO::Accetta_Strumento()
     }
 }
 
-void frmSetupO::Avvisa(qint16 codice)
+void frmSetupO::Avvisa(NotificaSetup notifica)
 {
+    qint16 codice = notifica;
     QVariant valore = qint16{0};
     Q_EMIT Notifica(codice, valore);
 }

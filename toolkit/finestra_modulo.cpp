@@ -2,8 +2,9 @@
 #include "toolkit/finestra_modulo.h"
 
 #include "toolkit/aspetto.h"
-#include "toolkit/modulo.h"
+#include "toolkit/gestori_modulo.h"
 #include "toolkit/schermo.h"
+#include "toolkit/tastiera_modulo.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -12,7 +13,8 @@
 #include <QScreen>
 #include <QWindow>
 
-FinestraModulo::FinestraModulo(Modulo &modulo, const QString &nome) : QWidget(nullptr), m_modulo(&modulo)
+FinestraModulo::FinestraModulo(GestoriModulo &modulo, TastieraModulo &tastiera, const QString &nome)
+    : QWidget(nullptr), m_modulo(&modulo), m_tastiera(tastiera)
 {
     setObjectName(nome);
 }
@@ -112,13 +114,13 @@ void FinestraModulo::closeEvent(QCloseEvent *evento)
 
 void FinestraModulo::keyPressEvent(QKeyEvent *evento)
 {
-    if (m_modulo == nullptr || !m_modulo->m_tastiera.Tasto(this, evento->key(), evento->text()))
+    if (m_modulo == nullptr || !m_tastiera.Tasto(this, evento->key(), evento->text()))
         QWidget::keyPressEvent(evento);
 }
 
 bool FinestraModulo::focusNextPrevChild(bool avanti)
 {
-    if (m_modulo != nullptr && !m_modulo->m_tastiera.Puo_Uscire())
+    if (m_modulo != nullptr && !m_tastiera.Puo_Uscire())
         return true; // the key is used up, the focus stays
     return QWidget::focusNextPrevChild(avanti);
 }

@@ -6,12 +6,14 @@
 
 #include <vector>
 
-class Modulo;
+class GestoriModulo;
+class TastieraModulo;
 
 class FinestraModulo : public QWidget
 {
 public:
-    FinestraModulo(Modulo &modulo, const QString &nome);
+    /// @param nome the form's name.
+    FinestraModulo(GestoriModulo &modulo, TastieraModulo &tastiera, const QString &nome);
     /// From now on it tells nobody anything.
     void Stacca() { m_modulo = nullptr; }
 
@@ -42,7 +44,8 @@ private:
         qint32 x1, y1, x2, y2;
     };
 
-    Modulo *m_modulo;
-    bool m_intero = false; ///< covers the screen
+    GestoriModulo *m_modulo;
+    TastieraModulo &m_tastiera; ///< goes with the form: for use as long as m_modulo is there
+    bool m_intero = false;      ///< covers the screen
     std::vector<Segmento> m_segmenti;
 };

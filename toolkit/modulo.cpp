@@ -40,13 +40,7 @@ std::vector<std::shared_ptr<Modulo>> Moduli_Caricati()
     return caricati;
 }
 
-Modulo::Modulo(const QString &nome)
-    : txt(QStringLiteral("txt")),
-      cbo(QStringLiteral("cbo")),
-      chk(QStringLiteral("chk")),
-      lbl(QStringLiteral("lbl")),
-      cmd(QStringLiteral("cmd")),
-      m_nome(nome)
+Modulo::Modulo(const QString &nome) : m_nome(nome)
 {
     setObjectName(nome);
 }
@@ -63,7 +57,7 @@ void Modulo::Carica()
 {
     if (m_finestra != nullptr)
         return;
-    m_finestra = new FinestraModulo(*this, m_nome);
+    m_finestra = new FinestraModulo(*this, m_tastiera, m_nome);
     m_tastiera.Inizia();
     caricati.push_back(shared_from_this());
     Prepara_Array();
@@ -137,12 +131,6 @@ void Modulo::Togli_Finestra()
     if (m_ciclo != nullptr)
         m_ciclo->quit();
     m_ciclo = nullptr; // the form may show modally again before that loop has returned
-}
-
-void Modulo::Esegui(const std::function<void()> &procedura)
-{
-    const auto vivo = shared_from_this();
-    procedura();
 }
 
 void Modulo::Esegui_Dopo(std::function<void()> procedura)
@@ -280,13 +268,3 @@ void Modulo::Collega(CasellaTesto &casella, std::function<void()> cambio, std::f
     casella.Change = [this, cambio = std::move(cambio)] { Esegui(cambio); };
     m_tastiera.Osserva(casella.Widget(), std::move(tasto));
 }
-
-void Modulo::txt_Validate(qint16, bool &) {}
-void Modulo::txt_Change(qint16) {}
-void Modulo::txt_KeyPress(qint16, qint16 &) {}
-void Modulo::cbo_Click(qint16) {}
-void Modulo::cbo_KeyDown(qint16, qint16 &) {}
-void Modulo::chk_Click(qint16) {}
-void Modulo::cmd_Click(qint16) {}
-void Modulo::cmd_KeyPress(qint16, qint16 &) {}
-void Modulo::FunctionKey(qint16) {}

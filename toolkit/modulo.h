@@ -1,4 +1,5 @@
-// The base of every form: its life (load, show, unload), its control arrays and its handlers.
+// The base of every form: its life (load, show, unload). Its control arrays and handlers stand in
+// gestori_modulo.h.
 //
 // What surprises somebody who comes from Qt:
 // - A property is a pair of overloads: Caption() reads, Caption(text) writes. Lengths are twips, not pixels.
@@ -13,8 +14,7 @@
 // - An index that does not exist is a run-time error (9), not an assertion.
 #pragma once
 
-#include "toolkit/array_controlli.h"
-#include "toolkit/controlli.h"
+#include "toolkit/gestori_modulo.h"
 #include "toolkit/tastiera_modulo.h"
 
 #include <QObject>
@@ -28,7 +28,7 @@
 class QEventLoop;
 class FinestraModulo;
 
-class Modulo : public QObject, public std::enable_shared_from_this<Modulo>
+class Modulo : public QObject, public GestoriModulo, public std::enable_shared_from_this<Modulo>
 {
     Q_OBJECT
 
@@ -53,10 +53,9 @@ public:
     /// Runs Unload and takes the window away; harmless on a form already unloaded. The object lives on as
     /// long as somebody holds a reference. A form whose Unload raises an error stays, and may be unloaded
     /// again.
-    void Scarica();
+    void Scarica() override;
     /// Brings a form that shows to the front and gives it the keyboard; harmless on one that is not loaded.
     void PortaAvanti();
-    bool Caricato() const { return m_finestra != nullptr; }
     /// True while the form shows and has the keyboard.
     bool Attivo() const;
     /// Asks for a new painting.
@@ -86,51 +85,19 @@ public:
     /// Draws a segment in the default colour; counts only inside Paint.
     void Linea(qint32 x1, qint32 y1, qint32 x2, qint32 y2);
 
-    QWidget *Finestra() const;
-
-    ArrayControlli<CasellaTesto> txt;
-    ArrayControlli<CasellaCombinata> cbo;
-    ArrayControlli<CasellaSpunta> chk;
-    ArrayControlli<Etichetta> lbl;
-    ArrayControlli<Pulsante> cmd;
+    QWidget *Finestra() const override;
 
 protected:
-    /// Design time: makes the controls that the form has before Load, member 0 of its arrays among them.
-    virtual void Disegno() = 0;
-
-    // The form's handlers. Those that a form does not write do nothing.
-    virtual void Load() {}
-    virtual void Activate() {}
-    virtual void Paint() {}
-    virtual void Unload() {}
-    virtual void txt_Validate(qint16 Index, bool &Cancel);
-    virtual void txt_Change(qint16 Index);
-    /// KeyAscii: the character's code, never a Tab; 0 on return swallows the key.
-    virtual void txt_KeyPress(qint16 Index, qint16 &KeyAscii);
-    virtual void cbo_Click(qint16 Index);
-    /// KeyCode: every key but Tab; 0 on return swallows it.
-    virtual void cbo_KeyDown(qint16 Index, qint16 &KeyCode);
-    virtual void chk_Click(qint16 Index);
-    virtual void cmd_Click(qint16 Index);
-    /// As txt_KeyPress; a key that is not swallowed presses the button, if it is one that does.
-    virtual void cmd_KeyPress(qint16 Index, qint16 &KeyAscii);
-    /// A function key pressed anywhere on the form. @param numero 1 for F1.
-    virtual void FunctionKey(qint16 numero);
-
     /// Binds the press of a button that stands outside the array cmd, with the leaving rule of all buttons.
     void Collega(Pulsante &pulsante, std::function<void()> procedura);
     /// Binds a text box that stands outside the array txt.
     /// @param tasto takes a key as txt_KeyPress does.
     void Collega(CasellaTesto &casella, std::function<void()> cambio, std::function<void(qint16 &)> tasto);
-    /// Runs a handler and keeps the form alive until it has returned, also when it unloads itself.
-    void Esegui(const std::function<void()> &procedura);
-    /// Runs it so when the loop has control again.
+    /// Runs a procedure by Esegui when the loop has control again.
     void Esegui_Dopo(std::function<void()> procedura);
 
 private:
-    friend class FinestraModulo;
-    friend class TastieraModulo;
-
+    std::shared_ptr<void> Vivo() override { return shared_from_this(); }
     void Togli_Finestra();
     void Prepara_Array();
     void Disponi();

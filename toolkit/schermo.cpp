@@ -14,8 +14,6 @@ namespace {
 
 constexpr double TWIP_PIXEL = 15.0;
 constexpr double POSIZIONE_MASSIMA = 32767.0;
-constexpr double GRIGLIA_X = 15360.0;
-constexpr double GRIGLIA_Y = 11520.0;
 constexpr double PUNTI_DISEGNO = 10.0;
 
 QSize Pixel_Schermo()

@@ -4,6 +4,10 @@
 
 #include <QSize>
 
+/// Sides of the design grid.
+inline constexpr double GRIGLIA_X = 15360.0;
+inline constexpr double GRIGLIA_Y = 11520.0;
+
 /// Twips a pixel for a screen of that size in pixels: 15 divided by the least whole number that keeps both
 /// sides within 16 bits. So a screen of twice the size looks as the smaller one, only finer.
 double Twip_PerPixel(QSize pixel);

@@ -2,7 +2,7 @@
 #include "toolkit/tastiera_modulo.h"
 
 #include "platform/orologio.h"
-#include "toolkit/modulo.h"
+#include "toolkit/gestori_modulo.h"
 
 #include <QKeyEvent>
 #include <QPushButton>
@@ -107,7 +107,7 @@ bool TastieraModulo::Puo_Uscire()
     if (indice < 0 || txt[indice].Locked() || !txt[indice].Enabled() || !txt[indice].Visible())
         return true;
 
-    const auto vivo = m_modulo.shared_from_this();
+    const auto vivo = m_modulo.Vivo();
     bool trattieni = false;
     {
         const QScopedValueRollback<bool> convalida(m_convalida, true);
@@ -224,7 +224,7 @@ bool TastieraModulo::Tasto(QWidget *widget, int tasto, const QString &testo)
         return false; // it moves the focus; no handler can keep the operator in a box by swallowing it
     if (E_Invio(tasto) && Lista_Aperta(widget))
         return true; // it has been offered, and chose or did not
-    const auto vivo = m_modulo.shared_from_this();
+    const auto vivo = m_modulo.Vivo();
     if (tasto >= Qt::Key_F1 && tasto <= Qt::Key_F12) {
         m_modulo.Esegui([&] { m_modulo.FunctionKey(static_cast<qint16>(tasto - Qt::Key_F1 + 1)); });
         return true;

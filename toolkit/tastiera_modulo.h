@@ -11,7 +11,7 @@
 #include <functional>
 #include <vector>
 
-class Modulo;
+class GestoriModulo;
 class Pulsante;
 class QPushButton;
 
@@ -21,7 +21,7 @@ class TastieraModulo : public QObject
 
 public:
     /// @param modulo the form that it belongs to.
-    explicit TastieraModulo(Modulo &modulo) : m_modulo(modulo) {}
+    explicit TastieraModulo(GestoriModulo &modulo) : m_modulo(modulo) {}
 
     /// The form is being loaded: what is told of now on stands in a new window.
     void Inizia();
@@ -62,7 +62,7 @@ private:
     QPushButton *Bottone_Per(QWidget *widget, int tasto) const;
     bool Troppo_Presto(QWidget *widget, int tasto) const;
 
-    Modulo &m_modulo;
+    GestoriModulo &m_modulo;
     std::vector<Fuori> m_fuori;
     bool m_convalida = false;     ///< txt_Validate is running
     QPointer<QWidget> m_lasciata; ///< the control that the click at hand took the focus from

@@ -1,6 +1,7 @@
 // The evaluation: limits, verdicts, the result file of a whole test, and the end of the acceptance file.
 #include "app/modApp.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
@@ -66,7 +67,7 @@ private Q_SLOTS:
         orologio = std::make_unique<OrologioProva>(QDateTime(QDate(2024, 3, 5), QTime(9, 7, 8)));
         stazione = std::make_unique<StazioneProva>();
         gAltezzaFaro = 65;
-        gTipoProva = 4;
+        gTipoProva = ProvaConfermata;
         gRepMisure[RepInizio] = QStringLiteral("09:05:01");
         Misure_Buone();
     }

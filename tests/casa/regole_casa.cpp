@@ -32,12 +32,33 @@ bool Della_Casa(const QString &file)
     return Piano_Di(file) < std::ssize(CARTELLE);
 }
 
+bool E_Form(const QString &file)
+{
+    const QString nome = QFileInfo(file).completeBaseName();
+    return Della_Casa(file) && (nome.startsWith(u"frm") || nome.startsWith(u"dlg"));
+}
+
 /// What must do without a window: all of the house above the toolkit but forms and the program's start.
 bool Senza_Finestra(const QString &file)
 {
-    const QString nome = QFileInfo(file).completeBaseName();
-    const bool form = nome.startsWith(u"frm") || nome.startsWith(u"dlg") || nome == u"modMain";
-    return !form && Piano_Di(file) >= 2 && Della_Casa(file);
+    return Della_Casa(file) && Piano_Di(file) >= 2 && !E_Form(file) &&
+           QFileInfo(file).completeBaseName() != u"modMain";
+}
+
+/// What of Qt a form may say: types of text, list and value, the sender of its signal, a value that is put
+/// back.
+constexpr const char16_t *QT_DEI_FORM[] = {
+    u"QString",  u"QStringList", u"QStringLiteral", u"QLatin1String",
+    u"QVariant", u"QList",       u"QObject",        u"QScopedValueRollback"};
+
+/// Who lets events run: the one name, a modal show, a box of the system, the program's own loop.
+constexpr const char16_t *CON_EVENTI[] = {u"platform/eventi.cpp", u"toolkit/modulo.h", u"toolkit/modulo.cpp",
+                                          u"toolkit/applicazione.cpp", u"app/modMain.cpp"};
+
+template <size_t N>
+bool Compreso(const char16_t *const (&elenco)[N], const QString &nome)
+{
+    return std::find(std::begin(elenco), std::end(elenco), nome) != std::end(elenco);
 }
 
 /// Header and bodies of one thing: the path without extension and without the name of a system.
@@ -287,6 +308,38 @@ QStringList Finestre_NeiModuli(const Sorgenti &sorgenti, const QSet<QString> &fi
     return falli;
 }
 
+QStringList Qt_NeiForm(const Sorgenti &sorgenti)
+{
+    static const QRegularExpression PAROLA(QStringLiteral("\\bQt::\\w+|\\bQt?[A-Z]\\w*"));
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        if (!E_Form(sorgente.key()))
+            continue;
+        const QString testo = Spoglia(sorgente.value(), false);
+        for (auto parole = PAROLA.globalMatch(testo); parole.hasNext();) {
+            const QString parola = parole.next().captured();
+            if (!Compreso(QT_DEI_FORM, parola))
+                falli.append(sorgente.key() + QStringLiteral(": ") + parola);
+        }
+    }
+    return falli;
+}
+
+QStringList Eventi_FuoriPosto(const Sorgenti &sorgenti)
+{
+    static const QRegularExpression GIRO(
+        QStringLiteral("\\b(?:processEvents|sendPostedEvents|QEventLoop)\\b|\\bexec(?=\\s*\\()"));
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        if (!Della_Casa(sorgente.key()) || Compreso(CON_EVENTI, sorgente.key()))
+            continue;
+        const QString testo = Spoglia(sorgente.value(), false);
+        for (auto giri = GIRO.globalMatch(testo); giri.hasNext();)
+            falli.append(sorgente.key() + QStringLiteral(": ") + giri.next().captured());
+    }
+    return falli;
+}
+
 QStringList Sistemi_FuoriPosto(const Sorgenti &sorgenti)
 {
     static const QRegularExpression CONDIZIONE(
@@ -411,5 +464,25 @@ QStringList Letterali_Vietati(const Sorgenti &sorgenti, const QStringList &parol
         }
     }
     falli.removeDuplicates();
+    return falli;
+}
+
+QStringList Numeri_Nudi(const Sorgenti &sorgenti)
+{
+    // Nothing is 0 but the row where a loop begins, and a code before there is one.
+    static const QRegularExpression NUDO(
+        QStringLiteral("\\bg(?:Campi|ErroriCampi|Rep|Risultato)\\w*\\[\\s*\\d+|"
+                       "\\bREGOLE_ACC\\[\\s*\\d+|"
+                       "\\bCampo(?:_Acc)?\\(\\s*\\d+|"
+                       "\\b[rR]iga\\s*[=!<>]=?\\s*[1-9]\\d*|"
+                       "\\b(?:codice|gTipoProva|\\w*[eE]sito)\\s*[=!<>]=?\\s*[1-9]\\d*|"
+                       "\\bcase\\s+\\d+"));
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        if (!Della_Casa(sorgente.key()))
+            continue;
+        for (auto trovati = NUDO.globalMatch(Spoglia(sorgente.value(), false)); trovati.hasNext();)
+            falli.append(sorgente.key() + QStringLiteral(": ") + trovati.next().captured());
+    }
     return falli;
 }

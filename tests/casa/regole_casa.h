@@ -23,6 +23,14 @@ QStringList Anelli(const Sorgenti &sorgenti);
 /// @param finestre names of the toolkit's headers that need a display, e.g. QWidget.
 QStringList Finestre_NeiModuli(const Sorgenti &sorgenti, const QSet<QString> &finestre);
 
+/// What a form says in Qt: headers, classes, constants. A form has its handlers, its signal and the types of
+/// text, list and value; all else of Qt is the toolkit's.
+QStringList Qt_NeiForm(const Sorgenti &sorgenti);
+
+/// Places where events may run in the middle of a procedure otherwise than by Eventi_Esegui, a modal show or
+/// a box of the system.
+QStringList Eventi_FuoriPosto(const Sorgenti &sorgenti);
+
 /// Conditions on the operating system outside platform/ and the bodies of the serial control.
 QStringList Sistemi_FuoriPosto(const Sorgenti &sorgenti);
 
@@ -52,3 +60,7 @@ QStringList Nomi_NonUsati(const Sorgenti &sorgenti, const QStringList &nomi);
 /// Texts in quotes of the program and of the technician's tools that are one of some words, whatever the
 /// case.
 QStringList Letterali_Vietati(const Sorgenti &sorgenti, const QStringList &parole);
+
+/// Numbers in the house where a row or a code has an enumerator: an element of a table of rows, a row
+/// compared, a code (gTipoProva, Notifica, a result) set, compared or switched on.
+QStringList Numeri_Nudi(const Sorgenti &sorgenti);

@@ -163,6 +163,41 @@ private Q_SLOTS:
         Senza_Falli(Finestre_NeiModuli(m_casa, finestre));
     }
 
+    void qtNeiFormSiVede()
+    {
+        const Alberello albero{
+            {"setup/frmA.cpp",  "#include <QKeyEvent>\na(Qt::AlignLeft); // QWidget\nb(\"QWidget\");\n"},
+            {"dialogs/dlgB.h",  "#include <QtWidgets>\nbool f(QObject *, QEvent *);\n"                 },
+            {"core/frmC.h",     "#include <QTimer>\n"                                                  },
+            {"setup/frmD.cpp",  "#include <QString>\nQ_EMIT Notifica(codice, QVariant());\n"           },
+            {"core/modCtl.cpp", "#include <QTimer>\n"                                                  },
+            {"tests/frmE.cpp",  "#include <QTimer>\n"                                                  },
+        };
+        QCOMPARE(Qt_NeiForm(albero.Leggi()), (QStringList{QStringLiteral("core/frmC.h: QTimer"),
+                                                          QStringLiteral("dialogs/dlgB.h: QtWidgets"),
+                                                          QStringLiteral("dialogs/dlgB.h: QEvent"),
+                                                          QStringLiteral("setup/frmA.cpp: QKeyEvent"),
+                                                          QStringLiteral("setup/frmA.cpp: Qt::AlignLeft")}));
+    }
+    void nessunaParolaDiQtNeiForm() { Senza_Falli(Qt_NeiForm(m_casa)); }
+
+    void eventiFuoriPostoSiVedono()
+    {
+        const Alberello albero{
+            {"core/a.cpp",          "QCoreApplication::processEvents();\n"     },
+            {"link/b.cpp",          "QEventLoop ciclo; ciclo.exec ();\n"       },
+            {"app/c.cpp",           "a->sendPostedEvents(); // processEvents\n"},
+            {"mctc/d.cpp",          "Eventi_Esegui(); execve(); exec;\n"       },
+            {"platform/eventi.cpp", "QCoreApplication::processEvents();\n"     },
+            {"tests/e.cpp",         "QCoreApplication::processEvents();\n"     },
+        };
+        QCOMPARE(Eventi_FuoriPosto(albero.Leggi()),
+                 (QStringList{QStringLiteral("app/c.cpp: sendPostedEvents"),
+                              QStringLiteral("core/a.cpp: processEvents"),
+                              QStringLiteral("link/b.cpp: QEventLoop"), QStringLiteral("link/b.cpp: exec")}));
+    }
+    void nessunEventoFuoriPosto() { Senza_Falli(Eventi_FuoriPosto(m_casa)); }
+
     void sistemiFuoriPostoSiVedono_data()
     {
         QTest::addColumn<QByteArray>("testo");
@@ -404,6 +439,67 @@ private Q_SLOTS:
             nomi.append(QString::fromUtf16(nome));
         QCOMPARE(Nomi_NonUsati(albero.Leggi(), nomi), nomi.mid(1));
     }
+
+    void numeriNudiSiVedono_data()
+    {
+        QTest::addColumn<QString>("numero");
+        for (const char *numero :
+             {"gRepMisure[14", "gRepVoci[ 0", "gCampiSetup[21", "gRisultatoFar[24", "gErroriCampiAcc[13",
+              "REGOLE_ACC[46", "Campo(20", "Campo_Acc(18", "riga == 9", "riga>=7", "Riga = 12",
+              "gTipoProva = 2", "gTipoProva != 4", "codice == 6", "codice = 1", "mPwdEsito == 1", "case 4"})
+            QTest::newRow(numero) << QString::fromLatin1(numero);
+    }
+    void numeriNudiSiVedono()
+    {
+        QFETCH(QString, numero);
+        const Sorgenti casa = {
+            {QStringLiteral("setup/a.cpp"), QStringLiteral("a(%1); // riga 5\n").arg(numero)}
+        };
+        QCOMPARE(Numeri_Nudi(casa), QStringList{QStringLiteral("setup/a.cpp: ") + numero});
+    }
+    void nomiEContiPassano()
+    {
+        const Alberello albero{
+            {"setup/a.cpp",
+             "for (qint16 riga = 0; riga <= ULTIMA_RIGA; ++riga)\n    Campo(riga) = RIGHE[riga];\n"
+             "gRepMisure[RepInizio]; codice = SetupSalvato; riga > 0; // riga == 9\n"
+             "case SetupLingua: u\"codice == 6\"; lbl[0]; codici == 3; Riga(2); codice = 0;\n"},
+            {"tests/t.cpp", "codice == 6; gRepMisure[14];\n"                                  },
+        };
+        QCOMPARE(Numeri_Nudi(albero.Leggi()), QStringList());
+    }
+    /// Each name of a row or a code, put back to its number where the program uses it.
+    void unNumeroAlPostoDelNomeSiVedrebbe_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("uso");
+        QTest::addColumn<QString>("numero");
+        const auto riga = [](const char *file, const char *uso, const char *numero) {
+            QTest::newRow(uso) << QString::fromLatin1(file) << QString::fromLatin1(uso)
+                               << QString::fromLatin1(numero);
+        };
+        riga("app/modApp.cpp", "gTipoProva == ProvaConfermata", "gTipoProva == 4");
+        riga("app/frmMain.cpp", "codice == SessioneCompletata", "codice == 6");
+        riga("app/frmMain.cpp", "case SetupLingua", "case 2");
+        riga("report/frmEsito.cpp", "codice = EsitoChiuso", "codice = 5");
+        riga("report/pagina.cpp", "gRepTitoli[RepTitoloPagina", "gRepTitoli[0");
+        riga("report/frmVerPerO.cpp", "gCampiVerifica[RigaScadenza", "gCampiVerifica[4");
+        riga("setup/frmSetupO.cpp", "Campo(RigaDati", "Campo(21");
+        riga("mctc/frmMctcO.cpp", "riga == AccSesso", "riga == 9");
+    }
+    void unNumeroAlPostoDelNomeSiVedrebbe()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, uso);
+        QFETCH(QString, numero);
+        Sorgenti casa = m_casa;
+        QVERIFY(casa[file].contains(uso));
+        casa[file].replace(uso, numero);
+        const QStringList falli = Numeri_Nudi(casa);
+        QVERIFY(!falli.isEmpty());
+        QCOMPARE(falli.count(file + QStringLiteral(": ") + numero), falli.size());
+    }
+    void nessunNumeroNudo() { Senza_Falli(Numeri_Nudi(m_casa)); }
 };
 
 QTEST_GUILESS_MAIN(tst_casa)

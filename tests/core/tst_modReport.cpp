@@ -1,6 +1,7 @@
 // The report tables, stage by stage, and the sections of the configuration file with their labels.
 #include "core/modReport.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
@@ -71,7 +72,7 @@ private Q_SLOTS:
     {
         orologio = std::make_unique<OrologioProva>(QDateTime(QDate(2024, 3, 5), QTime(9, 7, 8)));
         stazione = std::make_unique<StazioneProva>();
-        gTipoProva = 4;
+        gTipoProva = ProvaConfermata;
         gSimmetrico = 0;
         Far_Azzera();
         Riempi_Tabelle(QStringLiteral("prima"));

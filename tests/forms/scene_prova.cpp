@@ -2,6 +2,7 @@
 #include "tests/comuni/testi_prova.h"
 
 #include "app/frmMain.h"
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
@@ -75,7 +76,7 @@ QByteArray File_Guasto(const BancoForm &banco)
 /// The worklist with one of its files chosen, the sound one or the one behind it.
 std::shared_ptr<Modulo> Lista_Con(const BancoForm &banco, int scelta)
 {
-    gTipoProva = 2;
+    gTipoProva = ProvaScelta;
     for (const char *nome : {"12345678.acc", "23456789.acc", "AB123CD1.acc"})
         banco.Stazione.Accettazione(QString::fromLatin1(nome));
     banco.Stazione.Scrivi(QStringLiteral("DIR_FAR\\23456789.acc"), File_Guasto(banco));
@@ -139,7 +140,7 @@ std::shared_ptr<Modulo> Menu_ConAvvisi(const BancoForm &banco)
 
 std::shared_ptr<Modulo> Veicolo_Accettato(const BancoForm &banco)
 {
-    gTipoProva = 2;
+    gTipoProva = ProvaScelta;
     gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
     gAltezzaFaroAuto = Vero;
     return Mostrato(Nuovo<frmMctc2>());
@@ -148,7 +149,7 @@ std::shared_ptr<Modulo> Veicolo_Accettato(const BancoForm &banco)
 std::shared_ptr<Modulo> Veicolo_AMano(const BancoForm &banco)
 {
     gIniFile = Falso;
-    gTipoProva = 2;
+    gTipoProva = ProvaScelta;
     banco.Stazione.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Simmetrico"), QStringLiteral("1"));
     banco.Stazione.Imposta(QStringLiteral("VEICOLO"), QStringLiteral("Marca"),
                            QStringLiteral("FABBRICA DI PROVA"));

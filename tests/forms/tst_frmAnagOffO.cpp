@@ -1,6 +1,7 @@
 // The workshop registry: five fields of section OFFICINA, read, written back, or left alone.
 #include "setup/frmAnagOffO.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "tests/comuni/testi_prova.h"
@@ -176,7 +177,7 @@ private Q_SLOTS:
         Scrivi(*form, "txt_0", QStringLiteral("Nuova"));
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {1, 0}
+                                 {AnagraficaSalvata, 0}
         }));
         QVERIFY(caricatoAllaNotifica);
         QCOMPARE(iniAllaNotifica, Ini());

@@ -2,6 +2,7 @@
 // exchange, and the boxes of a line in trouble.
 #include "link/frmComm.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
@@ -71,7 +72,7 @@ private:
 /// A frame that does not end, with that many bytes for which there is no place.
 QByteArray Frame_Troppo_Lungo(qsizetype oltre)
 {
-    return '\x02' + QByteArray(MISURA_RX - 1 + oltre, 'x');
+    return '\x02' + QByteArray(LUNGHEZZA_RX - 1 + oltre, 'x');
 }
 
 } // namespace
@@ -237,7 +238,7 @@ private Q_SLOTS:
         QVERIFY(Righe_Dbg().isEmpty());
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
     }
 
@@ -278,7 +279,7 @@ private Q_SLOTS:
         Passa(1);
         QVERIFY(!form->Caricato());
         QCOMPARE(*notifiche, (Notifiche{
-                                 {6, 0}
+                                 {SessioneCompletata, 0}
         }));
         QVERIFY(!apertaAllaNotifica); // the port is closed first
         QVERIFY(caricatoAllaNotifica);
@@ -364,7 +365,7 @@ private Q_SLOTS:
         Passa(1);
         QVERIFY(!form->Caricato());
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
     }
 
@@ -377,7 +378,7 @@ private Q_SLOTS:
                                  "AB");
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
         Con_Copione({Risposta_Stato('4')});
         Apri();
@@ -403,7 +404,7 @@ private Q_SLOTS:
         QVERIFY(notifiche->isEmpty());
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {6, 0}
+                                 {SessioneCompletata, 0}
         }));
     }
 
@@ -481,7 +482,7 @@ private Q_SLOTS:
         QVERIFY(!Linea_Corrente()->PortOpen());
         QVERIFY(!apertaAllaNotifica);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
         Passa(10000);
         QCOMPARE(Linea_Corrente()->Usciti.size(), 1);
@@ -540,7 +541,7 @@ private Q_SLOTS:
         Passa(2 * TICK);
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {6, 0}
+                                 {SessioneCompletata, 0}
         }));
     }
 
@@ -682,7 +683,7 @@ private Q_SLOTS:
         QVERIFY(!form->Caricato());
         QVERIFY(liberaAllaNotifica);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
         QCOMPARE(Orologio_Banco().Armate(), 0);
         Passa(60000);

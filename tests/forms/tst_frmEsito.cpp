@@ -2,6 +2,7 @@
 #include "report/frmEsito.h"
 
 #include "app/modApp.h"
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
@@ -460,7 +461,7 @@ private Q_SLOTS:
         else
             Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {5, 0}
+                                 {EsitoChiuso, 0}
         }));
         QVERIFY(caricato); // first the notification, then the unloading
         QVERIFY(!form->Caricato());

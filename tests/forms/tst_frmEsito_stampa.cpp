@@ -2,6 +2,7 @@
 // and the pointer of the mouse come out of it as they went in.
 #include "report/frmEsito.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
@@ -102,7 +103,7 @@ private Q_SLOTS:
         Far_Imposta(FarIllumLuxAnabDx, QStringLiteral("23400"));
         Carica_Limiti();
         gAltezzaFaro = 65;
-        gTipoProva = 4;
+        gTipoProva = ProvaConfermata;
         gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
         Report_Dati(0);
         Report_Dati(1);

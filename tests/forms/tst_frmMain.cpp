@@ -3,6 +3,7 @@
 #include "app/frmMain.h"
 
 #include "app/versione.h"
+#include "core/codici.h"
 #include "core/esito_sessione.h"
 #include "core/limiti.h"
 #include "core/modCtl.h"
@@ -188,7 +189,7 @@ private:
             QVariant valore = 4;
             Q_EMIT scelta.Notifica(codice, valore);
         }
-        QCOMPARE(gTipoProva, qint16{2});
+        QCOMPARE(gTipoProva, qint16{ProvaScelta});
         QVERIFY(Linea_Corrente() == nullptr);
         QCOMPARE(Nomi_Caricati(), aperti);
     }
@@ -326,7 +327,7 @@ private Q_SLOTS:
     {
         Apri();
         for (int i : {0, 3}) {
-            const QImage vista = Voce(i)->grab().toImage();
+            const QImage vista = form->Finestra()->grab(Voce(i)->geometry()).toImage();
             const QRgb fondo = form->Finestra()->palette().color(QPalette::Window).rgb();
             for (int y = 0; y < vista.height(); ++y) {
                 for (int x = 0; x < vista.width(); ++x)
@@ -579,11 +580,11 @@ private Q_SLOTS:
             QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR"))).removeRecursively());
         else if (!file.isEmpty())
             banco->Stazione.Accettazione(file);
-        gTipoProva = 4;
+        gTipoProva = ProvaConfermata;
         Apri();
         Premi_Prova();
         QCOMPARE(Nomi_Caricati(), QStringList({QStringLiteral("frmMain"), finestra}));
-        QCOMPARE(gTipoProva, qint16{2});
+        QCOMPARE(gTipoProva, qint16{ProvaScelta});
         // It stands in front and does not block the menu.
         QVERIFY(Modulo_Aperto(finestra.toLatin1().constData()) != nullptr);
         QVERIFY(QApplication::activeModalWidget() == nullptr);
@@ -680,7 +681,7 @@ private Q_SLOTS:
             // Everything is done before the result shows: the record, the file, the end of the acceptance.
             QCOMPARE(Testo_Di(esito, "lblTitolo"), Testo_Mctc(Id_Mctc(126)));
             QCOMPARE(Testo_Di(esito, "lblTab_8"), QStringLiteral("78.9"));
-            QCOMPARE(gTipoProva, qint16{4});
+            QCOMPARE(gTipoProva, qint16{ProvaConfermata});
             QVERIFY(banco->Stazione.Leggi(FILE_FAR).contains("\r\nEsito=R\r\n"));
             QVERIFY(!Esiste(QStringLiteral("DIR_FAR\\") + FILE_ACC));
         });
@@ -866,11 +867,11 @@ private Q_SLOTS:
         Premi_Prova();
         Regia regia;
         regia.Quando("frmComm", [](Modulo &comm) { Premi(comm, "cmd_0"); });
-        qint16 codice = 4;
-        QVariant valore = qint16{3};
+        qint16 codice = VeicoloConfermato;
+        QVariant valore = qint16{ProvaRiservata3};
         Q_EMIT Modulo_Aperto<frmMctc2>("frmMctc2")->Notifica(codice, valore);
         QVERIFY(regia.Finita());
-        QCOMPARE(gTipoProva, qint16{3}); // a failed session leaves it
+        QCOMPARE(gTipoProva, qint16{ProvaRiservata3}); // a failed session leaves it
     }
 
     /// However the test was started, its result is that of a confirmed vehicle.
@@ -880,12 +881,12 @@ private Q_SLOTS:
         Apri();
         Premi_Prova();
         Regia regia;
-        Sessione_Completa(regia, [](Modulo &) { QCOMPARE(gTipoProva, qint16{4}); });
-        qint16 codice = 4;
-        QVariant valore = qint16{3};
+        Sessione_Completa(regia, [](Modulo &) { QCOMPARE(gTipoProva, qint16{ProvaConfermata}); });
+        qint16 codice = VeicoloConfermato;
+        QVariant valore = qint16{ProvaRiservata3};
         Q_EMIT Modulo_Aperto<frmMctc2>("frmMctc2")->Notifica(codice, valore);
         QVERIFY(regia.Finita());
-        QCOMPARE(gTipoProva, qint16{4});
+        QCOMPARE(gTipoProva, qint16{ProvaConfermata});
     }
 
     void primaProvaAncoraAperta_data()
@@ -1110,7 +1111,7 @@ private Q_SLOTS:
         Premi(*form, "cmdMnu_1");
         const QString prima = Voce(2)->text();
         gLingua = QStringLiteral("EN");
-        qint16 codice = 2;
+        qint16 codice = SetupLingua;
         QVariant valore = 0;
         Q_EMIT Modulo_Aperto<frmSetupO>("frmSetupO")->Notifica(codice, valore);
         QCOMPARE(gTabMctc.size(), ULTIMO_TESTO_MCTC + 1);
@@ -1128,7 +1129,7 @@ private Q_SLOTS:
         Premi(*form, "cmdMnu_1");
         Voce(0)->setEnabled(true);
         Voce(3)->setEnabled(true);
-        qint16 codice = 4;
+        qint16 codice = SetupLavoro;
         QVariant valore = 0;
         Q_EMIT Modulo_Aperto<frmSetupO>("frmSetupO")->Notifica(codice, valore);
         QVERIFY(!logo->pixmap().isNull());
@@ -1143,7 +1144,7 @@ private Q_SLOTS:
         Apri();
         Premi(*form, "cmdMnu_1");
         std::weak_ptr<frmSetupO> setup = Modulo_Aperto<frmSetupO>("frmSetupO");
-        qint16 codice = 1;
+        qint16 codice = SetupSalvato;
         QVariant valore = 0;
         Q_EMIT setup.lock()->Notifica(codice, valore);
         setup.lock()->Scarica();
@@ -1158,7 +1159,7 @@ private Q_SLOTS:
         Premi(*form, "cmdMnu_1");
         std::weak_ptr<frmSetupO> setup = Modulo_Aperto<frmSetupO>("frmSetupO");
         Premi_Prova();
-        qint16 codice = 1;
+        qint16 codice = SetupSalvato;
         QVariant valore = 0;
         Q_EMIT Modulo_Aperto<frmMctc2>("frmMctc2")->Notifica(codice, valore);
         setup.lock()->Scarica();

@@ -1,6 +1,7 @@
 // Vehicle and lamp entry: where its fields come from, what may be changed, and what a confirmation leaves.
 #include "report/frmMctc2.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
@@ -56,7 +57,7 @@ private:
     void Apri(bool accettazione)
     {
         gIniFile = Flag_Da(accettazione);
-        gTipoProva = 2;
+        gTipoProva = ProvaScelta;
         if (accettazione)
             gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
         Apri_Come();
@@ -177,7 +178,7 @@ private Q_SLOTS:
     {
         banco->Stazione.Imposta(VEICOLO, QStringLiteral("Marca"), QStringLiteral("FIAT"));
         gIniFile = Vero;
-        gTipoProva = 2;
+        gTipoProva = ProvaScelta;
         gFileAcc.clear();
         Apri_Come();
         for (int i = 0; i < RIGHE_VEICOLO; ++i) {
@@ -189,7 +190,7 @@ private Q_SLOTS:
     void fileMancanteCampiVuoti()
     {
         gIniFile = Vero;
-        gTipoProva = 2;
+        gTipoProva = ProvaScelta;
         gFileAcc = gDirAcc + QStringLiteral("12345678.ACC");
         Apri_Come();
         QVERIFY(Casella(0)->text().isEmpty());
@@ -242,7 +243,7 @@ private Q_SLOTS:
     void tipo1BloccaLInclinazione()
     {
         gIniFile = Falso;
-        gTipoProva = 1;
+        gTipoProva = ProvaRiservata1;
         Apri_Come();
         QVERIFY(Casella(RIGA_INCLINAZIONE)->isReadOnly());
         QVERIFY(!Etichetta_Di(RIGA_INCLINAZIONE)->isEnabled());
@@ -428,7 +429,7 @@ private Q_SLOTS:
         Premi(*form, "chk_0");
         Premi(*form, "cmd_0");
         QCOMPARE(notifiche, (QList<QPair<int, int>>{
-                                {4, 4}
+                                {VeicoloConfermato, ProvaConfermata}
         }));
         QVERIFY(caricatoAllaNotifica); // the test runs first, the form goes after it
         QVERIFY(!form->Caricato());
@@ -460,7 +461,7 @@ private Q_SLOTS:
         QCOMPARE(Ini(), prima);
         QCOMPARE(gAltezzaFaro, 65.0);
         QCOMPARE(notifiche, (QList<QPair<int, int>>{
-                                {4, 4}
+                                {VeicoloConfermato, ProvaConfermata}
         }));
     }
 

@@ -1,6 +1,7 @@
 // The worklist: the list and its poll, the check of a picked file, the hand-over to the entry form.
 #include "mctc/frmMctcO.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
@@ -143,7 +144,7 @@ private Q_SLOTS:
     void init()
     {
         banco = std::make_unique<BancoForm>();
-        gTipoProva = 2;
+        gTipoProva = ProvaScelta;
         rapporto.clear();
     }
     void cleanup()
@@ -980,7 +981,7 @@ private Q_SLOTS:
         QVERIFY(notifiche.isEmpty());
         Premi(*Modulo_Aperto("frmMctc2"), "cmd_0");
         QCOMPARE(notifiche, (QList<QPair<int, int>>{
-                                {4, 4}
+                                {VeicoloConfermato, ProvaConfermata}
         }));
         QVERIFY(Nomi_Caricati().isEmpty());
     }

@@ -2,6 +2,7 @@
 // takes effect at once and what only with the save, and every byte that reaches the configuration.
 #include "setup/frmSetupO.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
@@ -916,10 +917,10 @@ private Q_SLOTS:
             QCOMPARE(*flag[altra - INI_FILE], Flag_Da((altra == riga) == accesa));
         QCOMPARE(Ini(), Ini_Con(prima, "MCTC", ATTESE[riga].chiave, accesa ? "1" : "0"));
         Notifiche attese = {
-            {1, 0}
+            {SetupSalvato, 0}
         };
         if (riga == INI_FILE)
-            attese.prepend({4, 0});
+            attese.prepend({SetupLavoro, 0});
         QCOMPARE(*notifiche, attese);
     }
 
@@ -946,7 +947,7 @@ private Q_SLOTS:
         Scegli(LINGUA, 2);
         QCOMPARE(gLingua, QStringLiteral("EN"));
         QCOMPARE(*notifiche, (Notifiche{
-                                 {2, 0}
+                                 {SetupLingua, 0}
         }));
         QVERIFY(gTabMctc != italiani);
         for (int riga = 0; riga < RIGHE; ++riga) {
@@ -998,8 +999,8 @@ private Q_SLOTS:
         Scegli(LINGUA, 0);
         Scegli(LINGUA, 0);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {2, 0},
-                                 {2, 0}
+                                 {SetupLingua, 0},
+                                 {SetupLingua, 0}
         }));
         QCOMPARE(gLingua, QStringLiteral("IT"));
         Salva();
@@ -1265,8 +1266,8 @@ private Q_SLOTS:
         Salva();
         QCOMPARE(Ini(), Ini_Con(letto, "IMPOSTAZIONI", "ModSeriale", "1"));
         QCOMPARE(*notifiche, (Notifiche{
-                                 {4, 0},
-                                 {1, 0}
+                                 {SetupLavoro,  0},
+                                 {SetupSalvato, 0}
         }));
         QCOMPARE(Tipi(), QByteArray("105090")); // reading makes no operator to write
     }
@@ -1296,7 +1297,7 @@ private Q_SLOTS:
         QCOMPARE(strumento->Testi(Blocco::Dati), identita + QStringList{QStringLiteral("Neri Ada")});
         QCOMPARE(strumento->Testi(Blocco::Taratura), TESTI_TARATURA);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {1, 0}
+                                 {SetupSalvato, 0}
         }));
     }
 
@@ -1331,7 +1332,7 @@ private Q_SLOTS:
         QCOMPARE(Ini(), Ini_Con(Ini_Con(prima, "VEICOLO", "Operatore", "Neri Ada"), "MCTC", "Esce", "1"));
         QCOMPARE(gEsce, Vero);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {1, 0}
+                                 {SetupSalvato, 0}
         }));
     }
 
@@ -1390,7 +1391,7 @@ private Q_SLOTS:
         Salva();
         QCOMPARE(Ini(), prima);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {1, 0}
+                                 {SetupSalvato, 0}
         }));
         QVERIFY(strumento->Comandi.isEmpty());
     }
@@ -1433,9 +1434,9 @@ private Q_SLOTS:
         QCOMPARE(gModalita, Falso);
         QCOMPARE(gAllarmeAcustico, Vero);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {4, 0},
-                                 {4, 0},
-                                 {1, 0}
+                                 {SetupLavoro,  0},
+                                 {SetupLavoro,  0},
+                                 {SetupSalvato, 0}
         }));
     }
 

@@ -1,5 +1,6 @@
 #include "link/scambio.h"
 
+#include "core/codici.h"
 #include "core/modGeneral.h"
 #include "link/modComm.h"
 #include "platform/errore_esecuzione.h"
@@ -210,7 +211,7 @@ void tst_scambio::avvioApreLaPortaEMandaLoStato()
     QCOMPARE(s.finestra.Colori, QList<quint32>(1, 0xFFFFFF));
     QCOMPARE(s.macchina.Stato, StatoAttesa);
     QCOMPARE(s.macchina.Comando, quint8(CmdStato));
-    QCOMPARE(s.macchina.Esito, qint16(7));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneFallita});
     QCOMPARE(s.macchina.Dati, QByteArray());
 }
 
@@ -305,7 +306,7 @@ void tst_scambio::laSecondaSessioneRicominciaDaCapo()
     QCOMPARE(s.macchina.Stato, StatoFermo);
     QCOMPARE(s.macchina.Ricezione.BufRx, BufferRx{});
     s.Apri();
-    QCOMPARE(s.macchina.Esito, qint16(7));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneFallita});
     s.orologio.Avanza(2000);
     QCOMPARE(s.linea.Frame().size(), 1);
 }
@@ -441,14 +442,14 @@ void tst_scambio::misuraCompleta()
     s.linea.Copione({Risposta_Stato('1'), Risposta_Stato('2'), Risposta_Stato('4'), MISURA});
     s.Apri();
     s.orologio.Avanza(799);
-    QCOMPARE(s.macchina.Esito, qint16(7));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneFallita});
     s.orologio.Avanza(1);
     QCOMPARE(s.linea.Frame(), QList<QByteArray>({FRAME_STATO, FRAME_STATO, FRAME_STATO, FRAME_MISURA}));
     QCOMPARE(s.Tempi(), QList<qint64>({0, 200, 400, 600}));
     QCOMPARE(s.Scritte(),
              QStringList({QStringLiteral("152"), ATTESA, ATTESA, ATTESA, QStringLiteral("156")}));
     QCOMPARE(s.macchina.Stato, StatoChiusura);
-    QCOMPARE(s.macchina.Esito, qint16(6));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneCompletata});
     QCOMPARE(gMisure[0].Lux, 123);
     QCOMPARE(gMisure[1].EsitoV, QStringLiteral("#"));
     QCOMPARE(gMisure[2].EsitoO, QStringLiteral("X"));
@@ -528,7 +529,7 @@ void tst_scambio::unGiornoDiAttesa()
     s.orologio.Avanza(2 * BATTITO);
     QCOMPARE(s.linea.Frame().last(), FRAME_MISURA);
     s.orologio.Avanza(BATTITO);
-    QCOMPARE(s.macchina.Esito, qint16(6));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneCompletata});
 }
 
 void tst_scambio::statoRifiutato_data()
@@ -569,7 +570,7 @@ void tst_scambio::figuraOltre16BitFatale()
     s.Apri();
     QCOMPARE(Errore_Di([&s] { s.orologio.Avanza(400); }), 6);
     QCOMPARE(s.finestra.Dbg.join(u' '), QStringLiteral("L0=1 V0=O O0=O"));
-    QCOMPARE(s.macchina.Esito, qint16(7));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneFallita});
 }
 
 void tst_scambio::leggiCompleto()
@@ -579,7 +580,7 @@ void tst_scambio::leggiCompleto()
                      Risposta_Taratura({"10", "11", "12", "13", "14", "15", "16", "17", "18", "19"})});
     s.Apri();
     s.orologio.Avanza(400);
-    QCOMPARE(s.macchina.Esito, qint16(7)); // the identity alone is not the whole reading
+    QCOMPARE(s.macchina.Esito, qint16{SessioneFallita}); // the identity alone is not the whole reading
     s.orologio.Avanza(200);
     QCOMPARE(s.linea.Frame(), QList<QByteArray>({FRAME_STATO, FRAME_LEGGI_DATI, FRAME_LEGGI_TARATURA}));
     QCOMPARE(s.Scritte(), QStringList({QStringLiteral("152"), ATTESA, ATTESA, QStringLiteral("156")}));
@@ -638,7 +639,7 @@ void tst_scambio::scriviSeiTesti()
     s.orologio.Avanza(600);
     QCOMPARE(s.linea.Frame(),
              QList<QByteArray>({FRAME_STATO, FRAME_SCRIVI_1, Esa("0241424380414217003603")}));
-    QCOMPARE(s.macchina.Esito, qint16(6));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneCompletata});
 }
 
 void tst_scambio::scritturaRifiutata_data()
@@ -721,9 +722,9 @@ void tst_scambio::defaultAccettaOgniRisposta()
     s.linea.Copione({Risposta_Scritto('\x00'), Risposta_Stato('9'), Frame_Risposta("")});
     s.Apri();
     s.orologio.Avanza(400);
-    QCOMPARE(s.macchina.Esito, qint16(7));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneFallita});
     s.orologio.Avanza(200);
-    QCOMPARE(s.macchina.Esito, qint16(6));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneCompletata});
     QCOMPARE(s.finestra.Scritta(), QStringLiteral("156"));
 }
 
@@ -1219,7 +1220,7 @@ void tst_scambio::sessioniACaso()
             }
             QVERIFY(s.macchina.Stato >= StatoFermo && s.macchina.Stato <= StatoChiusura);
             QVERIFY(s.macchina.Stato != StatoFermo || fatale);
-            QVERIFY(s.macchina.Esito == 6 || s.macchina.Esito == 7);
+            QVERIFY(s.macchina.Esito == SessioneCompletata || s.macchina.Esito == SessioneFallita);
             QVERIFY(s.macchina.Passo >= 0);
             QVERIFY(s.macchina.Tick >= 0 && s.macchina.Tick <= 11);
             QVERIFY(s.macchina.Ricezione.InfoRx.Indice >= 0 && s.macchina.Ricezione.InfoRx.Indice <= 106);
@@ -1250,7 +1251,7 @@ void tst_scambio::sessioniACaso()
         for (const QString &errore : std::as_const(s.finestra.Errori))
             QCOMPARE(errore, QStringLiteral("Auto sts: 1\r\nSubscript out of range"));
         if (daSola)
-            ++(s.macchina.Esito == 6 ? riuscite : fallite);
+            ++(s.macchina.Esito == SessioneCompletata ? riuscite : fallite);
     }
     gDebug = Falso;
     // The mix must hold every way to end, or the run proves little.

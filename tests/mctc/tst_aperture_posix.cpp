@@ -52,8 +52,8 @@ private Q_SLOTS:
         const Aperture suFile(nativo);
         const Aperture suModello(prova.Stazione.Nativo(QStringLiteral("dati\\ModelloAcc.acc")));
 
-        Acc_Apri(percorso);
-        QCOMPARE(Acc_Controlla(percorso, prova.Rapporto), qint16{0});
+        Record_Apri(percorso);
+        QCOMPARE(qint16{Acc_Controlla(percorso, prova.Rapporto)}, qint16{0});
         const int aperture = suFile.Conta();
         QVERIFY2(aperture >= 1 && aperture <= 5, qPrintable(QString::number(aperture)));
         QCOMPARE(suModello.Conta(), 1);

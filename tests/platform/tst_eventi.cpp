@@ -4,7 +4,7 @@
 #include <QTest>
 #include <QTimer>
 
-class TestEventi : public QObject
+class tst_eventi : public QObject
 {
     Q_OBJECT
 
@@ -19,5 +19,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestEventi)
+QTEST_GUILESS_MAIN(tst_eventi)
 #include "tst_eventi.moc"

@@ -2,6 +2,7 @@
 // something fails on the way to the printer.
 #include "report/pagina.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
@@ -207,9 +208,9 @@ bool Compare(Quando quando)
 {
     switch (quando) {
     case ConLux:
-        return gTipoProva != 2;
+        return gTipoProva != ProvaScelta;
     case ConSegni:
-        return gTipoProva == 2 || gTipoProva == 4;
+        return gTipoProva == ProvaScelta || gTipoProva == ProvaConfermata;
     case SeSimmetrico:
         return gSimmetrico != 0;
     case SeAsimmetrico:
@@ -326,7 +327,7 @@ private Q_SLOTS:
         gTabMctc[151] = QStringLiteral("Sinistro");
         gTabLingua[37] = QStringLiteral("Simmetrico");
         gTabLingua[38] = QStringLiteral("Asimmetrico");
-        gTipoProva = 4;
+        gTipoProva = ProvaConfermata;
         gSimmetrico = 0;
         Riempi_Tabelle();
     }

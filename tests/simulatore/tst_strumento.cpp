@@ -387,7 +387,7 @@ void tst_strumento::testiOltreLaStazioneAnnotati()
 {
     const Banchetto banco("[DATI]\nComm_Marca=" + QByteArray(100, 'm') + '\n');
     const QList<Invio> invii = banco.Manda(LEGGI_DATI);
-    QVERIFY(invii.first().byte.size() > MISURA_RX);
+    QVERIFY(invii.first().byte.size() > LUNGHEZZA_RX);
     QVERIFY(invii.first().nota.contains(QStringLiteral("la stazione ne tiene 106")));
     QVERIFY(!Banchetto().Manda(LEGGI_DATI).first().nota.contains(QStringLiteral("la stazione")));
 }

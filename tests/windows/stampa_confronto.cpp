@@ -6,6 +6,7 @@
 //   coda NAME WIDTH HEIGHT      a queue that takes jobs, its paper in twips
 //   predefinita NAME            the default one, "-" when there is none
 //   stampata 1                  the page was taken; 0 when it was not
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
@@ -27,7 +28,7 @@ void Apri_Stazione(const QString &cartella)
     gFileLingue = gAppPath + QStringLiteral("lingue.ini");
     gFileLingueMctc = gAppPath + QStringLiteral("lingueMCTC.ini");
     gLingua = QStringLiteral("IT");
-    gTipoProva = 4;
+    gTipoProva = ProvaConfermata;
     Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
     Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);
 }
