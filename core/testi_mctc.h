@@ -142,6 +142,28 @@
     testo(MctcLivelliControlli,        158) \
     testo(MctcControllo,               159) \
     testo(MctcConfigurazioneBloccata,  160) \
+    testo(MctcPortaNonAperta,          161) \
+    testo(MctcSessioneInterrotta,      162) \
+    testo(MctcDurata,                  163) \
+    testo(MctcRispostaFa,              164) \
+    testo(MctcNessunaRisposta,         165) \
+    testo(MctcLampadaAttesa,           166) \
+    testo(MctcLampadaRisposta,         167) \
+    testo(MctcLampadaFermo,            168) \
+    testo(MctcLampadaChiusa,           169) \
+    testo(MctcPassoMisura,             170) \
+    testo(MctcPassoStrumento,          171) \
+    testo(MctcPassoDati,               172) \
+    testo(MctcPassoFatto,              173) \
+    testo(MctcAnabbaglianteDestro,     174) \
+    testo(MctcAnabbaglianteSinistro,   175) \
+    testo(MctcAbbaglianteDestro,       176) \
+    testo(MctcAbbaglianteSinistro,     177) \
+    testo(MctcAmmesso,                 178) \
+    testo(MctcVerticaleErrato,         179) \
+    testo(MctcOrizzontaleErrato,       180) \
+    testo(MctcMiraErrata,              181) \
+    testo(MctcPortaRimedio,            182) \
     testo(MctcListaSpenta,             205) \
     testo(MctcCartellaVuota,           206) \
     testo(MctcCartellaInAttesa,        207) \

@@ -1,5 +1,6 @@
-// The window of a link session: what the machine says, the traffic in hexadecimal, the lamp of the link and
-// the button that breaks off. Made anew for each session; the exchange itself is MacchinaScambio's.
+// The window of a link session: what the machine says, the vehicle, the steps, the traffic in hexadecimal,
+// the lamp of the link and the button that breaks off. Made anew for each session; the exchange itself is
+// MacchinaScambio's.
 #pragma once
 
 #include "link/scambio.h"
@@ -10,6 +11,7 @@
 
 class BoxSistema;
 class ControlloSeriale;
+class QuadroSessione;
 class dlgPwd;
 
 class frmComm : public Modulo, private FinestraScambio
@@ -49,6 +51,14 @@ private:
     void Colora_Sha(quint32 colore) override;
     void Mostra_Errore(const QString &testo) override;
     void Scarica_Modulo() override;
+    void Mostra_Porta(bool aperta) override;
+    void Mostra_Avanzamento() override;
+    void Mostra_Veicolo();
+    void Disponi();
+    void Disponi_Piede();
+    void Disponi_Porta(qint32 left, qint32 top, qint32 width, qint32 height);
+    void Disponi_InRiga(qint32 left, qint32 top, qint32 width);
+    void Disponi_InColonna(qint32 left, qint32 top, qint32 width, qint32 height);
     void Annuncia_Errori();
     void Mostra_ProssimoErrore();
     void Lascia_Errori();
@@ -56,6 +66,13 @@ private:
     void frmPwd_PwdReady(quint8 &esito);
 
     std::unique_ptr<Immagine> Image1;
+    std::unique_ptr<QuadroSessione> mQuadro;
+    std::unique_ptr<Etichetta> lblPorta; // of a port that did not open
+    std::unique_ptr<Etichetta> lblRimedio;
+    std::unique_ptr<Etichetta> lblTarga;
+    std::unique_ptr<Etichetta> lblVeicolo;
+    std::unique_ptr<Etichetta> lblNomeTx;
+    std::unique_ptr<Etichetta> lblNomeRx;
     std::unique_ptr<Etichetta> lblTx;
     std::unique_ptr<Etichetta> lblRx;
     std::unique_ptr<ElencoVoci> lstDbg;
@@ -63,6 +80,9 @@ private:
     std::unique_ptr<ControlloSeriale> commApp;
     std::unique_ptr<MacchinaScambio> mMacchina;
     std::shared_ptr<dlgPwd> frmPwd;
+    bool mPortaAperta = true;
+    bool mChiusura = false;
+    bool mElenco = false;             // there is something in lstDbg
     QStringList mErrori;              // texts of "Err Rs232" boxes not yet shown
     std::unique_ptr<BoxSistema> mBox; // the one that is open
     Temporizzatore tmrPausa;          // on while the form stands free between two boxes

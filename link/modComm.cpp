@@ -78,6 +78,16 @@ Flag Apri_Porta(ControlloSeriale &porta)
     }
 }
 
+QString Porta_Nome()
+{
+    return QStringLiteral("COM%1").arg(gPortaNum);
+}
+
+QString Porta_NonAperta()
+{
+    return QStringLiteral("%1 %2").arg(Porta_Nome(), Testo_Mctc(MctcPortaNonAperta)).trimmed();
+}
+
 void Chiudi_Porta(ControlloSeriale &porta)
 {
     if (porta.PortOpen())

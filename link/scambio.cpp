@@ -3,6 +3,7 @@
 #include "link/scambio.h"
 
 #include "core/codici.h"
+#include "core/esito_sessione.h"
 #include "core/modGeneral.h"
 #include "link/controllo_seriale.h"
 #include "link/modComm.h"
@@ -138,6 +139,8 @@ void MacchinaScambio::Avvia()
     Esito = SessioneFallita;
     Passa_Oltre([] { Leggi_Porta(gFileIni); });
     Apri_Porta(commApp);
+    m_portaAperta = commApp.PortOpen();
+    m_finestra.Mostra_Porta(m_portaAperta);
     Ricezione.StatoRx = 0;
     if (Modo == ModoDefault) {
         Imposta_Sequenza();
@@ -151,8 +154,18 @@ void MacchinaScambio::Avvia()
 
 void MacchinaScambio::Termina()
 {
+    Sessione_Annota(Esito == SessioneCompletata ? QString() : Causa());
     tmrComm.Enabled(false);
     Chiudi_Porta(commApp);
+}
+
+QString MacchinaScambio::Causa() const
+{
+    if (!m_portaAperta) {
+        const QString rimedio = Testo_Mctc(MctcPortaRimedio);
+        return rimedio.isEmpty() ? Porta_NonAperta() : Porta_NonAperta() + QStringLiteral(": ") + rimedio;
+    }
+    return Stato == StatoChiusura ? m_fallimento : Testo_Mctc(MctcSessioneInterrotta);
 }
 
 QVariant MacchinaScambio::Imposta_Default()
@@ -175,15 +188,18 @@ void MacchinaScambio::Invia_Comando()
     Scrivi_Porta(commApp, gTxFrame);
     tmrComm.Interval(INTERVALLO_ATTESA);
     tmrComm.Enabled(true);
+    m_finestra.Mostra_Avanzamento();
 }
 
 void MacchinaScambio::Chiudi_Sessione(TestoMctc testo, int intervallo)
 {
-    m_finestra.Mostra_Lbl(Testo_Mctc(testo));
+    m_fallimento = Testo_Mctc(testo);
+    m_finestra.Mostra_Lbl(m_fallimento);
     tmrComm.Interval(intervallo);
     tmrComm.Enabled(true);
     Esito = SessioneFallita;
     Stato = StatoChiusura;
+    m_finestra.Mostra_Avanzamento();
 }
 
 void MacchinaScambio::Avanza()
@@ -195,6 +211,7 @@ void MacchinaScambio::Avanza()
         Esito = SessioneCompletata;
         Stato = StatoChiusura;
         m_finestra.Mostra_Lbl(Testo_Mctc(MctcScambioCompletato));
+        m_finestra.Mostra_Avanzamento();
         return;
     }
     m_finestra.Mostra_Lbl(QStringLiteral("Attesa dati..."));

@@ -53,6 +53,12 @@ public:
     virtual void Mostra_Errore(const QString &testo) = 0;
     /// Unloads the window, by way of MacchinaScambio::Termina; may destroy the machine.
     virtual void Scarica_Modulo() = 0;
+
+    // A window that shows no more than the words does without these.
+    /// The port has been tried: whether it is open. Its number is gPortaNum.
+    virtual void Mostra_Porta(bool /*aperta*/) {}
+    /// The session has gone on or ended: Stato, Comando and Esito of the machine say where it stands.
+    virtual void Mostra_Avanzamento() {}
 };
 
 /// One session. The window makes one for each session, sets Modo, calls Prepara and Avvia while loading and
@@ -88,7 +94,8 @@ public:
     /// for itself: a port that does not open leaves the session standing until the operator ends it.
     void Avvia();
 
-    /// Stops the timer and closes the port; whatever still arrives is lost.
+    /// Stops the timer and closes the port; whatever still arrives is lost. Notes what the session failed of
+    /// (Sessione_Annota): the words that were on the screen, the port that did not open, or the operator.
     void Termina();
 
     /// Writes the identity of the profile through a session that is loaded already. Sends the first identity
@@ -104,6 +111,7 @@ private:
     void Imposta_Sequenza();
     void Invia_Comando();
     void Chiudi_Sessione(TestoMctc testo, int intervallo);
+    QString Causa() const;
     void Avanza();
 
     void tmrComm_Timer();
@@ -129,4 +137,6 @@ private:
     FinestraScambio &m_finestra;
     ControlloSeriale &commApp;
     Temporizzatore tmrComm;
+    bool m_portaAperta = false;
+    QString m_fallimento; // words of the last failure
 };

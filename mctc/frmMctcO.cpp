@@ -9,7 +9,6 @@
 #include "core/testo_riempito.h"
 #include "dialogs/frmMsg.h"
 #include "mctc/campi_acc.h"
-#include "mctc/cartella_scambio.h"
 #include "mctc/controllo_valori.h"
 #include "platform/colori.h"
 #include "platform/errore_esecuzione.h"
@@ -215,6 +214,9 @@ void frmMctcO::Disponi()
     for (qint16 i = 0; i <= 1; ++i)
         lblDes[i].FontSize(Punti_Normali() * PUNTI_CAMPO);
 
+    for (qint16 i = PRIMA_VEICOLO; i <= lbl.UBound(); ++i)
+        lbl[i].Width(ScalaX(VEICOLO.etichettaLarga));
+
     cmd[0].Caption(Testo_Mctc(MctcConferma));
     Disponi_In(cmd[0], POSTO_CONFERMA, PUNTI_GRANDE);
     cmd[0].Default(true);
@@ -256,7 +258,7 @@ void frmMctcO::Lista_Aggiorna()
     const qint32 ultima = Lista_Leggi(gDirAcc, mVoci);
     if (!Caricato())
         return;
-    const QSet<QString> fatti = Fatti_Elenca(gDirAcc);
+    const VeicoliFatti fatti = Fatti_Elenca(gDirAcc);
     const qint32 scelta = lstAuto->ListIndex(); // the line chosen while the files were read
     const QString prima = lstAuto->List(scelta);
     lstAuto->Clear();
@@ -300,7 +302,7 @@ void frmMctcO::tmrFatti_Timer()
 {
     if (mOccupato || mInLettura)
         return;
-    const QSet<QString> fatti = Fatti_Elenca(gDirAcc);
+    const VeicoliFatti fatti = Fatti_Elenca(gDirAcc);
     if (fatti == mFatti)
         return;
     mFatti = fatti;

@@ -1,5 +1,5 @@
-// The result record on the screen: table of cells, colours, alarm and print button. It judges nothing anew
-// but the colour of an intensity, by the test of the evaluation.
+// The result record on the screen: table of cells, colours, what is out of order, alarm and print button. It
+// judges nothing anew but the colour of an intensity, by the test of the evaluation.
 #include "report/frmEsito.h"
 
 #include "core/codici.h"
@@ -8,11 +8,13 @@
 #include "core/modGeneral.h"
 #include "core/modReport.h"
 #include "core/risultato.h"
+#include "core/veicolo.h"
 #include "dialogs/frmMsg.h"
 #include "platform/colori.h"
 #include "platform/numeri.h"
+#include "report/guasti.h"
 #include "report/pagina.h"
-#include "toolkit/aspetto.h"
+#include "toolkit/lettura.h"
 #include "toolkit/schermo.h"
 #include "toolkit/segnale.h"
 
@@ -62,6 +64,12 @@ enum PulsanteEsito : qint16
 constexpr qint32 CELLA_LARGA = 1300;
 constexpr qint32 CELLA_ALTA = 800;
 constexpr qint32 CELLE_Y = 2370;
+constexpr qint32 GUASTI_Y = 5100;
+constexpr qint32 GUASTI_ALTI = 4800;
+constexpr double PUNTI_VERDETTO = 4.2; // of the normal size
+constexpr qint32 PULSANTI_Y = 1500;    // from below
+constexpr qint32 VEICOLO_X = 2700;
+constexpr qint32 TARGA_LARGA = 3700;
 constexpr qint32 PULSANTE_LARGO = 1575;
 constexpr qint32 PULSANTE_ALTO = 975;
 
@@ -87,6 +95,7 @@ frmEsito::frmEsito()
       lblDes(QStringLiteral("lblDes")),
       lblPar(QStringLiteral("lblPar")),
       lblTab(QStringLiteral("lblTab")),
+      lblGuasto(QStringLiteral("lblGuasto")),
       tmrBeep([] { Segnale_Acustico(); })
 {
 }
@@ -98,23 +107,35 @@ void frmEsito::Disegno()
     lblTitolo = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTitolo"));
     lblTitolo->Allineamento(Orizzontale::Centro);
     lblTitolo->FontBold(true);
-    lblTitolo->FontSize(Punti_Normali() * 3);
-    txt.Carica(0).Posto(0, 0, ScalaX(3000), ScalaY(450));
-    txt[0].FontSize(Punti_Normali() * 1.4);
-    lbl.Carica(0).Posto(0, 0, ScalaX(4000), ScalaY(300));
-    for (ArrayControlli<Etichetta> *array : {&lblDes, &lblPar, &lblTab})
+    lblTitolo->FontSize(Punti_Normali() * PUNTI_VERDETTO);
+    txt.Carica(0).Posto(0, 0, ScalaX(4500), ScalaY(600));
+    txt[0].FontSize(Punti_Normali() * LETTURA_SCHERMO);
+    txt[0].FontBold(true); // the value; its caption is neither as large nor as black
+    lbl.Carica(0).Posto(0, 0, ScalaX(3200), ScalaY(300));
+    lbl[0].FontSize(Punti_Normali() * LETTURA_SCHERMO);
+    lblTipo = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTipo"));
+    lblTarga = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTarga"));
+    lblTarga->FontSize(Punti_Normali() * LETTURA_AUTO);
+    lblTarga->FontBold(true);
+    lblVeicolo = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblVeicolo"));
+    lblVeicolo->FontSize(Punti_Normali() * LETTURA_SCHERMO);
+    for (Etichetta *etichetta : {lblTipo.get(), lblTarga.get(), lblVeicolo.get()})
+        etichetta->Visible(false);
+    for (ArrayControlli<Etichetta> *array : {&lblDes, &lblPar, &lblTab, &lblGuasto})
         array->Inizia(Finestra());
     for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_DES)); ++i) {
         lblDes.Carica(i).FontBold(true);
-        lblDes[i].FontSize(Punti_Normali() * 1.2);
+        lblDes[i].FontSize(Punti_Normali() * LETTURA_SCHERMO);
+        lblDes[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     }
     for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_PAR)); ++i) {
         lblPar.Carica(i).Visible(true);
         lblPar[i].Allineamento(i < COLONNE ? Orizzontale::Centro : Orizzontale::Destra);
+        lblPar[i].FontSize(Punti_Normali() * (i < COLONNE ? LETTURA_AUTO : LETTURA_SCHERMO));
     }
     for (qint16 i = 0; i < CELLE; ++i) {
         lblTab.Carica(i).Allineamento(Orizzontale::Centro);
-        lblTab[i].FontSize(Punti_Normali() * 2);
+        lblTab[i].FontSize(Punti_Normali() * LETTURA_AUTO);
         lblTab[i].FontBold(true);
         lblTab[i].Bordo();
         lblTab[i].BackColor(COLORE_NERO);
@@ -122,7 +143,7 @@ void frmEsito::Disegno()
         lblTab[i].Visible(true);
     }
     for (qint16 i = PulsanteEsci; i <= PulsanteChiudi; ++i)
-        cmd.Carica(i).FontSize(Punti_Normali() * 1.4);
+        cmd.Carica(i).FontSize(Punti_Normali() * LETTURA_SCHERMO);
 }
 
 void frmEsito::Load()
@@ -140,7 +161,7 @@ void frmEsito::Load()
 
 void frmEsito::Disponi_Pulsanti()
 {
-    const qint32 cima = gScreenH - ScalaY(1500);
+    const qint32 cima = gScreenH - ScalaY(PULSANTI_Y);
     const qint32 posti[] = {gScreenW - ScalaX(2500), ScalaX(500), ScalaX(2500), gScreenW - ScalaX(4500)};
     for (qint16 i = PulsanteEsci; i <= PulsanteChiudi; ++i)
         cmd[i].Posto(posti[i], cima, ScalaX(PULSANTE_LARGO), ScalaY(PULSANTE_ALTO));
@@ -181,7 +202,7 @@ void frmEsito::Riempi()
     const bool simmetrico = Far_Valore(FarTipoAnab) == u"#S";
     txt[RigaAltezza].Text(Numero_Testo(gAltezzaFaro));
     txt[RigaTipoFaro].Text(Testo_Mctc(simmetrico ? MctcTipoSimmetrico : MctcTipoAsimmetrico));
-    lblDes[0].Posto(ScalaX(500), ScalaY(1500), ScalaX(4000), ScalaY(400));
+    lblDes[0].Posto(ScalaX(500), ScalaY(1500), ScalaX(4000), ScalaY(550));
     lblDes[0].Caption(Testo_Mctc(TESTI_DES[0]));
     lblDes[0].Visible(true);
     if (!Regolare(FarEsito) && gAllarmeAcustico) {
@@ -191,6 +212,73 @@ void frmEsito::Riempi()
     Intestazioni_Tabella();
     Celle_Mira();
     Celle_Intensita();
+    for (qint16 i = 0; i <= ULTIMA_RIGA; ++i)
+        lbl[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
+    Pareggia_Scritte();
+    Mostra_Tipo(simmetrico);
+    Mostra_Veicolo();
+    Mostra_Guasti();
+}
+
+/// What stands in a row is read as a row.
+void frmEsito::Pareggia_Scritte()
+{
+    const auto gruppo = [](const ArrayControlli<Etichetta> &array, qint16 primo, qint16 quanti) {
+        std::vector<Etichetta *> etichette;
+        for (qint16 i = primo; i < primo + quanti; ++i)
+            etichette.push_back(&array[i]);
+        return etichette;
+    };
+    Pareggia(gruppo(lblPar, 0, COLONNE));
+    Pareggia(gruppo(lblPar, COLONNE, 3));
+    Pareggia(gruppo(lblTab, 0, CELLE_MIRA));
+    Pareggia(gruppo(lblTab, CELLE_MIRA, COLONNE));
+    Pareggia(gruppo(lbl, 0, ULTIMA_RIGA + 1));
+}
+
+/// The caption of the type names one of the two types: the word behind it answers it, so that nobody takes it
+/// for the value below.
+void frmEsito::Mostra_Tipo(bool simmetrico)
+{
+    const Etichetta &voce = lbl[RigaTipoFaro];
+    lblTipo->FontSize(lbl[0].FontSize());
+    lblTipo->Allineamento(Orizzontale::Sinistra, Verticale::Basso);
+    lblTipo->FontBold(true);
+    lblTipo->Posto(voce.Left() + Larghezza_Scritta(voce), voce.Top(), ScalaX(1200), voce.Height());
+    lblTipo->Caption(QStringLiteral(": ") + Testo_Mctc(simmetrico ? MctcNo : MctcSi));
+    lblTipo->Visible(true);
+}
+
+/// Between the buttons.
+void frmEsito::Mostra_Veicolo()
+{
+    const bool scelto = !gFileAcc.isEmpty() && !gVeicolo.Targa.isEmpty();
+    const qint32 cima = gScreenH - ScalaY(PULSANTI_Y);
+    const qint32 destra = ScalaX(VEICOLO_X + TARGA_LARGA);
+    lblTarga->Posto(ScalaX(VEICOLO_X), cima, ScalaX(TARGA_LARGA), ScalaY(PULSANTE_ALTO));
+    lblTarga->Caption(gVeicolo.Targa);
+    lblTarga->Visible(scelto);
+    lblVeicolo->Posto(destra, cima, gScreenW - ScalaX(VEICOLO_X) - destra, ScalaY(PULSANTE_ALTO));
+    lblVeicolo->Caption(Accorcia(*lblVeicolo, gVeicolo.Descrizione));
+    lblVeicolo->NomeAccessibile(gVeicolo.Descrizione);
+    lblVeicolo->Visible(scelto);
+}
+
+/// The free part of the screen, shared out among the lamps: the fewer they are, the larger they are told.
+void frmEsito::Mostra_Guasti()
+{
+    const QStringList guasti = Guasti_Elenca();
+    std::vector<Etichetta *> etichette;
+    for (qint16 i = 0; i < guasti.size(); ++i) {
+        const qint32 altezza = ScalaY(GUASTI_ALTI) / static_cast<qint32>(guasti.size());
+        Etichetta &etichetta = lblGuasto.Carica(i);
+        etichetta.FontSize(Punti_Normali() * LETTURA_AUTO);
+        etichetta.Posto(ScalaX(500), ScalaY(GUASTI_Y) + i * altezza, gScreenW - 2 * ScalaX(500), altezza);
+        etichetta.Caption(guasti[i]);
+        etichetta.Visible(true);
+        etichette.push_back(&etichetta);
+    }
+    Pareggia(etichette);
 }
 
 void frmEsito::Intestazioni_Tabella()

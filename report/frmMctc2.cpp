@@ -14,7 +14,8 @@
 namespace {
 
 constexpr qint16 RIGHE_VEICOLO = 12;
-/// The rows that are known by name: the plate, and those behind the vehicle.
+
+/// The rows that are named: the plate, and those behind the vehicle's.
 enum RigaEntrata : qint16
 {
     RigaTarga = 3,

@@ -35,6 +35,7 @@ const QList<Altrove> ALTROVE = {
     {u"mctc/campi_acc.cpp",   {u"Targa"}},
     {u"report/frmMctc2.cpp",  {u"Operatore", u"Note", u"Indirizzo", u"Citta", u"Telefono", u"Telaio", u"Targa"}},
     {u"core/modReport.cpp",   {u"Operatore", u"Telaio", u"Targa"}},
+    {u"core/veicolo.cpp",     {u"Targa"}},
     // rows of the result file
     {u"core/risultato.cpp",   {u"Operatore", u"Marca"}},
     // a list's name for a screen reader

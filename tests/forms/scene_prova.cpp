@@ -6,6 +6,7 @@
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
+#include "core/veicolo.h"
 #include "dialogs/dlgPwd.h"
 #include "dialogs/frmAbout.h"
 #include "dialogs/frmMsg.h"
@@ -158,21 +159,25 @@ std::shared_ptr<Modulo> Veicolo_AMano(const BancoForm &banco)
 
 // --- results ----------------------------------------------------------------------------------------------
 
-std::shared_ptr<Modulo> Esito_Regolare(const BancoForm &)
+std::shared_ptr<Modulo> Esito_Regolare(const BancoForm &banco)
 {
+    gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
+    Veicolo_Prendi();
     Carica_Limiti();
     gAltezzaFaro = 65.5;
     Far_Azzera();
     for (const RigaFar cella : CELLE)
-        Far_Imposta(cella, Di_Intensita(cella) ? QStringLiteral("45678") : QStringLiteral("R"));
+        Far_Imposta(cella, Di_Intensita(cella) ? QStringLiteral("45600") : QStringLiteral("R"));
     Far_Imposta(FarTipoAnab, QStringLiteral("#A"));
     Far_Imposta(FarEsito, QStringLiteral("R"));
     return Mostrato(Nuovo<frmEsito>());
 }
 
 /// Every other beam out of its limits, and a lamp that was not tested.
-std::shared_ptr<Modulo> Esito_Irregolare(const BancoForm &)
+std::shared_ptr<Modulo> Esito_Irregolare(const BancoForm &banco)
 {
+    gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
+    Veicolo_Prendi();
     Carica_Limiti();
     gAltezzaFaro = 100;
     Far_Azzera();
@@ -180,7 +185,7 @@ std::shared_ptr<Modulo> Esito_Irregolare(const BancoForm &)
     for (const RigaFar cella : CELLE) {
         const bool buona = i++ % 2 == 0;
         if (Di_Intensita(cella))
-            Far_Imposta(cella, buona ? QStringLiteral("45678") : QStringLiteral("234567"));
+            Far_Imposta(cella, buona ? QStringLiteral("45600") : QStringLiteral("234500"));
         else
             Far_Imposta(cella, buona ? QStringLiteral("R") : QStringLiteral("I"));
     }
@@ -233,13 +238,53 @@ std::shared_ptr<Modulo> Sessione_AltroTipo(const BancoForm &)
     return Sessione(ModoLeggi, {Risposta_Stato('1'), Risposta_Stato('1')});
 }
 
-/// The one scene of a session under way: the first caption stands.
-std::shared_ptr<Modulo> Sessione_Iniziata(const BancoForm &)
+/// A session as an operator has it, some time after its beginning. @param linea what the line does.
+std::shared_ptr<Modulo> Sessione_Operatore(const std::function<void(LineaProva &)> &linea, qint64 ms)
 {
-    Linee_Prepara({});
+    Linee_Prepara(linea);
     const auto form = Nuovo<frmComm>();
     form->Carica();
-    return Mostrato(form);
+    Mostrato(form);
+    Orologio_Banco().Avanza(ms);
+    return form;
+}
+
+/// The first caption stands.
+std::shared_ptr<Modulo> Sessione_Iniziata(const BancoForm &)
+{
+    return Sessione_Operatore({}, 0);
+}
+
+std::shared_ptr<Modulo> Sessione_Veicolo(const BancoForm &banco)
+{
+    constexpr qint64 ATTESA_MISURA = 754000;
+    gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
+    return Sessione_Operatore(
+        [](LineaProva &linea) { linea.Rispondi = [](const QByteArray &) { return Risposta_Stato('1'); }; },
+        ATTESA_MISURA);
+}
+
+std::shared_ptr<Modulo> Sessione_Spenta(const BancoForm &banco)
+{
+    constexpr qint64 RINUNCIA = 24200;
+    gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
+    return Sessione_Operatore({}, RINUNCIA);
+}
+
+std::shared_ptr<Modulo> Sessione_SenzaPorta(const BancoForm &banco)
+{
+    gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
+    return Sessione_Operatore([](LineaProva &linea) { linea.RifiutaApertura = true; }, DURATA_SESSIONE);
+}
+
+std::shared_ptr<Modulo> Sessione_Completata(const BancoForm &banco)
+{
+    gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
+    return Sessione_Operatore(
+        [](LineaProva &linea) {
+            linea.Copione({Risposta_Stato('4'), Risposta_Misura("0123O#", "0456OO", "0789XO", "9999##")});
+        },
+        1000);
 }
 
 // --- administration ---------------------------------------------------------------------------------------
@@ -337,6 +382,10 @@ constexpr Scena SCENE[] = {
     {"esito regolare",            Esito_Regolare                             },
     {"esito irregolare",          Esito_Irregolare                           },
     {"collegamento, inizio",      Sessione_Iniziata                          },
+    {"collegamento, veicolo",     Sessione_Veicolo                           },
+    {"collegamento, senza porta", Sessione_SenzaPorta                        },
+    {"collegamento, spento",      Sessione_Spenta                            },
+    {"collegamento, completato",  Sessione_Completata                        },
     {"collegamento, misura",      Sessione_Misura                            },
     {"collegamento, lettura",     Sessione_Lettura                           },
     {"collegamento, silenzio",    Sessione_Muta                              },

@@ -3,6 +3,7 @@
 #include "link/frmComm.h"
 
 #include "core/codici.h"
+#include "core/esito_sessione.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
@@ -119,6 +120,17 @@ private:
         QWidget *forma = Widget_Di(*form, "shaComm");
         return forma->grab().toImage().pixelColor(forma->rect().center());
     }
+    /// The bar of the steps: the present one in brackets.
+    QString Passi() const
+    {
+        QStringList passi;
+        for (const char *nome : {"lblPasso_0", "lblPasso_1", "lblPasso_2"}) {
+            const QString scritta = Testo_Di(*form, nome);
+            const bool scuro = Sfondo_Di(Widget_Di(*form, nome)).lightness() < 128;
+            passi.append(scuro ? u'[' + scritta + u']' : scritta);
+        }
+        return passi.join(u' ');
+    }
     QStringList Righe_Dbg() const
     {
         const auto *lista = Widget_Di<QListWidget>(*form, "lstDbg");
@@ -234,12 +246,26 @@ private Q_SLOTS:
         Passa(60000);
         QVERIFY(form->Caricato());
         QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
+        QVERIFY(Visibile(*form, "lblPorta") && Visibile(*form, "lblRimedio"));
+        QCOMPARE(Testo_Di(*form, "lblPorta"), QStringLiteral("COM1 non si è aperta"));
+        QCOMPARE(Testo_Di(*form, "lblRimedio"), QStringLiteral("controllare cavo e porta"));
+        QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM1: chiusa"));
+        QVERIFY(!Visibile(*form, "lblPasso_0")); // nothing has gone out
         QVERIFY(Linea_Corrente()->Usciti.isEmpty());
         QVERIFY(Righe_Dbg().isEmpty());
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
                                  {SessioneFallita, 0}
         }));
+        QCOMPARE(Sessione_Fine().Testo, QStringLiteral("COM1 non si è aperta: controllare cavo e porta"));
+    }
+
+    void portaApertaSenzaAvviso()
+    {
+        banco->Stazione.Imposta(QStringLiteral("COMM"), QStringLiteral("Num"), QStringLiteral("7"));
+        Apri();
+        QVERIFY(!Visibile(*form, "lblPorta"));
+        QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM7: in attesa"));
     }
 
     void portaSenzaImpostazioniNelProfilo()
@@ -409,6 +435,188 @@ private Q_SLOTS:
     }
 
     // --- what the operator sees ---------------------------------------------------------------------------
+
+    /// The words are read from the car: the plate too. Nothing of them is cut or shrunk on the design screen.
+    void veicoloDellaMisura()
+    {
+        gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
+        Apri();
+        QVERIFY(Visibile(*form, "lblTarga") && Visibile(*form, "lblVeicolo"));
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
+        QVERIFY(Testo_Di(*form, "lblVeicolo").startsWith(QStringLiteral("FABBRICA")));
+        QCOMPARE(Widget_Di(*form, "lblVeicolo")->accessibleName(),
+                 QStringLiteral("FABBRICA DI PROVA BERLINA 1.6"));
+    }
+
+    void nessunVeicolo_data()
+    {
+        QTest::addColumn<int>("modo");
+        QTest::addColumn<bool>("file");
+        QTest::newRow("prova a mano") << int{ModoMisura} << false;
+        QTest::newRow("lettura, dopo una prova") << int{ModoLeggi} << true;
+        QTest::newRow("default, dopo una prova") << int{ModoDefault} << true;
+    }
+    void nessunVeicolo()
+    {
+        QFETCH(int, modo);
+        QFETCH(bool, file);
+        gFileAcc = file ? banco->Stazione.Accettazione(QStringLiteral("12345678.acc")) : QString();
+        Apri(static_cast<quint8>(modo));
+        QVERIFY(!Visibile(*form, "lblTarga") && !Visibile(*form, "lblVeicolo"));
+    }
+
+    void passiDellaMisura()
+    {
+        Linee_Prepara([](LineaProva &linea) {
+            linea.Copione({Risposta_Stato('1'), Risposta_Stato('4'), MISURA});
+            linea.Ritardo = 500;
+        });
+        Apri();
+        QCOMPARE(Passi(), QStringLiteral("[Misura] Dati Fatto"));
+        Passa(3 * TICK); // "1": the same step again
+        QCOMPARE(Passi(), QStringLiteral("[Misura] Dati Fatto"));
+        Passa(3 * TICK);
+        QCOMPARE(Passi(), QStringLiteral("√ Misura [Dati] Fatto"));
+        Passa(3 * TICK);
+        QCOMPARE(Passi(), QStringLiteral("√ Misura √ Dati √ Fatto"));
+    }
+
+    /// A session that has failed has no step to go on with: the words take their place.
+    void passiDiUnaSessioneFallita()
+    {
+        Con_Copione({Frame_Risposta("ABCx")});
+        Apri();
+        QVERIFY(Visibile(*form, "lblPasso_0"));
+        const int prima = Widget_Di(*form, "lbl_0")->height();
+        Passa(TICK);
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(154)));
+        QVERIFY(!Visibile(*form, "lblPasso_0"));
+        QVERIFY(Widget_Di(*form, "lbl_0")->height() > prima);
+        QCOMPARE(Widget_Di(*form, "lbl_0")->width(), Pixel_DaTwip(form->Width()));
+    }
+
+    /// The writing of the defaults asks for no status.
+    void passiDeiDefault()
+    {
+        Linee_Prepara([](LineaProva &linea) {
+            linea.Copione({Risposta_Scritto(), Risposta_Scritto(), Risposta_Scritto()});
+        });
+        Apri(ModoDefault);
+        QVERIFY(!Visibile(*form, "lblPasso_0"));
+        QVERIFY(Visibile(*form, "lblPasso_1"));
+        Passa(3 * TICK);
+        QCOMPARE(Testo_Di(*form, "lblPasso_2"), QStringLiteral("√ Fatto"));
+    }
+
+    /// A late reply brings a session back that had been given up: the steps come back with it.
+    void passiDopoUnaRispostaTardiva()
+    {
+        Apri();
+        Passa(24200);
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(153)));
+        QVERIFY(!Visibile(*form, "lblPasso_0"));
+        Linea_Corrente()->Arriva(Risposta_Stato('4'));
+        Passa(4000);
+        QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
+        QVERIFY(Visibile(*form, "lblPasso_0"));
+        QCOMPARE(Passi(), QStringLiteral("√ Misura [Dati] Fatto"));
+    }
+
+    void tempiDellaSessione()
+    {
+        Linee_Prepara([](LineaProva &linea) {
+            linea.Copione({Risposta_Stato('1')});
+            linea.Ritardo = 1700;
+        });
+        Apri();
+        const auto tempi = [this] {
+            return Testo_Di(*form, "lblDurata") + u'|' + Testo_Di(*form, "lblRisposta");
+        };
+        QCOMPARE(tempi(), QStringLiteral("0:00|Nessuna risposta"));
+        Passa(1000);
+        QCOMPARE(tempi(), QStringLiteral("0:01|Nessuna risposta"));
+        Passa(800);
+        QCOMPARE(tempi(), QStringLiteral("0:01|Risposta 0 s fa"));
+        Passa(5200);
+        QCOMPARE(tempi(), QStringLiteral("0:07|Risposta 5 s fa"));
+        Passa(13000);
+        QCOMPARE(tempi(), QStringLiteral("0:20|Risposta 18 s fa"));
+        Premi(*form, "cmd_0");
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+    }
+
+    void parolaDellaLampada()
+    {
+        gDebug = Vero;
+        Apri();
+        const auto parola = [this] { return Testo_Di(*form, "lblLampada"); };
+        for (int i = 0; i < 4; ++i) { // whatever the blinking shows
+            QCOMPARE(parola(), QStringLiteral("COM1: in attesa"));
+            Passa(TICK);
+        }
+        Linea_Corrente()->Arriva(Frame_Risposta("ABCx"));
+        Passa(TICK);
+        QCOMPARE(parola(), QStringLiteral("COM1: fermo")); // nothing goes out any more
+    }
+
+    void elencoSoloSeServe()
+    {
+        Con_Copione({Risposta_Stato('4'), MISURA});
+        Apri();
+        QVERIFY(!Visibile(*form, "lstDbg"));
+        Passa(TICK);
+        QVERIFY(!Visibile(*form, "lstDbg"));
+        Passa(TICK);
+        QVERIFY(Visibile(*form, "lstDbg"));
+        QCOMPARE(QApplication::focusWidget(), Widget_Di(*form, "cmd_0"));
+    }
+
+    void elencoConDebug()
+    {
+        gDebug = Vero;
+        Apri();
+        QVERIFY(Visibile(*form, "lstDbg"));
+        QVERIFY(Righe_Dbg().isEmpty());
+    }
+
+    void trafficoConIlSuoNome()
+    {
+        Apri();
+        QCOMPARE(Testo_Di(*form, "lblNomeTx"), QStringLiteral("TX"));
+        QCOMPARE(Testo_Di(*form, "lblNomeRx"), QStringLiteral("RX"));
+        for (const char *coppia : {"Tx", "Rx"}) {
+            const QByteArray suffisso(coppia);
+            const QRect nome = Widget_Di(*form, ("lblNome" + suffisso).constData())->geometry();
+            const QRect byte = Widget_Di(*form, ("lbl" + suffisso).constData())->geometry();
+            QCOMPARE(nome.top(), byte.top());
+            QVERIFY(nome.right() < byte.left());
+        }
+    }
+
+    /// A workshop keeps its text file over an upgrade: what has come since is empty, and the session goes on.
+    void fileDeiTestiDiUnaVolta()
+    {
+        const QString nome = QStringLiteral("lingueMCTC.ini");
+        QByteArray vecchio;
+        for (const QByteArray &riga : banco->Stazione.Leggi(nome).split('\n')) {
+            if (riga.left(3).toInt() <= 160)
+                vecchio += riga + '\n';
+        }
+        banco->Stazione.Scrivi(nome, vecchio);
+        Con_Copione({Risposta_Stato('4'), MISURA});
+        Apri();
+        QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM1"));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
+        Passa(2 * TICK + 2000);
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {SessioneCompletata, 0}
+        }));
+        Linee_Prepara([](LineaProva &linea) { linea.RifiutaApertura = true; });
+        Apri();
+        QCOMPARE(Testo_Di(*form, "lblPorta"), QStringLiteral("COM1"));
+        Premi(*form, "cmd_0");
+        QCOMPARE(Sessione_Fine().Testo, QStringLiteral("COM1"));
+    }
 
     void lampadaDelCollegamento()
     {

@@ -7,6 +7,7 @@
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
+#include "core/veicolo.h"
 #include "link/protocollo.h"
 #include "platform/colori.h"
 #include "tests/comuni/far_prova.h"
@@ -180,6 +181,69 @@ private Q_SLOTS:
             QCOMPARE(Membro_Di<QWidget>(*form, "lbl", i)->pos(),
                      Posto_Twip(ScalaX(500), cima - ScalaY(300), 0, 0).topLeft());
         }
+    }
+
+    /// The caption names the asymmetric type whatever the lamps are: the word behind it answers it, and the
+    /// value is set in another type.
+    void tipoSiDistingueDallaVoce_data()
+    {
+        QTest::addColumn<QString>("tipo");
+        QTest::addColumn<QString>("risposta");
+        QTest::newRow("simmetrico") << QStringLiteral("#S") << QStringLiteral(": No");
+        QTest::newRow("asimmetrico") << QStringLiteral("#A") << QStringLiteral(": Sì");
+    }
+    void tipoSiDistingueDallaVoce()
+    {
+        QFETCH(QString, tipo);
+        QFETCH(QString, risposta);
+        Far_Imposta(FarTipoAnab, tipo);
+        Apri();
+        QCOMPARE(Testo_Di(*form, "lblTipo"), risposta);
+        const QWidget *voce = Widget_Di(*form, "lbl_1");
+        const QRect accanto = Widget_Di(*form, "lblTipo")->geometry();
+        QCOMPARE(accanto.top(), voce->geometry().top());
+        QVERIFY(accanto.left() <= voce->geometry().right());
+        QVERIFY(Widget_Di(*form, "txt_1")->font().bold() && !voce->font().bold());
+        QVERIFY(Widget_Di(*form, "txt_1")->font().pixelSize() > voce->font().pixelSize());
+    }
+
+    // --- vehicle and faults -------------------------------------------------------------------------------
+
+    /// The file has gone when the result shows: the vehicle is that of the session.
+    void veicoloDelFile()
+    {
+        gFileAcc = banco->Stazione.Percorso(QStringLiteral("DIR_FAR\\12345678.acc"));
+        gVeicolo = {QStringLiteral("AB123CD"), QStringLiteral("FABBRICA BERLINA")};
+        Apri();
+        QVERIFY(Visibile(*form, "lblTarga") && Visibile(*form, "lblVeicolo"));
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
+        QCOMPARE(Testo_Di(*form, "lblVeicolo"), QStringLiteral("FABBRICA BERLINA"));
+        form->Scarica();
+        gFileAcc.clear(); // the next one is tested by hand
+        Apri();
+        QVERIFY(!Visibile(*form, "lblTarga") && !Visibile(*form, "lblVeicolo"));
+    }
+
+    void guastiInGrande()
+    {
+        Far_Imposta(FarEsito, QStringLiteral("I"));
+        Far_Imposta(FarIllumLuxAnabDx, QStringLiteral("2100"));
+        Far_Imposta(FarVertAbbSx, QStringLiteral("I"));
+        Apri();
+        QCOMPARE(Testo_Di(*form, "lblGuasto_0"),
+                 QStringLiteral("Anabbagliante destro: 2.1 klx, ammesso da 3.75 a 90"));
+        QCOMPARE(Testo_Di(*form, "lblGuasto_1"),
+                 QStringLiteral("Abbagliante sinistro: orientamento verticale errato"));
+        QVERIFY(Visibile(*form, "lblGuasto_0") && Visibile(*form, "lblGuasto_1"));
+        const QWidget *primo = Widget_Di(*form, "lblGuasto_0");
+        QCOMPARE(primo->font().pixelSize(), Widget_Di(*form, "lblGuasto_1")->font().pixelSize());
+        QVERIFY(primo->font().pixelSize() > Membro_Di<QLabel>(*form, "lblPar", 0)->font().pixelSize());
+    }
+
+    void regolareSenzaFrasi()
+    {
+        Apri();
+        QVERIFY(form->Finestra()->findChild<QWidget *>(QStringLiteral("lblGuasto_0")) == nullptr);
     }
 
     // --- the table ----------------------------------------------------------------------------------------

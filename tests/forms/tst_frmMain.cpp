@@ -644,6 +644,21 @@ private Q_SLOTS:
         QCOMPARE(Avviso(), QStringLiteral("Porta COM77 assente"));
     }
 
+    /// An instrument that is off: the menu says it, in the words of the session.
+    void strumentoMutoDettoSulMenu()
+    {
+        Linee_Prepara({});
+        Apri();
+        Scegli_DallaLista();
+        Regia regia;
+        regia.Quando("frmComm", [](Modulo &) { Orologio_Banco().Avanza(30000); });
+        Conferma_Veicolo();
+        QVERIFY(regia.Finita());
+        QVERIFY(Attiva(*form));
+        QVERIFY(!Sessione_Fine().Testo.isEmpty());
+        QCOMPARE(Avviso(), Sessione_Fine().Testo);
+    }
+
     /// A folder that cannot even be asked for is as good as an empty one; a missing one lists nothing anyway.
     void cartellaDellaLetturaIrraggiungibile()
     {

@@ -1,6 +1,7 @@
 #include "link/scambio.h"
 
 #include "core/codici.h"
+#include "core/esito_sessione.h"
 #include "core/modGeneral.h"
 #include "link/modComm.h"
 #include "platform/errore_esecuzione.h"
@@ -132,6 +133,8 @@ private Q_SLOTS:
     // the end
     void pulsanteInOgniStato_data();
     void pulsanteInOgniStato();
+    void fineAnnotata_data();
+    void fineAnnotata();
     void debugRestaAperta();
     void debugRispostaDopoLaFineNonVista();
     void rispostaTardivaRecuperaLaSessione();
@@ -815,6 +818,51 @@ void tst_scambio::pulsanteInOgniStato()
     QCOMPARE(s.linea.Usciti.size(), usciti);
     QCOMPARE(s.finestra.Notifiche.size(), 1);
     QCOMPARE(s.finestra.Errori, QStringList());
+}
+
+namespace {
+
+using Linea = std::function<void(LineaProva &)>;
+
+Linea Che_Risponde(const QList<QByteArray> &risposte)
+{
+    return [risposte](LineaProva &linea) { linea.Copione(risposte); };
+}
+
+} // namespace
+
+void tst_scambio::fineAnnotata_data()
+{
+    QTest::addColumn<Linea>("linea");
+    QTest::addColumn<int>("pulsante");
+    QTest::addColumn<QString>("testo");
+    constexpr int MAI = 30000;
+    QTest::newRow("misura presa") << Che_Risponde({Risposta_Stato('4'), MISURA}) << MAI << QString();
+    QTest::newRow("silenzio") << Che_Risponde({}) << MAI << QStringLiteral("153");
+    QTest::newRow("risposta errata") << Che_Risponde({Risposta_Stato('9')}) << MAI << QStringLiteral("154");
+    QTest::newRow("interrotta") << Che_Risponde({Risposta_Stato('1')}) << 1000
+                                << QStringLiteral("Collegamento interrotto dall'operatore");
+    QTest::newRow("chiusa mentre dice il silenzio") << Che_Risponde({}) << 25000 << QStringLiteral("153");
+    QTest::newRow("porta che non si apre")
+        << Linea([](LineaProva &linea) { linea.RifiutaApertura = true; }) << 1000
+        << QStringLiteral("COM3 non si è aperta: controllare cavo e porta");
+}
+
+// In the words that were on the screen, and at the moment of the unloading; a session that goes well takes
+// away what the one before it has left.
+void tst_scambio::fineAnnotata()
+{
+    QFETCH(Linea, linea);
+    QFETCH(int, pulsante);
+    Sessione_Annota(QStringLiteral("di prima"));
+    Sessione s(ModoMisura);
+    linea(s.linea);
+    s.Apri();
+    s.orologio.Avanza(pulsante);
+    if (s.finestra.Chiusa < 0)
+        s.finestra.Scarica_Modulo();
+    QTEST(Sessione_Fine().Testo, "testo");
+    QCOMPARE(Sessione_Fine().Quando, s.orologio.Adesso().addMSecs(s.finestra.Chiusa - s.orologio.Passati()));
 }
 
 void tst_scambio::debugRestaAperta()
