@@ -58,7 +58,7 @@ void frmComm::Disegno()
     Image1 = std::make_unique<Immagine>(Finestra(), QStringLiteral("Image1"));
     lbl.Carica(0).Allineamento(Orizzontale::Centro);
     lbl[0].FontSize(Punti_Normali() * LETTURA_AUTO);
-    mQuadro = std::make_unique<QuadroSessione>(Finestra());
+    mQuadro = std::make_unique<QuadroSessione>(*this);
     lblPorta = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblPorta"));
     lblPorta->FontSize(Punti_Normali() * LETTURA_AUTO);
     lblRimedio = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblRimedio"));
