@@ -22,8 +22,8 @@ namespace {
 constexpr qint32 LARGA = 8000;
 constexpr qint32 ALTA = 4000;
 constexpr qint32 MARGINE = 120;
-constexpr qint32 STACCO = 30;
-constexpr qint32 DUE_RIGHE = 1560; // of the words, in type that is read from the car
+constexpr qint32 STACCO = 15;
+constexpr qint32 DUE_RIGHE = 1595; // of the words, in type that is read from the car
 constexpr qint32 TRE_RIGHE = 2385;
 constexpr qint32 PASSI_ALTI = 540;
 constexpr qint32 RIGA_HEX = 265;

@@ -9,8 +9,6 @@
 #include "toolkit/modulo.h"
 #include "toolkit/schermo.h"
 
-#include <algorithm>
-
 namespace {
 
 constexpr int SECONDO = 1000; // ms
@@ -60,7 +58,7 @@ void QuadroSessione::Inizia(const QString &primoPasso, bool conStato)
     m_testoRisposta = Testo_Mctc(MctcRispostaFa);
     m_testoNessuna = Testo_Mctc(MctcNessunaRisposta);
     lblDurata.NomeAccessibile(Testo_Mctc(MctcDurata));
-    m_inizio = Orologio_Corrente().Adesso();
+    m_durata.Parti();
     tmrSecondi.Interval(SECONDO);
     tmrSecondi.Enabled(true);
     Passi_Visibili(true);
@@ -117,7 +115,7 @@ void QuadroSessione::Avanza(const MacchinaScambio &macchina)
 void QuadroSessione::Lampada(quint32 colore)
 {
     if (colore == COLORE_VERDE) {
-        m_risposta = Orologio_Corrente().Adesso();
+        m_risposta.Parti();
         Mostra_Tempi();
     }
     if (!m_aperta || m_chiusura)
@@ -150,18 +148,13 @@ void QuadroSessione::Mostra_Parola(ParolaLampada parola)
 
 void QuadroSessione::Mostra_Tempi()
 {
-    const qint64 durata = Secondi_Da(m_inizio);
-    lblDurata.Caption(QStringLiteral("%1:%2").arg(durata / 60).arg(durata % 60, 2, 10, QChar(u'0')));
+    const qint64 durata = m_durata.Secondi();
+    const QString secondi = QString::number(durata % 60).rightJustified(2, u'0');
+    lblDurata.Caption(QStringLiteral("%1:%2").arg(durata / 60).arg(secondi));
     QString risposta = m_testoNessuna;
-    if (m_risposta.isValid())
+    if (m_risposta.Partito())
         risposta =
-            QString(m_testoRisposta).replace(QStringLiteral("%1"), QString::number(Secondi_Da(m_risposta)));
+            QString(m_testoRisposta).replace(QStringLiteral("%1"), QString::number(m_risposta.Secondi()));
     if (risposta != lblRisposta.Caption())
         lblRisposta.Caption(risposta);
-}
-
-/// Never below 0: somebody may set the computer's clock meanwhile.
-qint64 QuadroSessione::Secondi_Da(const QDateTime &quando) const
-{
-    return std::max<qint64>(0, quando.secsTo(Orologio_Corrente().Adesso()));
 }

@@ -2,11 +2,11 @@
 // long it lasts. It reads the machine and decides nothing.
 #pragma once
 
+#include "link/cronometro.h"
 #include "platform/temporizzatore.h"
 #include "toolkit/array_controlli.h"
 #include "toolkit/controlli.h"
 
-#include <QDateTime>
 #include <QStringList>
 
 #include <memory>
@@ -56,7 +56,6 @@ private:
     void Mostra_Passo(qint16 passo);
     void Mostra_Parola(ParolaLampada parola);
     void Mostra_Tempi();
-    qint64 Secondi_Da(const QDateTime &quando) const;
 
     ArrayControlli<Etichetta> lblPasso;
     Etichetta lblLampada;
@@ -67,8 +66,8 @@ private:
     QStringList m_parole;
     QString m_testoRisposta;
     QString m_testoNessuna;
-    QDateTime m_inizio;
-    QDateTime m_risposta; ///< when the last reply came; invalid before the first
+    Cronometro m_durata;
+    Cronometro m_risposta; ///< since the last reply; at rest before the first
     bool m_conStato = true;
     bool m_aperta = true;
     bool m_chiusura = false;

@@ -121,7 +121,7 @@ constexpr Sottosoglia SOTTOSOGLIA[] = {
     {"frmAnagOffO",      "(cmd|lbl|txt)_.*",          Lettera, 3.2,  "still to be enlarged"                                },
     {"frmEsito",         "cmd_.*",                    Lettera, 8.5,  "the width of the buttons is given"                   },
     {"frmEsito",         "lbl_.*|lblTipo",            Lettera, 5.8,  "the captions stand 300 above their boxes"            },
-    {"frmEsito",         "lblDes_1",                  Lettera, 6.6,  "it stands 350 above the heads"                       },
+    {"frmEsito",         "lblDes_.*",                 Lettera, 6.6,  "their width is given, and the heads stand 350 below" },
     {"frmEsito",         "lblPar_[0-3]",              Lettera, 5.2,  "the columns are 1300 wide; lblGuasto names the lamps"},
     {"frmEsito",         "lblPar_[4-6]",              Lettera, 5.3,  "long words between the frame and the cells"          },
     {"frmEsito",         "lblTab_([89]|1[01])",       Lettera, 9.4,  "five signs in a cell of 1300"                        },
