@@ -8,6 +8,7 @@
 #include "platform/una_riga.h"
 #include "toolkit/aspetto.h"
 #include "toolkit/schermo.h"
+#include "toolkit/segno_avviso.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -391,8 +392,8 @@ Controllo::Controllo(QWidget *widget, const QString &nome) : m_widget(widget)
 
 Controllo::~Controllo()
 {
-    if (m_widget == nullptr)
-        return;
+    if (m_widget == nullptr || QCoreApplication::instance() == nullptr)
+        return; // a form of the whole program's life goes after the screen has gone
     // It may be the very widget whose event is being handled: it goes when the loop has control again. Only
     // its own handlers fall silent: others, such as the accessibility bus, must hear of its end.
     QObject::disconnect(m_widget, nullptr, m_widget, nullptr);
@@ -642,6 +643,14 @@ QString Etichetta::Principio(const QString &testo) const
     QFont carattere = Label()->font();
     carattere.setPixelSize(Carattere_Minimo());
     return testo.left(Quanto_Riempie(testo, Label()->size(), QFontMetrics(carattere)));
+}
+
+void Etichetta::Margine_Sopra(qint32 twip)
+{
+    if (Widget() == nullptr)
+        return;
+    Label()->setContentsMargins(0, Pixel_DaTwip(twip), 0, 0);
+    Adatta();
 }
 
 qint32 Etichetta::Altezza_Testo() const
@@ -946,10 +955,9 @@ void Immagine::Picture(const QString &percorso)
 
 void Immagine::Avviso()
 {
-    if (Widget() != nullptr) {
-        const QIcon icona = Widget()->style()->standardIcon(QStyle::SP_MessageBoxWarning);
-        static_cast<WidgetImmagine *>(Widget())->Mostra(icona.pixmap(128));
-    }
+    constexpr int LATO = 512; // more than the largest screen shows of it
+    if (Widget() != nullptr)
+        static_cast<WidgetImmagine *>(Widget())->Mostra(Segno_Avviso(LATO));
 }
 
 void Immagine::Testo(const QString &testo)
