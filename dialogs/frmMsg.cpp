@@ -19,7 +19,7 @@ constexpr qint16 TESTO_TITOLO = 124;
 constexpr qint16 TEMPO_MESSAGGIO = 2000; // ms
 
 // In twips, as the form's height is: it grows with the text, not with the screen.
-constexpr qint32 MARGINE_TESTO = 1000;
+constexpr qint32 MARGINE_TESTO = 820;
 constexpr qint32 SALITA_TESTO = 200; // the text stands that much above the middle
 constexpr qint32 TITOLO_CIMA = 30;
 constexpr qint32 TITOLO_FONDO = 320;
@@ -52,9 +52,10 @@ void frmMsg::Disegno()
 {
     Shape1 = std::make_unique<Forma>(Finestra(), QStringLiteral("Shape1"), Forma::Rettangolo);
     PicMex = std::make_unique<Immagine>(Finestra(), QStringLiteral("PicMex"));
-    PicMex->Posto(200, 400, 480, 480);
+    PicMex->Posto(90, 400, 480, 480);
     PicMex->Avviso();
     lblTitolo = std::make_unique<Titolo>(Finestra(), QStringLiteral("lblTitolo"));
+    lblTitolo->Visible(true);
     lstTesto = std::make_unique<ElencoLettura>(Finestra(), QStringLiteral("lstTesto"));
     lstTesto->FontSize(Punti_Lettura(Lettura::DalloSchermo));
     lstTesto->Visible(false);

@@ -689,6 +689,17 @@ void CasellaTesto::Text(const QString &testo)
     Riga()->setCursorPosition(0); // a text longer than its box shows its beginning
 }
 
+bool CasellaTesto::Intera() const
+{
+    if (Widget() == nullptr)
+        return true;
+    QStyleOptionFrame opzione;
+    opzione.initFrom(Riga());
+    const QRect spazio = Riga()->style()->subElementRect(QStyle::SE_LineEditContents, &opzione, Riga());
+    const int cursore = Spessore_Linea(4); // the caret's room at the ends
+    return Riga()->fontMetrics().horizontalAdvance(Riga()->displayText()) + cursore <= spazio.width();
+}
+
 bool CasellaTesto::Locked() const
 {
     return Widget() != nullptr && Riga()->isReadOnly();

@@ -8,13 +8,16 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QTextLayout>
+
+#include <cmath>
 
 namespace {
 
 /// Characters of an entry, at most: the toolkit keeps its height, in pixels, in 16 bits.
 constexpr qsizetype VOCE_LUNGA = 2000;
 
-/// Breaks an entry wherever its line ends: a key of an acceptance file may be one long word.
+/// Breaks an entry between its words; a word that is longer than a line wherever the line ends.
 class DelegatoLettura : public QStyledItemDelegate
 {
 public:
@@ -25,23 +28,42 @@ public:
     {
         pennello->fillRect(opzione.rect,
                            Colore_Tema(indice.row() % 2 == 0 ? Tinta::Campo : Tinta::CampoSpento));
-        pennello->setFont(m_lista->font());
         pennello->setPen(Colore_Tema(Tinta::Testo));
-        pennello->drawText(opzione.rect.adjusted(Margine(), Margine() / 2, -Margine(), 0), COME,
-                           indice.data().toString());
+        QTextLayout testo(indice.data().toString(), m_lista->font());
+        Spezza(testo);
+        testo.draw(pennello, opzione.rect.topLeft() + QPointF(Margine(), Margine() / 2.0));
     }
     QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &indice) const override
     {
-        // The bar's room is always left: a list that scrolls would else be broken anew.
-        const int barra = m_lista->verticalScrollBar()->sizeHint().width();
-        const QRect posto(0, 0, m_lista->contentsRect().width() - barra - 2 * Margine(), QWIDGETSIZE_MAX);
-        const QRect testo = m_lista->fontMetrics().boundingRect(posto, COME, indice.data().toString());
-        return {0, testo.height() + Margine()}; // as wide as the list, whatever that is
+        QTextLayout testo(indice.data().toString(), m_lista->font());
+        return {0, Spezza(testo) + Margine()}; // as wide as the list, whatever that is
     }
 
 private:
-    static constexpr int COME = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap | Qt::TextWrapAnywhere;
     static int Margine() { return Spessore_Linea(6); }
+    /// Lays the lines out. @return their height, in pixels.
+    int Spezza(QTextLayout &testo) const
+    {
+        // The bar's room is always left: a list that scrolls would else be broken anew.
+        const int barra = m_lista->verticalScrollBar()->sizeHint().width();
+        const int largo = m_lista->contentsRect().width() - barra - 2 * Margine();
+        testo.setTextOption(Come());
+        testo.beginLayout();
+        qreal alto = 0;
+        for (QTextLine riga = testo.createLine(); riga.isValid(); riga = testo.createLine()) {
+            riga.setLineWidth(largo);
+            riga.setPosition({0, alto});
+            alto += riga.height();
+        }
+        testo.endLayout();
+        return static_cast<int>(std::ceil(alto));
+    }
+    static QTextOption Come()
+    {
+        QTextOption come;
+        come.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        return come;
+    }
     QListWidget *m_lista;
 };
 

@@ -11,5 +11,4 @@ Titolo::Titolo(QWidget *finestra, const QString &nome) : Etichetta(finestra, nom
     FontBold(true);
     FontSize(Punti_Lettura(Lettura::DallaTastiera));
     Allineamento(Qt::AlignLeft | Qt::AlignTop);
-    Visible(true);
 }

@@ -357,7 +357,7 @@ void tst_frmMsg::bordoEIcona()
         bool visto = false;
         Mostra_E_Guarda(0, Testo(75), [&] {
             QCOMPARE(Parte("Shape1")->geometry(), Messaggio().Finestra()->rect());
-            QCOMPARE(Parte("PicMex")->geometry(), QRect(13, 13, 46, 46));
+            QCOMPARE(Parte("PicMex")->geometry(), QRect(6, 13, 45, 46));
             QVERIFY(!Parte<QLabel>("PicMex")->pixmap(Qt::ReturnByValue).isNull());
             visto = Parte("Shape1")->isVisible() && Parte("PicMex")->isVisible();
         });
