@@ -8,25 +8,25 @@ namespace {
 
 struct FlagIni
 {
-    const char16_t *chiave;
+    ChiaveIni chiave;
     Flag *flag;
 };
 
 /// The flags of section MCTC, in the order of their reading.
 constexpr FlagIni FLAG_MCTC[] = {
-    {u"IniFile",         &gIniFile        },
-    {u"Esce",            &gEsce           },
-    {u"ControlloVisivo", &gControlloVisivo},
-    {u"AllarmeAcustico", &gAllarmeAcustico},
-    {u"Alimentazione",   &gAlimentazione  },
-    {u"AltezzaFaroAuto", &gAltezzaFaroAuto},
-    {u"Modalita",        &gModalita       },
+    {ChiaveIniFile,         &gIniFile        },
+    {ChiaveEsce,            &gEsce           },
+    {ChiaveControlloVisivo, &gControlloVisivo},
+    {ChiaveAllarmeAcustico, &gAllarmeAcustico},
+    {ChiaveAlimentazione,   &gAlimentazione  },
+    {ChiaveAltezzaFaroAuto, &gAltezzaFaroAuto},
+    {ChiaveModalita,        &gModalita       },
 };
 
 /// Only the exact text "1" counts.
-Flag Flag_Ini(const QString &sezione, const QString &chiave)
+Flag Flag_Ini(const ChiaveIni &chiave)
 {
-    return Flag_Da(Valore_Ini(gFileIni, sezione, chiave) == u"1");
+    return Flag_Da(Valore_Ini(gFileIni, chiave) == u"1");
 }
 
 } // namespace
@@ -43,16 +43,16 @@ void Avvio_Percorsi(const QString &cartella)
 
 void Avvio_Impostazioni()
 {
-    if (Flag_Ini(QStringLiteral("GENERAL"), QStringLiteral("Debug")))
+    if (Flag_Ini(ChiaveDebug))
         gDebug = Vero;
-    const QString utente = Valore_Ini(gFileIni, QStringLiteral("GENERAL"), QStringLiteral("User"));
+    const QString utente = Valore_Ini(gFileIni, ChiaveUtente);
     gUser = Str_Token(utente, QStringLiteral(" "), 1);
     if (gUser.isEmpty())
         gUser = utente;
     Avvio_Variante();
-    gLingua = Valore_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Lingua")).toUpper();
+    gLingua = Valore_Ini(gFileIni, ChiaveLingua).toUpper();
     for (const FlagIni &voce : FLAG_MCTC)
-        *voce.flag = Flag_Ini(QStringLiteral("MCTC"), QString::fromUtf16(voce.chiave));
+        *voce.flag = Flag_Ini(voce.chiave);
     Imposta_Cartelle();
     Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
 }

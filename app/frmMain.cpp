@@ -3,6 +3,8 @@
 #include "app/frmMain.h"
 
 #include "app/modApp.h"
+#include "core/codici.h"
+#include "core/esito_sessione.h"
 #include "core/modCtl.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
@@ -12,16 +14,25 @@
 #include "dialogs/frmMsg.h"
 #include "link/frmComm.h"
 #include "mctc/frmMctcO.h"
+#include "platform/colori.h"
 #include "platform/elenco.h"
+#include "platform/eventi.h"
+#include "platform/numeri.h"
+#include "platform/orologio.h"
+#include "platform/porta_seriale.h"
 #include "report/frmEsito.h"
 #include "report/frmMctc2.h"
 #include "report/frmVerPerO.h"
 #include "setup/frmAnagOffO.h"
 #include "setup/frmSetupO.h"
 #include "toolkit/applicazione.h"
+#include "toolkit/risalto.h"
 #include "toolkit/schermo.h"
 
 #include <QScopedValueRollback>
+
+#include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -41,13 +52,51 @@ enum VoceMenu : qint16
     MenuUscita = 7,
 };
 
+/// Captions of the buttons, by their index.
+constexpr TestoMctc VOCI_MENU[ULTIMO_PULSANTE + 1] = {
+    MctcNonDisponibile0,   MctcImpostazioni,       MctcProvaProiettori, MctcNonDisponibile3,
+    MctcVerificaPeriodica, MctcAnagraficaOfficina, MctcInformazioni,    MctcEsci,
+    MctcNonDisponibile8,
+};
+
 /// Entries without an action in any state: they keep their place in the grid.
 constexpr qint16 VOCI_SPENTE[] = {0, 3};
 
-constexpr qint16 TESTO_CARTELLA_IMMAGINI = 4; // of lingue.ini
+// The state of the station. A network folder may answer slowly, and the one thread waits for it: the longer
+// the last look took, the longer until the next.
+constexpr qint16 RIGHE_STATO = 4;
+constexpr int DOPO_RITORNO = 100; // ms: the menu is painted first
+constexpr int FRA_DUE_SGUARDI = 30000;
+constexpr qint64 RIPOSO_VOLTE = 100;
+constexpr qint64 MINUTO = 60000;
+
+// Their places, in design units: the lines in the cell of the grid that has no button, the notice on the
+// lower edge of the picture.
+constexpr qint32 STATO_MARGINE_X = 120;
+constexpr qint32 STATO_MARGINE_Y = 25;
+constexpr double STATO_PUNTI = 1.15; // times the normal size
+constexpr qint32 AVVISO_X = 400;
+constexpr qint32 AVVISO_SOTTO = 250;
+constexpr qint32 AVVISO_ALTO = 1900;
+constexpr double AVVISO_PUNTI = 2.3;
 
 /// Logo of a further customer variant, with a password of its own: a hook, no code assigns it today.
 constexpr const char16_t *LOGO_NORVO = u"norvo_logo.gif";
+
+/// Why the worklist does not open although it is in use.
+QString Motivo_SenzaLista()
+{
+    switch (Cartella_Guarda(gDirAcc).Stato) {
+    case StatoCartella::Mancante:
+        return Testo_Mctc(MctcSceltaSenzaCartella);
+    case StatoCartella::Illeggibile:
+        return Testo_Mctc(MctcSceltaIlleggibile);
+    case StatoCartella::Vuota:
+    case StatoCartella::ConAccettazioni: // the first came while the folder was looked at
+        break;
+    }
+    return Testo_Mctc(MctcSceltaVuota);
+}
 
 /// Brings the open form of a kind to the front, whoever opened it; false when there is none. The forms of a
 /// kind share one table of rows: a second one would clear what stands typed in the first.
@@ -65,7 +114,14 @@ bool Riporta_Avanti()
 
 } // namespace
 
-frmMain::frmMain() : Modulo(QStringLiteral("frmMain")), cmdMnu(QStringLiteral("cmdMnu")) {}
+frmMain::frmMain()
+    : Modulo(QStringLiteral("frmMain")),
+      cmdMnu(QStringLiteral("cmdMnu")),
+      lblStato(QStringLiteral("lblStato")),
+      tmrStato([this] { Esegui([this] { tmrStato_Timer(); }); }),
+      tmrAvviso([this] { Esegui([this] { Mostra_Avviso(); }); })
+{
+}
 
 frmMain::~frmMain() = default;
 
@@ -78,6 +134,9 @@ void frmMain::Disegno()
         Collega(pulsante, [this, i] { cmdMnu_Click(i); });
     });
     cmdMnu.Carica(0);
+    lblStato.Inizia(Finestra());
+    lblAvviso = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblAvviso"));
+    lblAvviso->Visible(false);
 }
 
 void frmMain::Load()
@@ -85,6 +144,11 @@ void frmMain::Load()
     Mostra_Immagine();
     Disponi_Menu();
     Disattiva_Menu();
+    mRilievo = {};
+    mRiposo = {};
+    Rileva();
+    Mostra_Stato();
+    cmdMnu[MenuProva].SetFocus();
 }
 
 /// A customer without pictures of its own sees the program's name: no picture file is asked for.
@@ -113,20 +177,45 @@ void frmMain::Disponi_Menu()
         cmdMnu[i].Posto(i % COLONNE_MENU * larghezza, cima + i / COLONNE_MENU * altezza, larghezza, altezza);
         cmdMnu[i].Visible(true);
     }
+    for (const qint16 i : VOCI_SPENTE)
+        Pulsante_Assente(cmdMnu[i]);
+    Pulsante_Principale(cmdMnu[MenuProva]);
+    Disponi_Stato(cima, larghezza, altezza);
     Carica_Menu();
     Carica_Password();
+}
+
+void frmMain::Disponi_Stato(qint32 cima, qint32 larghezza, qint32 altezza)
+{
+    const qint32 sopra = cima + PULSANTE_NASCOSTO / COLONNE_MENU * altezza + ScalaY(STATO_MARGINE_Y);
+    const qint32 riga = (altezza - 2 * ScalaY(STATO_MARGINE_Y)) / RIGHE_STATO;
+    for (qint16 i = 0; i < RIGHE_STATO; ++i) {
+        Etichetta &etichetta = lblStato.Carica(i);
+        etichetta.FontSize(Punti_Normali() * STATO_PUNTI);
+        etichetta.Posto(PULSANTE_NASCOSTO % COLONNE_MENU * larghezza + ScalaX(STATO_MARGINE_X),
+                        sopra + i * riga, larghezza - 2 * ScalaX(STATO_MARGINE_X), riga);
+        etichetta.Visible(true);
+    }
+    const qint32 fine = imgLogo->Top() + imgLogo->Height() - ScalaY(AVVISO_SOTTO);
+    lblAvviso->FontSize(Punti_Normali() * AVVISO_PUNTI);
+    lblAvviso->FontBold(true);
+    lblAvviso->BackColor(COLORE_BIANCO);
+    lblAvviso->Bordo_Evidente();
+    lblAvviso->Allineamento(Orizzontale::Centro);
+    lblAvviso->Posto(ScalaX(AVVISO_X), fine - ScalaY(AVVISO_ALTO), gScreenW - 2 * ScalaX(AVVISO_X),
+                     ScalaY(AVVISO_ALTO));
 }
 
 void frmMain::Carica_Menu()
 {
     for (qint16 i = 0; i <= ULTIMO_PULSANTE; ++i)
-        cmdMnu[i].Caption(Testo_Mctc(i));
+        cmdMnu[i].Caption(Testo_Mctc(VOCI_MENU[i]));
 }
 
 void frmMain::Carica_Password()
 {
-    const QString chiave = gLogoFile == LOGO_NORVO ? QStringLiteral("Pwd2") : QStringLiteral("Pwd");
-    gPwdCorrente = Pwd_Decifra(Valore_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), chiave));
+    const ChiaveIni &chiave = gLogoFile == LOGO_NORVO ? ChiavePassword2 : ChiavePassword;
+    gPwdCorrente = Pwd_Decifra(Valore_Ini(gFileIni, chiave));
 }
 
 void frmMain::Disattiva_Menu()
@@ -134,6 +223,80 @@ void frmMain::Disattiva_Menu()
     for (const qint16 i : VOCI_SPENTE)
         cmdMnu[i].Enabled(false);
 }
+
+// --- the state of the station ------------------------------------------------------------------------------
+
+/// The menu is back: what it tells may have changed under the form before it.
+void frmMain::Activate()
+{
+    const qint64 riposo = mRiposo.isValid() ? Orologio_Corrente().Adesso().msecsTo(mRiposo) : 0;
+    tmrStato.Interval(
+        static_cast<int>(std::clamp<qint64>(riposo, DOPO_RITORNO, std::numeric_limits<int>::max())));
+    tmrStato.Enabled(true);
+    Mostra_Avviso();
+}
+
+void frmMain::tmrStato_Timer()
+{
+    tmrStato.Enabled(false);
+    if (!Attivo())
+        return; // whoever works elsewhere does not read the menu: its return asks anew
+    const QDateTime prima = Orologio_Corrente().Adesso();
+    Rileva();
+    if (mRilievo.Lista)
+        mRilievo.Cartella = Cartella_Guarda(gDirAcc);
+    const QDateTime dopo = Orologio_Corrente().Adesso();
+    const qint64 riposo = RIPOSO_VOLTE * std::max<qint64>(0, prima.msecsTo(dopo));
+    mRiposo = dopo.addMSecs(riposo);
+    Mostra_Stato();
+    Mostra_Avviso();
+    tmrStato.Interval(
+        static_cast<int>(std::clamp<qint64>(riposo, FRA_DUE_SGUARDI, std::numeric_limits<int>::max())));
+    tmrStato.Enabled(true);
+}
+
+/// What answers at once. The folder, which may not, is looked at apart.
+void frmMain::Rileva()
+{
+    mRilievo.Lista = gIniFile != Falso;
+    mRilievo.Porta = Numero_Pezzo(Valore_Ini(gFileIni, ChiavePortaNumero));
+    mRilievo.PortaPresente = mRilievo.Porta > 0 && Porta_Presente(mRilievo.Porta);
+    mRilievo.Scadenza = Valore_Ini(gFileIni, ChiaveStrumentoScadenza);
+    mRilievo.Oggi = Orologio_Corrente().Adesso().date();
+}
+
+void frmMain::Mostra_Stato()
+{
+    const QList<RigaStato> righe = Stato_Righe(mRilievo);
+    for (qint16 i = 0; i < RIGHE_STATO; ++i) {
+        lblStato[i].FontBold(righe[i].Avviso);
+        lblStato[i].Caption(righe[i].Testo);
+    }
+}
+
+/// For a minute what the last session failed of, otherwise the lines of the state that ask for somebody.
+void frmMain::Mostra_Avviso()
+{
+    const FineSessione &fine = Sessione_Fine();
+    const qint64 passati = fine.Quando.msecsTo(Orologio_Corrente().Adesso());
+    const bool fallita = !fine.Testo.isEmpty() && passati >= 0 && passati < MINUTO;
+    tmrAvviso.Enabled(false);
+    QStringList avvisi;
+    if (fallita) {
+        avvisi.append(fine.Testo);
+        tmrAvviso.Interval(static_cast<int>(MINUTO - passati));
+        tmrAvviso.Enabled(true);
+    } else {
+        for (const RigaStato &riga : Stato_Righe(mRilievo)) {
+            if (riga.Avviso && !riga.Testo.isEmpty())
+                avvisi.append(riga.Testo);
+        }
+    }
+    lblAvviso->Caption(avvisi.join(u'\n'));
+    lblAvviso->Visible(!avvisi.isEmpty());
+}
+
+// --- the entries -------------------------------------------------------------------------------------------
 
 void frmMain::cmdMnu_Click(qint16 Index)
 {
@@ -161,19 +324,19 @@ void frmMain::cmdMnu_Click(qint16 Index)
     }
 }
 
-/// A new form in its reference, heard from now on, and shown.
+/// A new form in its reference, heard from now on.
 template <typename Form, typename Gestore>
-void frmMain::Apri_Nuovo(std::shared_ptr<Form> &riferimento, Gestore gestore)
+Form &frmMain::Nuovo_Sentito(std::shared_ptr<Form> &riferimento, Gestore gestore)
 {
     riferimento = Nuovo<Form>();
     connect(riferimento.get(), &Form::Notifica, this, gestore);
-    riferimento->Mostra();
+    return *riferimento;
 }
 
 void frmMain::Apri_Setup()
 {
     if (!Riporta_Avanti<frmSetupO>())
-        Apri_Nuovo(formSetup, &frmMain::formSetup_Notifica);
+        Nuovo_Sentito(formSetup, &frmMain::formSetup_Notifica).Mostra();
 }
 
 void frmMain::Apri_Verifica()
@@ -216,14 +379,14 @@ void frmMain::Inizia_Prova()
     if (mApertura || Riporta_Avanti<frmMctcO>() || Riporta_Avanti<frmMctc2>())
         return;
     const QScopedValueRollback<bool> apertura(mApertura, true);
-    gTipoProva = 2;
+    gTipoProva = ProvaScelta;
     const bool lista = gIniFile && Accettazioni_Presenti();
     if (!Caricato())
         return; // the way out was taken while the folder was listed
     if (lista)
         Apri_Lista();
     else
-        Apri_Veicolo();
+        Apri_Veicolo(gIniFile ? Motivo_SenzaLista() : QString());
 }
 
 bool frmMain::Accettazioni_Presenti() const
@@ -234,22 +397,24 @@ bool frmMain::Accettazioni_Presenti() const
            Fs_Elenco(gDirAcc, QStringLiteral("*.acc"), nomi, Falso, Vero) > -1;
 }
 
-void frmMain::Apri_Veicolo()
+void frmMain::Apri_Veicolo(const QString &motivo)
 {
     gFileAcc.clear(); // of a vehicle tested before: this test has no file to answer to
-    Apri_Nuovo(formMctc2, &frmMain::formMctc2_Notifica);
+    frmMctc2 &veicolo = Nuovo_Sentito(formMctc2, &frmMain::formMctc2_Notifica);
+    veicolo.Motivo = motivo;
+    veicolo.Mostra();
 }
 
 void frmMain::Apri_Lista()
 {
-    Apri_Nuovo(formMctcO, &frmMain::formMctcO_Notifica);
+    Nuovo_Sentito(formMctcO, &frmMain::formMctcO_Notifica).Mostra();
 }
 
 void frmMain::Avvia_Prova(qint16)
 {
     Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);
     if (!File_Presente(gDirImmagini, ATTRIBUTO_CARTELLA)) {
-        Mostra_MsgTempo(Testo_Lingua(TESTO_CARTELLA_IMMAGINI));
+        Mostra_MsgTempo(Testo_Lingua(LinguaCartellaDatiAssente));
         Programma_Termina();
     }
     Sessione_Esegui(formComm, ModoMisura, this, &frmMain::formComm_Notifica);
@@ -259,7 +424,7 @@ void frmMain::Avvia_Prova(qint16)
 
 void frmMain::Veicolo_Confermato(qint16 codice, const QVariant &valore)
 {
-    if (codice != 4)
+    if (codice != VeicoloConfermato)
         return;
     gTipoProva = Intero16(valore.toInt());
     Avvia_Prova(gTipoProva);
@@ -268,14 +433,16 @@ void frmMain::Veicolo_Confermato(qint16 codice, const QVariant &valore)
 void frmMain::formSetup_Notifica(qint16 &codice, QVariant &)
 {
     switch (codice) {
-    case 1:
+    case SetupSalvato:
         formSetup.reset();
         break;
-    case 2:
+    case SetupLingua:
         Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
         Carica_Menu();
+        Mostra_Stato();
+        Mostra_Avviso();
         break;
-    case 4:
+    case SetupLavoro:
         Mostra_Immagine();
         Disattiva_Menu();
         break;
@@ -286,7 +453,7 @@ void frmMain::formSetup_Notifica(qint16 &codice, QVariant &)
 
 void frmMain::formMctc2_Notifica(qint16 &codice, QVariant &valore)
 {
-    if (codice == 1)
+    if (codice == SetupSalvato)
         formSetup.reset(); // as in the handler of the setup form; the entry form never says it
     Veicolo_Confermato(codice, valore);
 }
@@ -298,8 +465,8 @@ void frmMain::formMctcO_Notifica(qint16 &codice, QVariant &valore)
 
 void frmMain::formComm_Notifica(qint16 &codice, QVariant &)
 {
-    if (codice == 6) {
-        gTipoProva = 4;
+    if (codice == SessioneCompletata) {
+        gTipoProva = ProvaConfermata;
         Calcola_Esito();
         formEsito = Nuovo<frmEsito>();
         formEsito->Mostra(Modale);
@@ -311,6 +478,8 @@ void frmMain::formComm_Notifica(qint16 &codice, QVariant &)
 
 void frmMain::Unload()
 {
+    tmrStato.Enabled(false);
+    tmrAvviso.Enabled(false);
     for (qint16 i = cmdMnu.UBound(); i >= 1; --i)
         cmdMnu.Scarica(i);
     // Every other form goes with the main window, the one loaded last first. The link form may be unloading

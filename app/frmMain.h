@@ -2,6 +2,8 @@
 // opens every other form and receives their notifications; it holds no test data of its own.
 #pragma once
 
+#include "app/stato_stazione.h"
+#include "platform/temporizzatore.h"
 #include "toolkit/modulo.h"
 
 #include <QVariant>
@@ -25,17 +27,23 @@ public:
 protected:
     void Disegno() override;
     void Load() override;
+    void Activate() override;
     void Unload() override;
 
 private:
     void Disponi_Menu();
     void Carica_Menu();
     void Disattiva_Menu();
+    void Disponi_Stato(qint32 cima, qint32 larghezza, qint32 altezza);
     void Mostra_Immagine();
     void Carica_Password();
+    void Rileva();
+    void Mostra_Stato();
+    void Mostra_Avviso();
+    void tmrStato_Timer();
     void cmdMnu_Click(qint16 Index);
     template <typename Form, typename Gestore>
-    void Apri_Nuovo(std::shared_ptr<Form> &riferimento, Gestore gestore);
+    Form &Nuovo_Sentito(std::shared_ptr<Form> &riferimento, Gestore gestore);
     void Apri_Setup();
     void Apri_Verifica();
     void Apri_Anagrafica();
@@ -43,7 +51,7 @@ private:
     void Chiedi_Password(const QString &password);
     void Inizia_Prova();
     bool Accettazioni_Presenti() const;
-    void Apri_Veicolo();
+    void Apri_Veicolo(const QString &motivo);
     void Apri_Lista();
     void Avvia_Prova(qint16 valore);
 
@@ -56,6 +64,12 @@ private:
 
     std::unique_ptr<Immagine> imgLogo;
     ArrayControlli<Pulsante> cmdMnu;
+    ArrayControlli<Etichetta> lblStato;   // the station's state, in the place that no button has
+    std::unique_ptr<Etichetta> lblAvviso; // what somebody has to do something about, in large type
+    Temporizzatore tmrStato;
+    Temporizzatore tmrAvviso;
+    Rilievo mRilievo;
+    QDateTime mRiposo; // the folder is not looked at again before
     std::shared_ptr<frmSetupO> formSetup;
     std::shared_ptr<frmAnagOffO> formAnagOff;
     std::shared_ptr<frmMctc2> formMctc2;

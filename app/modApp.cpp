@@ -1,6 +1,7 @@
 // The evaluation as tables: which record feeds which row, which rows decide. It knows no form and no frame.
 #include "app/modApp.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
@@ -16,42 +17,33 @@
 
 namespace {
 
-/// Which rows of the result a record of the instrument feeds, and the limits of its kind of beam.
+/// Which rows of the result a record of the instrument feeds, and its kind of beam.
 struct FascioRisultato
 {
-    const char16_t *vertOrizz; // behind "Vert" and "Orizz"
-    const qint32 *minimo;
-    const qint32 *massimo;
+    RigaFar vert, orizz, lux, esitoLux;
+    Fascio fascio;
 };
 
+/// In the order of the records: left dipped, left main, right dipped, right main.
 constexpr FascioRisultato FASCI[] = {
-    {u"AnabSx", &gLuxMinAnab, &gLuxMaxAnab}, // record 0: left, dipped
-    {u"AbbSx",  &gLuxMinAbb,  &gLuxMaxAbb }, // record 1: left, main
-    {u"AnabDx", &gLuxMinAnab, &gLuxMaxAnab}, // record 2: right, dipped
-    {u"AbbDx",  &gLuxMinAbb,  &gLuxMaxAbb }, // record 3: right, main
+    {FarVertAnabSx, FarOrizzAnabSx, FarIllumLuxAnabSx, FarEsitoIllumLuxAnabSx, FascioAnabbagliante},
+    {FarVertAbbSx,  FarOrizzAbbSx,  FarIllumLuxAbbSx,  FarEsitoIllumLuxAbbSx,  FascioAbbagliante  },
+    {FarVertAnabDx, FarOrizzAnabDx, FarIllumLuxAnabDx, FarEsitoIllumLuxAnabDx, FascioAnabbagliante},
+    {FarVertAbbDx,  FarOrizzAbbDx,  FarIllumLuxAbbDx,  FarEsitoIllumLuxAbbDx,  FascioAbbagliante  },
 };
-
-/// The rows that decide the overall verdict: the aims, then the intensity verdicts.
-constexpr int PRIMA_RIGA_MIRA = 8, ULTIMA_RIGA_MIRA = 15;
-constexpr int PRIMA_RIGA_LUX = 20, ULTIMA_RIGA_LUX = 23;
 
 struct RigaStrumento
 {
-    const char16_t *riga;
-    const char16_t *chiave; // in section LUMIRA
+    RigaFar riga;
+    ChiaveIni chiave;
 };
 
 constexpr RigaStrumento RIGHE_STRUMENTO[] = {
-    {u"Marca",      u"Comm_Marca"        },
-    {u"Tipo",       u"Comm_Modello"      },
-    {u"NumOmologa", u"Comm_NOmologazione"},
-    {u"NumSerie",   u"Comm_NSerie"       },
+    {FarMarca,      ChiaveStrumentoMarca       },
+    {FarTipo,       ChiaveStrumentoModello     },
+    {FarNumOmologa, ChiaveStrumentoOmologazione},
+    {FarNumSerie,   ChiaveStrumentoSerie       },
 };
-
-QString Strumento(const char16_t *chiave)
-{
-    return Valore_Ini(gFileIni, QStringLiteral("LUMIRA"), QString::fromUtf16(chiave));
-}
 
 QString Verdetto(bool regolare)
 {
@@ -72,48 +64,44 @@ QString Data_SenzaSeparatori(const QString &data)
 /// The time noted when the link form opened; a text that is no time goes out as it stands.
 QString Ora_Inizio()
 {
-    const QTime ora = QTime::fromString(gRepMisure[REP_INIZIO], QStringLiteral("hh:mm:ss"));
-    return ora.isValid() ? ora.toString(QStringLiteral("hhmmss")) : gRepMisure[REP_INIZIO];
+    const QTime ora = QTime::fromString(gRepMisure[RepInizio], QStringLiteral("hh:mm:ss"));
+    return ora.isValid() ? ora.toString(QStringLiteral("hhmmss")) : gRepMisure[RepInizio];
 }
 
 void Dati_Prova()
 {
-    Far_Imposta(QStringLiteral("AltezzaAnab"), u'#' + Numero_Testo(gAltezzaFaro));
+    Far_Imposta(FarAltezzaAnab, u'#' + Numero_Testo(gAltezzaFaro));
     for (const RigaStrumento &riga : RIGHE_STRUMENTO)
-        Far_Imposta(QString::fromUtf16(riga.riga), Strumento(riga.chiave));
-    Far_Imposta(QStringLiteral("DataScadenza"), Data_SenzaSeparatori(Strumento(u"Comm_ScadRevisione")));
-    Far_Imposta(QStringLiteral("Operatore"),
-                Valore_Ini(gFileIni, QStringLiteral("VEICOLO"), QStringLiteral("Operatore")));
-    Far_Imposta(QStringLiteral("TipoAnab"), gSimmetrico == 1 ? QStringLiteral("#S") : QStringLiteral("#A"));
-    Far_Imposta(QStringLiteral("CodErrore"), QString());
+        Far_Imposta(riga.riga, Valore_Ini(gFileIni, riga.chiave));
+    Far_Imposta(FarDataScadenza, Data_SenzaSeparatori(Valore_Ini(gFileIni, ChiaveStrumentoScadenza)));
+    Far_Imposta(FarOperatore, Valore_Ini(gFileIni, ChiaveOperatore));
+    Far_Imposta(FarTipoAnab, gSimmetrico == 1 ? QStringLiteral("#S") : QStringLiteral("#A"));
+    Far_Imposta(FarCodErrore, QString());
     // A fixed text for the ministry's system: it does not follow the program's version.
-    Far_Imposta(QStringLiteral("NumVersioneSoftware"), QStringLiteral("1.0"));
+    Far_Imposta(FarNumVersioneSoftware, QStringLiteral("1.0"));
 }
 
 void Verdetti_Fascio(const MisuraFaro &misura, const FascioRisultato &fascio)
 {
-    const QString nome = QString::fromUtf16(fascio.vertOrizz);
-    Far_Imposta(QStringLiteral("Vert") + nome, Verdetto_Mira(misura.EsitoV));
-    Far_Imposta(QStringLiteral("Orizz") + nome, Verdetto_Mira(misura.EsitoO));
+    Far_Imposta(fascio.vert, Verdetto_Mira(misura.EsitoV));
+    Far_Imposta(fascio.orizz, Verdetto_Mira(misura.EsitoO));
     const qint32 lux = Intero32(qint64{misura.Lux} * 100);
-    Far_Imposta(QStringLiteral("IllumLux") + nome, QString::number(lux));
-    // The regular band is open at both ends: the limits themselves are irregular.
-    Far_Imposta(QStringLiteral("EsitoIllumLux") + nome,
-                Verdetto(lux > *fascio.minimo && lux < *fascio.massimo));
+    Far_Imposta(fascio.lux, QString::number(lux));
+    Far_Imposta(fascio.esitoLux, Verdetto(Lux_Regolare(lux, fascio.fascio)));
 }
 
-bool Regolari(int prima, int ultima)
+bool Regolari(RigaFar prima, RigaFar ultima)
 {
     return std::all_of(gRisultatoFar.begin() + prima, gRisultatoFar.begin() + ultima + 1,
-                       [](const RigaFar &riga) { return riga.Valore == u"R"; });
+                       [](const VoceFar &riga) { return riga.Valore == u"R"; });
 }
 
 void Tempi_Prova()
 {
     const QDateTime adesso = Orologio_Corrente().Adesso();
-    Far_Imposta(QStringLiteral("DataMisura"), adesso.toString(QStringLiteral("ddMMyyyy")));
-    Far_Imposta(QStringLiteral("FineMisura"), adesso.toString(QStringLiteral("hhmmss")));
-    Far_Imposta(QStringLiteral("InizioMisura"), Ora_Inizio());
+    Far_Imposta(FarDataMisura, adesso.toString(QStringLiteral("ddMMyyyy")));
+    Far_Imposta(FarFineMisura, adesso.toString(QStringLiteral("hhmmss")));
+    Far_Imposta(FarInizioMisura, Ora_Inizio());
 }
 
 } // namespace
@@ -125,12 +113,13 @@ void Calcola_Esito()
     Dati_Prova();
     for (size_t i = 0; i < std::size(FASCI); ++i)
         Verdetti_Fascio(gMisure[i], FASCI[i]);
+    // The aims and the verdicts on the intensity decide; the figures between them do not.
     const bool regolare =
-        Regolari(PRIMA_RIGA_MIRA, ULTIMA_RIGA_MIRA) && Regolari(PRIMA_RIGA_LUX, ULTIMA_RIGA_LUX);
-    Far_Imposta(QStringLiteral("Esito"), Verdetto(regolare));
+        Regolari(FarVertAnabDx, FarOrizzAbbSx) && Regolari(FarEsitoIllumLuxAnabDx, FarEsitoIllumLuxAbbSx);
+    Far_Imposta(FarEsito, Verdetto(regolare));
     Tempi_Prova();
     if (!gFileAcc.isEmpty())
         Far_Scrivi(gFileAcc);
-    if (gModalita && gTipoProva == 4 && Fs_Esiste(gFileAcc, 0))
+    if (gModalita && gTipoProva == ProvaConfermata && Fs_Esiste(gFileAcc, 0))
         File_Elimina(gFileAcc);
 }

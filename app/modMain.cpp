@@ -13,8 +13,6 @@
 
 namespace {
 
-constexpr qint16 TESTO_CONFIGURAZIONE_BLOCCATA = 160;
-
 /// The text is fixed and in English: no text file may be there to provide another.
 void Termina_Con(const QString &testo, const QString &file)
 {
@@ -55,7 +53,7 @@ void Avverte_SeNonScrivibile(const QString &file)
 {
     if (Profilo_Scrivibile(file))
         return;
-    const QString testo = Testo_Mctc(TESTO_CONFIGURAZIONE_BLOCCATA);
+    const QString testo = Testo_Mctc(MctcConfigurazioneBloccata);
     Mostra_MsgConferma((testo.isEmpty() ? QStringLiteral("Setup File not Writable") : testo) +
                        QStringLiteral("\r\n (") + file + u')');
 }

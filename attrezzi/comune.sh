@@ -1,5 +1,7 @@
 # Shell pieces that ./run and ./test share; sourced with the project's root as the working directory.
 # Debian packages by purpose, their installation, and steps that are quiet as long as they go well.
+# shellcheck shell=bash
+# shellcheck disable=SC2034 # the lists of packages are for those who source this
 
 export LC_ALL=C.UTF-8
 
@@ -17,7 +19,7 @@ PACCHETTI_STAMPA=(cups cups-client cups-filters ghostscript printer-driver-cups-
 # the tests sign with a certificate of their own.
 PACCHETTI_WINDOWS=(g++-mingw-w64-x86-64-posix nsis wine64 wine locales libcups2 openssl osslsigncode)
 # The Debian package is made and looked into: dpkg-dev and file.
-PACCHETTI_CONTROLLI=(git clang-format cppcheck dpkg-dev file)
+PACCHETTI_CONTROLLI=(git clang-format clang-tidy cppcheck shellcheck pyflakes3 dpkg-dev file)
 
 errore() {
     echo "$(basename "$0"): $*" >&2

@@ -12,6 +12,13 @@ void Campi_Azzera(TabellaCampi tabella, qint16 ultimaRiga)
     }
 }
 
+void Campo_Chiave(CampoForm &campo, const ChiaveIni &chiave)
+{
+    campo.File = gFileIni;
+    campo.Section = chiave.Sezione.toString();
+    campo.Key = chiave.Nome.toString();
+}
+
 void Campo_Leggi(CampoForm &campo)
 {
     campo.Value.clear();

@@ -2,6 +2,8 @@
 // modCtl's business: this file knows no control.
 #pragma once
 
+#include "core/chiavi.h"
+#include "core/testi_mctc.h"
 #include "platform/tipi.h"
 
 #include <QString>
@@ -32,9 +34,9 @@ enum TipoValore : qint16
 /// The defaults are the state after Campi_Azzera. Positions in twips.
 struct CampoForm
 {
-    QString Nome;        ///< nothing reads it
-    qint16 LabelId = -1; ///< id in gTabMctc of the caption; -1: the row has no label
-    QString Value;       ///< current text of the row
+    QString Nome;                    ///< nothing reads it
+    TestoMctc LabelId = MctcNessuno; ///< the caption; MctcNessuno: the row has no label
+    QString Value;                   ///< current text of the row
     quint8 Kind = CampoNessuno;
     qint16 CtlIndex = -1; ///< index of the row's control in its array, filled by Campi_Crea
     QString Section;
@@ -60,6 +62,9 @@ using TabellaCampi = std::span<CampoForm>;
 
 /// Sets rows 0 to the last to the defaults, all but List; a negative last row does nothing.
 void Campi_Azzera(TabellaCampi tabella, qint16 ultimaRiga);
+
+/// Has a row stand for a key of lumira.ini: sets its File, Section and Key.
+void Campo_Chiave(CampoForm &campo, const ChiaveIni &chiave);
 
 /// Clears a row's Value and, when it has a key, reads it from its profile file.
 void Campo_Leggi(CampoForm &campo);

@@ -1,4 +1,4 @@
-// The limits by table, with their defaults and conversions. What is judged by them is modApp's business.
+// The limits by table, with their defaults and conversions, and the one judgement of an intensity by them.
 #include "core/limiti.h"
 
 #include "core/modGeneral.h"
@@ -17,39 +17,37 @@ namespace {
 
 struct LimiteLux
 {
-    const char16_t *chiave;
+    ChiaveIni chiave;
     qint32 *limite;
-    qint32 predefinito;
 };
 
 constexpr LimiteLux LIMITI_LUX[] = {
-    {u"LuxMaxAbb",  &gLuxMaxAbb,  150000},
-    {u"LuxMaxAnab", &gLuxMaxAnab, 90000 },
-    {u"LuxMinAbb",  &gLuxMinAbb,  20000 },
-    {u"LuxMinAnab", &gLuxMinAnab, 3750  },
+    {ChiaveLuxMaxAbb,  &gLuxMaxAbb },
+    {ChiaveLuxMaxAnab, &gLuxMaxAnab},
+    {ChiaveLuxMinAbb,  &gLuxMinAbb },
+    {ChiaveLuxMinAnab, &gLuxMinAnab},
 };
 
 struct LimiteDev
 {
-    const char16_t *chiave;
+    ChiaveIni chiave;
     float *limite;
-    float predefinito;
     bool gradi; // stored as tan(degrees) x 400; its default is not converted, as on the instrument
 };
 
 constexpr LimiteDev LIMITI_DEV[] = {
-    {u"DevVertAbb",  &gDevVertAbb,  1.5F,  false},
-    {u"DevVertAnab", &gDevVertAnab, 1.5F,  false},
-    {u"DevOrizAbb",  &gDevOrizAbb,  15.0F, true },
-    {u"DevOrizAnab", &gDevOrizAnab, 15.0F, true },
+    {ChiaveDevVertAbb,  &gDevVertAbb,  false},
+    {ChiaveDevVertAnab, &gDevVertAnab, false},
+    {ChiaveDevOrizAbb,  &gDevOrizAbb,  true },
+    {ChiaveDevOrizAnab, &gDevOrizAnab, true },
 };
 
 /// Not a more exact pi: the limits must come out as the instrument's own do.
 constexpr double PI_STRUMENTO = 3.1416;
 
-QString Valore_Limite(const char16_t *chiave)
+QString Valore_Limite(const ChiaveIni &chiave)
 {
-    const QString valore = Valore_Ini(gFileIni, QStringLiteral("PARAMETRI"), QString::fromUtf16(chiave));
+    const QString valore = Valore_Ini(gFileIni, chiave);
     // The file may use a decimal point on a machine with a decimal comma; not the other way round.
     return gSepDecimale == u"," ? Str_Sostituisci(valore, QStringLiteral("."), QStringLiteral(",")) : valore;
 }
@@ -66,21 +64,27 @@ quint8 Simmetrico_Da(const QString &valore)
 
 } // namespace
 
+bool Lux_Regolare(double lux, Fascio fascio)
+{
+    const bool anabbagliante = fascio == FascioAnabbagliante;
+    return lux > (anabbagliante ? gLuxMinAnab : gLuxMinAbb) &&
+           lux < (anabbagliante ? gLuxMaxAnab : gLuxMaxAbb);
+}
+
 void Carica_Limiti()
 {
-    const QString impostazioni = QStringLiteral("IMPOSTAZIONI");
     gSepDecimale = Locale_Info(LOCALE_SEPARATORE_DECIMALE);
     // Always the key Pwd, also in the variant that took Pwd2 when the main window opened.
-    gPwdCorrente = Pwd_Decifra(Valore_Ini(gFileIni, impostazioni, QStringLiteral("Pwd")));
-    gSimmetrico = Simmetrico_Da(Valore_Ini(gFileIni, impostazioni, QStringLiteral("Simmetrico")));
+    gPwdCorrente = Pwd_Decifra(Valore_Ini(gFileIni, ChiavePassword));
+    gSimmetrico = Simmetrico_Da(Valore_Ini(gFileIni, ChiaveSimmetrico));
     for (const LimiteLux &lux : LIMITI_LUX) {
         const QString valore = Valore_Limite(lux.chiave);
-        *lux.limite = Numero_Valido(valore) ? Numero_32(valore) : lux.predefinito;
+        *lux.limite = Numero_Valido(valore) ? Numero_32(valore) : lux.chiave.Predefinito.toInt();
     }
     for (const LimiteDev &dev : LIMITI_DEV) {
         const QString valore = Valore_Limite(dev.chiave);
         if (!Numero_Valido(valore))
-            *dev.limite = dev.predefinito;
+            *dev.limite = dev.chiave.Predefinito.toFloat();
         else
             *dev.limite = dev.gradi ? In_Millimetri(Numero_Singolo(valore)) : Numero_Singolo(valore);
     }

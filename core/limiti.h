@@ -13,6 +13,17 @@ extern float gDevVertAbb, gDevVertAnab, gDevOrizAbb, gDevOrizAnab;
 extern quint8 gSimmetrico;   ///< 1 when the vehicle's headlamps are symmetric, otherwise 0
 extern QString gSepDecimale; ///< decimal separator of the user's locale
 
+/// Kind of beam: each has its limits of intensity.
+enum Fascio : quint8
+{
+    FascioAnabbagliante,
+    FascioAbbagliante,
+};
+
+/// True when an intensity lies between the limits of its beam. The limits themselves are irregular.
+/// @param lux in the unit of the limits; wide enough for a figure that was read back from its text.
+bool Lux_Regolare(double lux, Fascio fascio);
+
 /// Reads the limits, the symmetric flag, the decimal separator and the password. A value that is no number
 /// gives the limit its default.
 /// @throws ErroreEsecuzione 6 when a limit does not fit its width, or the stored password is no scrambled

@@ -5,13 +5,11 @@
 #include "platform/colori.h"
 #include "platform/errore_esecuzione.h"
 #include "toolkit/aspetto.h"
+#include "toolkit/schermo.h"
 
 #include <algorithm>
 
 namespace {
-
-constexpr double GRIGLIA_X = 15360.0;
-constexpr double GRIGLIA_Y = 11520.0;
 
 /// Counters of the three kinds of control, in row order.
 struct Contatori
@@ -68,11 +66,11 @@ void Mostra_Spunta(const CampoForm &campo, CasellaSpunta &spunta)
 /// alone of a row that has none.
 QString Nome_Letto(TabellaCampi tabella, const CampoForm &campo)
 {
-    if (campo.LabelId == -1)
+    if (campo.LabelId == MctcNessuno)
         return campo.Key;
     const QString didascalia = Testo_Mctc(campo.LabelId);
     const auto uguali = std::count_if(tabella.begin(), tabella.end(), [&didascalia](const CampoForm &riga) {
-        return riga.LabelId != -1 && Testo_Mctc(riga.LabelId) == didascalia;
+        return riga.LabelId != MctcNessuno && Testo_Mctc(riga.LabelId) == didascalia;
     });
     return uguali > 1 ? didascalia + u' ' + campo.Key : didascalia;
 }
@@ -148,17 +146,16 @@ void Campi_Crea(TabellaCampi tabella, qint16 ultimaRiga, Modulo &form)
 
 void Campi_Applica(TabellaCampi tabella, qint16 ultimaRiga, Modulo &form)
 {
-    Contatori contatori;
     for (qint16 riga = 0; riga <= ultimaRiga; ++riga) {
         CampoForm &campo = tabella[static_cast<size_t>(riga)];
         Campo_Leggi(campo);
         // Campo_Formato leaves the value of a row without a display form as it is.
         if (campo.Kind == CampoTesto)
-            form.txt[contatori.txt++].Text(Campo_Formato(campo.Value, campo.DateFormat));
+            form.txt[campo.CtlIndex].Text(Campo_Formato(campo.Value, campo.DateFormat));
         else if (campo.Kind == CampoCombo)
-            Mostra_Combo(campo, form.cbo[contatori.cbo++]);
+            Mostra_Combo(campo, form.cbo[campo.CtlIndex]);
         else if (campo.Kind == CampoSpunta)
-            Mostra_Spunta(campo, form.chk[contatori.chk++]);
+            Mostra_Spunta(campo, form.chk[campo.CtlIndex]);
     }
     Campi_Didascalie(tabella, ultimaRiga, form);
 }
@@ -170,7 +167,7 @@ void Campi_Didascalie(TabellaCampi tabella, qint16 ultimaRiga, Modulo &form)
         const CampoForm &campo = tabella[static_cast<size_t>(riga)];
         const QString nome = Nome_Letto(tabella.first(static_cast<size_t>(ultimaRiga) + 1), campo);
         Nome_Accessibile(campo, form, nome);
-        if (campo.LabelId == -1)
+        if (campo.LabelId == MctcNessuno)
             continue;
         Etichetta &etichetta = form.lbl[riga];
         etichetta.Caption(Testo_Mctc(campo.LabelId));

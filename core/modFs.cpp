@@ -3,9 +3,8 @@
 
 #include "platform/elenco.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/eventi.h"
 #include "platform/percorsi.h"
-
-#include <QCoreApplication>
 
 Flag Fs_Esiste(const QString &percorso, qint16 attributo)
 {
@@ -32,7 +31,7 @@ qint32 Fs_Elenco(QString &cartella, const QString &maschera, QStringList &nomi, 
     nomi.clear();
     const QStringList trovati = Cartella_Elenca(cartella + maschera, 0);
     for (const QString &nome : trovati) {
-        QCoreApplication::processEvents();
+        Eventi_Esegui();
         if (filtroEstensione && Fs_Estensione(nome).toUpper() != estensione)
             continue;
         nomi.append(percorsoIntero ? cartella + nome : nome);

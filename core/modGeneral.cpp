@@ -30,7 +30,7 @@ Flag gCaricamento = Falso;
 namespace {
 
 /// Characters that a profile read offers, the closing NUL included.
-constexpr int MISURA_VALORE = 500;
+constexpr int LUNGHEZZA_VALORE = 500;
 
 /// The longest file whose length a result holds, in bytes.
 constexpr qint64 LUNGHEZZA_MASSIMA = std::numeric_limits<qint32>::max();
@@ -39,7 +39,7 @@ constexpr qint64 LUNGHEZZA_MASSIMA = std::numeric_limits<qint32>::max();
 
 Flag Leggi_Ini(const QString &file, const QString &sezione, const QString &chiave, QString &valore)
 {
-    valore = Profilo_Leggi(sezione, chiave, QString(), MISURA_VALORE, file);
+    valore = Profilo_Leggi(sezione, chiave, QString(), LUNGHEZZA_VALORE, file);
     return Flag_Da(!valore.isEmpty());
 }
 
@@ -55,6 +55,19 @@ Flag Scrivi_Ini(const QString &file, const QString &sezione, const QString &chia
     return Flag_Da(Profilo_Scrivi(sezione, chiave, valore, file));
 }
 
+Flag Leggi_Ini(const QString &file, const ChiaveIni &chiave, QString &valore)
+{
+    return Leggi_Ini(file, chiave.Sezione.toString(), chiave.Nome.toString(), valore);
+}
+QString Valore_Ini(const QString &file, const ChiaveIni &chiave)
+{
+    return Valore_Ini(file, chiave.Sezione.toString(), chiave.Nome.toString());
+}
+Flag Scrivi_Ini(const QString &file, const ChiaveIni &chiave, const QString &valore)
+{
+    return Scrivi_Ini(file, chiave.Sezione.toString(), chiave.Nome.toString(), valore);
+}
+
 Flag File_Presente(const QString &percorso, qint16 attributo)
 {
     return Flag_Da(!Cartella_Elenca(percorso, attributo).isEmpty());
@@ -66,9 +79,9 @@ QString Locale_Info(qint32 tipo)
     QByteArray testo;
     // The buffer has the size of the date separator whatever is asked for: a text of one or two characters,
     // which is all that the one caller needs.
-    const qint32 misura = Locale_Dato(locale, LOCALE_SEPARATORE_DATA, testo, 0);
-    testo = QByteArray(misura, '\0');
-    Locale_Dato(locale, tipo, testo, misura);
+    const qint32 lunghezza = Locale_Dato(locale, LOCALE_SEPARATORE_DATA, testo, 0);
+    testo = QByteArray(lunghezza, '\0');
+    Locale_Dato(locale, tipo, testo, lunghezza);
     const qsizetype nul = testo.indexOf('\0');
     return nul < 0 ? QString() : Testo_DaAnsi(testo.first(nul));
 }
@@ -97,23 +110,22 @@ void Carica_Lingua(const QString &file, qint16 ultimo, QStringList &tabella)
         Leggi_Ini(file, gLingua, Lingua_Id(id), tabella[id]);
 }
 
-QString Testo_Mctc(qint16 id)
+QString Testo_Mctc(TestoMctc id)
 {
     return id <= ULTIMO_TESTO_MCTC ? gTabMctc.value(id) : Valore_Ini(gFileLingueMctc, gLingua, Lingua_Id(id));
 }
-QString Testo_Lingua(qint16 id)
+QString Testo_Lingua(TestoLingua id)
 {
     return gTabLingua.value(id);
 }
 
 void Imposta_Cartelle()
 {
-    const auto cartella = [](const char16_t *locale, const char16_t *rete) {
-        const QString chiave = QString::fromUtf16(gModalita ? locale : rete);
-        return Valore_Ini(gFileIni, QStringLiteral("MCTC"), chiave) +
+    const auto cartella = [](const ChiaveIni &locale, const ChiaveIni &rete) {
+        return Valore_Ini(gFileIni, gModalita ? locale : rete) +
                (gModalita ? QStringLiteral("DIR_FAR\\") : QStringLiteral("ESITO\\"));
     };
-    gDirAcc = cartella(u"DirDati", u"ReteDati");
-    gDirFar = cartella(u"DirRisultati", u"ReteRisultati");
+    gDirAcc = cartella(ChiaveLocaleDati, ChiaveReteDati);
+    gDirFar = cartella(ChiaveLocaleRisultati, ChiaveReteRisultati);
     gFileModelloAcc = gDirModelli + QStringLiteral("ModelloAcc.acc");
 }

@@ -2,6 +2,9 @@
 // builds on this one; it knows none of them.
 #pragma once
 
+#include "core/chiavi.h"
+#include "core/testi_lingua.h"
+#include "core/testi_mctc.h"
 #include "platform/tipi.h"
 
 #include <QString>
@@ -37,7 +40,7 @@ extern QStringList gTabMctc;    ///< screen texts of lingueMCTC.ini, ids 0 to 15
 
 extern QStringList gTabLingua; ///< screen texts of lingue.ini, ids 0 to 67; filled each time a test starts
 extern QString gPwdCorrente;   ///< the service password, clear
-extern qint16 gTipoProva;      ///< how the session at hand was started: 2 test button, 4 vehicle confirmed
+extern qint16 gTipoProva;      ///< how the session at hand was started, a TipoProva
 extern double gAltezzaFaro;    ///< headlamp height of the test at hand
 extern QString gFileAcc;       ///< acceptance file of the test at hand; empty for a test without one
 extern Flag gCaricamento; ///< True while the program itself sets a check box: the click it causes is ignored
@@ -59,6 +62,11 @@ QString Valore_Ini(const QString &file, const QString &sezione, const QString &c
 /// @return True when the file now holds it; nearly all callers ignore it.
 Flag Scrivi_Ini(const QString &file, const QString &sezione, const QString &chiave, const QString &valore);
 
+/// The same for the keys of lumira.ini. @param file the station's own (gFileIni), or another one.
+Flag Leggi_Ini(const QString &file, const ChiaveIni &chiave, QString &valore);
+QString Valore_Ini(const QString &file, const ChiaveIni &chiave);
+Flag Scrivi_Ini(const QString &file, const ChiaveIni &chiave, const QString &valore);
+
 /// True when a path exists under an attribute mask: 0 for a plain file, 16 for a folder. It has no guard
 /// (Fs_Esiste has). @throws ErroreEsecuzione 52 for a bad path.
 Flag File_Presente(const QString &percorso, qint16 attributo);
@@ -79,8 +87,8 @@ void Carica_Lingua(const QString &file, qint16 ultimo, QStringList &tabella);
 
 /// The text of an id, empty where the table was never filled. Texts that came behind the last of
 /// lingueMCTC.ini are read when they are asked for: a file from before them, kept by a workshop, has none.
-QString Testo_Mctc(qint16 id);
-QString Testo_Lingua(qint16 id);
+QString Testo_Mctc(TestoMctc id);
+QString Testo_Lingua(TestoLingua id);
 
 /// Derives gDirAcc, gDirFar and gFileModelloAcc from the keys of section MCTC and from gModalita. The
 /// stored folders must end in a backslash: none is inserted.

@@ -2,45 +2,47 @@
 // known here.
 #include "core/modReport.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
 #include "platform/orologio.h"
 
-std::array<QString, 17> gRepMisure;
-std::array<QString, 5> gRepOfficina;
-std::array<QString, 5> gRepTitoli;
-std::array<QString, 5> gRepStrumentoEt, gRepStrumentoVal;
-std::array<QString, 5> gRepVeicoloEt, gRepVeicoloVal;
-std::array<QString, 10> gRepVoci;
+#include <algorithm>
+
+std::array<QString, RIGHE_MISURE> gRepMisure;
+BloccoReport gRepOfficina;
+std::array<QString, RIGHE_TITOLI> gRepTitoli;
+BloccoReport gRepStrumentoEt, gRepStrumentoVal;
+BloccoReport gRepVeicoloEt, gRepVeicoloVal;
+std::array<QString, RIGHE_VOCI> gRepVoci;
 
 namespace {
 
-struct ChiaveSezione
+struct VoceReport
 {
-    const char16_t *sezione;
-    const char16_t *chiave;
-    qint16 etichetta; // id in gTabLingua
+    ChiaveIni chiave;
+    TestoLingua etichetta;
 };
 
-constexpr ChiaveSezione CHIAVI_SEZIONI[] = {
-    {u"OFFICINA",     u"Denominazione",      19},
-    {u"OFFICINA",     u"Indirizzo",          20},
-    {u"OFFICINA",     u"Localita",           21},
-    {u"OFFICINA",     u"TelFax",             22},
-    {u"OFFICINA",     u"Web",                23},
-    {u"LUMIRA",       u"Comm_Marca",         25},
-    {u"LUMIRA",       u"Comm_Modello",       24},
-    {u"LUMIRA",       u"Comm_NOmologazione", 26},
-    {u"LUMIRA",       u"Comm_NSerie",        27},
-    {u"LUMIRA",       u"Comm_ScadRevisione", 28},
-    {u"IMPOSTAZIONI", u"Lingua",             30},
-    {u"VEICOLO",      u"Marca",              25},
-    {u"VEICOLO",      u"Modello",            24},
-    {u"VEICOLO",      u"Targa",              39},
-    {u"VEICOLO",      u"Telaio",             40},
-    {u"VEICOLO",      u"AnnoImm",            41},
-    {u"VEICOLO",      u"Operatore",          29},
+constexpr VoceReport VOCI_SEZIONI[] = {
+    {ChiaveOfficinaDenominazione, LinguaDenominazione       },
+    {ChiaveOfficinaIndirizzo,     LinguaIndirizzo           },
+    {ChiaveOfficinaLocalita,      LinguaLocalita            },
+    {ChiaveOfficinaTelefonoFax,   LinguaTelefonoFax         },
+    {ChiaveOfficinaSitoWeb,       LinguaSitoWeb             },
+    {ChiaveStrumentoMarca,        LinguaMarca               },
+    {ChiaveStrumentoModello,      LinguaModello             },
+    {ChiaveStrumentoOmologazione, LinguaNumeroOmologazione  },
+    {ChiaveStrumentoSerie,        LinguaNumeroSerie         },
+    {ChiaveStrumentoScadenza,     LinguaScadenzaVerifica    },
+    {ChiaveLingua,                LinguaLingua              },
+    {ChiaveVeicoloMarca,          LinguaMarca               },
+    {ChiaveVeicoloModello,        LinguaModello             },
+    {ChiaveVeicoloTarga,          LinguaTarga               },
+    {ChiaveVeicoloTelaio,         LinguaTelaio              },
+    {ChiaveVeicoloAnno,           LinguaAnnoImmatricolazione},
+    {ChiaveOperatore,             LinguaOperatore           },
 };
 
 /// The vehicle as the acceptance file tells it, in the order of the vehicle block.
@@ -48,24 +50,34 @@ constexpr const char16_t *CHIAVI_LIBRETTO[] = {u"Fabbrica", u"Tipo", u"Targa", u
 
 struct MisuraReport
 {
-    size_t riga;
-    const char16_t *chiave; // in gRisultatoFar
+    RigaMisure riga;
+    RigaFar valore;
 };
 
 constexpr MisuraReport MISURE[] = {
-    {REP_LUX_ANAB_DX, u"IllumLuxAnabDx"},
-    {REP_LUX_ANAB_SX, u"IllumLuxAnabSx"},
-    {REP_LUX_ABB_DX,  u"IllumLuxAbbDx" },
-    {REP_LUX_ABB_SX,  u"IllumLuxAbbSx" },
+    {RepLuxAnabDx, FarIllumLuxAnabDx},
+    {RepLuxAnabSx, FarIllumLuxAnabSx},
+    {RepLuxAbbDx,  FarIllumLuxAbbDx },
+    {RepLuxAbbSx,  FarIllumLuxAbbSx },
 };
 
-/// Rows of aims: the instrument gives no figure for them, and the page prints none.
-constexpr size_t SENZA_CIFRA[] = {1, 2, 3, 4, 7, 8, 9, 10};
-
-constexpr qint16 TESTO_SIMMETRICO = 37;
-constexpr qint16 TESTO_ASIMMETRICO = 38;
-constexpr qint16 TESTO_TITOLI = 43; // to 47
-constexpr qint16 TESTO_VOCI = 48;   // to 57
+/// Texts of gRepTitoli and gRepVoci.
+constexpr TestoLingua TITOLI[] = {
+    LinguaTitoloRapporto,      LinguaTitoloStrumento,   LinguaTitoloVeicolo,
+    LinguaTitoloAnabbaglianti, LinguaTitoloAbbaglianti,
+};
+constexpr TestoLingua VOCI[] = {
+    LinguaOrientamentoVerticale,
+    LinguaOrientamentoOrizzontale,
+    LinguaIlluminamento,
+    LinguaData,
+    LinguaOraInizio,
+    LinguaOraFine,
+    LinguaOperatoreProva,
+    LinguaFirma,
+    LinguaRegolare,
+    LinguaIrregolare,
+};
 
 QString Ora_Presente()
 {
@@ -83,25 +95,24 @@ void Vuota_Tabelle()
 
 void Inizio_Prova()
 {
-    gRepMisure[REP_DATA] = Orologio_Corrente().Adesso().toString(QStringLiteral("dd-MM-yyyy"));
-    gRepMisure[REP_INIZIO] = Ora_Presente();
+    gRepMisure[RepData] = Orologio_Corrente().Adesso().toString(QStringLiteral("dd-MM-yyyy"));
+    gRepMisure[RepInizio] = Ora_Presente();
 }
 
 void Misure_Prova()
 {
-    gRepMisure[REP_TIPO_FARO] = Testo_Lingua(gSimmetrico != 0 ? TESTO_SIMMETRICO : TESTO_ASIMMETRICO);
-    for (const size_t riga : SENZA_CIFRA)
-        gRepMisure[riga].clear();
+    gRepMisure[RepTipoFaro] = Testo_Lingua(gSimmetrico != 0 ? LinguaSimmetrico : LinguaAsimmetrico);
+    for (const RigaMisure prima : {RepMireAnab, RepMireAbb})
+        std::fill_n(gRepMisure.begin() + prima, RIGHE_MIRE, QString());
     for (const MisuraReport &misura : MISURE)
-        gRepMisure[misura.riga] = Far_Valore(QString::fromUtf16(misura.chiave));
+        gRepMisure[misura.riga] = Far_Valore(misura.valore);
 }
 
-void Prendi_Sezione(const char16_t *sezione, std::array<QString, 5> *etichette,
-                    std::array<QString, 5> *valori)
+void Prendi_Sezione(QStringView sezione, BloccoReport *etichette, BloccoReport *valori)
 {
     QList<VoceSezione> voci;
-    Leggi_Sezione(QString::fromUtf16(sezione), voci);
-    for (size_t i = 0; i < 5; ++i) {
+    Leggi_Sezione(sezione.toString(), voci);
+    for (size_t i = 0; i < RIGHE_BLOCCO; ++i) {
         if (etichette != nullptr)
             (*etichette)[i] = voci[static_cast<qsizetype>(i)].Etichetta;
         if (valori != nullptr)
@@ -111,8 +122,8 @@ void Prendi_Sezione(const char16_t *sezione, std::array<QString, 5> *etichette,
 
 void Veicolo_Prova()
 {
-    const bool confermato = gTipoProva == 4;
-    Prendi_Sezione(u"VEICOLO", &gRepVeicoloEt, confermato ? nullptr : &gRepVeicoloVal);
+    const bool confermato = gTipoProva == ProvaConfermata;
+    Prendi_Sezione(SezioneVeicolo, &gRepVeicoloEt, confermato ? nullptr : &gRepVeicoloVal);
     for (size_t i = 0; confermato && i < gRepVeicoloVal.size(); ++i) {
         gRepVeicoloVal[i] = Valore_Ini(gFileAcc, QStringLiteral("DatiLibrettoVeicolo"),
                                        QString::fromUtf16(CHIAVI_LIBRETTO[i]));
@@ -121,22 +132,22 @@ void Veicolo_Prova()
 
 QString Operatore_Prova()
 {
-    const QString chiave = QStringLiteral("Operatore");
-    return gTipoProva == 2 ? Valore_Ini(gFileAcc, QStringLiteral("Prenotazione"), chiave)
-                           : Valore_Ini(gFileIni, QStringLiteral("VEICOLO"), chiave);
+    return gTipoProva == ProvaScelta
+               ? Valore_Ini(gFileAcc, QStringLiteral("Prenotazione"), QStringLiteral("Operatore"))
+               : Valore_Ini(gFileIni, ChiaveOperatore);
 }
 
 void Dati_Stampa()
 {
-    gRepMisure[REP_FINE] = Ora_Presente();
-    Prendi_Sezione(u"OFFICINA", nullptr, &gRepOfficina);
+    gRepMisure[RepFine] = Ora_Presente();
+    Prendi_Sezione(SezioneOfficina, nullptr, &gRepOfficina);
     Veicolo_Prova();
-    gRepMisure[REP_OPERATORE] = Operatore_Prova();
-    Prendi_Sezione(u"LUMIRA", &gRepStrumentoEt, &gRepStrumentoVal);
+    gRepMisure[RepOperatore] = Operatore_Prova();
+    Prendi_Sezione(SezioneStrumento, &gRepStrumentoEt, &gRepStrumentoVal);
     for (size_t i = 0; i < gRepTitoli.size(); ++i)
-        gRepTitoli[i] = Testo_Lingua(static_cast<qint16>(TESTO_TITOLI + static_cast<qint16>(i)));
+        gRepTitoli[i] = Testo_Lingua(TITOLI[i]);
     for (size_t i = 0; i < gRepVoci.size(); ++i)
-        gRepVoci[i] = Testo_Lingua(static_cast<qint16>(TESTO_VOCI + static_cast<qint16>(i)));
+        gRepVoci[i] = Testo_Lingua(VOCI[i]);
 }
 
 } // namespace
@@ -151,11 +162,10 @@ void Report_Dati(quint8 stadio)
 qint16 Leggi_Sezione(const QString &sezione, QList<VoceSezione> &voci)
 {
     voci.clear();
-    for (const ChiaveSezione &voce : CHIAVI_SEZIONI) {
-        if (sezione != QString::fromUtf16(voce.sezione))
-            continue;
-        const QString chiave = QString::fromUtf16(voce.chiave);
-        voci.append({Testo_Lingua(voce.etichetta), Valore_Ini(gFileIni, sezione, chiave), chiave});
+    for (const VoceReport &voce : VOCI_SEZIONI) {
+        if (sezione == voce.chiave.Sezione)
+            voci.append({Testo_Lingua(voce.etichetta), Valore_Ini(gFileIni, voce.chiave),
+                         voce.chiave.Nome.toString()});
     }
     if (voci.isEmpty())
         voci.append(VoceSezione{});

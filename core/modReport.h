@@ -9,23 +9,62 @@
 
 #include <array>
 
-/// Rows of gRepMisure that others name.
-inline constexpr size_t REP_TIPO_FARO = 0;
-inline constexpr size_t REP_LUX_ANAB_DX = 5;
-inline constexpr size_t REP_LUX_ANAB_SX = 6;
-inline constexpr size_t REP_LUX_ABB_DX = 11;
-inline constexpr size_t REP_LUX_ABB_SX = 12;
-inline constexpr size_t REP_DATA = 13;
-inline constexpr size_t REP_INIZIO = 14;
-inline constexpr size_t REP_FINE = 15;
-inline constexpr size_t REP_OPERATORE = 16;
+/// Rows of gRepMisure. The instrument gives no figure for an aim: those rows stay empty, and the page prints
+/// none of them.
+enum RigaMisure : size_t
+{
+    RepTipoFaro = 0,
+    RepMireAnab = 1, ///< first of RIGHE_MIRE
+    RepLuxAnabDx = 5,
+    RepLuxAnabSx = 6,
+    RepMireAbb = 7, ///< first of RIGHE_MIRE
+    RepLuxAbbDx = 11,
+    RepLuxAbbSx = 12,
+    RepData = 13,
+    RepInizio = 14,
+    RepFine = 15,
+    RepOperatore = 16,
+};
+inline constexpr size_t RIGHE_MISURE = RepOperatore + 1;
+inline constexpr size_t RIGHE_MIRE = RepLuxAnabDx - RepMireAnab;
 
-extern std::array<QString, 17> gRepMisure;
-extern std::array<QString, 5> gRepOfficina;
-extern std::array<QString, 5> gRepTitoli;
-extern std::array<QString, 5> gRepStrumentoEt, gRepStrumentoVal;
-extern std::array<QString, 5> gRepVeicoloEt, gRepVeicoloVal;
-extern std::array<QString, 10> gRepVoci;
+/// Rows of gRepTitoli.
+enum RigaTitoli : size_t
+{
+    RepTitoloPagina,
+    RepTitoloStrumento,
+    RepTitoloVeicolo,
+    RepTitoloAnab,
+    RepTitoloAbb,
+};
+inline constexpr size_t RIGHE_TITOLI = RepTitoloAbb + 1;
+
+/// Rows of gRepVoci: the captions of a tick table's rows, those of the footer, the heads of the tick columns.
+enum RigaVoci : size_t
+{
+    RepVoceVert,
+    RepVoceOrizz,
+    RepVoceLux,
+    RepVoceData,
+    RepVoceInizio,
+    RepVoceFine,
+    RepVoceOperatore,
+    RepVoceFirma,
+    RepVoceRegolare,
+    RepVoceIrregolare,
+};
+inline constexpr size_t RIGHE_VOCI = RepVoceIrregolare + 1;
+
+/// Lines of the workshop's heading and of each block.
+inline constexpr size_t RIGHE_BLOCCO = 5;
+using BloccoReport = std::array<QString, RIGHE_BLOCCO>;
+
+extern std::array<QString, RIGHE_MISURE> gRepMisure;
+extern BloccoReport gRepOfficina;
+extern std::array<QString, RIGHE_TITOLI> gRepTitoli;
+extern BloccoReport gRepStrumentoEt, gRepStrumentoVal;
+extern BloccoReport gRepVeicoloEt, gRepVeicoloVal;
+extern std::array<QString, RIGHE_VOCI> gRepVoci;
 
 /// One line of a report section.
 struct VoceSezione

@@ -1,55 +1,44 @@
 // The keys of the result record in the order of the result file. What the values mean is not known here.
 #include "core/risultato.h"
 
-#include "platform/errore_esecuzione.h"
-
-#include <algorithm>
-
-std::array<RigaFar, RIGHE_FAR> gRisultatoFar;
+std::array<VoceFar, RIGHE_FAR> gRisultatoFar;
 
 namespace {
 
-constexpr const char *CHIAVI_FAR[RIGHE_FAR] = {
-    "Marca",               // 0
-    "Tipo",                // 1
-    "NumOmologa",          // 2
-    "NumSerie",            // 3
-    "NumVersioneSoftware", // 4
-    "DataScadenza",        // 5
-    "AltezzaAnab",         // 6
-    "TipoAnab",            // 7
-    "VertAnabDx",          // 8
-    "VertAnabSx",          // 9
-    "VertAbbDx",           // 10
-    "VertAbbSx",           // 11
-    "OrizzAnabDx",         // 12
-    "OrizzAnabSx",         // 13
-    "OrizzAbbDx",          // 14
-    "OrizzAbbSx",          // 15
-    "IllumLuxAnabDx",      // 16
-    "IllumLuxAnabSx",      // 17
-    "IllumLuxAbbDx",       // 18
-    "IllumLuxAbbSx",       // 19
-    "EsitoIllumLuxAnabDx", // 20
-    "EsitoIllumLuxAnabSx", // 21
-    "EsitoIllumLuxAbbDx",  // 22
-    "EsitoIllumLuxAbbSx",  // 23
-    "Esito",               // 24
-    "CodErrore",           // 25
-    "DataMisura",          // 26
-    "InizioMisura",        // 27
-    "FineMisura",          // 28
-    "Operatore",           // 29
+constexpr const char *CHIAVI_FAR[] = {
+    "Marca",
+    "Tipo",
+    "NumOmologa",
+    "NumSerie",
+    "NumVersioneSoftware",
+    "DataScadenza",
+    "AltezzaAnab",
+    "TipoAnab",
+    "VertAnabDx",
+    "VertAnabSx",
+    "VertAbbDx",
+    "VertAbbSx",
+    "OrizzAnabDx",
+    "OrizzAnabSx",
+    "OrizzAbbDx",
+    "OrizzAbbSx",
+    "IllumLuxAnabDx",
+    "IllumLuxAnabSx",
+    "IllumLuxAbbDx",
+    "IllumLuxAbbSx",
+    "EsitoIllumLuxAnabDx",
+    "EsitoIllumLuxAnabSx",
+    "EsitoIllumLuxAbbDx",
+    "EsitoIllumLuxAbbSx",
+    "Esito",
+    "CodErrore",
+    "DataMisura",
+    "InizioMisura",
+    "FineMisura",
+    "Operatore",
 };
 
-RigaFar &Riga_Di(const QString &chiave)
-{
-    auto *riga = std::find_if(gRisultatoFar.begin(), gRisultatoFar.end(),
-                              [&chiave](const RigaFar &r) { return r.Chiave == chiave; });
-    if (riga == gRisultatoFar.end())
-        Solleva(NumeroErrore::IndiceFuoriIntervallo);
-    return *riga;
-}
+static_assert(std::size(CHIAVI_FAR) == RIGHE_FAR);
 
 } // namespace
 
@@ -59,12 +48,12 @@ void Far_Azzera()
         gRisultatoFar[i] = {QString::fromLatin1(CHIAVI_FAR[i]), QString()};
 }
 
-QString Far_Valore(const QString &chiave)
+QString Far_Valore(RigaFar riga)
 {
-    return Riga_Di(chiave).Valore;
+    return gRisultatoFar[riga].Valore;
 }
 
-void Far_Imposta(const QString &chiave, const QString &valore)
+void Far_Imposta(RigaFar riga, const QString &valore)
 {
-    Riga_Di(chiave).Valore = valore;
+    gRisultatoFar[riga].Valore = valore;
 }

@@ -6,19 +6,54 @@
 
 #include <array>
 
-struct RigaFar
+/// The rows in the order of the result file, each named as its key is written there.
+enum RigaFar : quint8
+{
+    FarMarca,
+    FarTipo,
+    FarNumOmologa,
+    FarNumSerie,
+    FarNumVersioneSoftware,
+    FarDataScadenza,
+    FarAltezzaAnab,
+    FarTipoAnab,
+    FarVertAnabDx,
+    FarVertAnabSx,
+    FarVertAbbDx,
+    FarVertAbbSx,
+    FarOrizzAnabDx,
+    FarOrizzAnabSx,
+    FarOrizzAbbDx,
+    FarOrizzAbbSx,
+    FarIllumLuxAnabDx,
+    FarIllumLuxAnabSx,
+    FarIllumLuxAbbDx,
+    FarIllumLuxAbbSx,
+    FarEsitoIllumLuxAnabDx,
+    FarEsitoIllumLuxAnabSx,
+    FarEsitoIllumLuxAbbDx,
+    FarEsitoIllumLuxAbbSx,
+    FarEsito,
+    FarCodErrore,
+    FarDataMisura,
+    FarInizioMisura,
+    FarFineMisura,
+    FarOperatore,
+};
+
+inline constexpr int RIGHE_FAR = FarOperatore + 1;
+
+struct VoceFar
 {
     QString Chiave;
     QString Valore;
 };
 
-inline constexpr int RIGHE_FAR = 30;
-
-extern std::array<RigaFar, RIGHE_FAR> gRisultatoFar;
+extern std::array<VoceFar, RIGHE_FAR> gRisultatoFar;
 
 /// Sets every row's key and empties its value.
 void Far_Azzera();
 
-/// Value of the row with that key. The key must be one of the thirty.
-QString Far_Valore(const QString &chiave);
-void Far_Imposta(const QString &chiave, const QString &valore);
+/// Value of a row; empty until the first Far_Azzera.
+QString Far_Valore(RigaFar riga);
+void Far_Imposta(RigaFar riga, const QString &valore);

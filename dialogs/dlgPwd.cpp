@@ -8,8 +8,6 @@
 
 #include <algorithm>
 
-#include <QKeyEvent>
-
 namespace {
 
 // How long the box stays, in ms.
@@ -20,9 +18,6 @@ constexpr int DOPO_RINUNCIA = 1;
 
 constexpr qint16 TASTO_INVIO = 13;
 constexpr qint16 TASTO_ESC = 27;
-
-constexpr qint16 TESTO_TITOLO = 20;
-constexpr qint16 TESTO_ANNULLA = 106;
 
 // The layout, in design units.
 constexpr qint32 FORM_LARGO = 5600;
@@ -58,15 +53,15 @@ void dlgPwd::Disegno()
 
 void dlgPwd::Load()
 {
-    m_conta = 0;
-    m_inserito.clear();
+    mConta = 0;
+    mInserito.clear();
     if (PwdType == 1)
         PwdTitle = PwdTitle.toUpper();
     Caption(PwdTitle);
     lblTitolo->Caption(PwdTitle);
     txtPwd->NomeAccessibile(PwdTitle);
     cmd[0].Caption(QStringLiteral("OK"));
-    cmd[1].Caption(Testo_Mctc(TESTO_ANNULLA));
+    cmd[1].Caption(Testo_Mctc(MctcAnnulla));
 }
 
 void dlgPwd::Activate()
@@ -80,13 +75,13 @@ void dlgPwd::Activate()
 
 void dlgPwd::txtPwd_Change()
 {
-    m_conta = static_cast<quint8>(std::min(m_conta + 1, 255)); // a byte; all that counts is the second change
-    m_inserito = txtPwd->Text();
+    mConta = static_cast<quint8>(std::min(mConta + 1, 255)); // a byte; all that counts is the second change
+    mInserito = txtPwd->Text();
     tmrPwd.Enabled(false);
-    if (m_inserito == PwdCurrent) {
+    if (mInserito == PwdCurrent) {
         txtPwd->Enabled(false);
         tmrPwd.Interval(DOPO_GIUSTA);
-    } else if (m_conta >= 2) {
+    } else if (mConta >= 2) {
         tmrPwd.Interval(DOPO_ERRATA);
     }
     tmrPwd.Enabled(true); // every keystroke starts the time again
@@ -95,7 +90,7 @@ void dlgPwd::txtPwd_Change()
 void dlgPwd::txtPwd_KeyPress(qint16 &KeyAscii)
 {
     if (KeyAscii == TASTO_ESC)
-        m_inserito.clear(); // also when the text was right until then
+        mInserito.clear(); // also when the text was right until then
     if (KeyAscii != TASTO_INVIO && KeyAscii != TASTO_ESC)
         return;
     Chiudi_Fra(KeyAscii == TASTO_ESC ? DOPO_RINUNCIA : DOPO_GIUSTA);
@@ -104,15 +99,10 @@ void dlgPwd::txtPwd_KeyPress(qint16 &KeyAscii)
 
 /// A box that is closing is disabled and has lost the keyboard to a button: Escape counts there too, so that
 /// even a right password can still be taken back.
-bool dlgPwd::eventFilter(QObject *oggetto, QEvent *evento)
+void dlgPwd::cmd_KeyPress(qint16, qint16 &KeyAscii)
 {
-    const bool tasto = evento->type() == QEvent::KeyPress && Caricato() && !txtPwd->Enabled();
-    if (tasto && static_cast<QKeyEvent *>(evento)->key() == Qt::Key_Escape) {
-        qint16 esc = TASTO_ESC;
-        txtPwd_KeyPress(esc);
-        return true;
-    }
-    return Modulo::eventFilter(oggetto, evento);
+    if (KeyAscii == TASTO_ESC && !txtPwd->Enabled())
+        txtPwd_KeyPress(KeyAscii);
 }
 
 void dlgPwd::Chiudi_Fra(int ms)
@@ -132,10 +122,10 @@ void dlgPwd::cmd_Click(qint16 Index)
 void dlgPwd::Unload()
 {
     quint8 esito = PwdErrata;
-    if (m_inserito.isEmpty())
+    if (mInserito.isEmpty())
         esito = PwdNonInserita;
     // After the empty case: a station whose stored password is empty is open.
-    if (m_inserito == PwdCurrent)
+    if (mInserito == PwdCurrent)
         esito = PwdGiusta;
     Q_EMIT PwdReady(esito);
     tmrPwd.Enabled(false);
@@ -147,6 +137,6 @@ std::shared_ptr<dlgPwd> Password_Prepara(const QString &password)
     form->PwdDbg = Falso;
     form->PwdCurrent = password;
     form->PwdType = 0;
-    form->PwdTitle = Testo_Mctc(TESTO_TITOLO);
+    form->PwdTitle = Testo_Mctc(MctcPasswordServizio);
     return form;
 }

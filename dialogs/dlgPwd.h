@@ -38,7 +38,7 @@ protected:
     void Activate() override;
     void Unload() override;
     void cmd_Click(qint16 Index) override;
-    bool eventFilter(QObject *oggetto, QEvent *evento) override;
+    void cmd_KeyPress(qint16 Index, qint16 &KeyAscii) override;
 
 private:
     void txtPwd_Change();
@@ -48,8 +48,8 @@ private:
     std::unique_ptr<Titolo> lblTitolo;
     std::unique_ptr<CasellaTesto> txtPwd;
     Temporizzatore tmrPwd;
-    QString m_inserito;
-    quint8 m_conta = 0; // changes of the box
+    QString mInserito;
+    quint8 mConta = 0; // changes of the box
 };
 
 /// A box for the service password, ready to be shown. @param password the clear password to compare against.

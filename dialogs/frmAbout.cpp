@@ -5,10 +5,9 @@
 #include "core/modGeneral.h"
 #include "platform/colori.h"
 #include "toolkit/lettura.h"
+#include "toolkit/schermo.h"
 
 namespace {
-
-constexpr qint16 TESTO_TITOLO = 6;
 
 // The form, in twips: it does not grow with the screen.
 constexpr qint32 FORM_LARGO = 9000;
@@ -18,20 +17,20 @@ constexpr qint32 PASSO = 400;
 
 struct RigaAbout
 {
-    const char16_t *chiave; // in section DATIUSER
+    ChiaveIni chiave;
     qint32 cima;
     qint32 altezza;
     double punti;
 };
 
 constexpr RigaAbout RIGHE[] = {
-    {u"NomeProgrUser",   420,  500, 24},
-    {u"VerSwUser",       950,  500, 24},
-    {u"NomeUser",        1320, 400, 16},
-    {u"IndirizzoUser",   1770, 400, 16},
-    {u"TelefonoFaxUser", 2220, 400, 16},
-    {u"MailUser",        2670, 300, 16},
-    {u"WebUser",         3070, 800, 16},
+    {ChiaveAssistenzaProgramma,   420,  500, 24},
+    {ChiaveAssistenzaVersione,    950,  500, 24},
+    {ChiaveAssistenzaNome,        1320, 400, 16},
+    {ChiaveAssistenzaIndirizzo,   1770, 400, 16},
+    {ChiaveAssistenzaTelefonoFax, 2220, 400, 16},
+    {ChiaveAssistenzaMail,        2670, 300, 16},
+    {ChiaveAssistenzaSitoWeb,     3070, 800, 16},
 };
 
 constexpr qint16 ULTIMA_RIGA = static_cast<qint16>(std::size(RIGHE)) - 1;
@@ -49,7 +48,7 @@ void frmAbout::Disegno()
     lblAbout.Carica(0).Posto(SINISTRA, RIGHE[0].cima, FORM_LARGO - SINISTRA - 300, RIGHE[0].altezza);
     lblAbout[0].Visible(true);
     cmd.Carica(0).Posto((FORM_LARGO - 2000) / 2, FORM_ALTO - 1100, 2000, 800);
-    cmd[0].FontSize(Punti_Lettura(Lettura::DallaTastiera));
+    cmd[0].FontSize(Punti_Normali() * LETTURA_TASTIERA);
     cmd[0].Visible(true);
     cmd[0].Default(true);
     cmd[0].Cancel(true);
@@ -57,40 +56,39 @@ void frmAbout::Disegno()
 
 void frmAbout::Load()
 {
-    m_costruito = false;
+    mCostruito = false;
 }
 
 /// The first painting builds the form.
 void frmAbout::Costruisci()
 {
-    m_costruito = true;
+    mCostruito = true;
     for (qint16 i = 1; i <= ULTIMA_RIGA; ++i) {
         lblAbout.Carica(i).Top(RIGHE[0].cima + i * PASSO);
         lblAbout[i].Visible(true);
     }
     for (qint16 i = 0; i <= ULTIMA_RIGA; ++i) {
         const RigaAbout &riga = RIGHE[i];
-        lblAbout[i].Caption(
-            Valore_Ini(gFileIni, QStringLiteral("DATIUSER"), QString::fromUtf16(riga.chiave)));
+        lblAbout[i].Caption(Valore_Ini(gFileIni, riga.chiave));
         lblAbout[i].Top(riga.cima);
         lblAbout[i].Height(riga.altezza);
         lblAbout[i].FontSize(riga.punti);
         // A place lower than its line still has room for the letters, at its bottom.
-        lblAbout[i].Allineamento(Qt::AlignLeft | Qt::AlignBottom);
+        lblAbout[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
         if (lblAbout[i].Altezza_Testo() <= riga.altezza)
-            lblAbout[i].Allineamento(Qt::AlignLeft | Qt::AlignTop);
+            lblAbout[i].Allineamento(Orizzontale::Sinistra, Verticale::Alto);
     }
     lblAbout[0].ForeColor(COLORE_ROSSO);
     lblAbout[1].ForeColor(COLORE_ROSSO);
     lblAbout[1].Left(FORM_LARGO / 2 - 450);
     lblAbout[1].Width(FORM_LARGO - lblAbout[1].Left() - 300);
     cmd[0].Caption(QStringLiteral("Ok"));
-    Caption(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcInformazioni));
 }
 
 void frmAbout::Paint()
 {
-    if (!m_costruito)
+    if (!mCostruito)
         Costruisci();
     Disegna_Cornice(*this, 100, 100, Width() - 200, Height() - 1300);
 }

@@ -20,5 +20,5 @@ private:
     void Costruisci();
 
     ArrayControlli<Etichetta> lblAbout;
-    bool m_costruito = false;
+    bool mCostruito = false;
 };

@@ -7,15 +7,13 @@
 #include "platform/errore_esecuzione.h"
 #include "toolkit/elenco_lettura.h"
 #include "toolkit/lettura.h"
+#include "toolkit/schermo.h"
 #include "toolkit/titolo.h"
 
 #include <algorithm>
 
-#include <QKeyEvent>
-
 namespace {
 
-constexpr qint16 TESTO_TITOLO = 124;
 constexpr qint16 TEMPO_MESSAGGIO = 2000; // ms
 
 // In twips, as the form's height is: it grows with the text, not with the screen.
@@ -57,14 +55,15 @@ void frmMsg::Disegno()
     lblTitolo = std::make_unique<Titolo>(Finestra(), QStringLiteral("lblTitolo"));
     lblTitolo->Visible(true);
     lstTesto = std::make_unique<ElencoLettura>(Finestra(), QStringLiteral("lstTesto"));
-    lstTesto->FontSize(Punti_Lettura(Lettura::DalloSchermo));
+    lstTesto->FontSize(Punti_Normali() * LETTURA_SCHERMO);
     lstTesto->Visible(false);
-    lbl.Carica(0).FontSize(Punti_Lettura(Lettura::DalloSchermo));
+    lbl.Carica(0).FontSize(Punti_Normali() * LETTURA_SCHERMO);
     lbl[0].Visible(true);
     cmd.Carica(0).Width(ScalaX(1575));
-    cmd[0].FontSize(Punti_Lettura(Lettura::DalloSchermo));
+    cmd[0].FontSize(Punti_Normali() * LETTURA_SCHERMO);
     cmd[0].Caption(QStringLiteral("Ok"));
     cmd[0].Default(true);
+    lstTesto->Tasti_Di(cmd[0]); // it has the keyboard
     cmd[0].Cancel(true);
 }
 
@@ -73,10 +72,10 @@ void frmMsg::Load()
     Height(std::min(Altezza_Per(Text), gScreenH));
     Width(ScalaX(9000));
     PicMex->Posto(PicMex->Left(), PicMex->Top() - 200, 680, 680);
-    Caption(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcAvviso));
     lblTitolo->Posto(MARGINE_TESTO, TITOLO_CIMA, Width() - 2 * MARGINE_TESTO, TITOLO_FONDO - TITOLO_CIMA);
-    lblTitolo->Caption(Testo_Mctc(TESTO_TITOLO));
-    PicMex->NomeAccessibile(Testo_Mctc(TESTO_TITOLO));
+    lblTitolo->Caption(Testo_Mctc(MctcAvviso));
+    PicMex->NomeAccessibile(Testo_Mctc(MctcAvviso));
     if (Mode == 0) {
         tmr.Interval(Time);
         tmr.Enabled(true);
@@ -99,7 +98,7 @@ void frmMsg::Adatta_Testo()
     const qint32 spazio = 2 * std::min(meta, fondo - meta);
     const qint32 titolo = std::max(0, TITOLO_FONDO - (meta - spazio / 2));
     lbl[0].Posto(lbl[0].Left(), lbl[0].Top(), Width() - 2 * MARGINE_TESTO, spazio);
-    lbl[0].Allineamento(Qt::AlignHCenter | Qt::AlignVCenter);
+    lbl[0].Allineamento(Orizzontale::Centro);
     lbl[0].Margine_Sopra(titolo);
     // Only now that the room is known: of a report many screens long no more is laid out than can be seen.
     lbl[0].Caption(lbl[0].Principio(Text));
@@ -121,15 +120,6 @@ void frmMsg::Mostra_Elenco()
     lstTesto->NomeAccessibile(Text);
     lstTesto->Visible(true);
     lbl[0].Visible(false);
-}
-
-/// The keys that scroll: the button has the keyboard.
-bool frmMsg::eventFilter(QObject *oggetto, QEvent *evento)
-{
-    if (evento->type() == QEvent::KeyPress && Caricato() && lstTesto->Visible() &&
-        lstTesto->Scorri(static_cast<QKeyEvent *>(evento)->key()))
-        return true;
-    return Modulo::eventFilter(oggetto, evento);
 }
 
 void frmMsg::Paint()
@@ -162,7 +152,7 @@ void Mostra_Msg(qint16 modo, qint32 modalita, qint16 primoPiano, quint32 colore,
         form.Colour = colore;
         form.Text = testo;
         form.Time = tempo;
-        form.Mostra(static_cast<Modulo::Modalita>(modalita));
+        form.Mostra(static_cast<Modulo::ModoMostra>(modalita));
     } catch (const ErroreEsecuzione &) {
         return;
     }

@@ -28,7 +28,6 @@ protected:
     void Paint() override;
     void Unload() override;
     void cmd_Click(qint16 Index) override;
-    bool eventFilter(QObject *oggetto, QEvent *evento) override;
 
 private:
     void Adatta_Testo();

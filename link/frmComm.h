@@ -1,5 +1,6 @@
-// The window of a link session: what the machine says, the traffic in hexadecimal, the lamp of the link and
-// the button that breaks off. Made anew for each session; the exchange itself is MacchinaScambio's.
+// The window of a link session: what the machine says, the vehicle, the steps, the traffic in hexadecimal,
+// the lamp of the link and the button that breaks off. Made anew for each session; the exchange itself is
+// MacchinaScambio's.
 #pragma once
 
 #include "link/scambio.h"
@@ -10,6 +11,7 @@
 
 class BoxSistema;
 class ControlloSeriale;
+class QuadroSessione;
 class dlgPwd;
 
 class frmComm : public Modulo, private FinestraScambio
@@ -24,8 +26,6 @@ public:
 
     /// A second way into the writing of the defaults, for a form that is loaded already; nothing calls it.
     QVariant Imposta_Default();
-    /// The same, for a caller without use for the value.
-    void Avvia_Default();
 
     /// Asks for the service password; a prepared entry, nothing calls it. What the box reports goes into
     /// PwdEsito, which nothing reads.
@@ -33,7 +33,7 @@ public:
     quint8 PwdEsito = 0;
 
 Q_SIGNALS:
-    /// Once, at unloading, after the port is closed: code 6 completed, 7 failed or broken off; value 0.
+    /// Once, at unloading, after the port is closed: a NotificaSessione; value 0.
     void Notifica(qint16 &codice, QVariant &valore);
 
 protected:
@@ -51,6 +51,14 @@ private:
     void Colora_Sha(quint32 colore) override;
     void Mostra_Errore(const QString &testo) override;
     void Scarica_Modulo() override;
+    void Mostra_Porta(bool aperta) override;
+    void Mostra_Avanzamento() override;
+    void Mostra_Veicolo();
+    void Disponi();
+    void Disponi_Piede();
+    void Disponi_Porta(qint32 left, qint32 top, qint32 width, qint32 height);
+    void Disponi_InRiga(qint32 left, qint32 top, qint32 width);
+    void Disponi_InColonna(qint32 left, qint32 top, qint32 width, qint32 height);
     void Annuncia_Errori();
     void Mostra_ProssimoErrore();
     void Lascia_Errori();
@@ -58,16 +66,26 @@ private:
     void frmPwd_PwdReady(quint8 &esito);
 
     std::unique_ptr<Immagine> Image1;
+    std::unique_ptr<QuadroSessione> mQuadro;
+    std::unique_ptr<Etichetta> lblPorta; // of a port that did not open
+    std::unique_ptr<Etichetta> lblRimedio;
+    std::unique_ptr<Etichetta> lblTarga;
+    std::unique_ptr<Etichetta> lblVeicolo;
+    std::unique_ptr<Etichetta> lblNomeTx;
+    std::unique_ptr<Etichetta> lblNomeRx;
     std::unique_ptr<Etichetta> lblTx;
     std::unique_ptr<Etichetta> lblRx;
     std::unique_ptr<ElencoVoci> lstDbg;
     std::unique_ptr<Forma> shaComm;
     std::unique_ptr<ControlloSeriale> commApp;
-    std::unique_ptr<MacchinaScambio> m_macchina;
+    std::unique_ptr<MacchinaScambio> mMacchina;
     std::shared_ptr<dlgPwd> frmPwd;
-    QStringList m_errori;              // texts of "Err Rs232" boxes not yet shown
-    std::unique_ptr<BoxSistema> m_box; // the one that is open
-    Temporizzatore tmrPausa;           // on while the form stands free between two boxes
+    bool mPortaAperta = true;
+    bool mChiusura = false;
+    bool mElenco = false;             // there is something in lstDbg
+    QStringList mErrori;              // texts of "Err Rs232" boxes not yet shown
+    std::unique_ptr<BoxSistema> mBox; // the one that is open
+    Temporizzatore tmrPausa;          // on while the form stands free between two boxes
 };
 
 /// Runs one link session: makes the form, loads it, which starts the session, and shows it until it has

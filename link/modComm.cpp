@@ -53,14 +53,11 @@ QString Impostazioni_Porta()
 
 void Leggi_Porta(const QString &profilo)
 {
-    const auto valore = [&profilo](const QString &chiave) {
-        return Valore_Ini(profilo, QStringLiteral("COMM"), chiave);
-    };
-    gPortaNum = Numero_16(valore(QStringLiteral("Num")));
-    gPortaBaud = Numero_32(valore(QStringLiteral("Baud")));
-    gPortaParity = valore(QStringLiteral("Parity"));
-    gPortaDataBit = Numero_8(valore(QStringLiteral("DataBit")));
-    gPortaStopBit = Numero_8(valore(QStringLiteral("StopBit")));
+    gPortaNum = Numero_16(Valore_Ini(profilo, ChiavePortaNumero));
+    gPortaBaud = Numero_32(Valore_Ini(profilo, ChiavePortaBaud));
+    gPortaParity = Valore_Ini(profilo, ChiavePortaParita);
+    gPortaDataBit = Numero_8(Valore_Ini(profilo, ChiavePortaBitDati));
+    gPortaStopBit = Numero_8(Valore_Ini(profilo, ChiavePortaBitStop));
 }
 
 Flag Apri_Porta(ControlloSeriale &porta)
@@ -79,6 +76,16 @@ Flag Apri_Porta(ControlloSeriale &porta)
     } catch (const ErroreEsecuzione &) {
         return Falso;
     }
+}
+
+QString Porta_Nome()
+{
+    return QStringLiteral("COM%1").arg(gPortaNum);
+}
+
+QString Porta_NonAperta()
+{
+    return QStringLiteral("%1 %2").arg(Porta_Nome(), Testo_Mctc(MctcPortaNonAperta)).trimmed();
 }
 
 void Chiudi_Porta(ControlloSeriale &porta)

@@ -35,6 +35,12 @@ void Leggi_Porta(const QString &profilo);
 /// @return True when the port is open and set up, or was open before: then nothing is written to it.
 Flag Apri_Porta(ControlloSeriale &porta);
 
+/// The port as the operator knows it, e.g. COM3.
+QString Porta_Nome();
+
+/// What to say of a port that did not open: which it is.
+QString Porta_NonAperta();
+
 /// Closes the port if it is open.
 void Chiudi_Porta(ControlloSeriale &porta);
 

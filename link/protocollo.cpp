@@ -28,20 +28,14 @@ constexpr size_t POSTO_MISURE = 4;
 constexpr size_t BYTE_MISURA = 6;
 constexpr size_t CIFRE_LUX = 4;
 
-struct ChiaveProfilo
-{
-    const char16_t *sezione;
-    const char16_t *chiave;
-};
-
 // clang-format off
-constexpr ChiaveProfilo CHIAVI_STRUMENTO[] = {
-    {u"LUMIRA",  u"Comm_Modello"},
-    {u"LUMIRA",  u"Comm_Marca"},
-    {u"LUMIRA",  u"Comm_NOmologazione"},
-    {u"LUMIRA",  u"Comm_NSerie"},
-    {u"LUMIRA",  u"Comm_ScadRevisione"},
-    {u"VEICOLO", u"Operatore"},
+constexpr ChiaveIni CHIAVI_STRUMENTO[] = {
+    ChiaveStrumentoModello,
+    ChiaveStrumentoMarca,
+    ChiaveStrumentoOmologazione,
+    ChiaveStrumentoSerie,
+    ChiaveStrumentoScadenza,
+    ChiaveOperatore,
 };
 // clang-format on
 
@@ -90,8 +84,7 @@ Carico Carico_Taratura(QByteArray &dati)
 {
     gDatiTaratura = QStringList(static_cast<qsizetype>(CHIAVI_TARATURA.size()));
     for (size_t i = 0; i < CHIAVI_TARATURA.size(); ++i)
-        Leggi_Ini(gFileIni, QString::fromUtf16(SEZIONE_TARATURA), QString::fromUtf16(CHIAVI_TARATURA[i]),
-                  gDatiTaratura[static_cast<qsizetype>(i)]);
+        Leggi_Ini(gFileIni, CHIAVI_TARATURA[i], gDatiTaratura[static_cast<qsizetype>(i)]);
     dati = Componi_Dati(gDatiTaratura);
     return {dati, dati};
 }
@@ -159,9 +152,8 @@ quint8 Carattere_Controllo(qint16 somma)
 void Leggi_DatiStrumento()
 {
     gDatiStrumento.clear();
-    for (const ChiaveProfilo &voce : CHIAVI_STRUMENTO)
-        gDatiStrumento.append(
-            Valore_Ini(gFileIni, QString::fromUtf16(voce.sezione), QString::fromUtf16(voce.chiave)));
+    for (const ChiaveIni &chiave : CHIAVI_STRUMENTO)
+        gDatiStrumento.append(Valore_Ini(gFileIni, chiave));
 }
 
 QByteArray Componi_Dati(const QStringList &testi)
@@ -190,7 +182,7 @@ EsitoByte Assemblatore::Aggiungi(quint8 byte)
             Inizia();
         return EsitoByte::Nulla;
     }
-    if (InfoRx.Indice >= MISURA_RX)
+    if (InfoRx.Indice >= LUNGHEZZA_RX)
         Solleva(NumeroErrore::IndiceFuoriIntervallo);
     BufRx[static_cast<size_t>(InfoRx.Indice)] = byte;
     ++InfoRx.Indice;

@@ -2,6 +2,7 @@
 // command goes out when is the exchange machine's business (scambio.h); this file knows no port and no timer.
 #pragma once
 
+#include "core/chiavi.h"
 #include "platform/tipi.h"
 
 #include <QByteArray>
@@ -51,10 +52,11 @@ extern QStringList gDatiTaratura;
 /// The frame built last, as it goes out.
 extern QByteArray gTxFrame;
 
-inline constexpr const char16_t *SEZIONE_TARATURA = u"CALIBRAZIONE_COM";
 /// Keys of the calibration texts in the profile, in the order of gDatiTaratura.
-inline constexpr std::array<const char16_t *, 10> CHIAVI_TARATURA = {
-    u"MaxManopola", u"MinManopola", u"S1", u"S2", u"S3", u"S4", u"S5", u"S6", u"S7", u"S8"};
+inline constexpr std::array<ChiaveIni, 10> CHIAVI_TARATURA = {
+    ChiaveTaraturaMaxManopola, ChiaveTaraturaMinManopola, ChiaveTaraturaS1, ChiaveTaraturaS2,
+    ChiaveTaraturaS3,          ChiaveTaraturaS4,          ChiaveTaraturaS5, ChiaveTaraturaS6,
+    ChiaveTaraturaS7,          ChiaveTaraturaS8};
 
 // --- station to instrument --------------------------------------------------------------------------------
 
@@ -77,8 +79,8 @@ void Componi_Comando(quint8 tipo, QByteArray &dati, quint8 &comando);
 // --- instrument to station --------------------------------------------------------------------------------
 
 /// The longest reply that the station holds, in bytes.
-inline constexpr qint16 MISURA_RX = 106;
-using BufferRx = std::array<quint8, MISURA_RX>;
+inline constexpr qint16 LUNGHEZZA_RX = 106;
+using BufferRx = std::array<quint8, LUNGHEZZA_RX>;
 
 /// The reply being assembled.
 struct InfoFrame

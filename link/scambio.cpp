@@ -2,6 +2,8 @@
 // device.
 #include "link/scambio.h"
 
+#include "core/codici.h"
+#include "core/esito_sessione.h"
 #include "core/modGeneral.h"
 #include "link/controllo_seriale.h"
 #include "link/modComm.h"
@@ -18,13 +20,6 @@ constexpr int INTERVALLO_SILENZIO = 4000;
 constexpr qint32 LIMITE_ATTESA = 10000;
 constexpr qint32 LIMITE_REINVIO = LIMITE_ATTESA / 5;
 constexpr qint16 MASSIMO_REINVII = 10;
-
-/// Texts of gTabMctc.
-constexpr qint16 TESTO_INIZIO = 152;
-constexpr qint16 TESTO_SILENZIO = 153;
-constexpr qint16 TESTO_RISPOSTA_ERRATA = 154;
-constexpr qint16 TESTO_TIPO_ERRATO = 155;
-constexpr qint16 TESTO_COMPLETATO = 156;
 
 /// First data offsets of the two text replies.
 constexpr qint16 POSTO_DATI = 5;
@@ -135,15 +130,17 @@ void MacchinaScambio::Prepara()
 {
     if (Modo == ModoDefault)
         return;
-    MsgIniziale = Testo_Mctc(TESTO_INIZIO);
+    MsgIniziale = Testo_Mctc(MctcCollegamentoInCorso);
     Imposta_Sequenza();
 }
 
 void MacchinaScambio::Avvia()
 {
-    Esito = ESITO_FALLITO;
+    Esito = SessioneFallita;
     Passa_Oltre([] { Leggi_Porta(gFileIni); });
     Apri_Porta(commApp);
+    m_portaAperta = commApp.PortOpen();
+    m_finestra.Mostra_Porta(m_portaAperta);
     Ricezione.StatoRx = 0;
     if (Modo == ModoDefault) {
         Imposta_Sequenza();
@@ -155,10 +152,20 @@ void MacchinaScambio::Avvia()
     Passa_Oltre([this] { Invia_Comando(); });
 }
 
-void MacchinaScambio::Scarica()
+void MacchinaScambio::Termina()
 {
+    Sessione_Annota(Esito == SessioneCompletata ? QString() : Causa());
     tmrComm.Enabled(false);
     Chiudi_Porta(commApp);
+}
+
+QString MacchinaScambio::Causa() const
+{
+    if (!m_portaAperta) {
+        const QString rimedio = Testo_Mctc(MctcPortaRimedio);
+        return rimedio.isEmpty() ? Porta_NonAperta() : Porta_NonAperta() + QStringLiteral(": ") + rimedio;
+    }
+    return Stato == StatoChiusura ? m_fallimento : Testo_Mctc(MctcSessioneInterrotta);
 }
 
 QVariant MacchinaScambio::Imposta_Default()
@@ -181,15 +188,18 @@ void MacchinaScambio::Invia_Comando()
     Scrivi_Porta(commApp, gTxFrame);
     tmrComm.Interval(INTERVALLO_ATTESA);
     tmrComm.Enabled(true);
+    m_finestra.Mostra_Avanzamento();
 }
 
-void MacchinaScambio::Chiudi_Sessione(qint16 idTesto, int intervallo)
+void MacchinaScambio::Chiudi_Sessione(TestoMctc testo, int intervallo)
 {
-    m_finestra.Mostra_Lbl(Testo_Mctc(idTesto));
+    m_fallimento = Testo_Mctc(testo);
+    m_finestra.Mostra_Lbl(m_fallimento);
     tmrComm.Interval(intervallo);
     tmrComm.Enabled(true);
-    Esito = ESITO_FALLITO;
+    Esito = SessioneFallita;
     Stato = StatoChiusura;
+    m_finestra.Mostra_Avanzamento();
 }
 
 void MacchinaScambio::Avanza()
@@ -198,9 +208,10 @@ void MacchinaScambio::Avanza()
     if (Passo > UltimoPasso) {
         tmrComm.Interval(INTERVALLO_TESTO);
         tmrComm.Enabled(true);
-        Esito = ESITO_COMPLETATO;
+        Esito = SessioneCompletata;
         Stato = StatoChiusura;
-        m_finestra.Mostra_Lbl(Testo_Mctc(TESTO_COMPLETATO));
+        m_finestra.Mostra_Lbl(Testo_Mctc(MctcScambioCompletato));
+        m_finestra.Mostra_Avanzamento();
         return;
     }
     m_finestra.Mostra_Lbl(QStringLiteral("Attesa dati..."));
@@ -238,11 +249,11 @@ void MacchinaScambio::Tick_Attesa()
         Reinvii = Intero16(Reinvii + 1);
         // The last resend goes out and is not waited for.
         if (Reinvii > MASSIMO_REINVII)
-            Chiudi_Sessione(TESTO_SILENZIO, INTERVALLO_SILENZIO);
+            Chiudi_Sessione(MctcStrumentoMuto, INTERVALLO_SILENZIO);
     }
     // Out of reach of a beat of 200 ms: it guards a longer one.
     if (trascorsi > LIMITE_ATTESA)
-        Chiudi_Sessione(TESTO_SILENZIO, INTERVALLO_SILENZIO);
+        Chiudi_Sessione(MctcStrumentoMuto, INTERVALLO_SILENZIO);
 }
 
 void MacchinaScambio::Tick_Risposta()
@@ -282,7 +293,7 @@ void MacchinaScambio::Ripeti()
 void MacchinaScambio::Accetta_Misura()
 {
     Leggi_Misura(Ricezione.BufRx, Riga_Dbg());
-    Esito = ESITO_COMPLETATO;
+    Esito = SessioneCompletata;
     Avanza();
 }
 
@@ -295,7 +306,7 @@ void MacchinaScambio::Accetta_Dati()
 void MacchinaScambio::Accetta_Taratura()
 {
     Leggi_Testi(Ricezione.BufRx, POSTO_TARATURA, gDatiTaratura, Riga_Dbg());
-    Esito = ESITO_COMPLETATO;
+    Esito = SessioneCompletata;
     Avanza();
 }
 
@@ -309,18 +320,18 @@ void MacchinaScambio::Accetta_Scrittura()
 {
     // From the first frame on: a session broken off between the two frames counts as done, since the
     // instrument has taken the identity it is known by.
-    Esito = ESITO_COMPLETATO;
+    Esito = SessioneCompletata;
     Avanza();
 }
 
 void MacchinaScambio::Rifiuta()
 {
-    Chiudi_Sessione(TESTO_RISPOSTA_ERRATA, INTERVALLO_TESTO);
+    Chiudi_Sessione(MctcRispostaNonValida, INTERVALLO_TESTO);
 }
 
 void MacchinaScambio::Rifiuta_Tipo()
 {
-    Chiudi_Sessione(TESTO_TIPO_ERRATO, INTERVALLO_TESTO);
+    Chiudi_Sessione(MctcRispostaAltroTipo, INTERVALLO_TESTO);
 }
 
 RigaDbg MacchinaScambio::Riga_Dbg()

@@ -3,6 +3,7 @@
 // window and to the line through two interfaces.
 #pragma once
 
+#include "core/testi_mctc.h"
 #include "link/protocollo.h"
 #include "platform/colori.h"
 #include "platform/temporizzatore.h"
@@ -28,10 +29,6 @@ enum StatoScambio : quint8
     StatoChiusura = 3, ///< the session is over, the last text is being shown
 };
 
-/// The codes that a session ends with.
-inline constexpr qint16 ESITO_COMPLETATO = 6;
-inline constexpr qint16 ESITO_FALLITO = 7;
-
 /// What the machine needs of its window.
 class FinestraScambio
 {
@@ -54,12 +51,18 @@ public:
     /// one at a time in order, and returns at once, so that a batch of bytes is taken whole. It keeps no more
     /// of them than an input buffer has bytes, and none beyond the session.
     virtual void Mostra_Errore(const QString &testo) = 0;
-    /// Unloads the window, by way of MacchinaScambio::Scarica; may destroy the machine.
+    /// Unloads the window, by way of MacchinaScambio::Termina; may destroy the machine.
     virtual void Scarica_Modulo() = 0;
+
+    // A window that shows no more than the words does without these.
+    /// The port has been tried: whether it is open. Its number is gPortaNum.
+    virtual void Mostra_Porta(bool /*aperta*/) {}
+    /// The session has gone on or ended: Stato, Comando and Esito of the machine say where it stands.
+    virtual void Mostra_Avanzamento() {}
 };
 
 /// One session. The window makes one for each session, sets Modo, calls Prepara and Avvia while loading and
-/// Scarica while unloading, and hands Esito to its parent afterwards. The fields are for reading, all but
+/// Termina while unloading, and hands Esito to its parent afterwards. The fields are for reading, all but
 /// those said otherwise.
 class MacchinaScambio
 {
@@ -80,7 +83,7 @@ public:
     QByteArray Dati;        ///< payload of the write commands
     qint16 Tick = 0;        ///< ticks of the timer since the last send
     qint16 Reinvii = 0;     ///< resends of the whole session: an answer does not bring them back
-    qint16 Esito = 0;       ///< code for the parent, ESITO_FALLITO from Avvia on
+    qint16 Esito = 0;       ///< code for the parent, a NotificaSessione; SessioneFallita from Avvia on
     Assemblatore Ricezione; ///< the reply that is coming in
 
     /// Sets sequence and first caption of the mode. ModoDefault gets its sequence at the start of the session
@@ -91,8 +94,9 @@ public:
     /// for itself: a port that does not open leaves the session standing until the operator ends it.
     void Avvia();
 
-    /// Stops the timer and closes the port; whatever still arrives is lost.
-    void Scarica();
+    /// Stops the timer and closes the port; whatever still arrives is lost. Notes what the session failed of
+    /// (Sessione_Annota): the words that were on the screen, the port that did not open, or the operator.
+    void Termina();
 
     /// Writes the identity of the profile through a session that is loaded already. Sends the first identity
     /// frame as step 0 and leaves Sequenza alone: the caller sees to it. Nothing calls it at present.
@@ -106,7 +110,8 @@ private:
 
     void Imposta_Sequenza();
     void Invia_Comando();
-    void Chiudi_Sessione(qint16 idTesto, int intervallo);
+    void Chiudi_Sessione(TestoMctc testo, int intervallo);
+    QString Causa() const;
     void Avanza();
 
     void tmrComm_Timer();
@@ -132,4 +137,6 @@ private:
     FinestraScambio &m_finestra;
     ControlloSeriale &commApp;
     Temporizzatore tmrComm;
+    bool m_portaAperta = false;
+    QString m_fallimento; // words of the last failure
 };

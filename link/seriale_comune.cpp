@@ -3,13 +3,55 @@
 
 #include "platform/errore_esecuzione.h"
 
+#include <QStringList>
+
 #include <algorithm>
+#include <iterator>
+#include <limits>
 #include <utility>
 
 namespace {
 
 /// The classic error of a port that cannot be opened.
 constexpr int ERRORE_APERTURA = 8002;
+
+constexpr const char16_t *LETTERE_PARITA[] = {u"N", u"E", u"O", u"M", u"S"};
+constexpr const char16_t *TESTI_STOP[] = {u"1", u"1.5", u"2"};
+
+/// Place of a text in a table, or error 380.
+template <size_t N>
+size_t Posto_Di(const QString &testo, const char16_t *const (&tabella)[N])
+{
+    const auto *posto = std::find_if(std::begin(tabella), std::end(tabella),
+                                     [&testo](const char16_t *voce) { return testo == QStringView(voce); });
+    if (posto == std::end(tabella))
+        Solleva(NumeroErrore::ValoreProprietaErrato);
+    return static_cast<size_t>(std::distance(std::begin(tabella), posto));
+}
+
+/// A whole number between two limits, or error 380.
+qint32 Numero_Tra(const QString &testo, qint32 minimo, qint32 massimo)
+{
+    bool numero = false;
+    const int valore = testo.toInt(&numero);
+    if (!numero || valore < minimo || valore > massimo)
+        Solleva(NumeroErrore::ValoreProprietaErrato);
+    return valore;
+}
+
+/// The whole text is read before anything of it is used.
+FormatoLinea Formato_Di(const QString &testo)
+{
+    const QStringList pezzi = testo.split(u',');
+    if (pezzi.size() != 4)
+        Solleva(NumeroErrore::ValoreProprietaErrato);
+    FormatoLinea formato;
+    formato.velocita = Numero_Tra(pezzi[0], 1, std::numeric_limits<qint32>::max());
+    formato.parita = static_cast<Parita>(Posto_Di(pezzi[1].toUpper(), LETTERE_PARITA));
+    formato.bit = static_cast<quint8>(Numero_Tra(pezzi[2], 5, 8));
+    formato.stop = static_cast<BitStop>(Posto_Di(pezzi[3], TESTI_STOP));
+    return formato;
+}
 
 } // namespace
 
@@ -44,8 +86,13 @@ void SerialeComune::Chiudi()
     Chiudi_Dispositivo();
 }
 
-void SerialeComune::Rifiuta_Formato()
+/// A line at any other format than the one asked for says nothing that both ends understand. The port of a
+/// device that does not have it is closed, so that the session stands as without a port and does not end as
+/// with an instrument that is silent.
+void SerialeComune::Settings(const QString &testo)
 {
+    if (Imposta_Formato(Formato_Di(testo)))
+        return;
     Chiudi();
     Solleva(NumeroErrore::ValoreProprietaErrato);
 }

@@ -8,12 +8,40 @@
 /// processor time if that goes on, shorter than a beat of the exchange.
 constexpr int RIPRESA = 100;
 
+/// In the order of the letters N, E, O, M, S.
+enum class Parita : quint8
+{
+    Nessuna,
+    Pari,
+    Dispari,
+    Uno,
+    Zero,
+};
+
+/// In the order of the texts 1, 1.5, 2.
+enum class BitStop : quint8
+{
+    Uno,
+    UnoEMezzo,
+    Due,
+};
+
+/// What a settings text asks for. No driver has fewer than five data bits.
+struct FormatoLinea
+{
+    qint32 velocita = 0; ///< bits per second, above 0
+    Parita parita = Parita::Nessuna;
+    quint8 bit = 8; ///< data bits, 5 to 8
+    BitStop stop = BitStop::Uno;
+};
+
 class SerialeComune : public ControlloSeriale
 {
 public:
     void CommPort(qint16 numero) override { m_numero = numero; }
     bool PortOpen() const override { return m_aperta; }
     void PortOpen(bool aperta) override;
+    void Settings(const QString &testo) override;
     void InputLen(qint16 numero) override { Pretendi(numero == 0); }
     void InputMode(qint16 modo) override { Pretendi(modo == 1); }
     void RThreshold(qint16 soglia) override { m_soglia = soglia; }
@@ -25,14 +53,13 @@ public:
     qint16 CommEvent() const override { return m_evento; }
 
 protected:
-    /// Refuses the value of a property. @throws ErroreEsecuzione 380 unless the condition holds.
-    static void Pretendi(bool condizione);
-
     /// Opens the device of that port. @return false when there is none, or somebody has it.
     virtual bool Apri_Dispositivo(qint16 numero) = 0;
     /// Closes the device, if it is open; also of a port that stays open, when the device has gone.
     virtual void Chiudi_Dispositivo() = 0;
     virtual bool Dispositivo_Aperto() const = 0;
+    /// Gives the device speed and format. @return false when an open device does not have them.
+    virtual bool Imposta_Formato(const FormatoLinea &formato) = 0;
     /// Drops what waits to go out. Only on an open device.
     virtual void Svuota_Uscita() = 0;
     /// Queues bytes for the line. Only on an open device.
@@ -45,12 +72,10 @@ protected:
     /// any.
     void Solleva_Evento(EventoSeriale evento);
     void Chiudi();
-    /// The device does not have the format that it was given: a line at any other says nothing that both
-    /// ends understand. The port is closed, so that the session stands as without a port and does not end as
-    /// with an instrument that is silent. @throws ErroreEsecuzione 380.
-    [[noreturn]] void Rifiuta_Formato();
 
 private:
+    /// Refuses the value of a property. @throws ErroreEsecuzione 380 unless the condition holds.
+    static void Pretendi(bool condizione);
     void Pretendi_Aperta() const;
 
     qint16 m_numero = 1;

@@ -4,110 +4,22 @@
 
 #include "link/dispositivo_qt.h"
 #include "link/seriale_comune.h"
-#include "platform/errore_esecuzione.h"
-#include "platform/percorsi.h"
+#include "platform/porta_seriale.h"
 
-#include <QFileInfo>
 #include <QSerialPort>
 #include <QSignalBlocker>
-#include <QStringList>
 #include <QTimer>
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 
-struct VoceParita
-{
-    char16_t lettera;
-    QSerialPort::Parity parita;
-};
-
-constexpr VoceParita PARITA[] = {
-    {u'N', QSerialPort::NoParity   },
-    {u'E', QSerialPort::EvenParity },
-    {u'O', QSerialPort::OddParity  },
-    {u'M', QSerialPort::MarkParity },
-    {u'S', QSerialPort::SpaceParity},
-};
-
-struct VoceStop
-{
-    const char16_t *testo;
-    QSerialPort::StopBits stop;
-};
-
-constexpr VoceStop STOP[] = {
-    {u"1",   QSerialPort::OneStop       },
-    {u"1.5", QSerialPort::OneAndHalfStop},
-    {u"2",   QSerialPort::TwoStop       },
-};
-
-struct Formato
-{
-    qint32 velocita = 0;
-    QSerialPort::Parity parita = QSerialPort::NoParity;
-    QSerialPort::DataBits bit = QSerialPort::Data8;
-    QSerialPort::StopBits stop = QSerialPort::OneStop;
-};
-
-QSerialPort::Parity Parita_Di(const QString &testo)
-{
-    const QString lettera = testo.toUpper();
-    for (const VoceParita &voce : PARITA) {
-        if (lettera == QChar(voce.lettera))
-            return voce.parita;
-    }
-    Solleva(NumeroErrore::ValoreProprietaErrato);
-}
-
-QSerialPort::StopBits Stop_Di(const QString &testo)
-{
-    for (const VoceStop &voce : STOP) {
-        if (testo == QStringView(voce.testo))
-            return voce.stop;
-    }
-    Solleva(NumeroErrore::ValoreProprietaErrato);
-}
-
-/// A whole number between two limits, or error 380.
-qint32 Numero_Tra(const QString &testo, qint32 minimo, qint32 massimo)
-{
-    bool numero = false;
-    const int valore = testo.toInt(&numero);
-    if (!numero || valore < minimo || valore > massimo)
-        Solleva(NumeroErrore::ValoreProprietaErrato);
-    return valore;
-}
-
-/// The whole text is read before anything of it is used.
-Formato Formato_Di(const QString &testo)
-{
-    const QStringList pezzi = testo.split(u',');
-    if (pezzi.size() != 4)
-        Solleva(NumeroErrore::ValoreProprietaErrato);
-    Formato formato;
-    formato.velocita = Numero_Tra(pezzi[0], 1, std::numeric_limits<qint32>::max());
-    formato.parita = Parita_Di(pezzi[1]);
-    // Four data bits stop here as well: no driver of this system has them.
-    formato.bit = static_cast<QSerialPort::DataBits>(Numero_Tra(pezzi[2], 5, 8));
-    formato.stop = Stop_Di(pezzi[3]);
-    return formato;
-}
-
-QString Percorso_Dispositivo(qint16 numero)
-{
-    const QString nome = QStringLiteral("\\porte\\COM%1").arg(numero);
-    const QFileInfo legame(Percorso_Nativo(Cartella_Programma() + nome));
-    // The device itself, so that two links to one device share its lock. A link to a device that is not
-    // plugged in stands for that device, and its opening fails.
-    if (legame.exists())
-        return legame.canonicalFilePath();
-    if (legame.isSymLink())
-        return legame.symLinkTarget();
-    return QStringLiteral("/dev/ttyS%1").arg(numero - 1);
-}
+// In the order of Parita and of BitStop.
+constexpr QSerialPort::Parity PARITA[] = {QSerialPort::NoParity, QSerialPort::EvenParity,
+                                          QSerialPort::OddParity, QSerialPort::MarkParity,
+                                          QSerialPort::SpaceParity};
+constexpr QSerialPort::StopBits STOP[] = {QSerialPort::OneStop, QSerialPort::OneAndHalfStop,
+                                          QSerialPort::TwoStop};
 
 class SerialeQt final : public SerialeComune
 {
@@ -116,12 +28,11 @@ public:
     ~SerialeQt() override { Chiudi(); }
     Q_DISABLE_COPY_MOVE(SerialeQt)
 
-    void Settings(const QString &testo) override;
-
 private:
     bool Apri_Dispositivo(qint16 numero) override;
     void Chiudi_Dispositivo() override;
     bool Dispositivo_Aperto() const override { return m_porta.isOpen(); }
+    bool Imposta_Formato(const FormatoLinea &formato) override;
     void Svuota_Uscita() override { m_porta.clear(QSerialPort::Output); }
     void Manda(const QByteArray &byte) override { m_porta.write(byte); }
     void Raccogli();
@@ -147,7 +58,7 @@ SerialeQt::SerialeQt()
 
 bool SerialeQt::Apri_Dispositivo(qint16 numero)
 {
-    m_porta.setPortName(Percorso_Dispositivo(numero));
+    m_porta.setPortName(Porta_Dispositivo(numero));
     if (!m_porta.open(QIODevice::ReadWrite))
         return false;
     // The system raises both lines to the instrument; the control's own default is DTR raised, RTS not. A
@@ -167,14 +78,14 @@ void SerialeQt::Chiudi_Dispositivo()
     m_porta.close();
 }
 
-void SerialeQt::Settings(const QString &testo)
+bool SerialeQt::Imposta_Formato(const FormatoLinea &formato)
 {
-    const Formato formato = Formato_Di(testo);
-    const bool presi[] = {m_porta.setBaudRate(formato.velocita), m_porta.setParity(formato.parita),
-                          m_porta.setDataBits(formato.bit), m_porta.setStopBits(formato.stop)};
+    const bool presi[] = {m_porta.setBaudRate(formato.velocita),
+                          m_porta.setParity(PARITA[static_cast<size_t>(formato.parita)]),
+                          m_porta.setDataBits(static_cast<QSerialPort::DataBits>(formato.bit)),
+                          m_porta.setStopBits(STOP[static_cast<size_t>(formato.stop)])};
     // A device that has gone meanwhile refuses nothing: it is closed already.
-    if (m_lineaVera && m_porta.isOpen() && std::ranges::count(presi, false) > 0)
-        Rifiuta_Formato();
+    return !m_lineaVera || !m_porta.isOpen() || std::ranges::count(presi, false) == 0;
 }
 
 void SerialeQt::Raccogli()

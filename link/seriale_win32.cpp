@@ -3,9 +3,9 @@
 #include "link/seriale.h"
 
 #include "link/seriale_comune.h"
+#include "platform/porta_seriale.h"
 
 #include <QList>
-#include <QStringList>
 #include <QTimer>
 #include <QWinEventNotifier>
 
@@ -18,6 +18,10 @@ namespace {
 
 /// The driver's output buffer, in bytes: the default of the control.
 constexpr DWORD BUFFER_USCITA = 512;
+
+// In the order of Parita and of BitStop.
+constexpr BYTE PARITA[] = {NOPARITY, EVENPARITY, ODDPARITY, MARKPARITY, SPACEPARITY};
+constexpr BYTE STOP[] = {ONESTOPBIT, ONE5STOPBITS, TWOSTOPBITS};
 
 struct VoceEvento
 {
@@ -127,12 +131,11 @@ public:
     ~SerialeWin32() override { Chiudi(); }
     Q_DISABLE_COPY_MOVE(SerialeWin32)
 
-    void Settings(const QString &testo) override;
-
 private:
     bool Apri_Dispositivo(qint16 numero) override;
     void Chiudi_Dispositivo() override;
     bool Dispositivo_Aperto() const override { return m_porta != INVALID_HANDLE_VALUE; }
+    bool Imposta_Formato(const FormatoLinea &formato) override;
     void Svuota_Uscita() override;
     void Manda(const QByteArray &byte) override;
     bool Prepara_Dispositivo() const;
@@ -177,8 +180,7 @@ SerialeWin32::SerialeWin32()
 bool SerialeWin32::Apri_Dispositivo(qint16 numero)
 {
     m_eventi.clear(); // of a device that was open before
-    // The long form of the name: the short one ends at COM9.
-    const QString nome = QStringLiteral("\\\\.\\COM%1").arg(numero);
+    const QString nome = Porta_Dispositivo(numero);
     m_porta = CreateFileW(reinterpret_cast<const wchar_t *>(nome.utf16()), GENERIC_READ | GENERIC_WRITE, 0,
                           nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
     if (!Dispositivo_Aperto())
@@ -216,27 +218,27 @@ void SerialeWin32::Chiudi_Dispositivo()
     CloseHandle(std::exchange(m_porta, INVALID_HANDLE_VALUE));
 }
 
-void SerialeWin32::Settings(const QString &testo)
+bool SerialeWin32::Imposta_Formato(const FormatoLinea &formato)
 {
-    const QStringList pezzi = testo.split(u',');
-    Pretendi(pezzi.size() == 4 && !pezzi.contains(QString()));
-    DCB formato = {};
-    formato.DCBlength = sizeof formato;
-    if (Dispositivo_Aperto())
-        GetCommState(m_porta, &formato);
-    Pretendi(BuildCommDCBW(reinterpret_cast<const wchar_t *>(testo.utf16()), &formato) != FALSE);
-    Pretendi(formato.BaudRate != 0);
+    if (!Dispositivo_Aperto())
+        return true;
+    DCB blocco = {};
+    blocco.DCBlength = sizeof blocco;
+    GetCommState(m_porta, &blocco);
+    blocco.BaudRate = static_cast<DWORD>(formato.velocita);
+    blocco.Parity = PARITA[static_cast<size_t>(formato.parita)];
+    blocco.ByteSize = formato.bit;
+    blocco.StopBits = STOP[static_cast<size_t>(formato.stop)];
     // The control's own defaults: no flow control, DTR raised, RTS not; every byte passes, also a damaged
     // one.
-    formato.fBinary = TRUE;
-    formato.fParity = formato.Parity != NOPARITY;
-    formato.fOutxCtsFlow = formato.fOutxDsrFlow = formato.fDsrSensitivity = FALSE;
-    formato.fOutX = formato.fInX = FALSE;
-    formato.fErrorChar = formato.fNull = formato.fAbortOnError = FALSE;
-    formato.fDtrControl = DTR_CONTROL_ENABLE;
-    formato.fRtsControl = RTS_CONTROL_DISABLE;
-    if (Dispositivo_Aperto() && SetCommState(m_porta, &formato) == FALSE && Ha_Linee_Modem())
-        Rifiuta_Formato();
+    blocco.fBinary = TRUE;
+    blocco.fParity = formato.parita != Parita::Nessuna;
+    blocco.fOutxCtsFlow = blocco.fOutxDsrFlow = blocco.fDsrSensitivity = FALSE;
+    blocco.fOutX = blocco.fInX = FALSE;
+    blocco.fErrorChar = blocco.fNull = blocco.fAbortOnError = FALSE;
+    blocco.fDtrControl = DTR_CONTROL_ENABLE;
+    blocco.fRtsControl = RTS_CONTROL_DISABLE;
+    return SetCommState(m_porta, &blocco) != FALSE || !Ha_Linee_Modem();
 }
 
 /// @return false for a terminal that stands in for a port: without modem lines it has no line format either,

@@ -14,10 +14,6 @@ void Campi_ImpostaAcc();
 /// Points the 49 rows at a file. @param percorso with backslashes.
 void Acc_AssegnaFile(const QString &percorso);
 
-/// Points the rows at a file and reads them all, where no form does it through Campi_Applica. A missing file
-/// or key gives empty values.
-void Acc_Apri(const QString &percorso);
-
 /// A row of gCampiAcc. @throws ErroreEsecuzione 9 for a number outside 0 to 48.
 CampoForm &Campo_Acc(qint16 riga);
 

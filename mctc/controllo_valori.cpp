@@ -6,37 +6,37 @@
 #include "platform/errore_esecuzione.h"
 
 QStringList mErroriDati;
-std::array<qint16, RIGHE_ACC> gErroriCampiAcc{};
+std::array<ErroreValore, RIGHE_ACC> gErroriCampiAcc{};
 
 namespace {
 
-/// Text of an error: an id of gTabMctc, or words that are the same in every language.
+/// Text of an error: one of the screen texts, or words that are the same in every language.
 struct TestoErrore
 {
-    qint16 Id;
+    TestoMctc Id;
     QStringView Parole;
 };
 
 constexpr TestoErrore TESTI_ERRORE[] = {
-    {-1, u""                       }, // 0 ValoreBuono
-    {95, u""                       }, // 1 ValoreNonNumero
-    {94, u""                       }, // 2 ValoreNonData
-    {96, u""                       }, // 3 ValoreNonOra
-    {97, u""                       }, // 4 ValoreNonTesto
-    {-1, u"Valore non presente"    }, // 5 ValoreAssente
-    {-1, u"Errore di lunghezza"    }, // 6 ValoreLunghezza
-    {-1, u"Non è un valore valido"}, // 7 ValoreNonAmmesso
-    {-1, u"Targa non valida"       }, // 8 ValoreNonTarga
+    {MctcNessuno,         u""                       }, // 0 ValoreBuono
+    {MctcNumeroNonValido, u""                       }, // 1 ValoreNonNumero
+    {MctcDataNonValida,   u""                       }, // 2 ValoreNonData
+    {MctcOraNonValida,    u""                       }, // 3 ValoreNonOra
+    {MctcTestoNonValido,  u""                       }, // 4 ValoreNonTesto
+    {MctcNessuno,         u"Valore non presente"    }, // 5 ValoreAssente
+    {MctcNessuno,         u"Errore di lunghezza"    }, // 6 ValoreLunghezza
+    {MctcNessuno,         u"Non è un valore valido"}, // 7 ValoreNonAmmesso
+    {MctcNessuno,         u"Targa non valida"       }, // 8 ValoreNonTarga
 };
 
 Vocabolario Valori_Ammessi(qint16 riga)
 {
-    if (riga == RIGA_DESCRIZIONE && Campo_Acc(RIGA_TIPO_VEICOLO).Value == CLASSE_PESANTE)
+    if (riga == AccDescrizioneVeicolo && Campo_Acc(AccTipoVeicolo).Value == CLASSE_PESANTE)
         return DESCRIZIONI_PESANTI;
     return REGOLE_ACC[static_cast<size_t>(riga)].Ammessi;
 }
 
-qint16 Riga_Controlla(qint16 riga)
+ErroreValore Riga_Controlla(qint16 riga)
 {
     if (Campo_Acc(riga).ValueKind == ValoreNessuno)
         return ValoreBuono;
@@ -51,7 +51,7 @@ qint16 Dati_Controlla(QStringList &righe)
 {
     righe.clear();
     for (qint16 riga = 0; riga <= ULTIMA_RIGA_ACC; ++riga) {
-        const qint16 errore = Riga_Controlla(riga);
+        const ErroreValore errore = Riga_Controlla(riga);
         gErroriCampiAcc[static_cast<size_t>(riga)] = errore;
         if (errore != ValoreBuono)
             righe.append(Errore_Testo(riga, errore));
@@ -59,13 +59,13 @@ qint16 Dati_Controlla(QStringList &righe)
     return Intero16(righe.size());
 }
 
-qint16 Valore_Controlla(qint16 riga, TipoControllo tipo, qint16 massimo, Vocabolario ammessi,
-                        Flag obbligatorio)
+ErroreValore Valore_Controlla(qint16 riga, TipoControllo tipo, qint16 massimo, Vocabolario ammessi,
+                              Flag obbligatorio)
 {
     return Valore_Errore(Campo_Acc(riga).Value, tipo, massimo, ammessi, obbligatorio);
 }
 
-QString Errore_Testo(qint16 riga, qint16 errore)
+QString Errore_Testo(qint16 riga, ErroreValore errore)
 {
     const CampoForm &campo = Campo_Acc(riga);
     if (errore == ValoreBuono)
@@ -74,5 +74,5 @@ QString Errore_Testo(qint16 riga, qint16 errore)
         Solleva(NumeroErrore::IndiceFuoriIntervallo);
     const TestoErrore &testo = TESTI_ERRORE[errore];
     return QStringLiteral("Sezione:[") + campo.Section + QStringLiteral("] - Campo:") + campo.Key +
-           QStringLiteral(" - ") + (testo.Id >= 0 ? Testo_Mctc(testo.Id) : testo.Parole.toString());
+           QStringLiteral(" - ") + (testo.Id != MctcNessuno ? Testo_Mctc(testo.Id) : testo.Parole.toString());
 }

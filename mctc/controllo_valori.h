@@ -9,8 +9,8 @@
 /// Lines of the last check.
 extern QStringList mErroriDati;
 
-/// Outcome of the last check, an ErroreValore for each row: not ValoreBuono turns a text box red.
-extern std::array<qint16, RIGHE_ACC> gErroriCampiAcc;
+/// Outcome of the last check, for each row: not ValoreBuono turns a text box red.
+extern std::array<ErroreValore, RIGHE_ACC> gErroriCampiAcc;
 
 /// Checks all rows that have a kind of value.
 /// @param[out] righe the report lines, built afresh. @return how many.
@@ -18,9 +18,9 @@ qint16 Dati_Controlla(QStringList &righe);
 
 /// Checks the value of one row; see Valore_Errore for the arguments and the result.
 /// @param riga 0 to 48. @throws ErroreEsecuzione 9 outside.
-qint16 Valore_Controlla(qint16 riga, TipoControllo tipo, qint16 massimo, Vocabolario ammessi,
-                        Flag obbligatorio);
+ErroreValore Valore_Controlla(qint16 riga, TipoControllo tipo, qint16 massimo, Vocabolario ammessi,
+                              Flag obbligatorio);
 
-/// The report line of an error. @param errore an ErroreValore. @return empty for ValoreBuono.
+/// The report line of an error. @return empty for ValoreBuono.
 /// @throws ErroreEsecuzione 9 for a row outside 0 to 48 or an unknown error.
-QString Errore_Testo(qint16 riga, qint16 errore);
+QString Errore_Testo(qint16 riga, ErroreValore errore);

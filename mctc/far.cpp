@@ -14,7 +14,7 @@ void Far_Scrivi(const QString &percorsoAcc)
     gFileFar = gDirAcc + Fs_Radice(percorsoAcc) + QStringLiteral(".far");
     QStringList righe{QStringLiteral("[Kandelo]")};
     // Whoever takes the file up reads it by its lines: a value is one line, whatever it holds.
-    for (const RigaFar &riga : gRisultatoFar)
+    for (const VoceFar &riga : gRisultatoFar)
         righe.append(riga.Chiave + u'=' + Una_Riga(riga.Valore));
     File_ScriviRighe(gFileFar, righe);
 }

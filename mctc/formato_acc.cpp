@@ -136,56 +136,57 @@ constexpr RegolaVisivo VISIVI[] = {
 
 // clang-format off
 
+/// In the order of RigaAcc.
 constinit const std::array<RegolaCampo, RIGHE_ACC> REGOLE_ACC = {{
-    {PRENOTAZIONE, u"DataAccettazione",     40, CampoTesto,      ValoreData,   Vero,    0, Data,     {}},             // 0
-    {PRENOTAZIONE, u"DataPrenotazione",     41, CampoTesto,      ValoreData,   Vero,    0, Data,     {}},             // 1
-    {PRENOTAZIONE, u"Ora",                  42, CampoTesto,      ValoreOra,    Vero,    0, Ora,      {}},             // 2
-    {PRENOTAZIONE, u"Operatore",            43, CampoTesto,      ValoreTesto,  Vero,   50, Testo,    {}},             // 3
-    {PRENOTAZIONE, u"Linea",                44, CampoTesto,      ValoreNumero, Vero,    2, Cifre,    {}},             // 4
-    {PRENOTAZIONE, u"TipoRevisione",        45, CampoTesto,      ValoreTesto,  Vero,    0, Testo,    REVISIONI},      // 5
-    {PRENOTAZIONE, u"CognomeDenominazione", 46, CampoTesto,      ValoreTesto,  Vero,   25, Testo,    {}},             // 6
-    {PRENOTAZIONE, u"Nome",                 47, CampoTesto,      ValoreTesto,  Falso,  20, Testo,    {}},             // 7
-    {PRENOTAZIONE, u"DataNascita",          48, CampoTesto,      ValoreData,   Falso,   0, Data,     {}},             // 8
-    {PRENOTAZIONE, u"Sesso",                -1, CampoTesto,      ValoreTesto,  Falso,   0, Testo,    SESSI},          // 9
-    {PRENOTAZIONE, u"LuogoNascita",         49, CampoTesto,      ValoreTesto,  Falso,  25, Testo,    {}},             // 10
-    {PRENOTAZIONE, u"ProvinciaNascita",     -1, CampoTesto,      ValoreTesto,  Falso,   2, Esatto,   {}},             // 11
-    {PRENOTAZIONE, u"Indirizzo",            10, CampoTesto,      ValoreTesto,  Vero,   30, Testo,    {}},             // 12
-    {PRENOTAZIONE, u"CAP",                  -1, CampoTesto,      ValoreTesto,  Vero,    5, Esatto,   {}},             // 13
-    {PRENOTAZIONE, u"Citta",                51, CampoTesto,      ValoreTesto,  Vero,   25, Testo,    {}},             // 14
-    {PRENOTAZIONE, u"Provincia",            -1, CampoTesto,      ValoreTesto,  Vero,    2, Esatto,   {}},             // 15
-    {PRENOTAZIONE, u"Telefono",             52, CampoTesto,      ValoreTesto,  Falso,  17, Testo,    {}},             // 16
-    {PRENOTAZIONE, u"Note",                 53, CampoTesto,      ValoreTesto,  Falso, 160, Testo,    {}},             // 17
-    {LIBRETTO,     u"TipoVeicolo",          55, CampoTesto,      ValoreTesto,  Vero,    0, Testo,    CLASSI},         // 18
-    {LIBRETTO,     u"DescrizioneVeicolo",   56, CampoTesto,      ValoreTesto,  Vero,    0, Testo,    DESCRIZIONI},    // 19
-    {LIBRETTO,     u"Telaio",               57, CampoTesto,      ValoreNumero, Vero,   20, Testo,    {}},             // 20
-    {LIBRETTO,     u"Fabbrica",             58, CampoTesto,      ValoreTesto,  Vero,   50, Testo,    {}},             // 21
-    {LIBRETTO,     u"Tipo",                 59, CampoTesto,      ValoreTesto,  Vero,   50, Testo,    {}},             // 22
-    {LIBRETTO,     u"TipoMotore",           60, CampoTesto,      ValoreTesto,  Falso,  50, Testo,    {}},             // 23
-    {LIBRETTO,     u"NumOmologazione",      61, CampoTesto,      ValoreTesto,  Vero,   50, Testo,    {}},             // 24
-    {LIBRETTO,     u"AnnoPrimaImm",         62, CampoTesto,      ValoreNumero, Vero,    4, Anno,     {}},             // 25
-    {LIBRETTO,     u"DataRilascio",         63, CampoTesto,      ValoreData,   Vero,    0, Data,     {}},             // 26
-    {LIBRETTO,     u"DataUltimaRev",        64, CampoTesto,      ValoreData,   Falso,   0, Data,     {}},             // 27
-    {LIBRETTO,     u"Alimentazione_1",      65, CampoTesto,      ValoreTesto,  Vero,    0, Testo,    ALIMENTAZIONI},  // 28
-    {LIBRETTO,     u"Alimentazione_2",      66, CampoTesto,      ValoreTesto,  Vero,    0, Testo,    ALIMENTAZIONI},  // 29
-    {LIBRETTO,     u"Km",                   67, CampoTesto,      ValoreNumero, Falso,   6, Cifre,    {}},             // 30
-    {LIBRETTO,     u"Tara",                 72, CampoTesto,      ValoreNumero, Falso,   5, Cifre,    {}},             // 31
-    {LIBRETTO,     u"MassaComplessiva",     68, CampoTesto,      ValoreNumero, Falso,   5, Cifre,    {}},             // 32
-    {LIBRETTO,     u"MassaRimorchiabile",   73, CampoTesto,      ValoreNumero, Falso,   5, Cifre,    {}},             // 33
-    {LIBRETTO,     u"Cilindrata",           69, CampoTesto,      ValoreNumero, Falso,   5, Cifre,    {}},             // 34
-    {LIBRETTO,     u"Decibel",              74, CampoTesto,      ValoreNumero, Falso,   3, Cifre,    {}},             // 35
-    {LIBRETTO,     u"PotMaxkW",             70, CampoTesto,      ValoreNumero, Falso,   6, Decimale, {}},             // 36
-    {LIBRETTO,     u"GiriMotoredB",         75, CampoTesto,      ValoreNumero, Falso,   4, Cifre,    {}},             // 37
-    {LIBRETTO,     u"PotFiscaleCV",         71, CampoTesto,      ValoreNumero, Falso,   3, Cifre,    {}},             // 38
-    {LIBRETTO,     u"NumTotalePosti",       76, CampoTesto,      ValoreNumero, Vero,    3, Cifre,    {}},             // 39
-    {LIBRETTO,     u"FrenoStazionamento",   77, CampoTesto,      ValoreTesto,  Vero,    0, Testo,    COMANDI_FRENO},  // 40
-    {LIBRETTO,     u"NumTotaleAssi",        78, CampoTesto,      ValoreNumero, Vero,    1, Cifre,    {}},             // 41
-    {LIBRETTO,     u"NumAssiStazionamento", 79, CampoTesto,      ValoreNumero, Vero,    1, Cifre,    {}},             // 42
-    {LIBRETTO,     u"Veicolo4WD",           86, CampoSpunta,     ValoreTesto,  Vero,    0, Testo,    SI_NO},          // 43
-    {LIBRETTO,     u"ImpiantoABS",          87, CampoSpunta,     ValoreTesto,  Vero,    0, Testo,    SI_NO},          // 44
-    {LIBRETTO,     u"FrenoSoccorso",        80, CampoTesto,      ValoreTesto,  Vero,    0, Testo,    FRENI_SOCCORSO}, // 45
-    {LIBRETTO,     u"Targa",                -1, CampoSoloValore, ValoreTesto,  Vero,   10, Targa,    {}},             // 46
-    {PROTOCOLLO,   u"Versione",             -1, CampoSoloValore, ValoreTesto,  Vero,    0, Testo,    VERSIONI},       // 47
-    {PROTOCOLLO,   u"Data",                 -1, CampoSoloValore, ValoreData,   Vero,    0, Testo,    DATE_FORMATO},   // 48
+    {PRENOTAZIONE, u"DataAccettazione",     MctcDataAccettazione,       CampoTesto,      ValoreData,   Vero,    0, Data,     {}},
+    {PRENOTAZIONE, u"DataPrenotazione",     MctcDataPrenotazione,       CampoTesto,      ValoreData,   Vero,    0, Data,     {}},
+    {PRENOTAZIONE, u"Ora",                  MctcOraPrenotazione,        CampoTesto,      ValoreOra,    Vero,    0, Ora,      {}},
+    {PRENOTAZIONE, u"Operatore",            MctcOperatoreAccettazione,  CampoTesto,      ValoreTesto,  Vero,   50, Testo,    {}},
+    {PRENOTAZIONE, u"Linea",                MctcLinea,                  CampoTesto,      ValoreNumero, Vero,    2, Cifre,    {}},
+    {PRENOTAZIONE, u"TipoRevisione",        MctcTipo,                   CampoTesto,      ValoreTesto,  Vero,    0, Testo,    REVISIONI},
+    {PRENOTAZIONE, u"CognomeDenominazione", MctcCognomeDenominazione,   CampoTesto,      ValoreTesto,  Vero,   25, Testo,    {}},
+    {PRENOTAZIONE, u"Nome",                 MctcNomeCliente,            CampoTesto,      ValoreTesto,  Falso,  20, Testo,    {}},
+    {PRENOTAZIONE, u"DataNascita",          MctcNascitaSesso,           CampoTesto,      ValoreData,   Falso,   0, Data,     {}},
+    {PRENOTAZIONE, u"Sesso",                MctcNessuno,                CampoTesto,      ValoreTesto,  Falso,   0, Testo,    SESSI},
+    {PRENOTAZIONE, u"LuogoNascita",         MctcNascitaLuogo,           CampoTesto,      ValoreTesto,  Falso,  25, Testo,    {}},
+    {PRENOTAZIONE, u"ProvinciaNascita",     MctcNessuno,                CampoTesto,      ValoreTesto,  Falso,   2, Esatto,   {}},
+    {PRENOTAZIONE, u"Indirizzo",            MctcIndirizzo,              CampoTesto,      ValoreTesto,  Vero,   30, Testo,    {}},
+    {PRENOTAZIONE, u"CAP",                  MctcNessuno,                CampoTesto,      ValoreTesto,  Vero,    5, Esatto,   {}},
+    {PRENOTAZIONE, u"Citta",                MctcCitta,                  CampoTesto,      ValoreTesto,  Vero,   25, Testo,    {}},
+    {PRENOTAZIONE, u"Provincia",            MctcNessuno,                CampoTesto,      ValoreTesto,  Vero,    2, Esatto,   {}},
+    {PRENOTAZIONE, u"Telefono",             MctcTelefonoFax,            CampoTesto,      ValoreTesto,  Falso,  17, Testo,    {}},
+    {PRENOTAZIONE, u"Note",                 MctcNote,                   CampoTesto,      ValoreTesto,  Falso, 160, Testo,    {}},
+    {LIBRETTO,     u"TipoVeicolo",          MctcTipoVeicolo,            CampoTesto,      ValoreTesto,  Vero,    0, Testo,    CLASSI},
+    {LIBRETTO,     u"DescrizioneVeicolo",   MctcDescrizioneVeicolo,     CampoTesto,      ValoreTesto,  Vero,    0, Testo,    DESCRIZIONI},
+    {LIBRETTO,     u"Telaio",               MctcTelaio,                 CampoTesto,      ValoreNumero, Vero,   20, Testo,    {}},
+    {LIBRETTO,     u"Fabbrica",             MctcFabbricaMarca,          CampoTesto,      ValoreTesto,  Vero,   50, Testo,    {}},
+    {LIBRETTO,     u"Tipo",                 MctcTipoLibretto,           CampoTesto,      ValoreTesto,  Vero,   50, Testo,    {}},
+    {LIBRETTO,     u"TipoMotore",           MctcMotoreAllestimento,     CampoTesto,      ValoreTesto,  Falso,  50, Testo,    {}},
+    {LIBRETTO,     u"NumOmologazione",      MctcOmologazione,           CampoTesto,      ValoreTesto,  Vero,   50, Testo,    {}},
+    {LIBRETTO,     u"AnnoPrimaImm",         MctcAnnoImmatricolazione,   CampoTesto,      ValoreNumero, Vero,    4, Anno,     {}},
+    {LIBRETTO,     u"DataRilascio",         MctcDataRilascio,           CampoTesto,      ValoreData,   Vero,    0, Data,     {}},
+    {LIBRETTO,     u"DataUltimaRev",        MctcUltimaRevisione,        CampoTesto,      ValoreData,   Falso,   0, Data,     {}},
+    {LIBRETTO,     u"Alimentazione_1",      MctcAlimentazione1,         CampoTesto,      ValoreTesto,  Vero,    0, Testo,    ALIMENTAZIONI},
+    {LIBRETTO,     u"Alimentazione_2",      MctcAlimentazione2,         CampoTesto,      ValoreTesto,  Vero,    0, Testo,    ALIMENTAZIONI},
+    {LIBRETTO,     u"Km",                   MctcChilometri,             CampoTesto,      ValoreNumero, Falso,   6, Cifre,    {}},
+    {LIBRETTO,     u"Tara",                 MctcTara,                   CampoTesto,      ValoreNumero, Falso,   5, Cifre,    {}},
+    {LIBRETTO,     u"MassaComplessiva",     MctcMassaComplessiva,       CampoTesto,      ValoreNumero, Falso,   5, Cifre,    {}},
+    {LIBRETTO,     u"MassaRimorchiabile",   MctcMassaRimorchiabile,     CampoTesto,      ValoreNumero, Falso,   5, Cifre,    {}},
+    {LIBRETTO,     u"Cilindrata",           MctcCilindrata,             CampoTesto,      ValoreNumero, Falso,   5, Cifre,    {}},
+    {LIBRETTO,     u"Decibel",              MctcRumorosita,             CampoTesto,      ValoreNumero, Falso,   3, Cifre,    {}},
+    {LIBRETTO,     u"PotMaxkW",             MctcPotenzaMassima,         CampoTesto,      ValoreNumero, Falso,   6, Decimale, {}},
+    {LIBRETTO,     u"GiriMotoredB",         MctcGiriRumorosita,         CampoTesto,      ValoreNumero, Falso,   4, Cifre,    {}},
+    {LIBRETTO,     u"PotFiscaleCV",         MctcPotenzaFiscale,         CampoTesto,      ValoreNumero, Falso,   3, Cifre,    {}},
+    {LIBRETTO,     u"NumTotalePosti",       MctcPostiTotali,            CampoTesto,      ValoreNumero, Vero,    3, Cifre,    {}},
+    {LIBRETTO,     u"FrenoStazionamento",   MctcFrenoStazionamento,     CampoTesto,      ValoreTesto,  Vero,    0, Testo,    COMANDI_FRENO},
+    {LIBRETTO,     u"NumTotaleAssi",        MctcAssiTotali,             CampoTesto,      ValoreNumero, Vero,    1, Cifre,    {}},
+    {LIBRETTO,     u"NumAssiStazionamento", MctcAssiFrenoStazionamento, CampoTesto,      ValoreNumero, Vero,    1, Cifre,    {}},
+    {LIBRETTO,     u"Veicolo4WD",           MctcTrazioneIntegrale,      CampoSpunta,     ValoreTesto,  Vero,    0, Testo,    SI_NO},
+    {LIBRETTO,     u"ImpiantoABS",          MctcImpiantoAbs,            CampoSpunta,     ValoreTesto,  Vero,    0, Testo,    SI_NO},
+    {LIBRETTO,     u"FrenoSoccorso",        MctcFrenoSoccorso,          CampoTesto,      ValoreTesto,  Vero,    0, Testo,    FRENI_SOCCORSO},
+    {LIBRETTO,     u"Targa",                MctcNessuno,                CampoSoloValore, ValoreTesto,  Vero,   10, Targa,    {}},
+    {PROTOCOLLO,   u"Versione",             MctcNessuno,                CampoSoloValore, ValoreTesto,  Vero,    0, Testo,    VERSIONI},
+    {PROTOCOLLO,   u"Data",                 MctcNessuno,                CampoSoloValore, ValoreData,   Vero,    0, Testo,    DATE_FORMATO},
 }};
 
 // clang-format on

@@ -7,19 +7,69 @@
 
 #include <array>
 
-/// Fields of an acceptance file. A field's row number is its identity everywhere.
-inline constexpr qint16 RIGHE_ACC = 49;
-inline constexpr qint16 ULTIMA_RIGA_ACC = RIGHE_ACC - 1;
+/// Fields of an acceptance file, each named as its key. A field's row number is its identity everywhere.
+enum RigaAcc : qint16
+{
+    AccDataAccettazione,
+    AccDataPrenotazione,
+    AccOra,
+    AccOperatore,
+    AccLinea,
+    AccTipoRevisione,
+    AccCognomeDenominazione,
+    AccNome,
+    AccDataNascita,
+    AccSesso,
+    AccLuogoNascita,
+    AccProvinciaNascita,
+    AccIndirizzo,
+    AccCAP,
+    AccCitta,
+    AccProvincia,
+    AccTelefono,
+    AccNote,
+    AccTipoVeicolo,
+    AccDescrizioneVeicolo,
+    AccTelaio,
+    AccFabbrica,
+    AccTipo,
+    AccTipoMotore,
+    AccNumOmologazione,
+    AccAnnoPrimaImm,
+    AccDataRilascio,
+    AccDataUltimaRev,
+    AccAlimentazione1,
+    AccAlimentazione2,
+    AccKm,
+    AccTara,
+    AccMassaComplessiva,
+    AccMassaRimorchiabile,
+    AccCilindrata,
+    AccDecibel,
+    AccPotMaxkW,
+    AccGiriMotoredB,
+    AccPotFiscaleCV,
+    AccNumTotalePosti,
+    AccFrenoStazionamento,
+    AccNumTotaleAssi,
+    AccNumAssiStazionamento,
+    AccVeicolo4WD,
+    AccImpiantoABS,
+    AccFrenoSoccorso,
+    AccTarga,
+    AccVersione,
+    AccData,
+};
 
-inline constexpr qint16 RIGA_TIPO_VEICOLO = 18;
-inline constexpr qint16 RIGA_DESCRIZIONE = 19;
+inline constexpr qint16 ULTIMA_RIGA_ACC = AccData;
+inline constexpr qint16 RIGHE_ACC = ULTIMA_RIGA_ACC + 1;
 
 /// One field: where it stands, how a form shows it, what it may hold.
 struct RegolaCampo
 {
     QStringView Section;
     QStringView Key;
-    qint16 LabelId; ///< id in gTabMctc; -1: no caption of its own
+    TestoMctc LabelId; ///< MctcNessuno: no caption of its own
     TipoCampo Kind;
     TipoValore ValueKind;
     Flag Obbligatorio;

@@ -16,30 +16,25 @@ std::array<CampoForm, ULTIMA_RIGA + 1> gCampiLivelli;
 
 struct RigaLivello
 {
-    const char16_t *chiave;
+    ChiaveIni chiave;
     quint8 controllo;
     qint32 cima;
     qint32 larghezza;
 };
 
 constexpr RigaLivello RIGHE[] = {
-    {u"NomeFile",     CampoCombo, 100,  800 },
-    {u"SezDuplicate", CampoCombo, 600,  800 },
-    {u"SezEstranee",  CampoCombo, 1100, 800 },
-    {u"SezMancanti",  CampoCombo, 1600, 800 },
-    {u"KeyDuplicate", CampoCombo, 2100, 800 },
-    {u"KeyEstranee",  CampoCombo, 2600, 800 },
-    {u"KeyMancanti",  CampoCombo, 3100, 800 },
-    {u"Spazi",        CampoCombo, 3600, 800 },
-    {u"Dati",         CampoCombo, 4100, 800 },
-    {u"Data",         CampoTesto, 4600, 2000},
-    {u"Versione",     CampoTesto, 5100, 2000},
+    {ChiaveLivelloNomeFile,     CampoCombo, 100,  800 },
+    {ChiaveLivelloSezDuplicate, CampoCombo, 600,  800 },
+    {ChiaveLivelloSezEstranee,  CampoCombo, 1100, 800 },
+    {ChiaveLivelloSezMancanti,  CampoCombo, 1600, 800 },
+    {ChiaveLivelloKeyDuplicate, CampoCombo, 2100, 800 },
+    {ChiaveLivelloKeyEstranee,  CampoCombo, 2600, 800 },
+    {ChiaveLivelloKeyMancanti,  CampoCombo, 3100, 800 },
+    {ChiaveLivelloSpazi,        CampoCombo, 3600, 800 },
+    {ChiaveLivelloDati,         CampoCombo, 4100, 800 },
+    {ChiaveLivelloData,         CampoTesto, 4600, 2000},
+    {ChiaveLivelloVersione,     CampoTesto, 5100, 2000},
 };
-
-constexpr qint16 TESTO_TITOLO = 158;
-constexpr qint16 TESTO_RIGA = 159;
-constexpr qint16 TESTI_LIVELLI[] = {112, 141};
-constexpr qint16 TESTO_ANNULLA = 106;
 
 // The layout, in design units. The rows begin at the top: the heading stands beside the first ones.
 constexpr qint32 FORM_LARGO = 5600;
@@ -75,9 +70,9 @@ void frmControlliMctc::Disegno()
     cbo.Carica(0).Posto(0, 0, ScalaX(800), ScalaY(CASELLA_ALTA));
     for (Controllo *riga : {static_cast<Controllo *>(&lbl[0]), static_cast<Controllo *>(&txt[0]),
                             static_cast<Controllo *>(&cbo[0])})
-        riga->FontSize(Punti_Lettura(Lettura::DallaTastiera));
+        riga->FontSize(Punti_Normali() * LETTURA_TASTIERA);
     for (qint16 i = 0; i <= 1; ++i) {
-        cmd.Carica(i).FontSize(Punti_Lettura(Lettura::DallaTastiera));
+        cmd.Carica(i).FontSize(Punti_Normali() * LETTURA_TASTIERA);
         cmd[i].Visible(true);
     }
 }
@@ -96,12 +91,10 @@ void frmControlliMctc::Campi_Imposta()
 {
     for (size_t i = 0; i < gCampiLivelli.size(); ++i) {
         CampoForm &campo = gCampiLivelli[i];
-        campo.LabelId = TESTO_RIGA;
+        campo.LabelId = MctcControllo;
         campo.Kind = RIGHE[i].controllo;
-        campo.File = gFileIni;
-        campo.Section = QStringLiteral("LivelliMctc");
-        campo.Key = QString::fromUtf16(RIGHE[i].chiave);
-        campo.List = {Testo_Mctc(TESTI_LIVELLI[0]), Testo_Mctc(TESTI_LIVELLI[1])};
+        Campo_Chiave(campo, RIGHE[i].chiave);
+        campo.List = {Testo_Mctc(MctcSi), Testo_Mctc(MctcNo)};
         campo.CtlLeft = ScalaX_16(SINISTRA);
         campo.CtlTop = ScalaY_16(RIGHE[i].cima);
         campo.CtlWidth = ScalaX_16(RIGHE[i].larghezza);
@@ -110,11 +103,11 @@ void frmControlliMctc::Campi_Imposta()
     }
     lbl1->Posto(ScalaX(TITOLO_SINISTRA), ScalaY(100), ScalaX(FORM_LARGO - 200 - TITOLO_SINISTRA),
                 ScalaY(1400));
-    lbl1->Caption(Testo_Mctc(TESTO_TITOLO));
-    Caption(Testo_Mctc(TESTO_TITOLO));
+    lbl1->Caption(Testo_Mctc(MctcLivelliControlli));
+    Caption(Testo_Mctc(MctcLivelliControlli));
     cmd[0].Caption(QStringLiteral("Ok"));
     cmd[0].Posto(ScalaX(FORM_LARGO - 2000), ScalaY(5800), ScalaX(1800), ScalaY(900));
-    cmd[1].Caption(Testo_Mctc(TESTO_ANNULLA));
+    cmd[1].Caption(Testo_Mctc(MctcAnnulla));
     cmd[1].Posto(ScalaX(200), ScalaY(5800), ScalaX(1800), ScalaY(900));
     cmd[1].Cancel(true);
 }

@@ -2,32 +2,33 @@
 // business.
 #include "mctc/frmMctcO.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
+#include "core/testo_riempito.h"
 #include "dialogs/frmMsg.h"
 #include "mctc/campi_acc.h"
+#include "mctc/cartella_scambio.h"
 #include "mctc/controllo_valori.h"
-#include "mctc/modMctc.h"
 #include "platform/colori.h"
 #include "platform/errore_esecuzione.h"
 #include "report/frmMctc2.h"
 #include "toolkit/aspetto.h"
+#include "toolkit/elenco_colonne.h"
+#include "toolkit/ricerca_elenco.h"
 #include "toolkit/schermo.h"
 
 #include <QScopedValueRollback>
 
+#include <algorithm>
+
 namespace {
 
-constexpr int INTERVALLO_LISTA = 2000; // ms
-constexpr qint32 TABULAZIONE = 100;    // quarters of a character's width
-
-constexpr qint16 TESTO_TITOLO = 2;
-constexpr qint16 TESTO_FILE = 36;
-constexpr qint16 TESTO_TARGA = 37;
-constexpr qint16 TESTO_ESCI = 106;
-constexpr qint16 TESTO_CONFERMA = 107;
-constexpr qint16 TESTO_ANOMALIE = 110;
+constexpr int INTERVALLO_LISTA = 2000;  // ms
+constexpr int INTERVALLO_FATTI = 10000; // another station may have written a result
+constexpr qint32 TABULAZIONE = 100;     // quarters of a character's width
+constexpr int RIGHE_INTERE = 3;         // of the list, seen at once: its frame is low
 
 constexpr const char16_t *MASCHERA = u"*.acc";
 
@@ -35,8 +36,8 @@ constexpr const char16_t *MASCHERA = u"*.acc";
 // right.
 constexpr qint32 PASSO_RIGHE = 500;
 constexpr qint32 CASELLA_ALTA = 270;
-constexpr qint16 PRIMA_VEICOLO = 18;
-constexpr qint16 PRIMA_DOPPIA = 30; // from here on two rows of the vehicle share a line
+constexpr qint16 PRIMA_VEICOLO = AccTipoVeicolo;
+constexpr qint16 PRIMA_DOPPIA = AccKm; // from here on two rows of the vehicle share a line
 
 struct Colonna
 {
@@ -48,21 +49,46 @@ struct Colonna
 
 constexpr qint32 CIMA_PRENOTAZIONE = 2722;
 constexpr qint32 CIMA_VEICOLO = 560;
-constexpr Colonna PRENOTAZIONE = {200, 2350, 2600, 4250};
-constexpr Colonna PRENOTAZIONE_PRIMA = {200, 2350, 2600, 2900};
+constexpr Colonna PRENOTAZIONE = {200, 2550, 2800, 4050};
+constexpr Colonna PRENOTAZIONE_PRIMA = {200, 2550, 2800, 2700};
 constexpr Colonna PRENOTAZIONE_SECONDA = {5600, 0, 5650, 1200};
 constexpr Colonna VEICOLO = {8100, 2300, 10450, 4400};
 constexpr Colonna VEICOLO_PRIMA = {8100, 2300, 10450, 850};
 constexpr Colonna VEICOLO_SECONDA = {11450, 2300, 13800, 1050};
+
+// The lines in large type, in the places that frames and buttons leave free.
+struct Posto
+{
+    qint32 x, y, larga, alta;
+};
+
+constexpr Posto POSTO_CERCA = {8000, 20, 7000, 460};
+constexpr Posto POSTO_ATTESA = {8000, 10840, 7000, 620};
+constexpr Posto POSTO_TARGA = {100, 9540, 3400, 1100};
+constexpr Posto POSTO_AVVISO = {3550, 9540, 3450, 1100};
+constexpr Posto POSTO_ESCI = {100, 10690, 2800, 780};
+constexpr Posto POSTO_CONFERMA = {4200, 10690, 2800, 780};
+
+// Type, in times of the normal size.
+constexpr double PUNTI_CAMPO = 1.1;
+constexpr double PUNTI_GRANDE = 2.2; // of what is read from two metres
+constexpr double PUNTI_TARGA = 3.5;
 
 // How a stored date or time reads on the screen.
 constexpr qint16 FORMATO_GREZZO = -1;
 constexpr qint16 FORMATO_DATA = 0;
 constexpr qint16 FORMATO_ORA = 1;
 
+void Disponi_In(Controllo &controllo, const Posto &posto, double punti)
+{
+    controllo.FontSize(Punti_Normali() * punti);
+    controllo.Posto(ScalaX(posto.x), ScalaY(posto.y), ScalaX(posto.larga), ScalaY(posto.alta));
+}
+
+/// Rows of the booking that share the line of the row before them.
 bool Affiancata(qint16 riga)
 {
-    return riga == 9 || riga == 11 || riga == 13 || riga == 15;
+    return riga == AccSesso || riga == AccProvinciaNascita || riga == AccCAP || riga == AccProvincia;
 }
 
 /// Places a row: line from the top of its frame, and the places across.
@@ -108,7 +134,8 @@ void Disponi_Veicolo()
 frmMctcO::frmMctcO()
     : Modulo(QStringLiteral("frmMctcO")),
       lblDes(QStringLiteral("lblDes")),
-      tmrLst([this] { Esegui([this] { tmrLst_Timer(); }); })
+      tmrLst([this] { Esegui([this] { tmrLst_Timer(); }); }),
+      tmrFatti([this] { Esegui([this] { tmrFatti_Timer(); }); })
 {
 }
 
@@ -118,15 +145,29 @@ void frmMctcO::Disegno()
 {
     Massimizza();
     lstAuto = std::make_unique<ElencoVoci>(Finestra(), QStringLiteral("lstAuto"));
-    lstAuto->FontSize(Punti_Normali() * 1.2);
+    lstAuto->FontSize(Punti_Normali() * PUNTI_GRANDE);
     lstAuto->Click = [this] { Esegui([this] { lstAuto_Click(); }); };
+    ricerca = std::make_unique<RicercaElenco>(*lstAuto);
+    ricerca->Cambiata = [this] { Esegui([this] { Cerca(); }); };
+    ricerca->Freccia = [this](bool avanti) {
+        bool presa = false;
+        Esegui([&] { presa = Cerca_Altra(avanti); });
+        return presa;
+    };
+    const auto scritta = [this](const char *nome) {
+        return std::make_unique<Etichetta>(Finestra(), QString::fromLatin1(nome));
+    };
+    lblCerca = scritta("lblCerca");
+    lblAttesa = scritta("lblAttesa");
+    lblTarga = scritta("lblTarga");
+    lblAvviso = scritta("lblAvviso");
     lblDes.Inizia(Finestra());
     lblDes.Carica(0).Visible(true);
     lblDes.Carica(1).Visible(true);
     lbl.Carica(0).Posto(0, 0, ScalaX(PRENOTAZIONE.etichettaLarga), ScalaY(CASELLA_ALTA));
-    lbl[0].FontSize(Punti_Normali() * 0.9);
+    lbl[0].FontSize(Punti_Normali() * PUNTI_CAMPO);
     txt.Carica(0).Posto(0, 0, ScalaX(2000), ScalaY(CASELLA_ALTA));
-    txt[0].FontSize(Punti_Normali() * 0.9);
+    txt[0].FontSize(Punti_Normali() * PUNTI_CAMPO);
     chk.Carica(0).Posto(0, 0, ScalaX(400), ScalaY(CASELLA_ALTA));
     cmd.Carica(0).Visible(true);
     cmd[0].Enabled(false); // until a clean file is selected
@@ -148,6 +189,8 @@ void frmMctcO::Load()
     mUltimoElenco.clear();
     tmrLst.Interval(INTERVALLO_LISTA);
     tmrLst.Enabled(true);
+    tmrFatti.Interval(INTERVALLO_FATTI);
+    tmrFatti.Enabled(true);
     lstAuto->SetFocus();
 }
 
@@ -161,23 +204,39 @@ void frmMctcO::Campi_Imposta()
 
 void frmMctcO::Disponi()
 {
-    Caption(Testo_Mctc(TESTO_TITOLO));
-    lstAuto->Posto(ScalaX(200), ScalaY(520), ScalaX(6700), ScalaY(1900));
-    lstAuto->NomeAccessibile(Testo_Mctc(TESTO_FILE));
-    const qint32 tabulazione = lstAuto->Tabulazione(ScalaX(TABULAZIONE));
-    lblDes[0].Posto(lstAuto->Left(), ScalaY(240), tabulazione, ScalaY(260));
-    lblDes[0].Caption(Testo_Mctc(TESTO_FILE));
-    lblDes[1].Posto(lstAuto->Left() + tabulazione, ScalaY(240), ScalaX(2500), ScalaY(260));
-    lblDes[1].Caption(Testo_Mctc(TESTO_TARGA));
-
-    cmd[0].Caption(Testo_Mctc(TESTO_CONFERMA));
-    cmd[0].Posto(ScalaX(4200), ScalaY(9900), ScalaX(2800), ScalaY(1100));
-    cmd[0].Default(true);
-    cmd[1].Caption(Testo_Mctc(TESTO_ESCI));
-    cmd[1].Posto(ScalaX(100), ScalaY(9900), ScalaX(2800), ScalaY(1100));
-    cmd[1].Cancel(true);
+    Caption(Testo_Mctc(MctcProvaProiettori));
+    lstAuto->Posto(ScalaX(200), ScalaY(475), ScalaX(6700), ScalaY(2005));
+    lstAuto->NomeAccessibile(Testo_Mctc(MctcFileAccettazione));
+    const qint32 colonna = Elenco_Colonne(*lstAuto, ScalaX(TABULAZIONE), RIGHE_INTERE);
+    lblDes[0].Posto(lstAuto->Left(), ScalaY(215), colonna, ScalaY(255));
+    lblDes[0].Caption(Testo_Mctc(MctcFileAccettazione));
+    lblDes[1].Posto(lstAuto->Left() + colonna, ScalaY(215), ScalaX(2500), ScalaY(255));
+    lblDes[1].Caption(Testo_Mctc(MctcTarga));
     for (qint16 i = 0; i <= 1; ++i)
-        cmd[i].FontSize(Punti_Normali() * 1.4);
+        lblDes[i].FontSize(Punti_Normali() * PUNTI_CAMPO);
+
+    cmd[0].Caption(Testo_Mctc(MctcConferma));
+    Disponi_In(cmd[0], POSTO_CONFERMA, PUNTI_GRANDE);
+    cmd[0].Default(true);
+    cmd[1].Caption(Testo_Mctc(MctcAnnulla));
+    Disponi_In(cmd[1], POSTO_ESCI, PUNTI_GRANDE);
+    cmd[1].Cancel(true);
+    Disponi_Scritte();
+}
+
+void frmMctcO::Disponi_Scritte()
+{
+    Disponi_In(*lblCerca, POSTO_CERCA, PUNTI_GRANDE);
+    Disponi_In(*lblAttesa, POSTO_ATTESA, PUNTI_GRANDE);
+    Disponi_In(*lblTarga, POSTO_TARGA, PUNTI_TARGA);
+    Disponi_In(*lblAvviso, POSTO_AVVISO, PUNTI_GRANDE);
+    lblTarga->FontBold(true);
+    lblAvviso->FontBold(true);
+    lblAvviso->BackColor(COLORE_BIANCO);
+    lblAvviso->Bordo_Evidente();
+    lblAvviso->Allineamento(Orizzontale::Centro);
+    Togli_Avviso();
+    Mostra_Ricerca();
 }
 
 void frmMctcO::Paint()
@@ -197,20 +256,133 @@ void frmMctcO::Lista_Aggiorna()
     const qint32 ultima = Lista_Leggi(gDirAcc, mVoci);
     if (!Caricato())
         return;
+    const QSet<QString> fatti = Fatti_Elenca(gDirAcc);
     const qint32 scelta = lstAuto->ListIndex(); // the line chosen while the files were read
+    const QString prima = lstAuto->List(scelta);
     lstAuto->Clear();
-    if (ultima < 0)
-        return;
-    for (const VoceLista &voce : std::as_const(mVoci))
-        lstAuto->AddItem(voce.NomeFile + u'\t' + voce.Targa);
-    lstAuto->ListIndex(scelta);
+    mRighe = ultima + 1;
+    for (qint32 i = 0; i < mRighe; ++i)
+        lstAuto->AddItem(mVoci[i].NomeFile + u'\t' + mVoci[i].Targa);
+    mFatti = fatti;
+    Segna_Fatti();
+    if (scelta > ultima)
+        Mostra_Avviso(MctcVeicoloSparito);
+    else if (lstAuto->List(scelta) != prima)
+        Mostra_Avviso(MctcAltroVeicolo);
+    Mostra_Targa();
+    if (ultima >= 0)
+        Scegli_DaProgramma(scelta);
 }
+
+/// A line chosen by its number. What the operator has typed stays.
+void frmMctcO::Scegli_DaProgramma(qint32 riga)
+{
+    const QScopedValueRollback<bool> programma(mDaProgramma, true);
+    lstAuto->ListIndex(riga);
+}
+
+// --- vehicles that have their result -----------------------------------------------------------------------
+
+void frmMctcO::Segna_Fatti()
+{
+    const QString parola = Testo_Mctc(MctcFatto);
+    qint32 attesa = 0;
+    for (qint32 i = 0; i < mRighe; ++i) {
+        const bool fatto = E_Fatto(mFatti, mVoci[i].NomeFile);
+        attesa += !fatto;
+        Elenco_Fatta(*lstAuto, i, fatto, parola);
+    }
+    lblAttesa->Caption(
+        Testo_Riempito(Testo_Mctc(MctcInAttesa), QString::number(attesa), QString::number(mRighe)));
+}
+
+void frmMctcO::tmrFatti_Timer()
+{
+    if (mOccupato || mInLettura)
+        return;
+    const QSet<QString> fatti = Fatti_Elenca(gDirAcc);
+    if (fatti == mFatti)
+        return;
+    mFatti = fatti;
+    Segna_Fatti();
+}
+
+// --- the search for a plate --------------------------------------------------------------------------------
+
+/// The line at hand stays when what has been typed so far fits it, otherwise the first that fits is checked
+/// as by a click.
+void frmMctcO::Cerca()
+{
+    const QString testo = ricerca->Testo();
+    const qint32 scelta = std::max(0, lstAuto->ListIndex());
+    if (!testo.isEmpty() && Lista_Cerca(Voci_InLista(), testo, scelta, 1) != lstAuto->ListIndex())
+        Scegli_Trovata(Lista_Cerca(Voci_InLista(), testo, 0, 1));
+    if (Caricato())
+        Mostra_Ricerca();
+}
+
+/// The next line that fits, or the one before it. @return false when there is no other.
+bool frmMctcO::Cerca_Altra(bool avanti)
+{
+    const qint32 passo = avanti ? 1 : -1;
+    return Scegli_Trovata(Lista_Cerca(Voci_InLista(), ricerca->Testo(), lstAuto->ListIndex() + passo, passo));
+}
+
+/// @return true when it is another line than the one at hand, and was chosen.
+bool frmMctcO::Scegli_Trovata(qint32 trovata)
+{
+    if (trovata < 0 || trovata == lstAuto->ListIndex())
+        return false;
+    Togli_Avviso();
+    Scegli_DaProgramma(trovata);
+    return true;
+}
+
+/// The entries that the list shows: those read last stay when the folder has gone, and the list is empty.
+QList<VoceLista> frmMctcO::Voci_InLista() const
+{
+    return mVoci.first(mRighe);
+}
+
+void frmMctcO::Mostra_Ricerca()
+{
+    const QString testo = ricerca->Testo();
+    if (testo.isEmpty())
+        lblCerca->Caption(Testo_Mctc(MctcInvitoCerca));
+    else if (Lista_Cerca(Voci_InLista(), testo, 0, 1) < 0)
+        lblCerca->Caption(Testo_Riempito(Testo_Mctc(MctcNonTrovata), testo));
+    else
+        lblCerca->Caption(Testo_Riempito(Testo_Mctc(MctcCerca), testo));
+}
+
+// --- the vehicle in hand -----------------------------------------------------------------------------------
+
+void frmMctcO::Mostra_Targa()
+{
+    const qint32 scelta = lstAuto->ListIndex();
+    lblTarga->Caption(scelta < 0 ? QString() : mVoci[scelta].Targa);
+}
+
+/// The line keeps its place when a file comes in before it: the operator must see what stands there now
+/// before the confirmation is pressed.
+void frmMctcO::Mostra_Avviso(TestoMctc testo)
+{
+    lblAvviso->Caption(Testo_Mctc(testo));
+    lblAvviso->Visible(!lblAvviso->Caption().isEmpty());
+}
+
+void frmMctcO::Togli_Avviso()
+{
+    lblAvviso->Visible(false);
+}
+
+// --- the poll ----------------------------------------------------------------------------------------------
 
 void frmMctcO::tmrLst_Timer()
 {
     if (mOccupato || mInLettura)
         return;
-    Schermo_Puntatore(PuntatoreClessidra);
+    const Clessidra clessidra;
     try {
         Esamina_Cartella();
     } catch (const ErroreEsecuzione &) {
@@ -219,7 +391,6 @@ void frmMctcO::tmrLst_Timer()
         mOccupato = false;
         cmd[1].Enabled(true);
     }
-    Schermo_Puntatore(PuntatoreNormale);
 }
 
 void frmMctcO::Esamina_Cartella()
@@ -243,24 +414,35 @@ void frmMctcO::lstAuto_Click()
     const qint32 scelta = lstAuto->ListIndex();
     if (!lstAuto->Enabled() || scelta < 0)
         return;
+    if (!mDaProgramma) {
+        ricerca->Azzera();
+        Togli_Avviso();
+    }
+    Mostra_Targa();
     mOccupato = true;
-    Schermo_Puntatore(PuntatoreClessidra);
-    cmd[0].Enabled(false);
-    cmd[1].Enabled(false);
-    gFileAcc = gDirAcc + mVoci[scelta].NomeFile;
-    Acc_AssegnaFile(gFileAcc);
-    Campi_Applica(gCampiAcc, ULTIMA_RIGA_ACC, *this);
     QString rapporto;
-    const qint16 esito = Acc_Controlla(gFileAcc, rapporto);
-    Dipingi_Errori();
-    Schermo_Puntatore(PuntatoreNormale);
+    const EsitoControllo esito = Esamina_File(gDirAcc + mVoci[scelta].NomeFile, rapporto);
     mOccupato = false;
     cmd[0].Enabled(esito == AccBuona);
     cmd[1].Enabled(true);
     if (esito != AccBuona) {
-        Mostra_MsgConferma(Testo_Mctc(TESTO_ANOMALIE) + QStringLiteral(": \r\n") + rapporto);
+        Mostra_MsgConferma(Testo_Mctc(MctcFileConAnomalie) + QStringLiteral(": \r\n") + rapporto);
         Aggiorna();
     }
+}
+
+/// Shows a file's fields and checks it, under the hourglass. @return what Acc_Controlla says.
+EsitoControllo frmMctcO::Esamina_File(const QString &percorso, QString &rapporto)
+{
+    const Clessidra clessidra;
+    cmd[0].Enabled(false);
+    cmd[1].Enabled(false);
+    gFileAcc = percorso;
+    Acc_AssegnaFile(gFileAcc);
+    Campi_Applica(gCampiAcc, ULTIMA_RIGA_ACC, *this);
+    const EsitoControllo esito = Acc_Controlla(gFileAcc, rapporto);
+    Dipingi_Errori();
+    return esito;
 }
 
 void frmMctcO::Dipingi_Errori()
@@ -299,7 +481,7 @@ void frmMctcO::Conferma()
 
 void frmMctcO::formMctc2b_Notifica(qint16 &codice, QVariant &valore)
 {
-    if (codice != 4)
+    if (codice != VeicoloConfermato)
         return;
     Q_EMIT Notifica(codice, valore);
     Scarica();
@@ -308,5 +490,7 @@ void frmMctcO::formMctc2b_Notifica(qint16 &codice, QVariant &valore)
 void frmMctcO::Unload()
 {
     tmrLst.Enabled(false);
+    tmrFatti.Enabled(false);
+    ricerca.reset();
     Campi_Scarica(*this);
 }

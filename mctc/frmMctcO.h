@@ -2,13 +2,17 @@
 // the operator picks and hands it to the entry form.
 #pragma once
 
+#include "core/testi_mctc.h"
 #include "mctc/lista.h"
+#include "mctc/modMctc.h"
 #include "platform/temporizzatore.h"
 #include "toolkit/modulo.h"
 
+#include <QSet>
 #include <QVariant>
 
 class frmMctc2;
+class RicercaElenco;
 
 class frmMctcO : public Modulo
 {
@@ -19,7 +23,7 @@ public:
     ~frmMctcO() override;
 
 Q_SIGNALS:
-    /// Code 4 with the value of the entry form, when its data were confirmed.
+    /// VeicoloConfermato with the value of the entry form, when its data were confirmed.
     void Notifica(qint16 &codice, QVariant &valore);
 
 protected:
@@ -31,22 +35,44 @@ protected:
 
 private:
     void Disponi();
+    void Disponi_Scritte();
     void Campi_Imposta();
     void Lista_Aggiorna();
     void tmrLst_Timer();
     void Esamina_Cartella();
     void lstAuto_Click();
+    void Scegli_DaProgramma(qint32 riga);
+    void Segna_Fatti();
+    void tmrFatti_Timer();
+    void Cerca();
+    bool Cerca_Altra(bool avanti);
+    bool Scegli_Trovata(qint32 trovata);
+    QList<VoceLista> Voci_InLista() const;
+    void Mostra_Ricerca();
+    void Mostra_Targa();
+    void Mostra_Avviso(TestoMctc testo);
+    void Togli_Avviso();
+    EsitoControllo Esamina_File(const QString &percorso, QString &rapporto);
     void Dipingi_Errori();
     void Conferma();
     void formMctc2b_Notifica(qint16 &codice, QVariant &valore);
 
     QList<VoceLista> mVoci;
+    qint32 mRighe = 0; // of the list: none when the folder has gone, whose entries stay in mVoci
     bool mOccupato = false;
     bool mInLettura = false; // the files are being read for the list: no poll begins meanwhile
     QStringList mUltimoElenco;
     QString mUltimoConteggio;
     std::unique_ptr<ElencoVoci> lstAuto;
     ArrayControlli<Etichetta> lblDes;
+    std::unique_ptr<Etichetta> lblCerca;  // what is typed to find a plate
+    std::unique_ptr<Etichetta> lblAttesa; // how many vehicles wait
+    std::unique_ptr<Etichetta> lblTarga;  // of the line chosen, to be read from the car
+    std::unique_ptr<Etichetta> lblAvviso; // that line is another vehicle now
+    std::unique_ptr<RicercaElenco> ricerca;
+    QSet<QString> mFatti;
+    bool mDaProgramma = false; // a line is being chosen, and not by the operator's hand on the list
     Temporizzatore tmrLst;
+    Temporizzatore tmrFatti;
     std::shared_ptr<frmMctc2> formMctc2b;
 };

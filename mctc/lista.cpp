@@ -5,9 +5,8 @@
 #include "core/modGeneral.h"
 #include "mctc/campi_acc.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/eventi.h"
 #include "platform/maiuscole.h"
-
-#include <QCoreApplication>
 
 namespace {
 
@@ -22,6 +21,19 @@ qint32 Nomi_Elenca(QString &cartella, QStringList &nomi)
     }
 }
 
+/// The entries once round, from one on.
+template <typename Confronto>
+qint32 Primo_In_Giro(const QList<VoceLista> &voci, qint32 da, qint32 passo, Confronto confronto)
+{
+    const auto quante = static_cast<qint32>(voci.size());
+    for (qint32 n = 0; n < quante; ++n) {
+        const qint32 i = ((da + n * passo) % quante + quante) % quante;
+        if (confronto(voci[i]))
+            return i;
+    }
+    return -1;
+}
+
 } // namespace
 
 qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
@@ -31,7 +43,7 @@ qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
     // A folder of thousands takes longer than an operator who presses a button waits for an answer: events
     // run between the poll's listing and this one, and behind every file. Behind the last one too: what was
     // pressed while it was read is for the list that the operator still sees.
-    QCoreApplication::processEvents();
+    Eventi_Esegui();
     const qint32 ultima = Nomi_Elenca(conBarra, nomi);
     if (ultima < 0)
         return -1;
@@ -42,9 +54,9 @@ qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
         // Opened as listed: where names tell case apart, the upper-case name would cost a search of the
         // folder for every file.
         voce.Targa = Targa_Leggi(conBarra + nome);
-        voce.Stato = Testo_Mctc(112);
+        voce.Stato = Testo_Mctc(MctcSi);
         lette.append(voce);
-        QCoreApplication::processEvents();
+        Eventi_Esegui();
     }
     voci = lette;
     return ultima;
@@ -60,4 +72,16 @@ qint32 Liste_Differenze(const QStringList &prima, const QStringList &dopo)
             ++differenza;
     }
     return differenza;
+}
+
+qint32 Lista_Cerca(const QList<VoceLista> &voci, const QString &testo, qint32 da, qint32 passo)
+{
+    const qint32 targa = Primo_In_Giro(voci, da, passo, [&testo](const VoceLista &voce) {
+        return voce.Targa.contains(testo, Qt::CaseInsensitive);
+    });
+    if (targa >= 0)
+        return targa;
+    return Primo_In_Giro(voci, da, passo, [&testo](const VoceLista &voce) {
+        return voce.NomeFile.contains(testo, Qt::CaseInsensitive);
+    });
 }

@@ -25,3 +25,9 @@ qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci);
 
 /// Compares two listings. @return -1 when they are the same, anything else when they differ.
 qint32 Liste_Differenze(const QStringList &prima, const QStringList &dopo);
+
+/// Looks for an entry whose plate holds a text, without regard to case; where no plate does, for one whose
+/// file's name does. @param da where to begin. @param passo 1 or -1: at the end the search goes on at the
+/// other.
+/// @return its index, -1 for none.
+qint32 Lista_Cerca(const QList<VoceLista> &voci, const QString &testo, qint32 da, qint32 passo);

@@ -78,7 +78,7 @@ QString Tagliato(QString rapporto)
 
 } // namespace
 
-qint16 Acc_Controlla(const QString &percorso, QString &rapporto)
+EsitoControllo Acc_Controlla(const QString &percorso, QString &rapporto)
 {
     rapporto.clear();
     Acc_ControllaStruttura(gFileModelloAcc, percorso, gAnomalieStruttura);

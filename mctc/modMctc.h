@@ -22,6 +22,5 @@ inline constexpr qsizetype MASSIMO_RAPPORTO = 64000;
 /// @param[out] rapporto lines for the operator, each ended by CR LF; empty for a clean file. While the
 /// structure or the text is faulty the errors in the values stay out of it, for they may be its consequence.
 /// A report longer than MASSIMO_RAPPORTO is cut there, at the end of a line.
-/// @return an EsitoControllo.
 /// @throws ErroreEsecuzione 6 for a file past 32767 bytes.
-qint16 Acc_Controlla(const QString &percorso, QString &rapporto);
+EsitoControllo Acc_Controlla(const QString &percorso, QString &rapporto);

@@ -17,7 +17,7 @@ bool Solo_Cifre(const QString &valore)
     return std::all_of(valore.cbegin(), valore.cend(), [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 
-qint16 Errore_SuTesto(const QString &valore, qint16 massimo, Vocabolario ammessi)
+ErroreValore Errore_SuTesto(const QString &valore, qint16 massimo, Vocabolario ammessi)
 {
     if (massimo != 0)
         return valore.size() > massimo ? ValoreLunghezza : ValoreBuono;
@@ -25,7 +25,7 @@ qint16 Errore_SuTesto(const QString &valore, qint16 massimo, Vocabolario ammessi
                                                                               : ValoreNonAmmesso;
 }
 
-qint16 Errore_SuDecimale(const QString &valore, qint16 massimo)
+ErroreValore Errore_SuDecimale(const QString &valore, qint16 massimo)
 {
     if (!Numero_Valido(valore))
         return ValoreNonAmmesso;
@@ -37,7 +37,7 @@ qint16 Errore_SuDecimale(const QString &valore, qint16 massimo)
 
 /// The pieces are taken from both ends, so that a date of another length may still make a day: then only the
 /// length is wrong.
-qint16 Errore_SuData(const QString &valore)
+ErroreValore Errore_SuData(const QString &valore)
 {
     if (!Numero_Valido(valore) || !Data_Valida(Numero_Pezzo(valore.right(4)), Numero_Pezzo(valore.mid(2, 2)),
                                                Numero_Pezzo(valore.left(2))))
@@ -45,41 +45,41 @@ qint16 Errore_SuData(const QString &valore)
     return valore.size() == LUNGHEZZA_DATA ? ValoreBuono : ValoreLunghezza;
 }
 
-qint16 Errore_SuOra(const QString &valore)
+ErroreValore Errore_SuOra(const QString &valore)
 {
     if (!Numero_Valido(valore) || Ora_PezziFuori(valore) > 0)
         return ValoreNonOra;
     return valore.size() == LUNGHEZZA_ORA ? ValoreBuono : ValoreLunghezza;
 }
 
-qint16 Errore_SuCifre(const QString &valore, qint16 massimo)
+ErroreValore Errore_SuCifre(const QString &valore, qint16 massimo)
 {
     if (valore.size() > massimo)
         return ValoreLunghezza;
     return Solo_Cifre(valore) ? ValoreBuono : ValoreNonAmmesso;
 }
 
-qint16 Errore_SuLunghezza(const QString &valore, qint16 esatta)
+ErroreValore Errore_SuLunghezza(const QString &valore, qint16 esatta)
 {
     return valore.size() == esatta ? ValoreBuono : ValoreLunghezza;
 }
 
-qint16 Errore_SuAnno(const QString &valore, qint16 esatta)
+ErroreValore Errore_SuAnno(const QString &valore, qint16 esatta)
 {
     if (valore.size() != esatta)
         return ValoreLunghezza;
     return Solo_Cifre(valore) && Numero_16(valore) >= PRIMO_ANNO ? ValoreBuono : ValoreNonAmmesso;
 }
 
-qint16 Errore_SuTarga(const QString &valore, qint16 massimo, Flag obbligatorio)
+ErroreValore Errore_SuTarga(const QString &valore, qint16 massimo, Flag obbligatorio)
 {
     if (!obbligatorio || valore.isEmpty())
         return ValoreBuono;
     return valore.size() >= TARGA_MINIMA && valore.size() <= massimo ? ValoreBuono : ValoreNonTarga;
 }
 
-qint16 Errore_DelTipo(const QString &valore, TipoControllo tipo, qint16 massimo, Vocabolario ammessi,
-                      Flag obbligatorio)
+ErroreValore Errore_DelTipo(const QString &valore, TipoControllo tipo, qint16 massimo, Vocabolario ammessi,
+                            Flag obbligatorio)
 {
     switch (tipo) {
     case TipoControllo::Testo:
@@ -120,11 +120,11 @@ qint16 Ora_PezziFuori(const QString &valore)
                     (Numero_Pezzo(valore.right(2)) > 59));
 }
 
-qint16 Valore_Errore(const QString &valore, TipoControllo tipo, qint16 massimo, Vocabolario ammessi,
-                     Flag obbligatorio)
+ErroreValore Valore_Errore(const QString &valore, TipoControllo tipo, qint16 massimo, Vocabolario ammessi,
+                           Flag obbligatorio)
 {
     if (valore.isEmpty() && !obbligatorio)
         return ValoreBuono;
-    const qint16 errore = Errore_DelTipo(valore, tipo, massimo, ammessi, obbligatorio);
-    return valore.isEmpty() && errore == ValoreBuono ? qint16{ValoreAssente} : errore;
+    const ErroreValore errore = Errore_DelTipo(valore, tipo, massimo, ammessi, obbligatorio);
+    return valore.isEmpty() && errore == ValoreBuono ? ValoreAssente : errore;
 }

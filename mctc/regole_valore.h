@@ -52,8 +52,8 @@ qint16 Ora_PezziFuori(const QString &valore);
 /// @param massimo length in characters, 0 for none. @param ammessi read by TipoControllo::Testo with maximum
 /// 0.
 /// @param obbligatorio an empty value is an error; without it an empty value passes every kind.
-/// @return an ErroreValore. An empty required value is ValoreAssente only where the kind itself has nothing
+/// @return an empty required value is ValoreAssente only where the kind itself has nothing
 /// to say about an empty text: a date, for one, says ValoreNonData. The network software knows the reports
 /// so.
-qint16 Valore_Errore(const QString &valore, TipoControllo tipo, qint16 massimo, Vocabolario ammessi,
-                     Flag obbligatorio);
+ErroreValore Valore_Errore(const QString &valore, TipoControllo tipo, qint16 massimo, Vocabolario ammessi,
+                           Flag obbligatorio);

@@ -18,6 +18,9 @@ struct CodaStampa
     bool accetta = false; ///< takes jobs at this moment
 };
 
+/// In millimetres.
+inline constexpr QSizeF A4(210, 297);
+
 /// The queues, none when the print system does not answer within seconds.
 QList<CodaStampa> Code_Elenca();
 

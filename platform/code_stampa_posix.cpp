@@ -14,7 +14,6 @@ namespace {
 constexpr int ATTESA_COLLEGAMENTO = 3000; // ms
 constexpr double ATTESA_RISPOSTA = 5;     // seconds, for each answer
 constexpr double CENTESIMI = 100;         // sizes come in hundredths of a millimetre
-const QSizeF A4(210, 297);
 
 using Collegamento = std::unique_ptr<http_t, void (*)(http_t *)>;
 

@@ -9,7 +9,6 @@
 
 namespace {
 
-const QSizeF A4(210, 297);
 constexpr double SCARTO_CARTA = 1; // mm
 
 class FoglioCoda : public FoglioStampa

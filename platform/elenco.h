@@ -15,7 +15,6 @@ struct RecordTrovato
 {
     QString cFileName;
     quint32 dwFileAttributes = 0;
-    quint64 ftCreationTime = 0;
     quint64 ftLastAccessTime = 0;
     quint64 ftLastWriteTime = 0;
 };

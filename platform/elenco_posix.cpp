@@ -85,7 +85,6 @@ RecordTrovato Record_Di(const QString &nome, const struct stat &stato)
         trovato.dwFileAttributes |= ATTRIBUTO_CARTELLA;
     if (nome.startsWith(u'.') && nome != u"." && nome != u"..")
         trovato.dwFileAttributes |= ATTRIBUTO_NASCOSTO;
-    trovato.ftCreationTime = Tempo_1601(stato.st_ctim);
     trovato.ftLastAccessTime = Tempo_1601(stato.st_atim);
     trovato.ftLastWriteTime = Tempo_1601(stato.st_mtim);
     return trovato;

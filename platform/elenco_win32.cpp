@@ -18,7 +18,6 @@ RecordTrovato Record_Di(const WIN32_FIND_DATAW &dati)
     RecordTrovato trovato;
     trovato.cFileName = QString::fromWCharArray(dati.cFileName);
     trovato.dwFileAttributes = dati.dwFileAttributes;
-    trovato.ftCreationTime = Tempo_1601(dati.ftCreationTime);
     trovato.ftLastAccessTime = Tempo_1601(dati.ftLastAccessTime);
     trovato.ftLastWriteTime = Tempo_1601(dati.ftLastWriteTime);
     return trovato;

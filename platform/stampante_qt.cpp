@@ -6,6 +6,7 @@
 #include "platform/colore_qt.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/tipi.h"
+#include "platform/unita.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
@@ -19,7 +20,6 @@ namespace {
 
 constexpr double TWIP_POLLICE = 1440;
 constexpr double MM_POLLICE = 25.4;
-constexpr double TWIP_PUNTO = 20;
 constexpr double SPESSORE_UNITA = TWIP_POLLICE / 300; // twips
 
 /// What stands in for a family that the machine lacks: letters of the same widths, or as near as the free

@@ -1,17 +1,20 @@
-// The result record on the screen: table of cells, colours, alarm and print button. It judges nothing anew
-// but the colour of an intensity.
+// The result record on the screen: table of cells, colours, what is out of order, alarm and print button. It
+// judges nothing anew but the colour of an intensity, by the test of the evaluation.
 #include "report/frmEsito.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
 #include "core/risultato.h"
+#include "core/veicolo.h"
 #include "dialogs/frmMsg.h"
 #include "platform/colori.h"
 #include "platform/numeri.h"
+#include "report/guasti.h"
 #include "report/pagina.h"
-#include "toolkit/aspetto.h"
+#include "toolkit/lettura.h"
 #include "toolkit/schermo.h"
 #include "toolkit/segnale.h"
 
@@ -21,16 +24,13 @@ namespace {
 
 constexpr int INTERVALLO_BEEP = 1000; // ms
 
-constexpr qint16 TESTO_STAMPA = 98;
-constexpr qint16 TESTO_ESCI = 7;
-constexpr qint16 TESTO_ALTEZZA = 118;
-constexpr qint16 TESTO_SIMMETRICO = 120;
-constexpr qint16 TESTO_ASIMMETRICO = 121;
-constexpr qint16 TESTO_REGOLARE = 126;
-constexpr qint16 TESTO_IRREGOLARE = 127;
-constexpr qint16 TESTO_SENZA_STAMPANTE = 58; // of lingue.ini
+enum RigaEsito : qint16
+{
+    RigaAltezza,
+    RigaTipoFaro,
+};
 
-constexpr qint16 ULTIMA_RIGA = 1;
+constexpr qint16 ULTIMA_RIGA = RigaTipoFaro;
 std::array<CampoForm, ULTIMA_RIGA + 1> gCampiEsito;
 
 constexpr qint16 CELLE_MIRA = 8;
@@ -38,15 +38,18 @@ constexpr qint16 CELLE = 12;
 constexpr qint16 COLONNE = 4;
 
 /// The row of the result that each cell shows, in cell order.
-constexpr const char16_t *RIGHE_CELLE[CELLE] = {
-    u"VertAnabDx",     u"VertAnabSx",     u"VertAbbDx",     u"VertAbbSx",     //
-    u"OrizzAnabDx",    u"OrizzAnabSx",    u"OrizzAbbDx",    u"OrizzAbbSx",    //
-    u"IllumLuxAnabDx", u"IllumLuxAnabSx", u"IllumLuxAbbDx", u"IllumLuxAbbSx", //
+constexpr RigaFar RIGHE_CELLE[CELLE] = {
+    FarVertAnabDx,     FarVertAnabSx,     FarVertAbbDx,     FarVertAbbSx,     //
+    FarOrizzAnabDx,    FarOrizzAnabSx,    FarOrizzAbbDx,    FarOrizzAbbSx,    //
+    FarIllumLuxAnabDx, FarIllumLuxAnabSx, FarIllumLuxAbbDx, FarIllumLuxAbbSx, //
 };
 
 /// Texts of lblPar: four column heads, three row heads.
-constexpr qint16 TESTI_PAR[] = {132, 131, 134, 133, 135, 136, 137};
-constexpr qint16 TESTI_DES[] = {130, 129};
+constexpr TestoMctc TESTI_PAR[] = {
+    MctcAnabbaglianteDx,       MctcAnabbaglianteSx,         MctcAbbaglianteDx, MctcAbbaglianteSx,
+    MctcOrientamentoVerticale, MctcOrientamentoOrizzontale, MctcIlluminamento,
+};
+constexpr TestoMctc TESTI_DES[] = {MctcDatiProiettori, MctcEsitoProva};
 
 /// The buttons by index: print stands on the left, exit on the right; the other two have no use and no face.
 enum PulsanteEsito : qint16
@@ -61,6 +64,12 @@ enum PulsanteEsito : qint16
 constexpr qint32 CELLA_LARGA = 1300;
 constexpr qint32 CELLA_ALTA = 800;
 constexpr qint32 CELLE_Y = 2370;
+constexpr qint32 GUASTI_Y = 5100;
+constexpr qint32 GUASTI_ALTI = 4800;
+constexpr double PUNTI_VERDETTO = 4.2; // of the normal size
+constexpr qint32 PULSANTI_Y = 1500;    // from below
+constexpr qint32 VEICOLO_X = 2700;
+constexpr qint32 TARGA_LARGA = 3700;
 constexpr qint32 PULSANTE_LARGO = 1575;
 constexpr qint32 PULSANTE_ALTO = 975;
 
@@ -69,18 +78,14 @@ qint32 Meta_Schermo()
     return gScreenW / 2;
 }
 
-bool Regolare(const QString &riga)
+bool Regolare(RigaFar riga)
 {
     return Far_Valore(riga) == u"R";
 }
 
-/// Repeats the test of the evaluation, to colour what it has judged.
-bool Nei_Limiti(float valore, qint16 cella)
+Fascio Fascio_Di(RigaFar lux)
 {
-    const bool anabbagliante = cella < CELLE_MIRA + 2;
-    const auto minimo = static_cast<float>(anabbagliante ? gLuxMinAnab : gLuxMinAbb);
-    const auto massimo = static_cast<float>(anabbagliante ? gLuxMaxAnab : gLuxMaxAbb);
-    return valore > minimo && valore < massimo;
+    return lux == FarIllumLuxAnabDx || lux == FarIllumLuxAnabSx ? FascioAnabbagliante : FascioAbbagliante;
 }
 
 } // namespace
@@ -90,6 +95,7 @@ frmEsito::frmEsito()
       lblDes(QStringLiteral("lblDes")),
       lblPar(QStringLiteral("lblPar")),
       lblTab(QStringLiteral("lblTab")),
+      lblGuasto(QStringLiteral("lblGuasto")),
       tmrBeep([] { Segnale_Acustico(); })
 {
 }
@@ -99,25 +105,37 @@ frmEsito::~frmEsito() = default;
 void frmEsito::Disegno()
 {
     lblTitolo = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTitolo"));
-    lblTitolo->Allineamento(Qt::AlignCenter);
+    lblTitolo->Allineamento(Orizzontale::Centro);
     lblTitolo->FontBold(true);
-    lblTitolo->FontSize(Punti_Normali() * 3);
-    txt.Carica(0).Posto(0, 0, ScalaX(3000), ScalaY(450));
-    txt[0].FontSize(Punti_Normali() * 1.4);
-    lbl.Carica(0).Posto(0, 0, ScalaX(4000), ScalaY(300));
-    for (ArrayControlli<Etichetta> *array : {&lblDes, &lblPar, &lblTab})
+    lblTitolo->FontSize(Punti_Normali() * PUNTI_VERDETTO);
+    txt.Carica(0).Posto(0, 0, ScalaX(4500), ScalaY(600));
+    txt[0].FontSize(Punti_Normali() * LETTURA_SCHERMO);
+    txt[0].FontBold(true); // the value; its caption is neither as large nor as black
+    lbl.Carica(0).Posto(0, 0, ScalaX(3200), ScalaY(300));
+    lbl[0].FontSize(Punti_Normali() * LETTURA_SCHERMO);
+    lblTipo = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTipo"));
+    lblTarga = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTarga"));
+    lblTarga->FontSize(Punti_Normali() * LETTURA_AUTO);
+    lblTarga->FontBold(true);
+    lblVeicolo = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblVeicolo"));
+    lblVeicolo->FontSize(Punti_Normali() * LETTURA_SCHERMO);
+    for (Etichetta *etichetta : {lblTipo.get(), lblTarga.get(), lblVeicolo.get()})
+        etichetta->Visible(false);
+    for (ArrayControlli<Etichetta> *array : {&lblDes, &lblPar, &lblTab, &lblGuasto})
         array->Inizia(Finestra());
     for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_DES)); ++i) {
         lblDes.Carica(i).FontBold(true);
-        lblDes[i].FontSize(Punti_Normali() * 1.2);
+        lblDes[i].FontSize(Punti_Normali() * LETTURA_SCHERMO);
+        lblDes[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     }
     for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_PAR)); ++i) {
         lblPar.Carica(i).Visible(true);
-        lblPar[i].Allineamento(i < COLONNE ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignVCenter);
+        lblPar[i].Allineamento(i < COLONNE ? Orizzontale::Centro : Orizzontale::Destra);
+        lblPar[i].FontSize(Punti_Normali() * (i < COLONNE ? LETTURA_AUTO : LETTURA_SCHERMO));
     }
     for (qint16 i = 0; i < CELLE; ++i) {
-        lblTab.Carica(i).Allineamento(Qt::AlignCenter);
-        lblTab[i].FontSize(Punti_Normali() * 2);
+        lblTab.Carica(i).Allineamento(Orizzontale::Centro);
+        lblTab[i].FontSize(Punti_Normali() * LETTURA_AUTO);
         lblTab[i].FontBold(true);
         lblTab[i].Bordo();
         lblTab[i].BackColor(COLORE_NERO);
@@ -125,7 +143,7 @@ void frmEsito::Disegno()
         lblTab[i].Visible(true);
     }
     for (qint16 i = PulsanteEsci; i <= PulsanteChiudi; ++i)
-        cmd.Carica(i).FontSize(Punti_Normali() * 1.4);
+        cmd.Carica(i).FontSize(Punti_Normali() * LETTURA_SCHERMO);
 }
 
 void frmEsito::Load()
@@ -143,30 +161,30 @@ void frmEsito::Load()
 
 void frmEsito::Disponi_Pulsanti()
 {
-    const qint32 cima = gScreenH - ScalaY(1500);
+    const qint32 cima = gScreenH - ScalaY(PULSANTI_Y);
     const qint32 posti[] = {gScreenW - ScalaX(2500), ScalaX(500), ScalaX(2500), gScreenW - ScalaX(4500)};
     for (qint16 i = PulsanteEsci; i <= PulsanteChiudi; ++i)
         cmd[i].Posto(posti[i], cima, ScalaX(PULSANTE_LARGO), ScalaY(PULSANTE_ALTO));
-    cmd[PulsanteEsci].Caption(Testo_Mctc(TESTO_ESCI));
+    cmd[PulsanteEsci].Caption(Testo_Mctc(MctcEsci));
     cmd[PulsanteEsci].Visible(true);
     cmd[PulsanteEsci].Cancel(true);
-    cmd[PulsanteStampa].Caption(Testo_Mctc(TESTO_STAMPA));
+    cmd[PulsanteStampa].Caption(Testo_Mctc(MctcStampa));
     cmd[PulsanteStampa].Visible(true);
     cmd[PulsanteChiudi].Enabled(false);
 }
 
 void frmEsito::Mostra_Verdetto()
 {
-    const bool regolare = Regolare(QStringLiteral("Esito"));
+    const bool regolare = Regolare(FarEsito);
     lblTitolo->Posto(ScalaX(300), ScalaY(200), gScreenW - 2 * ScalaX(300), ScalaY(1000));
-    lblTitolo->Caption(Testo_Mctc(regolare ? TESTO_REGOLARE : TESTO_IRREGOLARE));
+    lblTitolo->Caption(Testo_Mctc(regolare ? MctcEsitoRegolare : MctcEsitoIrregolare));
     lblTitolo->BackColor(regolare ? COLORE_VERDE : COLORE_ROSSO);
     Caption(lblTitolo->Caption());
 }
 
 void frmEsito::Campi_Imposta()
 {
-    constexpr qint16 ETICHETTE[] = {TESTO_ALTEZZA, TESTO_ASIMMETRICO};
+    constexpr TestoMctc ETICHETTE[] = {MctcAltezzaFaro, MctcTipoAsimmetrico};
     for (size_t i = 0; i < gCampiEsito.size(); ++i) {
         CampoForm &campo = gCampiEsito[i];
         campo.LabelId = ETICHETTE[i];
@@ -181,19 +199,86 @@ void frmEsito::Campi_Imposta()
 
 void frmEsito::Riempi()
 {
-    const bool simmetrico = Far_Valore(QStringLiteral("TipoAnab")) == u"#S";
-    txt[0].Text(Numero_Testo(gAltezzaFaro));
-    txt[1].Text(Testo_Mctc(simmetrico ? TESTO_SIMMETRICO : TESTO_ASIMMETRICO));
-    lblDes[0].Posto(ScalaX(500), ScalaY(1500), ScalaX(4000), ScalaY(400));
+    const bool simmetrico = Far_Valore(FarTipoAnab) == u"#S";
+    txt[RigaAltezza].Text(Numero_Testo(gAltezzaFaro));
+    txt[RigaTipoFaro].Text(Testo_Mctc(simmetrico ? MctcTipoSimmetrico : MctcTipoAsimmetrico));
+    lblDes[0].Posto(ScalaX(500), ScalaY(1500), ScalaX(4000), ScalaY(550));
     lblDes[0].Caption(Testo_Mctc(TESTI_DES[0]));
     lblDes[0].Visible(true);
-    if (!Regolare(QStringLiteral("Esito")) && gAllarmeAcustico) {
+    if (!Regolare(FarEsito) && gAllarmeAcustico) {
         tmrBeep.Interval(INTERVALLO_BEEP);
         tmrBeep.Enabled(true);
     }
     Intestazioni_Tabella();
     Celle_Mira();
     Celle_Intensita();
+    for (qint16 i = 0; i <= ULTIMA_RIGA; ++i)
+        lbl[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
+    Pareggia_Scritte();
+    Mostra_Tipo(simmetrico);
+    Mostra_Veicolo();
+    Mostra_Guasti();
+}
+
+/// What stands in a row is read as a row.
+void frmEsito::Pareggia_Scritte()
+{
+    const auto gruppo = [](const ArrayControlli<Etichetta> &array, qint16 primo, qint16 quanti) {
+        std::vector<Etichetta *> etichette;
+        for (qint16 i = primo; i < primo + quanti; ++i)
+            etichette.push_back(&array[i]);
+        return etichette;
+    };
+    Pareggia(gruppo(lblPar, 0, COLONNE));
+    Pareggia(gruppo(lblPar, COLONNE, 3));
+    Pareggia(gruppo(lblTab, 0, CELLE_MIRA));
+    Pareggia(gruppo(lblTab, CELLE_MIRA, COLONNE));
+    Pareggia(gruppo(lbl, 0, ULTIMA_RIGA + 1));
+}
+
+/// The caption of the type names one of the two types: the word behind it answers it, so that nobody takes it
+/// for the value below.
+void frmEsito::Mostra_Tipo(bool simmetrico)
+{
+    const Etichetta &voce = lbl[RigaTipoFaro];
+    lblTipo->FontSize(lbl[0].FontSize());
+    lblTipo->Allineamento(Orizzontale::Sinistra, Verticale::Basso);
+    lblTipo->FontBold(true);
+    lblTipo->Posto(voce.Left() + Larghezza_Scritta(voce), voce.Top(), ScalaX(1200), voce.Height());
+    lblTipo->Caption(QStringLiteral(": ") + Testo_Mctc(simmetrico ? MctcNo : MctcSi));
+    lblTipo->Visible(true);
+}
+
+/// Between the buttons.
+void frmEsito::Mostra_Veicolo()
+{
+    const bool scelto = !gFileAcc.isEmpty() && !gVeicolo.Targa.isEmpty();
+    const qint32 cima = gScreenH - ScalaY(PULSANTI_Y);
+    const qint32 destra = ScalaX(VEICOLO_X + TARGA_LARGA);
+    lblTarga->Posto(ScalaX(VEICOLO_X), cima, ScalaX(TARGA_LARGA), ScalaY(PULSANTE_ALTO));
+    lblTarga->Caption(gVeicolo.Targa);
+    lblTarga->Visible(scelto);
+    lblVeicolo->Posto(destra, cima, gScreenW - ScalaX(VEICOLO_X) - destra, ScalaY(PULSANTE_ALTO));
+    lblVeicolo->Caption(Accorcia(*lblVeicolo, gVeicolo.Descrizione));
+    lblVeicolo->NomeAccessibile(gVeicolo.Descrizione);
+    lblVeicolo->Visible(scelto);
+}
+
+/// The free part of the screen, shared out among the lamps: the fewer they are, the larger they are told.
+void frmEsito::Mostra_Guasti()
+{
+    const QStringList guasti = Guasti_Elenca();
+    std::vector<Etichetta *> etichette;
+    for (qint16 i = 0; i < guasti.size(); ++i) {
+        const qint32 altezza = ScalaY(GUASTI_ALTI) / static_cast<qint32>(guasti.size());
+        Etichetta &etichetta = lblGuasto.Carica(i);
+        etichetta.FontSize(Punti_Normali() * LETTURA_AUTO);
+        etichetta.Posto(ScalaX(500), ScalaY(GUASTI_Y) + i * altezza, gScreenW - 2 * ScalaX(500), altezza);
+        etichetta.Caption(guasti[i]);
+        etichetta.Visible(true);
+        etichette.push_back(&etichetta);
+    }
+    Pareggia(etichette);
 }
 
 void frmEsito::Intestazioni_Tabella()
@@ -223,7 +308,7 @@ void frmEsito::Intestazioni_Tabella()
 void frmEsito::Celle_Mira()
 {
     for (qint16 i = 0; i < CELLE_MIRA; ++i) {
-        const bool regolare = Regolare(QString::fromUtf16(RIGHE_CELLE[i]));
+        const bool regolare = Regolare(RIGHE_CELLE[i]);
         lblTab[i].Caption(regolare ? QStringLiteral("SI") : QStringLiteral("NO"));
         Colora_Cella(i, regolare);
     }
@@ -232,14 +317,14 @@ void frmEsito::Celle_Mira()
 void frmEsito::Celle_Intensita()
 {
     for (qint16 i = CELLE_MIRA; i < CELLE; ++i) {
-        const QString riga = Far_Valore(QString::fromUtf16(RIGHE_CELLE[i]));
-        if (riga.isEmpty()) {
+        const RigaFar riga = RIGHE_CELLE[i];
+        if (Far_Valore(riga).isEmpty()) {
             lblTab[i].Caption(QStringLiteral(" -"));
             continue;
         }
-        const float valore = Numero_Singolo(riga);
+        const float valore = Numero_Singolo(Far_Valore(riga));
         lblTab[i].Caption(Numero_Testo(valore / 1000));
-        Colora_Cella(i, Nei_Limiti(valore, i));
+        Colora_Cella(i, Lux_Regolare(valore, Fascio_Di(riga)));
     }
 }
 
@@ -261,7 +346,7 @@ void frmEsito::cmd_Click(qint16 Index)
 {
     switch (Index) {
     case PulsanteEsci: {
-        qint16 codice = 5;
+        qint16 codice = EsitoChiuso;
         QVariant valore = 0;
         Q_EMIT Notifica(codice, valore);
         Scarica();
@@ -282,11 +367,10 @@ void frmEsito::Stampa()
 {
     Report_Dati(2);
     Report_Dati(3);
-    Schermo_Puntatore(PuntatoreClessidra);
+    const Clessidra clessidra;
     const Flag stampato = Report_Invia();
     if (!stampato)
-        Mostra_MsgTempo(Testo_Lingua(TESTO_SENZA_STAMPANTE));
-    Schermo_Puntatore(PuntatoreNormale);
+        Mostra_MsgTempo(Testo_Lingua(LinguaNessunaStampante));
 }
 
 void frmEsito::Unload()

@@ -1,5 +1,5 @@
-// The result screen: the verdict, the lamp data, a cell for every lamp and beam, the alarm of a vehicle that
-// failed, and the report. It reads the result record and changes nothing.
+// The result screen: the verdict, the vehicle, the lamp data, a cell for every lamp and beam, the alarm of a
+// vehicle that failed, and the report. It reads the result record and changes nothing.
 #pragma once
 
 #include "platform/temporizzatore.h"
@@ -16,7 +16,7 @@ public:
     ~frmEsito() override;
 
 Q_SIGNALS:
-    /// Code 5, value 0, when the exit button closes the form; nobody listens today.
+    /// EsitoChiuso, value 0, when the exit button closes the form; nobody listens today.
     void Notifica(qint16 &codice, QVariant &valore);
 
 protected:
@@ -34,6 +34,10 @@ private:
     void Intestazioni_Tabella();
     void Celle_Mira();
     void Celle_Intensita();
+    void Pareggia_Scritte();
+    void Mostra_Tipo(bool simmetrico);
+    void Mostra_Veicolo();
+    void Mostra_Guasti();
     void Stampa();
     void Colora_Cella(qint16 cella, bool regolare);
 
@@ -41,5 +45,9 @@ private:
     ArrayControlli<Etichetta> lblDes;
     ArrayControlli<Etichetta> lblPar;
     ArrayControlli<Etichetta> lblTab;
+    ArrayControlli<Etichetta> lblGuasto; // one for every lamp that has something out of order
+    std::unique_ptr<Etichetta> lblTipo;
+    std::unique_ptr<Etichetta> lblTarga;
+    std::unique_ptr<Etichetta> lblVeicolo;
     Temporizzatore tmrBeep;
 };

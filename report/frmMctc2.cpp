@@ -2,6 +2,7 @@
 // session.
 #include "report/frmMctc2.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
@@ -12,16 +13,20 @@
 
 namespace {
 
-constexpr qint16 ULTIMA_RIGA = 15; // row 15 stays as Campi_Azzera leaves it
 constexpr qint16 RIGHE_VEICOLO = 12;
-constexpr qint16 RIGA_ALTEZZA = 12;
-constexpr qint16 RIGA_INCLINAZIONE = 13;
-constexpr qint16 RIGA_SIMMETRICO = 14;
 
-constexpr qint16 TESTO_VALORE_ERRATO = 108;
-constexpr qint16 TESTO_TITOLO = 2;
-constexpr qint16 TESTO_SIMMETRICO = 120;
-constexpr qint16 TESTO_ASIMMETRICO = 121;
+/// The rows that are named: the plate, and those behind the vehicle's.
+enum RigaEntrata : qint16
+{
+    RigaTarga = 3,
+    RigaAltezza = RIGHE_VEICOLO,
+    RigaInclinazione,
+    RigaSimmetrico,
+    RigaVuota, ///< stays as Campi_Azzera leaves it
+};
+
+constexpr qint16 ULTIMA_RIGA = RigaVuota;
+
 constexpr qsizetype CIFRE_ALTEZZA = 3;
 
 std::array<CampoForm, ULTIMA_RIGA + 1> gCampiVeicolo;
@@ -29,38 +34,38 @@ std::array<CampoForm, ULTIMA_RIGA + 1> gCampiVeicolo;
 /// A row of the vehicle: where it comes from with an acceptance file, and in section VEICOLO without one.
 struct RigaVeicolo
 {
-    qint16 etichetta;
+    TestoMctc etichetta;
     const char16_t *sezioneAcc;
     const char16_t *chiaveAcc;
-    const char16_t *chiaveIni;
+    ChiaveIni chiaveIni;
 };
 
 constexpr RigaVeicolo VEICOLO[RIGHE_VEICOLO] = {
-    {58,  u"DatiLibrettoVeicolo", u"Fabbrica",             u"Marca"       },
-    {45,  u"DatiLibrettoVeicolo", u"Tipo",                 u"Modello"     },
-    {60,  u"DatiLibrettoVeicolo", u"TipoMotore",           u"Allestimento"},
-    {37,  u"DatiLibrettoVeicolo", u"Targa",                u"Targa"       },
-    {57,  u"DatiLibrettoVeicolo", u"Telaio",               u"Telaio"      },
-    {62,  u"DatiLibrettoVeicolo", u"AnnoPrimaImm",         u"AnnoImm"     },
-    {47,  u"Prenotazione",        u"CognomeDenominazione", u"NomeCliente" },
-    {10,  u"Prenotazione",        u"Indirizzo",            u"Indirizzo"   },
-    {51,  u"Prenotazione",        u"Citta",                u"Citta"       },
-    {52,  u"Prenotazione",        u"Telefono",             u"Telefono"    },
-    {142, u"Prenotazione",        u"Operatore",            u"Operatore"   },
-    {53,  u"Prenotazione",        u"Note",                 u"Note"        },
+    {MctcFabbricaMarca,        u"DatiLibrettoVeicolo", u"Fabbrica",             ChiaveVeicoloMarca       },
+    {MctcTipo,                 u"DatiLibrettoVeicolo", u"Tipo",                 ChiaveVeicoloModello     },
+    {MctcMotoreAllestimento,   u"DatiLibrettoVeicolo", u"TipoMotore",           ChiaveVeicoloAllestimento},
+    {MctcTarga,                u"DatiLibrettoVeicolo", u"Targa",                ChiaveVeicoloTarga       },
+    {MctcTelaio,               u"DatiLibrettoVeicolo", u"Telaio",               ChiaveVeicoloTelaio      },
+    {MctcAnnoImmatricolazione, u"DatiLibrettoVeicolo", u"AnnoPrimaImm",         ChiaveVeicoloAnno        },
+    {MctcNomeCliente,          u"Prenotazione",        u"CognomeDenominazione", ChiaveClienteNome        },
+    {MctcIndirizzo,            u"Prenotazione",        u"Indirizzo",            ChiaveClienteIndirizzo   },
+    {MctcCitta,                u"Prenotazione",        u"Citta",                ChiaveClienteCitta       },
+    {MctcTelefonoFax,          u"Prenotazione",        u"Telefono",             ChiaveClienteTelefono    },
+    {MctcOperatore,            u"Prenotazione",        u"Operatore",            ChiaveOperatore          },
+    {MctcNote,                 u"Prenotazione",        u"Note",                 ChiaveVeicoloNote        },
 };
 
 struct RigaFaro
 {
-    qint16 etichetta;
+    TestoMctc etichetta;
     quint8 controllo;
-    const char16_t *chiave; // in section IMPOSTAZIONI
+    ChiaveIni chiave;
 };
 
 constexpr RigaFaro FARO[] = {
-    {118, CampoTesto,  u"AltezzaFaro"     },
-    {119, CampoTesto,  u"InclinazioneFaro"},
-    {140, CampoSpunta, u"Simmetrico"      },
+    {MctcAltezzaFaro,    CampoTesto,  ChiaveAltezzaFaro     },
+    {MctcInclinazione,   CampoTesto,  ChiaveInclinazioneFaro},
+    {MctcFariSimmetrici, CampoSpunta, ChiaveSimmetrico      },
 };
 
 // The layout, in design units. Each column of six rows stands in three lines of two boxes above its frame;
@@ -71,38 +76,47 @@ constexpr qint32 PASSO_Y = 620;
 constexpr qint32 SECONDA_X = 4300; // second box of a line, from the column's left
 constexpr qint32 SECONDA_LARGA[] = {2600, 3200};
 constexpr qint32 CASELLA_ALTA = 330;
-constexpr qint32 ETICHETTA_ALTA = 215;
+constexpr qint32 ETICHETTA_ALTA = 255;
 constexpr qint32 FARO_X = 350;
 constexpr qint32 FARO_PASSO = 2200;
 constexpr qint32 FARO_Y = 2950;
 constexpr qint32 FARO_ALTO = 450;
 constexpr qint32 FARO_ETICHETTA_LARGA = 2000; // twips: it does not grow with the screen
-constexpr qint32 FARO_ETICHETTA_ALTA = 430;
+constexpr qint32 FARO_ETICHETTA_ALTA = 500;
+constexpr qint32 TARGA_Y = 4600;
+constexpr qint32 TARGA_ALTA = 1000;
+
+// Type, in times of the normal size.
+constexpr double PUNTI_CAMPO = 1.1;
+constexpr double PUNTI_TARGA = 3.5;
+constexpr double PUNTI_MOTIVO = 2.2;
+constexpr double PUNTI_PULSANTE = 2.2;
 
 /// Rows 0 to 11 come from the acceptance file and are not to be changed.
 bool Da_Accettazione()
 {
-    return gIniFile && gTipoProva == 2;
+    return gIniFile && gTipoProva == ProvaScelta;
 }
 
 void Riga_Veicolo(CampoForm &campo, const RigaVeicolo &riga, bool accettazione)
 {
     campo.LabelId = riga.etichetta;
     campo.Kind = CampoTesto;
-    campo.File = accettazione ? gFileAcc : gFileIni;
-    campo.Section = accettazione ? QString::fromUtf16(riga.sezioneAcc) : QStringLiteral("VEICOLO");
-    campo.Key = QString::fromUtf16(accettazione ? riga.chiaveAcc : riga.chiaveIni);
-    if (accettazione)
-        campo.Editable = Falso;
+    if (!accettazione) {
+        Campo_Chiave(campo, riga.chiaveIni);
+        return;
+    }
+    campo.File = gFileAcc;
+    campo.Section = QString::fromUtf16(riga.sezioneAcc);
+    campo.Key = QString::fromUtf16(riga.chiaveAcc);
+    campo.Editable = Falso;
 }
 
 void Riga_Faro(CampoForm &campo, const RigaFaro &riga)
 {
     campo.LabelId = riga.etichetta;
     campo.Kind = riga.controllo;
-    campo.File = gFileIni;
-    campo.Section = QStringLiteral("IMPOSTAZIONI");
-    campo.Key = QString::fromUtf16(riga.chiave);
+    Campo_Chiave(campo, riga.chiave);
 }
 
 void Riga_Bloccata(CampoForm &campo)
@@ -114,8 +128,7 @@ void Riga_Bloccata(CampoForm &campo)
 /// A missing or odd value must not stop the load: it counts as not symmetric.
 qint16 Simmetrico_Memorizzato()
 {
-    const QString valore = Valore_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Simmetrico"));
-    return Numero_Pezzo(valore);
+    return Numero_Pezzo(Valore_Ini(gFileIni, ChiaveSimmetrico));
 }
 
 bool Altezza_Valida(const QString &testo)
@@ -131,25 +144,29 @@ void frmMctc2::Disegno()
 {
     Massimizza();
     lbl.Carica(0).Posto(0, 0, ScalaX(2000), ETICHETTA_ALTA);
-    lbl[0].FontSize(Punti_Normali() * 0.9);
+    lbl[0].FontSize(Punti_Normali() * PUNTI_CAMPO);
     txt.Carica(0).Posto(0, 0, ScalaX(2000), ScalaY(CASELLA_ALTA));
+    txt[0].FontSize(Punti_Normali() * PUNTI_CAMPO);
     chk.Carica(0).Posto(0, 0, ScalaX(500), ScalaY(FARO_ALTO));
     picSim = std::make_unique<Immagine>(Finestra(), QStringLiteral("picSim"));
     lblFaro = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblFaro"));
+    lblTarga = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTarga"));
+    lblMotivo = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblMotivo"));
     for (qint16 i = 0; i <= 2; ++i)
         cmd.Carica(i).Visible(true);
 }
 
 void frmMctc2::Load()
 {
-    Caption(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcProvaProiettori));
     Campi_Azzera(gCampiVeicolo, ULTIMA_RIGA);
     Campi_Imposta();
     Campi_Crea(gCampiVeicolo, ULTIMA_RIGA, *this);
-    for (const qint16 riga : {RIGA_ALTEZZA, RIGA_INCLINAZIONE, RIGA_SIMMETRICO}) {
+    for (const qint16 riga : {RigaAltezza, RigaInclinazione, RigaSimmetrico}) {
         lbl[riga].Width(FARO_ETICHETTA_LARGA);
         lbl[riga].Height(FARO_ETICHETTA_ALTA);
-        lbl[riga].Allineamento(Qt::AlignLeft | Qt::AlignBottom); // one line or two, it stands on its box
+        // One line or two, it stands on its box.
+        lbl[riga].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     }
     Campi_Applica(gCampiVeicolo, ULTIMA_RIGA, *this);
     Azzera_Inclinazione();
@@ -166,15 +183,15 @@ void frmMctc2::Campi_Imposta()
     for (size_t i = 0; i < RIGHE_VEICOLO; ++i)
         Riga_Veicolo(gCampiVeicolo[i], VEICOLO[i], accettazione);
     for (size_t i = 0; i < std::size(FARO); ++i)
-        Riga_Faro(gCampiVeicolo[RIGA_ALTEZZA + i], FARO[i]);
+        Riga_Faro(gCampiVeicolo[RigaAltezza + i], FARO[i]);
     if (gAltezzaFaroAuto)
-        Riga_Bloccata(gCampiVeicolo[RIGA_ALTEZZA]);
-    if (gTipoProva == 1)
-        Riga_Bloccata(gCampiVeicolo[RIGA_INCLINAZIONE]);
-    gCampiVeicolo[RIGA_SIMMETRICO].ListIndexDefault = Simmetrico_Memorizzato();
+        Riga_Bloccata(gCampiVeicolo[RigaAltezza]);
+    if (gTipoProva == ProvaRiservata1)
+        Riga_Bloccata(gCampiVeicolo[RigaInclinazione]);
+    gCampiVeicolo[RigaSimmetrico].ListIndexDefault = Simmetrico_Memorizzato();
     Disponi_Righe();
     Disponi_Pulsanti();
-    Mostra_Faro(gCampiVeicolo[RIGA_SIMMETRICO].ListIndexDefault == 1);
+    Mostra_Faro(gCampiVeicolo[RigaSimmetrico].ListIndexDefault == 1);
     gCaricamento = Falso;
 }
 
@@ -193,33 +210,49 @@ void frmMctc2::Disponi_Righe()
         etichetta_sopra(campo, ETICHETTA_ALTA);
     }
     for (size_t i = 0; i < std::size(FARO); ++i) {
-        CampoForm &campo = gCampiVeicolo[RIGA_ALTEZZA + i];
+        CampoForm &campo = gCampiVeicolo[RigaAltezza + i];
         campo.CtlLeft = ScalaX_16(FARO_X + static_cast<qint32>(i) * FARO_PASSO);
         campo.CtlTop = ScalaY_16(FARO_Y);
         campo.CtlWidth = ScalaX_16(1500);
         etichetta_sopra(campo, FARO_ETICHETTA_ALTA);
     }
-    picSim->Posto(ScalaX(2680), ScalaY(4800), ScalaX(10000), ScalaY(4700));
+    Disponi_Targa();
+    picSim->Posto(ScalaX(2680), ScalaY(5700), ScalaX(10000), ScalaY(3900));
     lblFaro->Posto(ScalaX(7700), ScalaY(2200), ScalaX(7100), ScalaY(2100));
     lblFaro->FontSize(Punti_Normali() * 2);
-    lblFaro->Allineamento(Qt::AlignCenter);
+    lblFaro->Allineamento(Orizzontale::Centro);
+}
+
+/// One place for both: without a vehicle to choose there is no plate, and the reason stands there.
+void frmMctc2::Disponi_Targa()
+{
+    for (Etichetta *etichetta : {lblTarga.get(), lblMotivo.get()}) {
+        etichetta->Posto(ScalaX(100), ScalaY(TARGA_Y), gScreenW - 2 * ScalaX(100), ScalaY(TARGA_ALTA));
+        etichetta->Allineamento(Orizzontale::Centro);
+        etichetta->FontBold(true);
+    }
+    lblTarga->FontSize(Punti_Normali() * PUNTI_TARGA);
+    lblTarga->Visible(Motivo.isEmpty());
+    lblMotivo->FontSize(Punti_Normali() * PUNTI_MOTIVO);
+    lblMotivo->Caption(Motivo);
+    lblMotivo->Visible(!Motivo.isEmpty());
 }
 
 void frmMctc2::Disponi_Pulsanti()
 {
     const qint32 cima = gScreenH - ScalaY(1500);
     const qint32 larghezza = ScalaX(2600);
-    cmd[0].Caption(Testo_Mctc(113));
+    cmd[0].Caption(Testo_Mctc(MctcAvvia));
     cmd[0].Posto(gScreenW - ScalaX(500) - larghezza, cima, larghezza, ScalaY(975));
-    cmd[1].Caption(Testo_Mctc(114));
+    cmd[1].Caption(Testo_Mctc(MctcIndietro));
     cmd[1].Posto(0, 0, 0, 0); // collapsed: it has a caption and no action
     cmd[1].Visible(false);
-    cmd[2].Caption(Testo_Mctc(7));
+    cmd[2].Caption(Testo_Mctc(MctcEsci));
     cmd[2].Posto(ScalaX(500), cima, larghezza, ScalaY(975));
     cmd[2].Cancel(true);
     cmd[0].Default(true);
     for (qint16 i = 0; i <= 2; ++i) {
-        cmd[i].FontSize(Punti_Normali() * 1.4);
+        cmd[i].FontSize(Punti_Normali() * PUNTI_PULSANTE);
         if (gScreenW == 12000) { // the smallest screen, 800 pixels
             cmd[i].Width(1000);
             cmd[i].FontSize(ScalaX(14));
@@ -230,14 +263,14 @@ void frmMctc2::Disponi_Pulsanti()
 void frmMctc2::Mostra_Faro(bool simmetrico)
 {
     picSim->Picture(gDirImmagini + (simmetrico ? QStringLiteral("faro1.jpg") : QStringLiteral("faro0.jpg")));
-    lblFaro->Caption(Testo_Mctc(simmetrico ? TESTO_SIMMETRICO : TESTO_ASIMMETRICO));
+    lblFaro->Caption(Testo_Mctc(simmetrico ? MctcTipoSimmetrico : MctcTipoAsimmetrico));
     picSim->NomeAccessibile(lblFaro->Caption());
 }
 
 /// The inclination is never carried over from the vehicle before; the height is.
 void frmMctc2::Azzera_Inclinazione()
 {
-    const CampoForm &campo = gCampiVeicolo[RIGA_INCLINAZIONE];
+    const CampoForm &campo = gCampiVeicolo[RigaInclinazione];
     txt[campo.CtlIndex].Text(QString());
     Scrivi_Ini(gFileIni, campo.Section, campo.Key, QString());
 }
@@ -254,12 +287,19 @@ void frmMctc2::txt_KeyPress(qint16 Index, qint16 &KeyAscii)
         KeyAscii = 0;
 }
 
+/// The plate follows its box, also while it is typed.
+void frmMctc2::txt_Change(qint16 Index)
+{
+    if (Riga_Di(txt[Index]) == RigaTarga)
+        lblTarga->Caption(txt[Index].Text());
+}
+
 void frmMctc2::txt_Validate(qint16 Index, bool &Cancel)
 {
     const qint16 riga = Riga_Di(txt[Index]);
     const QString testo = txt[Index].Text();
-    if (riga == RIGA_ALTEZZA && !Altezza_Valida(testo)) {
-        Mostra_MsgTempo(Testo_Mctc(TESTO_VALORE_ERRATO));
+    if (riga == RigaAltezza && !Altezza_Valida(testo)) {
+        Mostra_MsgTempo(Testo_Mctc(MctcCampoErrato));
         Cancel = true;
         return;
     }
@@ -278,7 +318,7 @@ void frmMctc2::chk_Click(qint16 Index)
     CampoForm &campo = gCampiVeicolo[static_cast<size_t>(riga)];
     campo.Value = QString::number(chk[Index].Value());
     campo.Dirty = Vero;
-    if (riga == RIGA_SIMMETRICO)
+    if (riga == RigaSimmetrico)
         Mostra_Faro(chk[Index].Value() == 1);
 }
 
@@ -293,11 +333,11 @@ void frmMctc2::cmd_Click(qint16 Index)
 void frmMctc2::Conferma()
 {
     Campi_Salva(gCampiVeicolo, ULTIMA_RIGA);
-    const CampoForm &altezza = gCampiVeicolo[RIGA_ALTEZZA];
+    const CampoForm &altezza = gCampiVeicolo[RigaAltezza];
     gAltezzaFaro =
         Numero_Doppio(altezza.Dirty ? altezza.Value : Valore_Ini(gFileIni, altezza.Section, altezza.Key));
-    qint16 codice = 4;
-    QVariant valore = qint16{4};
+    qint16 codice = VeicoloConfermato;
+    QVariant valore = qint16{ProvaConfermata};
     Q_EMIT Notifica(codice, valore);
     Scarica();
 }

@@ -13,8 +13,11 @@ class frmMctc2 : public Modulo
 public:
     frmMctc2();
 
+    QString
+        Motivo; ///< why there is no vehicle to choose, told where the plate would stand; set before the show
+
 Q_SIGNALS:
-    /// Code 4, value 4, once: the data are confirmed and the test is to run.
+    /// VeicoloConfermato with ProvaConfermata, once: the data are confirmed and the test is to run.
     void Notifica(qint16 &codice, QVariant &valore);
 
 protected:
@@ -22,6 +25,7 @@ protected:
     void Load() override;
     void Paint() override;
     void Unload() override;
+    void txt_Change(qint16 Index) override;
     void txt_Validate(qint16 Index, bool &Cancel) override;
     void txt_KeyPress(qint16 Index, qint16 &KeyAscii) override;
     void chk_Click(qint16 Index) override;
@@ -30,6 +34,7 @@ protected:
 private:
     void Campi_Imposta();
     void Disponi_Righe();
+    void Disponi_Targa();
     void Disponi_Pulsanti();
     void Mostra_Faro(bool simmetrico);
     void Azzera_Inclinazione();
@@ -37,4 +42,6 @@ private:
 
     std::unique_ptr<Immagine> picSim;
     std::unique_ptr<Etichetta> lblFaro;
+    std::unique_ptr<Etichetta> lblTarga; // the plate, to be read from the car
+    std::unique_ptr<Etichetta> lblMotivo;
 };

@@ -1,6 +1,7 @@
 // Five texts, and what becomes of them after the session that writes them. The exchange is not known here.
 #include "report/frmVerPerO.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
@@ -12,30 +13,33 @@
 
 namespace {
 
-constexpr qint16 ULTIMA_RIGA = 4;
-constexpr qint16 RIGA_SCADENZA = 4;
+/// In the order of the instrument's identity block.
+enum RigaIdentita : qint16
+{
+    RigaModello,
+    RigaMarca,
+    RigaOmologazione,
+    RigaSerie,
+    RigaScadenza,
+};
+
+constexpr qint16 ULTIMA_RIGA = RigaScadenza;
 std::array<CampoForm, ULTIMA_RIGA + 1> gCampiVerifica;
 
 struct RigaVerifica
 {
-    qint16 etichetta;
-    const char16_t *chiave; // in section LUMIRA
+    TestoMctc etichetta;
+    ChiaveIni chiave;
     qint16 cima;
 };
 
-/// In the order of the instrument's identity block.
 constexpr RigaVerifica RIGHE[] = {
-    {14, u"Comm_Modello",       400 },
-    {15, u"Comm_Marca",         1100},
-    {16, u"Comm_NOmologazione", 1800},
-    {17, u"Comm_NSerie",        2500},
-    {18, u"Comm_ScadRevisione", 3200},
+    {MctcModelloStrumento,   ChiaveStrumentoModello,      400 },
+    {MctcMarcaStrumento,     ChiaveStrumentoMarca,        1100},
+    {MctcNumeroOmologazione, ChiaveStrumentoOmologazione, 1800},
+    {MctcNumeroSerie,        ChiaveStrumentoSerie,        2500},
+    {MctcScadenzaVerifica,   ChiaveStrumentoScadenza,     3200},
 };
-
-constexpr qint16 TESTO_TITOLO = 4;
-constexpr qint16 TESTO_ESCI = 106;
-constexpr qint16 TESTO_CAMPO_VUOTO = 108;
-constexpr qint16 TESTO_NUOVA_SCADENZA = 128;
 
 enum PulsanteVerifica : qint16
 {
@@ -95,7 +99,7 @@ void frmVerPerO::Load()
     Campi_Crea(gCampiVerifica, ULTIMA_RIGA, *this);
     Campi_Applica(gCampiVerifica, ULTIMA_RIGA, *this);
     for (qint16 i = 0; i <= lbl.UBound(); ++i)
-        lbl[i].Allineamento(Qt::AlignLeft | Qt::AlignBottom); // its letters have all of the low place
+        lbl[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso); // its letters have all of the low place
     cmd[PulsanteOk].SetFocus();
 }
 
@@ -105,19 +109,17 @@ void frmVerPerO::Campi_Imposta()
         CampoForm &campo = gCampiVerifica[i];
         campo.LabelId = RIGHE[i].etichetta;
         campo.Kind = CampoTesto;
-        campo.File = gFileIni;
-        campo.Section = QStringLiteral("LUMIRA");
-        campo.Key = QString::fromUtf16(RIGHE[i].chiave);
+        Campo_Chiave(campo, RIGHE[i].chiave);
         campo.CtlLeft = SINISTRA;
         campo.CtlTop = RIGHE[i].cima;
         campo.LabelLeft = campo.CtlLeft;
         campo.LabelTop = Intero16(campo.CtlTop - ETICHETTA_SU);
     }
-    Caption(Testo_Mctc(TESTO_TITOLO));
-    lblTitolo->Caption(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcVerificaPeriodica));
+    lblTitolo->Caption(Testo_Mctc(MctcVerificaPeriodica));
     const qint32 posti[] = {Width() - 3200, Width() - 1600, 1700, 100};
-    const QString didascalie[] = {QStringLiteral("Ok"), Testo_Mctc(TESTO_ESCI),
-                                  Testo_Mctc(TESTO_NUOVA_SCADENZA), QStringLiteral("Default")};
+    const QString didascalie[] = {QStringLiteral("Ok"), Testo_Mctc(MctcAnnulla),
+                                  Testo_Mctc(MctcNuovaScadenza), QStringLiteral("Default")};
     for (qint16 i = PulsanteOk; i <= PulsanteDefault; ++i) {
         cmd[i].Posto(posti[i], Height() - 1200, i == PulsanteScadenza ? SCADENZA_LARGA : PULSANTE_LARGO, 900);
         cmd[i].Caption(didascalie[i]);
@@ -135,7 +137,7 @@ void frmVerPerO::txt_Validate(qint16 Index, bool &Cancel)
 {
     const QString testo = txt[Index].Text();
     if (testo.isEmpty()) {
-        Mostra_MsgTempo(Testo_Mctc(TESTO_CAMPO_VUOTO));
+        Mostra_MsgTempo(Testo_Mctc(MctcCampoErrato));
         Cancel = true;
         return;
     }
@@ -181,7 +183,7 @@ void frmVerPerO::Scrivi_Strumento()
     Collega_Strumento(ModoScrivi);
     if (mScritto) {
         Campi_Salva(gCampiVerifica, ULTIMA_RIGA);
-        Scrivi_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Lingua"), gLingua);
+        Scrivi_Ini(gFileIni, ChiaveLingua, gLingua);
     }
     // Whatever the code was: a failed session drops the entries, after the link form has shown why.
     Scarica();
@@ -192,10 +194,10 @@ void frmVerPerO::Proponi_Scadenza()
 {
     const QString oggi = Orologio_Corrente().Adesso().toString(QStringLiteral("ddMMyyyy"));
     const int anno = oggi.right(4).toInt() + 1;
-    CampoForm &campo = gCampiVerifica[RIGA_SCADENZA];
+    CampoForm &campo = gCampiVerifica[RigaScadenza];
     campo.Value = oggi.left(2) + u'/' + oggi.mid(2, 2) + u'/' + QString::number(anno);
     campo.Dirty = Vero;
-    txt[RIGA_SCADENZA].Text(campo.Value);
+    txt[RigaScadenza].Text(campo.Value);
 }
 
 void frmVerPerO::Collega_Strumento(quint8 modo)
@@ -206,7 +208,7 @@ void frmVerPerO::Collega_Strumento(quint8 modo)
 
 void frmVerPerO::formComm_Notifica(qint16 &codice, QVariant &)
 {
-    mScritto = Flag_Da(codice == ESITO_COMPLETATO);
+    mScritto = Flag_Da(codice == SessioneCompletata);
 }
 
 void frmVerPerO::Unload()

@@ -35,5 +35,5 @@ private:
 
     std::unique_ptr<Titolo> lblTitolo;
     std::shared_ptr<frmComm> formComm;
-    Flag mScritto = Falso; // the last session ended with code 6
+    Flag mScritto = Falso; // the last session was completed
 };

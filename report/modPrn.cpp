@@ -26,10 +26,10 @@ constexpr VariabilePagina PAGINA[] = {
     {&gPrnScaleHeight, &OggettoStampa::ScaleHeight, 15840},
 };
 
-void Imposta_Carattere(Flag grassetto, qint16 misura, const QString &carattere)
+void Imposta_Carattere(Flag grassetto, qint16 punti, const QString &carattere)
 {
     gPrnOggetto->FontName(carattere);
-    gPrnOggetto->FontSize(static_cast<float>(misura) * gPrnScala);
+    gPrnOggetto->FontSize(static_cast<float>(punti) * gPrnScala);
     gPrnOggetto->FontBold(grassetto != Falso);
 }
 
@@ -78,21 +78,21 @@ void Prn_ImpostaOggetto(const std::shared_ptr<OggettoStampa> &oggetto)
     gPrnScala = 1.0F;
 }
 
-void Prn_MisuraTesto(qint16 &altezza, qint16 &larghezza, Flag grassetto, qint16 misura,
+void Prn_MisuraTesto(qint16 &altezza, qint16 &larghezza, Flag grassetto, qint16 punti,
                      const QString &carattere, const QString &testo)
 {
     gPrnOggetto->FontTransparent(true);
-    Imposta_Carattere(grassetto, misura, carattere);
+    Imposta_Carattere(grassetto, punti, carattere);
     larghezza = Intero16(gPrnOggetto->TextWidth(testo));
     altezza = Intero16(gPrnOggetto->TextHeight(testo));
 }
 
 void Prn_Testo(qint16 x, qint16 y, qint16 orizzontale, qint16 verticale, quint32 colore, Flag grassetto,
-               qint16 misura, const QString &carattere, const QString &testo)
+               qint16 punti, const QString &carattere, const QString &testo)
 {
     gPrnOggetto->FontTransparent(true);
     gPrnOggetto->ForeColor(colore);
-    Imposta_Carattere(grassetto, misura, carattere);
+    Imposta_Carattere(grassetto, punti, carattere);
     const qint32 larghezza = gPrnOggetto->TextWidth(testo);
     const qint32 altezza = gPrnOggetto->TextHeight(testo);
     const qint16 sinistra = Bordo(x, larghezza, orizzontale == PRN_SINISTRA, orizzontale == PRN_CENTRO,

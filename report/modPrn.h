@@ -29,14 +29,14 @@ Flag Prn_CercaStampante();
 
 void Prn_ImpostaOggetto(const std::shared_ptr<OggettoStampa> &oggetto);
 
-/// Measures a text. @param[out] altezza, larghezza in twips. @param misura in points.
-void Prn_MisuraTesto(qint16 &altezza, qint16 &larghezza, Flag grassetto, qint16 misura,
+/// Measures a text. @param[out] altezza, larghezza in twips. @param punti size of the type.
+void Prn_MisuraTesto(qint16 &altezza, qint16 &larghezza, Flag grassetto, qint16 punti,
                      const QString &carattere, const QString &testo);
 
-/// Prints a text. @param x, y in twips. @param orizzontale, verticale alignment, see above. @param misura in
+/// Prints a text. @param x, y in twips. @param orizzontale, verticale alignment, see above. @param punti in
 /// points. @throws ErroreEsecuzione 6 when a place passes 16 bits.
 void Prn_Testo(qint16 x, qint16 y, qint16 orizzontale, qint16 verticale, quint32 colore, Flag grassetto,
-               qint16 misura, const QString &carattere, const QString &testo);
+               qint16 punti, const QString &carattere, const QString &testo);
 
 /// Draws a segment. @param spessore line width; one that rounds to 0 is drawn as 1. @param stile 0 solid.
 void Prn_Linea(qint16 x1, qint16 y1, qint16 x2, qint16 y2, quint32 colore, qint16 spessore, qint16 stile);

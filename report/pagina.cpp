@@ -1,6 +1,7 @@
 // The rows and columns of the page as numbers of its geometry. It knows no printer and reads no file.
 #include "report/pagina.h"
 
+#include "core/codici.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
 #include "core/risultato.h"
@@ -29,36 +30,33 @@ constexpr qint32 DOPO_ETICHETTA = 100; // twips between a label and its value
 constexpr qint32 SEGNO_SU = 130;       // a mark stands that much above the foot of its row
 constexpr qint16 SPESSORE_CORNICE = 2;
 
-constexpr qint16 TESTO_DESTRO = 150;
-constexpr qint16 TESTO_SINISTRO = 151;
-
 /// A tick table: its base row, heading, measured values and the result rows that its marks follow.
 struct TabellaSpunte
 {
     qint32 base;
-    size_t titolo;
-    size_t luxDx, luxSx;       // rows of gRepMisure
-    const char16_t *chiavi[6]; // vertical, horizontal, intensity; right before left
+    RigaTitoli titolo;
+    RigaMisure luxDx, luxSx;
+    RigaFar segni[6]; // vertical, horizontal, intensity; right before left
 };
 
 constexpr TabellaSpunte ANABBAGLIANTI = {
     20,
-    3,
-    REP_LUX_ANAB_DX,
-    REP_LUX_ANAB_SX,
-    {u"VertAnabDx", u"VertAnabSx", u"OrizzAnabDx", u"OrizzAnabSx", u"EsitoIllumLuxAnabDx",
-      u"EsitoIllumLuxAnabSx"},
+    RepTitoloAnab,
+    RepLuxAnabDx,
+    RepLuxAnabSx,
+    {FarVertAnabDx, FarVertAnabSx, FarOrizzAnabDx, FarOrizzAnabSx, FarEsitoIllumLuxAnabDx,
+      FarEsitoIllumLuxAnabSx},
 };
 constexpr TabellaSpunte ABBAGLIANTI = {
     32,
-    4,
-    REP_LUX_ABB_DX,
-    REP_LUX_ABB_SX,
-    {u"VertAbbDx", u"VertAbbSx", u"OrizzAbbDx", u"OrizzAbbSx", u"EsitoIllumLuxAbbDx", u"EsitoIllumLuxAbbSx"},
+    RepTitoloAbb,
+    RepLuxAbbDx,
+    RepLuxAbbSx,
+    {FarVertAbbDx, FarVertAbbSx, FarOrizzAbbDx, FarOrizzAbbSx, FarEsitoIllumLuxAbbDx, FarEsitoIllumLuxAbbSx},
 };
 
-constexpr qint32 RIGHE_SPUNTE = 3;
-constexpr qint32 RIGA_LUX = 2; // the row of a table that carries measured values
+/// The rows of a tick table, by their captions.
+constexpr RigaVoci RIGHE_SPUNTE[] = {RepVoceVert, RepVoceOrizz, RepVoceLux};
 
 /// The geometry of a page.
 struct Geometria
@@ -127,15 +125,14 @@ void Officina(const Geometria &g)
     }
 }
 
-void Blocco(const Geometria &g, qint16 x, const std::array<QString, 5> &etichette,
-            const std::array<QString, 5> &valori)
+void Blocco(const Geometria &g, qint16 x, const BloccoReport &etichette, const BloccoReport &valori)
 {
     for (size_t i = 0; i < etichette.size(); ++i)
         Scrivi_Voce(x, g.Y(13 + static_cast<qint32>(i)), etichette[i], valori[i]);
 }
 
 /// One lamp's line of a row: its measured value where there is one, its name, and the two empty boxes.
-void Riga_Faro(const Geometria &g, qint32 riga, qint16 faro, bool conLux, size_t lux)
+void Riga_Faro(const Geometria &g, qint32 riga, TestoMctc faro, bool conLux, RigaMisure lux)
 {
     const qint16 y = g.Y(riga);
     if (conLux)
@@ -148,13 +145,13 @@ void Riga_Faro(const Geometria &g, qint32 riga, qint16 faro, bool conLux, size_t
 /// The marks stand in the boxes of a test that was run; a form to fill in by hand keeps them blank.
 void Segni(const Geometria &g, const TabellaSpunte &tabella)
 {
-    if (gTipoProva != 2 && gTipoProva != 4)
+    if (gTipoProva != ProvaScelta && gTipoProva != ProvaConfermata)
         return;
-    for (qint32 i = 0; i < static_cast<qint32>(std::size(tabella.chiavi)); ++i) {
+    for (qint32 i = 0; i < static_cast<qint32>(std::size(tabella.segni)); ++i) {
         // One row below the box it falls on; a lamp's two lines follow each other, a row of the table is
         // three.
         const qint32 riga = tabella.base + 3 + i / 2 * 3 + i % 2;
-        const bool regolare = Far_Valore(QString::fromUtf16(tabella.chiavi[i])) == u"R";
+        const bool regolare = Far_Valore(tabella.segni[i]) == u"R";
         Scrivi(regolare ? g.X1 : g.X2, g.Y(riga) - SEGNO_SU, PRN_CENTRO, SEGNO, QStringLiteral("*"));
     }
 }
@@ -162,14 +159,15 @@ void Segni(const Geometria &g, const TabellaSpunte &tabella)
 void Tabella(const Geometria &g, const TabellaSpunte &tabella)
 {
     Scrivi(g.MX, g.Y(tabella.base), PRN_SINISTRA, TITOLO_BLOCCO, gRepTitoli[tabella.titolo]);
-    Scrivi(g.X1, g.Y(tabella.base + 1), PRN_CENTRO, VALORE, gRepVoci[8]);
-    Scrivi(g.X2, g.Y(tabella.base + 1), PRN_CENTRO, VALORE, gRepVoci[9]);
-    for (qint32 i = 0; i < RIGHE_SPUNTE; ++i) {
-        const qint32 riga = tabella.base + 2 + 3 * i;
-        const bool conLux = gTipoProva != 2 && i == RIGA_LUX;
-        Scrivi(g.MX, g.Y(riga), PRN_SINISTRA, ETICHETTA, gRepVoci[static_cast<size_t>(i)]);
-        Riga_Faro(g, riga, TESTO_DESTRO, conLux, tabella.luxDx);
-        Riga_Faro(g, riga + 1, TESTO_SINISTRO, conLux, tabella.luxSx);
+    Scrivi(g.X1, g.Y(tabella.base + 1), PRN_CENTRO, VALORE, gRepVoci[RepVoceRegolare]);
+    Scrivi(g.X2, g.Y(tabella.base + 1), PRN_CENTRO, VALORE, gRepVoci[RepVoceIrregolare]);
+    qint32 riga = tabella.base + 2;
+    for (const RigaVoci voce : RIGHE_SPUNTE) {
+        const bool conLux = gTipoProva != ProvaScelta && voce == RepVoceLux;
+        Scrivi(g.MX, g.Y(riga), PRN_SINISTRA, ETICHETTA, gRepVoci[voce]);
+        Riga_Faro(g, riga, MctcDestro, conLux, tabella.luxDx);
+        Riga_Faro(g, riga + 1, MctcSinistro, conLux, tabella.luxSx);
+        riga += 3;
     }
     Segni(g, tabella);
 }
@@ -177,23 +175,23 @@ void Tabella(const Geometria &g, const TabellaSpunte &tabella)
 void Piede(const Geometria &g)
 {
     const qint16 y = g.Y(47);
-    Scrivi_Voce(g.MX, y, gRepVoci[3], gRepMisure[REP_DATA]);
+    Scrivi_Voce(g.MX, y, gRepVoci[RepVoceData], gRepMisure[RepData]);
 
-    const QString inizio = gRepVoci[4] + u':';
-    const qint16 valoreInizio = Larghezza(VALORE, gRepMisure[REP_INIZIO]);
+    const QString inizio = gRepVoci[RepVoceInizio] + u':';
+    const qint16 valoreInizio = Larghezza(VALORE, gRepMisure[RepInizio]);
     const qint16 etichettaInizio = Larghezza(ETICHETTA, inizio);
     const double sinistra = g.CX - (valoreInizio + etichettaInizio) / 2.0;
     Scrivi(Arrotonda(sinistra), y, PRN_SINISTRA, ETICHETTA, inizio);
     Scrivi(Arrotonda(sinistra + etichettaInizio + DOPO_ETICHETTA), y, PRN_SINISTRA, VALORE,
-           gRepMisure[REP_INIZIO]);
+           gRepMisure[RepInizio]);
 
-    const qint32 larghezzaFine =
-        Larghezza(ETICHETTA, gRepVoci[5] + u':') + Larghezza(VALORE, gRepMisure[REP_FINE]) + DOPO_ETICHETTA;
-    Scrivi_Voce(g.W - g.MX - larghezzaFine, y, gRepVoci[5], gRepMisure[REP_FINE]);
+    const qint32 larghezzaFine = Larghezza(ETICHETTA, gRepVoci[RepVoceFine] + u':') +
+                                 Larghezza(VALORE, gRepMisure[RepFine]) + DOPO_ETICHETTA;
+    Scrivi_Voce(g.W - g.MX - larghezzaFine, y, gRepVoci[RepVoceFine], gRepMisure[RepFine]);
 
-    Scrivi_Voce(g.MX, g.Y(49), gRepVoci[6], gRepMisure[REP_OPERATORE]);
+    Scrivi_Voce(g.MX, g.Y(49), gRepVoci[RepVoceOperatore], gRepMisure[RepOperatore]);
     // Nothing after it: the space is for the pen.
-    Scrivi(g.CX, g.Y(49), PRN_SINISTRA, ETICHETTA, gRepVoci[7] + u':');
+    Scrivi(g.CX, g.Y(49), PRN_SINISTRA, ETICHETTA, gRepVoci[RepVoceFirma] + u':');
 }
 
 /// Runs a step of the print job; an error of it is passed over. @return true when it went well.
@@ -217,13 +215,13 @@ void Report_Stampa(qint16 &larghezza, qint16 &altezza)
     const Geometria g(larghezza, altezza);
     Cornice(g);
     Officina(g);
-    Scrivi(g.CX, g.Y(9), PRN_CENTRO, TITOLO, gRepTitoli[0]);
-    Scrivi(g.MX, g.Y(11), PRN_SINISTRA, TITOLO_BLOCCO, gRepTitoli[1]);
-    Scrivi(g.CX, g.Y(11), PRN_SINISTRA, TITOLO_BLOCCO, gRepTitoli[2]);
+    Scrivi(g.CX, g.Y(9), PRN_CENTRO, TITOLO, gRepTitoli[RepTitoloPagina]);
+    Scrivi(g.MX, g.Y(11), PRN_SINISTRA, TITOLO_BLOCCO, gRepTitoli[RepTitoloStrumento]);
+    Scrivi(g.CX, g.Y(11), PRN_SINISTRA, TITOLO_BLOCCO, gRepTitoli[RepTitoloVeicolo]);
     Blocco(g, g.MX, gRepStrumentoEt, gRepStrumentoVal);
     Blocco(g, g.CX, gRepVeicoloEt, gRepVeicoloVal);
     Tabella(g, ANABBAGLIANTI);
-    Scrivi(g.CX, g.Y(ANABBAGLIANTI.base), PRN_DESTRA, VALORE, gRepMisure[REP_TIPO_FARO]);
+    Scrivi(g.CX, g.Y(ANABBAGLIANTI.base), PRN_DESTRA, VALORE, gRepMisure[RepTipoFaro]);
     Tabella(g, ABBAGLIANTI);
     Piede(g);
 }

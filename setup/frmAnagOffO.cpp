@@ -1,6 +1,7 @@
 // The five rows of the workshop and their layout. Where they are printed is not known here.
 #include "setup/frmAnagOffO.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "toolkit/titolo.h"
@@ -14,20 +15,17 @@ std::array<CampoForm, ULTIMA_RIGA + 1> gCampiOfficina;
 
 struct RigaOfficina
 {
-    qint16 etichetta;
-    const char16_t *chiave;
+    TestoMctc etichetta;
+    ChiaveIni chiave;
 };
 
 constexpr RigaOfficina RIGHE[] = {
-    {9,  u"Denominazione"},
-    {10, u"Indirizzo"    },
-    {11, u"Localita"     },
-    {52, u"TelFax"       },
-    {13, u"Web"          },
+    {MctcDenominazione, ChiaveOfficinaDenominazione},
+    {MctcIndirizzo,     ChiaveOfficinaIndirizzo    },
+    {MctcLocalita,      ChiaveOfficinaLocalita     },
+    {MctcTelefonoFax,   ChiaveOfficinaTelefonoFax  },
+    {MctcSitoWeb,       ChiaveOfficinaSitoWeb      },
 };
-
-constexpr qint16 TESTO_TITOLO = 5;
-constexpr qint16 TESTO_ANNULLA = 106;
 
 // The form, in twips: it does not grow with the screen, nor does its frame, which stands where the boxes
 // begin. The rows have the left of it to the top; the title stands beside them.
@@ -77,7 +75,7 @@ void frmAnagOffO::Load()
     Campi_Crea(gCampiOfficina, ULTIMA_RIGA, *this);
     Campi_Applica(gCampiOfficina, ULTIMA_RIGA, *this);
     for (qint16 i = 0; i <= lbl.UBound(); ++i)
-        lbl[i].Allineamento(Qt::AlignLeft | Qt::AlignBottom); // its letters have all of the low place
+        lbl[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso); // its letters have all of the low place
     cmd[0].SetFocus();
 }
 
@@ -87,19 +85,17 @@ void frmAnagOffO::Campi_Imposta()
         CampoForm &campo = gCampiOfficina[i];
         campo.LabelId = RIGHE[i].etichetta;
         campo.Kind = CampoTesto;
-        campo.File = gFileIni;
-        campo.Section = QStringLiteral("OFFICINA");
-        campo.Key = QString::fromUtf16(RIGHE[i].chiave);
+        Campo_Chiave(campo, RIGHE[i].chiave);
         campo.CtlLeft = SINISTRA;
         campo.CtlTop = Intero16(PRIMA_CIMA + static_cast<qint32>(i) * PASSO);
         campo.LabelLeft = CORNICE + ETICHETTA_RIENTRO;
         campo.LabelTop = Intero16(campo.CtlTop - ETICHETTA_SU);
     }
-    Caption(Testo_Mctc(TESTO_TITOLO));
-    lblTitolo->Caption(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcAnagraficaOfficina));
+    lblTitolo->Caption(Testo_Mctc(MctcAnagraficaOfficina));
     cmd[0].Caption(QStringLiteral("Ok"));
     cmd[0].Posto(FORM_LARGO - 1700, FORM_ALTO - 1000, 1500, 800);
-    cmd[1].Caption(Testo_Mctc(TESTO_ANNULLA));
+    cmd[1].Caption(Testo_Mctc(MctcAnnulla));
     cmd[1].Posto(200, FORM_ALTO - 1000, 1500, 800);
     cmd[1].Cancel(true);
 }
@@ -134,8 +130,8 @@ void frmAnagOffO::Salva()
 {
     Campi_Salva(gCampiOfficina, ULTIMA_RIGA);
     // The language in force is kept whether or not anything changed.
-    Scrivi_Ini(gFileIni, QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Lingua"), gLingua);
-    qint16 codice = 1;
+    Scrivi_Ini(gFileIni, ChiaveLingua, gLingua);
+    qint16 codice = AnagraficaSalvata;
     QVariant valore = qint16{0};
     Q_EMIT Notifica(codice, valore);
 }

@@ -16,7 +16,7 @@ public:
     ~frmAnagOffO() override;
 
 Q_SIGNALS:
-    /// Code 1, value 0, once after saving; nobody listens today.
+    /// AnagraficaSalvata, value 0, once after saving; nobody listens today.
     void Notifica(qint16 &codice, QVariant &valore);
 
 protected:

@@ -13,10 +13,6 @@
 
 namespace {
 
-constexpr qint16 TESTO_TITOLO = 274;
-constexpr qint16 TESTO_APRI = 275;
-constexpr qint16 TESTO_ANNULLA = 106;
-
 enum PulsanteCartella : qint16
 {
     PulsanteOk = 0,
@@ -80,7 +76,7 @@ void frmCartella::Disegno()
     lblTitolo->FontSize(Punti_Normali() * 1.4);
     lblTitolo->Visible(true);
     lbl.Carica(0).Posto(ScalaX(MARGINE), ScalaY(650), ScalaX(LARGHEZZA), ScalaY(600));
-    lbl[0].FontSize(Punti_Lettura(Lettura::DallaTastiera));
+    lbl[0].FontSize(Punti_Normali() * LETTURA_TASTIERA);
     lbl[0].SpezzaOvunque();
     lbl[0].Visible(true);
     lstCartelle = std::make_unique<ElencoVoci>(Finestra(), QStringLiteral("lstCartelle"));
@@ -93,7 +89,7 @@ void frmCartella::Disegno()
         const qint32 colonna = i == PulsanteOk ? 2 : i == PulsanteAnnulla ? 0 : 1;
         cmd.Carica(i).Posto(ScalaX(MARGINE + colonna * (larghezza + MARGINE)), ScalaY(6400),
                             ScalaX(larghezza), ScalaY(900));
-        cmd[i].FontSize(Punti_Lettura(Lettura::DallaTastiera));
+        cmd[i].FontSize(Punti_Normali() * LETTURA_TASTIERA);
         cmd[i].Visible(true);
     }
 }
@@ -101,13 +97,13 @@ void frmCartella::Disegno()
 void frmCartella::Load()
 {
     Scelta = Falso;
-    Caption(Testo_Mctc(TESTO_TITOLO));
-    lblTitolo->Caption(Testo_Mctc(TESTO_TITOLO));
-    lstCartelle->NomeAccessibile(Testo_Mctc(TESTO_TITOLO));
+    Caption(Testo_Mctc(MctcScegliCartella));
+    lblTitolo->Caption(Testo_Mctc(MctcScegliCartella));
+    lstCartelle->NomeAccessibile(Testo_Mctc(MctcScegliCartella));
     cmd[PulsanteOk].Caption(QStringLiteral("Ok"));
-    cmd[PulsanteAnnulla].Caption(Testo_Mctc(TESTO_ANNULLA));
+    cmd[PulsanteAnnulla].Caption(Testo_Mctc(MctcAnnulla));
     cmd[PulsanteAnnulla].Cancel(true);
-    cmd[PulsanteApri].Caption(Testo_Mctc(TESTO_APRI));
+    cmd[PulsanteApri].Caption(Testo_Mctc(MctcApriCartella));
     cmd[PulsanteApri].Default(true);
     const QString da = Con_Barra(Cartella);
     Elenca(!da.isEmpty() && Fs_Esiste(da, ATTRIBUTO_CARTELLA) ? da : QString());
@@ -116,14 +112,13 @@ void frmCartella::Load()
 
 void frmCartella::Elenca(const QString &cartella)
 {
-    Schermo_Puntatore(PuntatoreClessidra); // a folder of the network may take its time
+    const Clessidra clessidra; // a folder of the network may take its time
     m_qui = cartella;
     lstCartelle->Clear();
     if (!m_qui.isEmpty())
         lstCartelle->AddItem(QStringLiteral(".."));
     for (const QString &nome : m_qui.isEmpty() ? Unita_Disco() : Cartelle_In(m_qui))
         lstCartelle->AddItem(nome);
-    Schermo_Puntatore(PuntatoreNormale);
     Mostra_Indicata();
 }
 

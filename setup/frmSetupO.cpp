@@ -11,6 +11,7 @@
 #include "mctc/frmControlliMctc.h"
 #include "platform/elenco.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/eventi.h"
 #include "platform/numeri.h"
 #include "platform/una_riga.h"
 #include "report/frmVerPerO.h"
@@ -23,30 +24,49 @@
 
 namespace {
 
-constexpr qint16 ULTIMA_RIGA = 31;
-std::array<CampoForm, ULTIMA_RIGA + 1> gCampiSetup;
-
-/// Rows that the rules name.
 enum RigaSetup : qint16
 {
-    RigaOperatore = 5,
-    RigaLingua = 6,
-    PrimoLimite = 7,
-    PrimoLimiteLux = 11,
-    UltimoLimiteLux = 14,
-    UltimoLimite = 18,
-    RigaModalita = 19,
-    RigaRisultati = 20,
-    RigaDati = 21,
-    RigaIniFile = 22,
-    RigaAllarme = 25,
-    RigaAlimentazione = 26,
-    RigaAltezzaAuto = 27,
-    RigaSblocco = 28,
-    RigaCamReset = 29,
-    RigaStrumento = 30,
-    RigaPorta = 31,
+    RigaModello,
+    RigaMarca,
+    RigaOmologazione,
+    RigaSerie,
+    RigaScadenza,
+    RigaOperatore,
+    RigaLingua,
+    RigaDevOrizAnab,
+    RigaDevOrizAbb,
+    RigaDevVertAnab,
+    RigaDevVertAbb,
+    RigaLuxMaxAnab,
+    RigaLuxMaxAbb,
+    RigaLuxMinAnab,
+    RigaLuxMinAbb,
+    RigaIncMinAnab,
+    RigaIncMinAbb,
+    RigaIncMaxAnab,
+    RigaIncMaxAbb,
+    RigaModalita,
+    RigaRisultati,
+    RigaDati,
+    RigaIniFile,
+    RigaEsce,
+    RigaControlloVisivo,
+    RigaAllarme,
+    RigaAlimentazione,
+    RigaAltezzaAuto,
+    RigaSblocco,
+    RigaCamReset,
+    RigaStrumento,
+    RigaPorta,
+
+    PrimoLimite = RigaDevOrizAnab,
+    PrimoLimiteLux = RigaLuxMaxAnab,
+    UltimoLimiteLux = RigaLuxMinAbb,
+    UltimoLimite = RigaIncMaxAbb,
 };
+
+constexpr qint16 ULTIMA_RIGA = RigaPorta;
+std::array<CampoForm, ULTIMA_RIGA + 1> gCampiSetup;
 
 /// Whether a row is locked when the form loads.
 enum Blocco
@@ -58,97 +78,92 @@ enum Blocco
 
 struct DatiRiga
 {
-    qint16 etichetta; // -1: none
+    TestoMctc etichetta;
     quint8 controllo;
-    const char16_t *sezione;
-    const char16_t *chiave; // of a row with two keys, the one of the network folders
+    ChiaveIni chiave; // of a row with two keys, the one of the network folders
     Blocco blocco;
 };
 
 constexpr DatiRiga RIGHE[ULTIMA_RIGA + 1] = {
-    {14,  CampoTesto,  u"LUMIRA",       u"Comm_Modello",       Bloccata },
-    {15,  CampoTesto,  u"LUMIRA",       u"Comm_Marca",         Bloccata },
-    {16,  CampoTesto,  u"LUMIRA",       u"Comm_NOmologazione", Bloccata },
-    {17,  CampoTesto,  u"LUMIRA",       u"Comm_NSerie",        Bloccata },
-    {18,  CampoTesto,  u"LUMIRA",       u"Comm_ScadRevisione", Bloccata },
-    {142, CampoTesto,  u"VEICOLO",      u"Operatore",          Libera   },
-    {33,  CampoCombo,  u"IMPOSTAZIONI", u"Lingua",             Libera   },
-    {25,  CampoTesto,  u"PARAMETRI",    u"DevOrizAnab",        Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"DevOrizAbb",         Bloccata },
-    {26,  CampoTesto,  u"PARAMETRI",    u"DevVertAnab",        Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"DevVertAbb",         Bloccata },
-    {27,  CampoTesto,  u"PARAMETRI",    u"LuxMaxAnab",         Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"LuxMaxAbb",          Bloccata },
-    {28,  CampoTesto,  u"PARAMETRI",    u"LuxMinAnab",         Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"LuxMinAbb",          Bloccata },
-    {29,  CampoTesto,  u"PARAMETRI",    u"IncVertMin80An",     Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"IncVertMin80Ab",     Bloccata },
-    {30,  CampoTesto,  u"PARAMETRI",    u"IncVertMax80An",     Bloccata },
-    {-1,  CampoTesto,  u"PARAMETRI",    u"IncVertMax80Ab",     Bloccata },
-    {22,  CampoCombo,  u"MCTC",         u"Modalita",           SenzaRete},
-    {23,  CampoTesto,  u"MCTC",         u"ReteRisultati",      SenzaRete},
-    {24,  CampoTesto,  u"MCTC",         u"ReteDati",           SenzaRete},
-    {88,  CampoSpunta, u"MCTC",         u"IniFile",            Libera   },
-    {89,  CampoSpunta, u"MCTC",         u"Esce",               Libera   },
-    {90,  CampoSpunta, u"MCTC",         u"ControlloVisivo",    Libera   },
-    {103, CampoSpunta, u"MCTC",         u"AllarmeAcustico",    Libera   },
-    {104, CampoSpunta, u"MCTC",         u"Alimentazione",      Libera   },
-    {105, CampoSpunta, u"MCTC",         u"AltezzaFaroAuto",    Libera   },
-    {93,  CampoSpunta, u"",             u"",                   Libera   }, // no setting: the switch of the limits
-    {138, CampoSpunta, u"IMPOSTAZIONI", u"CamReset",           Libera   },
-    {147, CampoCombo,  u"IMPOSTAZIONI", u"ModSeriale",         Libera   },
-    {157, CampoCombo,  u"COMM",         u"Num",                Libera   },
+    {MctcModelloStrumento,      CampoTesto,  ChiaveStrumentoModello,      Bloccata },
+    {MctcMarcaStrumento,        CampoTesto,  ChiaveStrumentoMarca,        Bloccata },
+    {MctcNumeroOmologazione,    CampoTesto,  ChiaveStrumentoOmologazione, Bloccata },
+    {MctcNumeroSerie,           CampoTesto,  ChiaveStrumentoSerie,        Bloccata },
+    {MctcScadenzaVerifica,      CampoTesto,  ChiaveStrumentoScadenza,     Bloccata },
+    {MctcOperatore,             CampoTesto,  ChiaveOperatore,             Libera   },
+    {MctcLingua,                CampoCombo,  ChiaveLingua,                Libera   },
+    {MctcDeviazioneOrizzontale, CampoTesto,  ChiaveDevOrizAnab,           Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveDevOrizAbb,            Bloccata },
+    {MctcDeviazioneVerticale,   CampoTesto,  ChiaveDevVertAnab,           Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveDevVertAbb,            Bloccata },
+    {MctcIlluminamentoMassimo,  CampoTesto,  ChiaveLuxMaxAnab,            Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveLuxMaxAbb,             Bloccata },
+    {MctcIlluminamentoMinimo,   CampoTesto,  ChiaveLuxMinAnab,            Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveLuxMinAbb,             Bloccata },
+    {MctcInclinazioneMinima80,  CampoTesto,  ChiaveIncVertMin80An,        Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveIncVertMin80Ab,        Bloccata },
+    {MctcInclinazioneMassima80, CampoTesto,  ChiaveIncVertMax80An,        Bloccata },
+    {MctcNessuno,               CampoTesto,  ChiaveIncVertMax80Ab,        Bloccata },
+    {MctcCartelleScambio,       CampoCombo,  ChiaveModalita,              SenzaRete},
+    {MctcCartellaRisultati,     CampoTesto,  ChiaveReteRisultati,         SenzaRete},
+    {MctcCartellaAccettazioni,  CampoTesto,  ChiaveReteDati,              SenzaRete},
+    {MctcListaAccettazioni,     CampoSpunta, ChiaveIniFile,               Libera   },
+    {MctcUscitaFineProva,       CampoSpunta, ChiaveEsce,                  Libera   },
+    {MctcControlloVisivo,       CampoSpunta, ChiaveControlloVisivo,       Libera   },
+    {MctcAllarmeAcustico,       CampoSpunta, ChiaveAllarmeAcustico,       Libera   },
+    {MctcAlimentazione,         CampoSpunta, ChiaveAlimentazione,         Libera   },
+    {MctcAltezzaAutomatica,     CampoSpunta, ChiaveAltezzaFaroAuto,       Libera   },
+    {MctcSbloccaLimiti,         CampoSpunta, {},                          Libera   }, // no setting: the switch of the limits
+    {MctcAzzeraTelecamera,      CampoSpunta, ChiaveAzzeraTelecamera,      Libera   },
+    {MctcStrumentoDaLeggere,    CampoCombo,  ChiaveModelloSeriale,        Libera   },
+    {MctcPortaSeriale,          CampoCombo,  ChiavePortaNumero,           Libera   },
 };
 
-/// The folders of rows 20 and 21 have a key for each work mode.
-constexpr const char16_t *CHIAVI_RETE[] = {u"ReteRisultati", u"ReteDati"};
-constexpr const char16_t *CHIAVI_LOCALI[] = {u"DirRisultati", u"DirDati"};
+/// The folders of RigaRisultati and RigaDati have a key for each work mode.
+constexpr ChiaveIni CHIAVI_RETE[] = {ChiaveReteRisultati, ChiaveReteDati};
+constexpr ChiaveIni CHIAVI_LOCALI[] = {ChiaveLocaleRisultati, ChiaveLocaleDati};
 
 struct Lingua
 {
     const char16_t *codice;
-    qint16 testo;
+    TestoMctc testo;
 };
 
 constexpr Lingua LINGUE[] = {
-    {u"it", 81},
-    {u"fr", 82},
-    {u"en", 83},
-    {u"es", 84},
-    {u"de", 85},
+    {u"it", MctcItaliano},
+    {u"fr", MctcFrancese},
+    {u"en", MctcInglese },
+    {u"es", MctcSpagnolo},
+    {u"de", MctcTedesco },
 };
 
 /// Flags that a save brings into force, by row.
 struct FlagRiga
 {
-    qint16 riga;
+    RigaSetup riga;
     Flag *flag;
 };
 
 constexpr FlagRiga FLAG_RIGHE[] = {
-    {23, &gEsce           },
-    {24, &gControlloVisivo},
-    {25, &gAllarmeAcustico},
-    {26, &gAlimentazione  },
-    {27, &gAltezzaFaroAuto},
+    {RigaEsce,            &gEsce           },
+    {RigaControlloVisivo, &gControlloVisivo},
+    {RigaAllarme,         &gAllarmeAcustico},
+    {RigaAlimentazione,   &gAlimentazione  },
+    {RigaAltezzaAuto,     &gAltezzaFaroAuto},
 };
 
 /// What a read of the instrument goes into, in the order of its writing: index in the block and row.
-constexpr qint16 ORDINE_LETTURA[] = {1, 0, 2, 3, 4, 5};
+constexpr RigaSetup ORDINE_LETTURA[] = {RigaMarca, RigaModello,  RigaOmologazione,
+                                        RigaSerie, RigaScadenza, RigaOperatore};
 
 constexpr qint16 PORTE = 20;
-constexpr qint16 TESTI_MODALITA[] = {91, 92};
-constexpr qint16 TESTI_COLONNE[] = {32, 31};
-constexpr qint16 TESTO_IMPOSTAZIONI = 1;
-constexpr qint16 TESTO_VERIFICA = 4;
-constexpr qint16 TESTO_VALORE_ERRATO = 108;
-constexpr qint16 TESTO_SCEGLI_CARTELLA = 274;
+constexpr TestoMctc TESTI_COLONNE[] = {MctcAnabbagliante, MctcAbbagliante};
 constexpr qint16 TASTO_LIVELLI = 12; // F12: the check levels, which no menu shows
 
 // The layout, in design units. In each frame the rows begin below its heading; a frame of one row has that
 // row's label for one.
 constexpr qint32 ETICHETTA_ALTA = 255;
-constexpr qint32 CASELLA_ALTA = 330;
+constexpr qint32 CASELLA_ALTA = 320;
 constexpr qint32 PASSO_SPUNTE = 550;
 
 struct Posto
@@ -156,8 +171,8 @@ struct Posto
     qint32 x, y, largo;
 };
 
-constexpr Posto POSTO_STRUMENTO = {200, 740, 3095};
-constexpr qint32 PASSO_STRUMENTO = 680;
+constexpr Posto POSTO_STRUMENTO = {200, 735, 3095};
+constexpr qint32 PASSO_STRUMENTO = 670;
 constexpr Posto POSTO_LINGUA = {4700, 740, 3495};
 constexpr qint32 POSTI_RETE[] = {1430, 2120, 3350}; // below each folder its whole path has two lines
 constexpr Posto POSTO_SFOGLIA = {8250, -130, 600};  // y from its box
@@ -177,20 +192,21 @@ constexpr Posto POSTO_PORTA = {12000, 8400, 2700};
 /// What stands over the rows of a frame.
 struct Intestazione
 {
-    qint16 testo;
+    TestoMctc testo;
     Posto posto;
 };
 
 constexpr Intestazione INTESTAZIONI[] = {
-    {270, {200, 110, 3200} },
-    {271, {4700, 110, 4200}},
-    {272, {9700, 110, 3700}},
-    {273, {300, 5120, 3900}},
+    {MctcCorniceStrumento, {200, 110, 3200} },
+    {MctcCorniceCartelle,  {4700, 110, 4200}},
+    {MctcCorniceOpzioni,   {9700, 110, 3700}},
+    {MctcCorniceLimiti,    {300, 5120, 3900}},
 };
 constexpr qint32 INTESTAZIONE_ALTA = 260;
 
 CampoForm &Campo(qint16 riga)
 {
+    // cppcheck-suppress containerOutOfBounds ; reckons the size of the table one too small
     return gCampiSetup[static_cast<size_t>(riga)];
 }
 
@@ -205,7 +221,7 @@ QString Testo_Blocco(const QStringList &testi, qint16 indice)
 void Chiavi_Cartelle(bool rete)
 {
     for (qint16 i = 0; i < 2; ++i)
-        Campo(Intero16(RigaRisultati + i)).Key = QString::fromUtf16(rete ? CHIAVI_RETE[i] : CHIAVI_LOCALI[i]);
+        Campo_Chiave(Campo(Intero16(RigaRisultati + i)), rete ? CHIAVI_RETE[i] : CHIAVI_LOCALI[i]);
 }
 
 qint16 Lingua_Scelta()
@@ -220,7 +236,7 @@ qint16 Lingua_Scelta()
 /// Only the last character of the stored number counts: port 12 shows as the second, port 10 as none (-1).
 qint16 Porta_Scelta()
 {
-    const QString numero = Valore_Ini(gFileIni, QStringLiteral("COMM"), QStringLiteral("Num"));
+    const QString numero = Valore_Ini(gFileIni, ChiavePortaNumero);
     return Intero16(Numero_Pezzo(numero.right(1)) - 1);
 }
 
@@ -232,7 +248,7 @@ void Liste_Imposta()
         lingua.List.append(Testo_Mctc(voce.testo));
     lingua.ListIndexDefault = Lingua_Scelta();
     CampoForm &modalita = Campo(RigaModalita);
-    modalita.List = {Testo_Mctc(TESTI_MODALITA[0]), Testo_Mctc(TESTI_MODALITA[1])};
+    modalita.List = {Testo_Mctc(MctcCartelleRete), Testo_Mctc(MctcCartelleLocali)};
     modalita.ListIndexDefault = gModalita ? 1 : 0;
     Campo(RigaStrumento).List = QStringList{QStringLiteral("QX5")};
     CampoForm &porta = Campo(RigaPorta);
@@ -290,9 +306,7 @@ void Riga_Imposta(CampoForm &campo, const DatiRiga &dati)
 {
     campo.LabelId = dati.etichetta;
     campo.Kind = dati.controllo;
-    campo.File = gFileIni;
-    campo.Section = QString::fromUtf16(dati.sezione);
-    campo.Key = QString::fromUtf16(dati.chiave);
+    Campo_Chiave(campo, dati.chiave);
     // Also of a row that the form locks only later: its label goes by the lock at every change of language.
     campo.LabelEnabledByEditable = dati.blocco != Libera;
     campo.Editable = Flag_Da(dati.blocco == Libera || (dati.blocco == SenzaRete && gIniFile));
@@ -322,14 +336,14 @@ void frmSetupO::Disegno()
     chk.Carica(0).Posto(0, 0, ScalaX(400), ScalaY(CASELLA_ALTA));
     for (Controllo *riga : {static_cast<Controllo *>(&lbl[0]), static_cast<Controllo *>(&txt[0]),
                             static_cast<Controllo *>(&cbo[0])})
-        riga->FontSize(Punti_Lettura(Lettura::DallaTastiera));
+        riga->FontSize(Punti_Normali() * LETTURA_TASTIERA);
     lblDes.Inizia(Finestra());
     lblIntestazione.Inizia(Finestra());
     for (qint16 i = 0; i < static_cast<qint16>(std::size(INTESTAZIONI)); ++i) {
         const Posto &posto = INTESTAZIONI[i].posto;
         lblIntestazione.Carica(i).Posto(ScalaX(posto.x), ScalaY(posto.y), ScalaX(posto.largo),
                                         ScalaY(INTESTAZIONE_ALTA));
-        lblIntestazione[i].Allineamento(Qt::AlignLeft | Qt::AlignBottom);
+        lblIntestazione[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
         lblIntestazione[i].Visible(true);
     }
     cmdSfoglia.Inizia(Finestra(), [this](Pulsante &pulsante, qint16 i) {
@@ -337,11 +351,11 @@ void frmSetupO::Disegno()
     });
     lblPercorso.Inizia(Finestra());
     for (qint16 i = 0; i <= 1; ++i) {
-        lblPercorso.Carica(i).FontSize(Punti_Lettura(Lettura::DallaTastiera));
+        lblPercorso.Carica(i).FontSize(Punti_Normali() * LETTURA_TASTIERA);
         lblPercorso[i].SpezzaOvunque();
-        lblPercorso[i].Allineamento(Qt::AlignLeft | Qt::AlignTop);
+        lblPercorso[i].Allineamento(Orizzontale::Sinistra, Verticale::Alto);
         cmdSfoglia.Carica(i).Caption(QStringLiteral("..."));
-        cmdSfoglia[i].FontSize(Punti_Lettura(Lettura::DallaTastiera));
+        cmdSfoglia[i].FontSize(Punti_Normali() * LETTURA_TASTIERA);
         cmdSfoglia[i].Posto(ScalaX(POSTO_SFOGLIA.x),
                             ScalaY(POSTI_RETE[RigaRisultati - RigaModalita + i] + POSTO_SFOGLIA.y),
                             ScalaX(POSTO_SFOGLIA.largo), ScalaY(SFOGLIA_ALTO));
@@ -350,7 +364,7 @@ void frmSetupO::Disegno()
     for (qint16 i = 0; i <= 1; ++i) {
         lblDes.Carica(i).Posto(ScalaX(POSTO_LIMITI.x + i * SECONDA_COLONNA), ScalaY(5250),
                                ScalaX(SECONDA_COLONNA), ScalaY(300));
-        lblDes[i].FontSize(Punti_Lettura(Lettura::DallaTastiera));
+        lblDes[i].FontSize(Punti_Normali() * LETTURA_TASTIERA);
         lblDes[i].FontBold(true);
         lblDes[i].Visible(true);
         cmd.Carica(i).FontSize(Punti_Normali() * 1.4);
@@ -379,7 +393,8 @@ void frmSetupO::Load()
         lbl[riga].Width(ScalaX(POSTO_STRUMENTO.largo));
     for (qint16 i = 0; i <= lbl.UBound(); ++i) {
         lbl[i].Height(ScalaX(lbl[i].Height()));
-        lbl[i].Allineamento(Qt::AlignLeft | Qt::AlignBottom); // its letters have all of the low place
+        if (Campo(i).LabelLeft == Campo(i).CtlLeft) // on its box: its letters have all of the low place
+            lbl[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     }
     for (const qint16 riga : {RigaStrumento, RigaPorta})
         lbl[riga].FontBold(true); // the heading of its frame
@@ -416,11 +431,11 @@ void frmSetupO::Didascalie()
         lblIntestazione[i].Caption(Testo_Mctc(INTESTAZIONI[i].testo));
     for (qint16 i = 0; i <= 1; ++i) {
         const CampoForm &campo = Campo(Intero16(RigaRisultati + i));
-        cmdSfoglia[i].NomeAccessibile(Testo_Mctc(TESTO_SCEGLI_CARTELLA) + QStringLiteral(": ") +
+        cmdSfoglia[i].NomeAccessibile(Testo_Mctc(MctcScegliCartella) + QStringLiteral(": ") +
                                       Testo_Mctc(campo.LabelId));
     }
-    cmd[1].Caption(Testo_Mctc(TESTO_VERIFICA));
-    Caption(Testo_Mctc(TESTO_IMPOSTAZIONI));
+    cmd[1].Caption(Testo_Mctc(MctcVerificaPeriodica));
+    Caption(Testo_Mctc(MctcImpostazioni));
 }
 
 void frmSetupO::Activate()
@@ -490,7 +505,7 @@ void frmSetupO::txt_Validate(qint16 Index, bool &Cancel)
     const qint16 riga = Riga_Di(txt[Index]);
     const QString testo = txt[Index].Text();
     if (riga >= PrimoLimite && riga <= UltimoLimite && !Numero_Valido(testo)) {
-        Mostra_MsgTempo(Testo_Mctc(TESTO_VALORE_ERRATO));
+        Mostra_MsgTempo(Testo_Mctc(MctcCampoErrato));
         Cancel = true;
         return;
     }
@@ -509,7 +524,7 @@ void frmSetupO::Convalida_Cartella(const QString &testo)
     CampoForm &dati = Campo(RigaDati);
     CampoForm &risultati = Campo(RigaRisultati);
     txt[dati.CtlIndex].Text(testo);
-    Schermo_Puntatore(PuntatoreClessidra);
+    const Clessidra clessidra;
     if (Fs_Esiste(testo, ATTRIBUTO_CARTELLA)) {
         Chiavi_Cartelle(Campo(RigaModalita).Value == u"0");
         Scrivi_Ini(gFileIni, dati.Section, dati.Key, dati.Value);
@@ -520,7 +535,6 @@ void frmSetupO::Convalida_Cartella(const QString &testo)
         dati.Dirty = Vero;
         dati.Value = testo;
     }
-    Schermo_Puntatore(PuntatoreNormale);
 }
 
 // --- lists ------------------------------------------------------------------------------------------------
@@ -558,7 +572,7 @@ void frmSetupO::Scegli_Lingua(qint16 Index)
         }
     }
     gLingua = campo.Value.toUpper();
-    Avvisa(2);
+    Avvisa(SetupLingua);
     Campi_Didascalie(gCampiSetup, ULTIMA_RIGA, *this);
     Didascalie();
 }
@@ -606,10 +620,10 @@ void frmSetupO::Blocca_Rete(bool bloccata)
         Testo_Blocca(txt[campo.CtlIndex], bloccata);
         campo.Editable = Flag_Da(!bloccata);
         cmdSfoglia[Intero16(riga - RigaRisultati)].Enabled(!bloccata);
-        lbl[Intero16(campo.CtlIndex + 2)].Enabled(!bloccata);
+        lbl[riga].Enabled(!bloccata);
     }
     cbo[Campo(RigaModalita).CtlIndex].Enabled(!bloccata);
-    lbl[Campo(RigaDati).CtlIndex].Enabled(!bloccata);
+    lbl[RigaModalita].Enabled(!bloccata);
 }
 
 /// The password opens the four lux limits only; clearing the box locks all twelve. The limits of the aim
@@ -668,7 +682,7 @@ void frmSetupO::Salva()
         if (Campo(riga).Dirty)
             Salva_Effetti(riga);
     }
-    Avvisa(1);
+    Avvisa(SetupSalvato);
     Scarica();
 }
 
@@ -691,11 +705,11 @@ void frmSetupO::Salva_Effetti(qint16 riga)
         break;
     case RigaIniFile:
         gIniFile = acceso;
-        Avvisa(4);
+        Avvisa(SetupLavoro);
         break;
     case RigaStrumento:
         Scrivi_Ini(gFileIni, campo.Section, campo.Key, QStringLiteral("1"));
-        Avvisa(4);
+        Avvisa(SetupLavoro);
         break;
     case RigaPorta:
         // The number, over the entry's text that was written with the other rows.
@@ -768,9 +782,9 @@ void frmSetupO::formComm_Notifica(qint16 &codice, QVariant &)
 {
     try {
         // A session that wrote the operator has read nothing that could be taken over.
-        if (codice == ESITO_COMPLETATO && formComm->Modo == ModoLeggi)
+        if (codice == SessioneCompletata && formComm->Modo == ModoLeggi)
             Accetta_Strumento();
-        if (codice == ESITO_FALLITO) {
+        if (codice == SessioneFallita) {
             Setup_Aggiorna();
             cbo[Campo(RigaStrumento).CtlIndex].ListIndex(0);
         }
@@ -791,14 +805,14 @@ void frmSetupO::Accetta_Strumento()
         Scrivi_Ini(gFileIni, campo.Section, campo.Key, campo.Value);
     }
     for (qint16 i = 0; i < static_cast<qint16>(CHIAVI_TARATURA.size()); ++i) {
-        Scrivi_Ini(gFileIni, QString::fromUtf16(SEZIONE_TARATURA),
-                   QString::fromUtf16(CHIAVI_TARATURA[static_cast<size_t>(i)]),
+        Scrivi_Ini(gFileIni, CHIAVI_TARATURA[static_cast<size_t>(i)],
                    Una_Riga(Testo_Blocco(gDatiTaratura, i))); // of more the profile would keep none
     }
 }
 
-void frmSetupO::Avvisa(qint16 codice)
+void frmSetupO::Avvisa(NotificaSetup notifica)
 {
+    qint16 codice = notifica;
     QVariant valore = qint16{0};
     Q_EMIT Notifica(codice, valore);
 }

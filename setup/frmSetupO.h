@@ -2,6 +2,7 @@
 // serial port. It also reads the instrument into the configuration and writes the operator to it.
 #pragma once
 
+#include "core/codici.h"
 #include "toolkit/modulo.h"
 #include "toolkit/titolo.h"
 
@@ -19,8 +20,7 @@ public:
     ~frmSetupO() override;
 
 Q_SIGNALS:
-    /// Value always 0. Code 1: saved, about to unload; 2: a language was chosen; 4: a row that concerns the
-    /// work mode was saved.
+    /// A NotificaSetup; value always 0.
     void Notifica(qint16 &codice, QVariant &valore);
 
 protected:
@@ -61,7 +61,7 @@ private:
     void frmPwd_PwdReady(quint8 &esito);
     void formComm_Notifica(qint16 &codice, QVariant &valore);
     void Accetta_Strumento();
-    void Avvisa(qint16 codice);
+    void Avvisa(NotificaSetup notifica);
 
     ArrayControlli<Etichetta> lblDes;
     ArrayControlli<Titolo> lblIntestazione; ///< over the rows of the frames

@@ -1,7 +1,6 @@
 // Commands obeyed in the state of the vehicle at hand, replies with their faults. No line and no clock.
 #include "simulatore/strumento.h"
 
-#include "link/protocollo.h"
 #include "platform/codifica.h"
 
 #include <algorithm>
@@ -14,9 +13,14 @@ constexpr qsizetype POSTO_CODICE = 4;
 constexpr qsizetype POSTO_CARICO = 5;
 constexpr qsizetype BYTE_CODA = 2; // check character and end byte
 constexpr char RIEMPITIVO = '\0';
+constexpr char SEPARATORE = 0x17; // closes each text
 
-/// A write that could not be kept is answered with any byte but the one that means accepted.
+/// The answers to a write: one byte means accepted, and any other that it could not be kept.
+constexpr char SCRITTO = '\xFF';
 constexpr char NON_SCRITTO = '\0';
+
+/// The longest reply that a station holds, in bytes.
+constexpr qsizetype MASSIMO_STAZIONE = 106;
 
 /// Where the texts of a write go. The identity goes out in two frames, the operator alone in the second.
 struct DefScrittura
@@ -39,10 +43,18 @@ constexpr DefScrittura SCRITTURE[] = {
 QStringList Testi_Di(const QByteArray &carico)
 {
     QStringList testi;
-    for (const QByteArray &pezzo : carico.split(static_cast<char>(BYTE_SEPARATORE)))
+    for (const QByteArray &pezzo : carico.split(SEPARATORE))
         testi.append(Testo_DaAnsi(pezzo));
     testi.removeLast();
     return testi;
+}
+
+QByteArray Carico_Componi(const QStringList &testi)
+{
+    QByteArray carico;
+    for (const QString &testo : testi)
+        carico += Testo_InAnsi(testo) + SEPARATORE;
+    return carico;
 }
 
 QString Testi_Nota(const QStringList &testi)
@@ -238,11 +250,12 @@ Risposta Strumento::Risposta_Misura()
 Risposta Strumento::Risposta_Testi(Blocco blocco, const QByteArray &testa)
 {
     const QStringList testi = m_memoria.Leggi(blocco);
-    Risposta risposta = {Trama_Componi(testa + Componi_Dati(testi)),
+    Risposta risposta = {Trama_Componi(testa + Carico_Componi(testi)),
                          QStringLiteral("testi") + Testi_Nota(testi)};
-    if (risposta.trama.size() > MISURA_RX)
-        risposta.nota +=
-            QStringLiteral("  (%1 byte: la stazione ne tiene %2)").arg(risposta.trama.size()).arg(MISURA_RX);
+    if (risposta.trama.size() > MASSIMO_STAZIONE)
+        risposta.nota += QStringLiteral("  (%1 byte: la stazione ne tiene %2)")
+                             .arg(risposta.trama.size())
+                             .arg(MASSIMO_STAZIONE);
     return risposta;
 }
 
@@ -254,7 +267,7 @@ Risposta Strumento::Risposta_Scrittura(CodiceComando comando, const QByteArray &
     bool tenuti = true;
     for (qsizetype i = 0; i < std::min(testi.size(), scrittura->quanti); ++i)
         tenuti = m_memoria.Scrivi(scrittura->blocco, scrittura->primo + i, testi[i]) && tenuti;
-    const char esito = tenuti ? static_cast<char>(BYTE_SCRITTO) : NON_SCRITTO;
+    const char esito = tenuti ? SCRITTO : NON_SCRITTO;
     return {Trama_Componi(QByteArray(1, esito)),
             tenuti ? QStringLiteral("scritto")
                    : QStringLiteral("non scritto: il file di stato non si scrive")};

@@ -1,8 +1,6 @@
 // Frames checked, made and put together byte by byte. It knows no command.
 #include "simulatore/trama.h"
 
-#include "link/protocollo.h"
-
 #include <utility>
 
 namespace {
@@ -17,23 +15,21 @@ constexpr qsizetype TRAMA_MINIMA = 7;
 /// Far above the longest command in use; a line that only makes noise cannot fill the memory.
 constexpr qsizetype TRAMA_MASSIMA = 8192;
 
-constexpr char INIZIO = static_cast<char>(BYTE_INIZIO);
-constexpr char FINE = static_cast<char>(BYTE_FINE);
-
-/// The check character of the bytes that stand before it.
+/// The check character of the bytes that stand before it: the last decimal digit of the low eight bits of
+/// their sum.
 char Controllo_Di(QByteArrayView prima)
 {
     quint8 somma = 0;
     for (const char byte : prima)
         somma = static_cast<quint8>(somma + static_cast<quint8>(byte));
-    return static_cast<char>(Carattere_Controllo(somma));
+    return static_cast<char>('0' + somma % 10);
 }
 
 } // namespace
 
 QByteArray Trama_Componi(const QByteArray &corpo)
 {
-    return Trama_Controllata(INIZIO + QByteArray(PREFISSO) + corpo + '0' + FINE);
+    return Trama_Controllata(TRAMA_INIZIO + QByteArray(PREFISSO) + corpo + '0' + TRAMA_FINE);
 }
 
 QByteArray Trama_Controllata(QByteArray trama)
@@ -63,14 +59,14 @@ QString Trama_Hex(const QByteArray &byte)
 
 bool AssemblatoreComandi::Aggiungi(char byte)
 {
-    if (!m_dentro && byte != INIZIO) {
+    if (!m_dentro && byte != TRAMA_INIZIO) {
         m_scartati.append(byte);
         return false;
     }
     if (!m_dentro)
         m_trama.clear();
     m_trama.append(byte);
-    m_dentro = byte != FINE;
+    m_dentro = byte != TRAMA_FINE;
     if (m_trama.size() > TRAMA_MASSIMA) {
         m_scartati.append(m_trama);
         Azzera();

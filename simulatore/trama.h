@@ -1,9 +1,15 @@
 // Frames on the instrument's side: the replies it makes and the commands it assembles. It knows bytes and
-// their frame, not what a command means.
+// their frame, not what a command means. All of it is the instrument's own, down to the bytes that open and
+// close a frame: with a number shared, a slip in the station would be its stand-in's too, and no test would
+// see it.
 #pragma once
 
 #include <QByteArray>
 #include <QString>
+
+/// Bytes with a fixed place. There is no escaping: the first end byte ends a frame, wherever it stands.
+inline constexpr char TRAMA_INIZIO = 0x02;
+inline constexpr char TRAMA_FINE = 0x03;
 
 /// A reply: start byte, prefix, body, check character, end byte.
 /// @param corpo what stands behind the prefix, from offset 4.

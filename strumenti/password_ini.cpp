@@ -16,10 +16,9 @@
 
 namespace {
 
-const QString SEZIONE = QStringLiteral("IMPOSTAZIONI");
-constexpr const char16_t *CHIAVI[] = {u"Pwd", u"Pwd2"};
+constexpr ChiaveIni CHIAVI[] = {ChiavePassword, ChiavePassword2};
 
-bool Testa_Di(const QString &riga, const QString &sezione)
+bool Testa_Di(const QString &riga, QStringView sezione)
 {
     const QString spoglia = riga.trimmed();
     return spoglia.startsWith(u'[') &&
@@ -57,11 +56,10 @@ bool Rimetti(const QString &nativo, const QString &copia)
 /// @return true when the station, asking for either key, gets the password.
 bool Scrivi_E_Rileggi(const QString &file, const QString &cifrato, const QString &password)
 {
-    return std::all_of(std::begin(CHIAVI), std::end(CHIAVI), [&](const char16_t *nome) {
-        const QString chiave = QString::fromUtf16(nome);
+    return std::all_of(std::begin(CHIAVI), std::end(CHIAVI), [&](const ChiaveIni &chiave) {
         QString letto;
-        return Scrivi_Ini(file, SEZIONE, chiave, cifrato) && Leggi_Ini(file, SEZIONE, chiave, letto) &&
-               letto == cifrato && Pwd_Decifra(letto) == password;
+        return Scrivi_Ini(file, chiave, cifrato) && Leggi_Ini(file, chiave, letto) && letto == cifrato &&
+               Pwd_Decifra(letto) == password;
     });
 }
 
@@ -72,11 +70,11 @@ bool Ini_Adatto(const QString &file, QString &errore)
     try {
         FileRighe righe(file);
         while (!righe.Fine()) {
-            if (Testa_Di(righe.Leggi(), SEZIONE))
+            if (Testa_Di(righe.Leggi(), SezioneImpostazioni))
                 return true;
         }
         errore = QStringLiteral("in %1 manca la sezione [%2]: non è il lumira.ini di una stazione")
-                     .arg(file, SEZIONE);
+                     .arg(file, SezioneImpostazioni);
     } catch (const ErroreEsecuzione &guasto) {
         errore = guasto.Numero() == static_cast<int>(NumeroErrore::FileNonTrovato)
                      ? QStringLiteral("%1 non c'è").arg(file)

@@ -39,7 +39,7 @@ public:
             m_membri.resize(posto + 1);
         auto membro = std::make_unique<T>(m_finestra, QStringLiteral("%1_%2").arg(m_nome).arg(indice));
         membro->Visible(false);
-        if (!m_membri.empty() && m_membri.front())
+        if (m_membri.front())
             membro->Copia_Disegno(*m_membri.front());
         m_membri[posto] = std::move(membro);
         if (m_alNuovo)

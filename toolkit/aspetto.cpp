@@ -35,6 +35,8 @@ constexpr VoceTinta TINTE_FOGLIO[] = {
     {"@sopra@",         0xFFE4F0F8}, // the pointer is over it
     {"@premuto@",       0xFFC9E1F0},
     {"@corniceSpenta@", 0xFFC3CCD3},
+    {"@risaltoSopra@",  0xFF0E6FA6}, // the pointer is over a button that stands out
+    {"@risaltoFuoco@",  0xFFFFD166}, // the keyboard is on it
 };
 
 struct VoceMisura
@@ -49,6 +51,7 @@ constexpr qint32 LINEA = 15;
 constexpr VoceMisura MISURE_FOGLIO[] = {
     {"@linea@",         LINEA    },
     {"@lineaFuoco@",    2 * LINEA},
+    {"@lineaRisalto@",  3 * LINEA},
     {"@margine@",       45       },
     {"@margineFuoco@",  30       },
     {"@raggio@",        60       },
@@ -68,6 +71,13 @@ QPushButton:hover { background: @sopra@; }
 QPushButton:pressed { background: @premuto@; }
 QPushButton:focus { border: @lineaFuoco@ solid @fuoco@; padding: 0; }
 QPushButton:disabled { background: @campoSpento@; color: @testoSpento@; border-color: @corniceSpenta@; }
+QPushButton[risalto="principale"] { background: @fuoco@; color: @campo@; border: @lineaRisalto@ solid @fuoco@;
+                                    padding: 0; }
+QPushButton[risalto="principale"]:hover { background: @risaltoSopra@; }
+QPushButton[risalto="principale"]:pressed { background: @testo@; }
+QPushButton[risalto="principale"]:focus { border-color: @risaltoFuoco@; }
+QPushButton[risalto="assente"]:disabled { background: transparent; color: transparent;
+                                          border-color: transparent; }
 QLineEdit, QComboBox { background: @campo@; color: @testo@; border: @linea@ solid @cornice@;
                        border-radius: @raggioCasella@; padding: 0 @margine@; }
 QLineEdit:focus, QComboBox:focus { border: @lineaFuoco@ solid @fuoco@; padding: 0 @margineFuoco@; }

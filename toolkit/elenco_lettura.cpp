@@ -3,6 +3,7 @@
 
 #include "toolkit/aspetto.h"
 
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QPainter>
@@ -51,6 +52,7 @@ private:
         testo.beginLayout();
         qreal alto = 0;
         for (QTextLine riga = testo.createLine(); riga.isValid(); riga = testo.createLine()) {
+            riga.setLeadingIncluded(true);
             riga.setLineWidth(largo);
             riga.setPosition({0, alto});
             alto += riga.height();
@@ -83,7 +85,41 @@ protected:
     void mouseReleaseEvent(QMouseEvent *) override {}
     void mouseDoubleClickEvent(QMouseEvent *evento) override { mousePressEvent(evento); }
 
+    bool eventFilter(QObject *altro, QEvent *evento) override
+    {
+        const bool tasto = evento->type() == QEvent::KeyPress && altro != viewport() && isVisible();
+        return (tasto && Scorri(static_cast<QKeyEvent *>(evento)->key())) ||
+               QListWidget::eventFilter(altro, evento);
+    }
+
 private:
+    /// @return true for a key that scrolls.
+    bool Scorri(int tasto)
+    {
+        QScrollBar *barra = verticalScrollBar();
+        switch (tasto) {
+        case Qt::Key_Up:
+            barra->setValue(barra->value() - fontMetrics().lineSpacing());
+            return true;
+        case Qt::Key_Down:
+            barra->setValue(barra->value() + fontMetrics().lineSpacing());
+            return true;
+        case Qt::Key_PageUp:
+            barra->setValue(barra->value() - barra->pageStep());
+            return true;
+        case Qt::Key_PageDown:
+            barra->setValue(barra->value() + barra->pageStep());
+            return true;
+        case Qt::Key_Home:
+            barra->setValue(barra->minimum());
+            return true;
+        case Qt::Key_End:
+            barra->setValue(barra->maximum());
+            return true;
+        default:
+            return false;
+        }
+    }
     static int Altezza(const QMouseEvent *evento) { return evento->position().toPoint().y(); }
     int m_presa = 0;
 };
@@ -93,59 +129,34 @@ private:
 ElencoLettura::ElencoLettura(QWidget *finestra, const QString &nome)
     : Controllo(new WidgetLettura(finestra), nome)
 {
-    Lista()->setItemDelegate(new DelegatoLettura(Lista()));
-    Lista()->setFocusPolicy(Qt::NoFocus);
-    Lista()->setSelectionMode(QAbstractItemView::NoSelection);
-    Lista()->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    Lista()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    Lista()->setWordWrap(true);
-    Lista()->setResizeMode(QListView::Adjust);
-    Lista()->setLayoutMode(QListView::Batched);
-}
-
-QListWidget *ElencoLettura::Lista() const
-{
-    return static_cast<QListWidget *>(Widget());
+    Fai<QListWidget>([](QListWidget &lista) {
+        lista.setItemDelegate(new DelegatoLettura(&lista));
+        lista.setFocusPolicy(Qt::NoFocus);
+        lista.setSelectionMode(QAbstractItemView::NoSelection);
+        lista.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+        lista.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        lista.setWordWrap(true);
+        lista.setResizeMode(QListView::Adjust);
+        lista.setLayoutMode(QListView::Batched);
+    });
 }
 
 void ElencoLettura::Testo(const QString &testo)
 {
-    if (Widget() == nullptr)
-        return;
-    Lista()->clear();
-    for (const QString &riga : testo.split(u'\n')) {
-        const QString voce = riga.trimmed();
-        for (qsizetype da = 0; da < voce.size(); da += VOCE_LUNGA)
-            Lista()->addItem(voce.mid(da, VOCE_LUNGA));
-    }
+    Fai<QListWidget>([&testo](QListWidget &lista) {
+        lista.clear();
+        for (const QString &riga : testo.split(u'\n')) {
+            const QString voce = riga.trimmed();
+            for (qsizetype da = 0; da < voce.size(); da += VOCE_LUNGA)
+                lista.addItem(voce.mid(da, VOCE_LUNGA));
+        }
+    });
 }
 
-bool ElencoLettura::Scorri(int tasto)
+void ElencoLettura::Tasti_Di(const Controllo &controllo)
 {
-    if (Widget() == nullptr)
-        return false;
-    QScrollBar *barra = Lista()->verticalScrollBar();
-    const int riga = Lista()->fontMetrics().lineSpacing();
-    switch (tasto) {
-    case Qt::Key_Up:
-        barra->setValue(barra->value() - riga);
-        return true;
-    case Qt::Key_Down:
-        barra->setValue(barra->value() + riga);
-        return true;
-    case Qt::Key_PageUp:
-        barra->setValue(barra->value() - barra->pageStep());
-        return true;
-    case Qt::Key_PageDown:
-        barra->setValue(barra->value() + barra->pageStep());
-        return true;
-    case Qt::Key_Home:
-        barra->setValue(barra->minimum());
-        return true;
-    case Qt::Key_End:
-        barra->setValue(barra->maximum());
-        return true;
-    default:
-        return false;
-    }
+    Fai([&controllo](QWidget &lista) {
+        if (controllo.Widget() != nullptr)
+            controllo.Widget()->installEventFilter(&lista);
+    });
 }

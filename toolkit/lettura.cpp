@@ -1,12 +1,39 @@
-// The sizes as parts of the normal one, which follows the screen. It knows no control.
+// The one line of a label, measured in the type that the label asks for.
 #include "toolkit/lettura.h"
 
+#include "toolkit/controlli.h"
 #include "toolkit/schermo.h"
 
-#include <array>
+#include <QFontMetrics>
 
-double Punti_Lettura(Lettura lettura)
+#include <algorithm>
+#include <cmath>
+
+QString Accorcia(const Etichetta &etichetta, const QString &testo)
 {
-    constexpr std::array VOLTE = {1.15, 2.2, 3.5};
-    return Punti_Normali() * VOLTE[static_cast<size_t>(lettura)];
+    if (etichetta.Widget() == nullptr)
+        return testo;
+    QFont carattere = etichetta.Widget()->font();
+    carattere.setPixelSize(static_cast<int>(std::lround(Pixel_DaPunti(etichetta.FontSize()))));
+    return QFontMetrics(carattere).elidedText(testo, Qt::ElideRight, Pixel_DaTwip(etichetta.Width()));
+}
+
+qint32 Larghezza_Scritta(const Etichetta &etichetta)
+{
+    if (etichetta.Widget() == nullptr)
+        return 0;
+    return Twip_DaPixel(etichetta.Widget()->fontMetrics().horizontalAdvance(etichetta.Caption()));
+}
+
+void Pareggia(const std::vector<Etichetta *> &etichette)
+{
+    double punti = -1;
+    for (const Etichetta *etichetta : etichette) {
+        if (etichetta->Widget() == nullptr)
+            return;
+        const double mostrati = etichetta->Widget()->font().pixelSize() / Pixel_DaPunti(1);
+        punti = punti < 0 ? mostrati : std::min(punti, mostrati);
+    }
+    for (Etichetta *etichetta : etichette)
+        etichetta->FontSize(punti);
 }

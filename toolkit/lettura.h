@@ -1,14 +1,28 @@
-// How large a text is set, by where its reader stands.
+// From where a screen is read: sizes of type by the distance, and what a hand presses. A normal eye reads
+// with ease what is 16 minutes of arc high, with some effort what is 10; at two metres that is 9.3 and 5.8 mm
+// of a capital letter. The figures are those of the smallest screen that workshops have, 15 inches.
 #pragma once
 
-/// The reader's place. The operator works at the car, some two metres from the screen, and comes to it.
-enum class Lettura
-{
-    DallaTastiera, ///< who sits at it: a technician
-    DalloSchermo,  ///< who looks at it from two metres: lists, messages, buttons
-    DallAuto,      ///< who works at the car: the verdict, the message of a session, the plate
-};
+#include <QString>
 
-/// Size of type for a reader, in points. The capitals stand 5, 10 and 16 minutes of arc high at two metres,
-/// on the smallest screen that is sold for each size in pixels.
-double Punti_Lettura(Lettura lettura);
+#include <vector>
+
+class Etichetta;
+
+/// Sizes of type, as many times Punti_Normali.
+inline constexpr double LETTURA_AUTO = 3.45;     ///< read from the car: 16 minutes at two metres
+inline constexpr double LETTURA_SCHERMO = 2.2;   ///< read in passing: 10 minutes
+inline constexpr double LETTURA_TASTIERA = 1.15; ///< read by who sits there: 5 minutes
+
+/// Height of a button that an operator presses, in design units: 15 mm.
+inline constexpr qint32 BERSAGLIO_ALTO = 780;
+
+/// A text cut with dots where it is longer than one line of a label, in the label's full type: a long name
+/// shows its beginning instead of shrinking.
+QString Accorcia(const Etichetta &etichetta, const QString &testo);
+
+/// Width of a label's caption on one line, in the type that it is shown in, in twips.
+qint32 Larghezza_Scritta(const Etichetta &etichetta);
+
+/// Labels that are read together are shown in one size of type: that of the one which has shrunk most.
+void Pareggia(const std::vector<Etichetta *> &etichette);

@@ -1,28 +1,40 @@
-// The base of every form: its window, its control arrays, its life (load, show, unload) and the rules that
-// all forms share: leaving a box asks txt_Validate first, Enter and Escape press the form's buttons.
+// The base of every form: its life (load, show, unload). Its control arrays and handlers stand in
+// gestori_modulo.h.
+//
+// What surprises somebody who comes from Qt:
+// - A property is a pair of overloads: Caption() reads, Caption(text) writes. Lengths are twips, not pixels.
+// - A form is no widget: it makes its window when it is loaded and lets it go when it is unloaded, and may be
+//   loaded again. It is held by shared pointers (Nuovo, Predefinito), and by the collection of loaded forms
+//   as long as it is loaded: a form that nobody else holds goes when it is unloaded.
+// - A control whose window has gone takes every call and does nothing.
+// - A handler may unload its own control or its own form, also by what it shows meanwhile; whoever runs one
+//   asks Caricato() afterwards. An event runs a copy of its procedure for that reason.
+// - Leaving a text box asks txt_Validate first, and the box may keep the focus. Enter and Escape press the
+//   form's buttons, F keys arrive at FunctionKey from wherever the focus is.
+// - An index that does not exist is a run-time error (9), not an assertion.
 #pragma once
 
-#include "toolkit/array_controlli.h"
-#include "toolkit/controlli.h"
+#include "toolkit/gestori_modulo.h"
+#include "toolkit/tastiera_modulo.h"
 
-#include <QDateTime>
 #include <QObject>
 #include <QPointer>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
 class QEventLoop;
-class QPushButton;
 class FinestraModulo;
 
-class Modulo : public QObject, public std::enable_shared_from_this<Modulo>
+class Modulo : public QObject, public GestoriModulo, public std::enable_shared_from_this<Modulo>
 {
     Q_OBJECT
 
 public:
-    enum Modalita : qint32
+    /// How a form shows: beside the others, or before them until it has been unloaded.
+    enum ModoMostra : qint32
     {
         NonModale = 0,
         Modale = 1
@@ -37,13 +49,15 @@ public:
     void Carica();
     /// Loads the form if need be and shows it. Modal: returns when the form has been unloaded.
     /// @throws ErroreEsecuzione 400 for a modal show of a form that is shown already.
-    void Mostra(Modalita modalita = NonModale);
+    void Mostra(ModoMostra modo = NonModale);
     /// Runs Unload and takes the window away; harmless on a form already unloaded. The object lives on as
-    /// long as somebody holds a reference.
-    void Scarica();
+    /// long as somebody holds a reference. A form whose Unload raises an error stays, and may be unloaded
+    /// again.
+    void Scarica() override;
     /// Brings a form that shows to the front and gives it the keyboard; harmless on one that is not loaded.
     void PortaAvanti();
-    bool Caricato() const { return m_finestra != nullptr; }
+    /// True while the form shows and has the keyboard.
+    bool Attivo() const;
     /// Asks for a new painting.
     void Aggiorna();
 
@@ -62,7 +76,7 @@ public:
     /// For a form that comes up by itself under the operator's hands: Enter and Space press no button until
     /// so long after the form has come up. The mouse, Escape and an assistive technology press at once.
     /// @param ms 0, as at first: they press at once too.
-    void RitardoTasti(int ms) { m_ritardoTasti = ms; }
+    void RitardoTasti(int ms) { m_tastiera.Ritardo(ms); }
     QString Caption() const;
     void Caption(const QString &testo);
     /// What a screen reader calls the window, in place of its title.
@@ -71,85 +85,32 @@ public:
     /// Draws a segment in the default colour; counts only inside Paint.
     void Linea(qint32 x1, qint32 y1, qint32 x2, qint32 y2);
 
-    QWidget *Finestra() const;
-
-    ArrayControlli<CasellaTesto> txt;
-    ArrayControlli<CasellaCombinata> cbo;
-    ArrayControlli<CasellaSpunta> chk;
-    ArrayControlli<Etichetta> lbl;
-    ArrayControlli<Pulsante> cmd;
+    QWidget *Finestra() const override;
 
 protected:
-    /// Design time: makes the controls that the form has before Load, member 0 of its arrays among them.
-    virtual void Disegno() = 0;
-
-    // The form's handlers. Those that a form does not write do nothing.
-    virtual void Load() {}
-    virtual void Activate() {}
-    virtual void Paint() {}
-    virtual void Unload() {}
-    virtual void txt_Validate(qint16 Index, bool &Cancel);
-    virtual void txt_Change(qint16 Index);
-    /// KeyAscii: the character's code, never a Tab; 0 on return swallows the key.
-    virtual void txt_KeyPress(qint16 Index, qint16 &KeyAscii);
-    virtual void cbo_Click(qint16 Index);
-    /// KeyCode: every key but Tab; 0 on return swallows it.
-    virtual void cbo_KeyDown(qint16 Index, qint16 &KeyCode);
-    virtual void chk_Click(qint16 Index);
-    virtual void cmd_Click(qint16 Index);
-    /// A function key pressed anywhere on the form. @param numero 1 for F1.
-    virtual void FunctionKey(qint16 numero);
-
     /// Binds the press of a button that stands outside the array cmd, with the leaving rule of all buttons.
     void Collega(Pulsante &pulsante, std::function<void()> procedura);
     /// Binds a text box that stands outside the array txt.
     /// @param tasto takes a key as txt_KeyPress does.
     void Collega(CasellaTesto &casella, std::function<void()> cambio, std::function<void(qint16 &)> tasto);
-    /// Runs a handler and keeps the form alive until it has returned, also when it unloads itself.
-    void Esegui(const std::function<void()> &procedura);
-
-    bool eventFilter(QObject *oggetto, QEvent *evento) override;
+    /// Runs a procedure by Esegui when the loop has control again.
+    void Esegui_Dopo(std::function<void()> procedura);
 
 private:
-    friend class FinestraModulo;
-
+    std::shared_ptr<void> Vivo() override { return shared_from_this(); }
     void Togli_Finestra();
-    void Posa_Sopra();
     void Prepara_Array();
-    void Ordina_Tabulazione();
     void Disponi();
-    bool Puo_Uscire();
-    bool Puo_Entrare(QWidget *widget, Qt::FocusReason motivo);
-    qint16 Indice_Combo(const QWidget *widget) const;
-    bool Lista_Aperta(const QWidget *widget) const;
-    bool Inghiottito(const QWidget *widget, const QString &testo);
-    QPushButton *Bottone_Per(QWidget *widget, int tasto) const;
-    bool Tasto(QWidget *widget, int tasto, const QString &testo);
-    bool Troppo_Presto(QWidget *widget, int tasto) const;
-    void Dipingi(QWidget *finestra);
-    const Pulsante *Pulsante_Con(bool (Pulsante::*proprieta)() const) const;
-    template <typename T>
-    qint16 Indice_Di(const ArrayControlli<T> &array, const QWidget *widget) const;
 
     QString m_nome;
     FinestraModulo *m_finestra = nullptr;
+    TastieraModulo m_tastiera{*this};
     QPointer<QEventLoop> m_ciclo;
     qint32 m_left = 0;
     qint32 m_top = 0;
     qint32 m_width = 0;
     qint32 m_height = 0;
-    bool m_intero = false;
-    bool m_scarica = false;
-    bool m_convalida = false;
-    int m_ritardoTasti = 0;
-    QDateTime m_mostrato; ///< when the form came up
-    std::vector<std::pair<const QWidget *, std::function<void(qint16 &)>>> m_tasti;
-    QPointer<QWidget> m_lasciata; ///< the control that the click at hand took the focus from
-    struct Segmento
-    {
-        qint32 x1, y1, x2, y2;
-    };
-    std::vector<Segmento> m_segmenti;
+    bool m_scarica = false; ///< Unload is running
 };
 
 /// A new form, not yet loaded.

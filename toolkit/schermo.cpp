@@ -1,5 +1,7 @@
-// The primary screen, measured anew at every question, its pointer and its events. It knows no form.
+// The primary screen, measured anew at every question, and its pointer. It knows no form.
 #include "toolkit/schermo.h"
+
+#include "platform/unita.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -11,10 +13,7 @@
 namespace {
 
 constexpr double TWIP_PIXEL = 15.0;
-constexpr double TWIP_PUNTO = 20.0;
 constexpr double POSIZIONE_MASSIMA = 32767.0;
-constexpr double GRIGLIA_X = 15360.0;
-constexpr double GRIGLIA_Y = 11520.0;
 constexpr double PUNTI_DISEGNO = 10.0;
 
 QSize Pixel_Schermo()
@@ -62,16 +61,14 @@ double Punti_Normali()
     return PUNTI_DISEGNO * std::min(Schermo_Larghezza() / GRIGLIA_X, Schermo_Altezza() / GRIGLIA_Y);
 }
 
-void Schermo_Puntatore(PuntatoreSchermo puntatore)
+Clessidra::Clessidra()
 {
-    const bool clessidra = QApplication::overrideCursor() != nullptr;
-    if (puntatore == PuntatoreClessidra && !clessidra)
+    if (QApplication::overrideCursor() == nullptr)
         QApplication::setOverrideCursor(Qt::WaitCursor);
-    else if (puntatore == PuntatoreNormale && clessidra)
-        QApplication::restoreOverrideCursor();
 }
 
-void Eventi_Esegui()
+Clessidra::~Clessidra()
 {
-    QCoreApplication::processEvents();
+    if (QApplication::overrideCursor() != nullptr)
+        QApplication::restoreOverrideCursor();
 }

@@ -4,6 +4,10 @@
 
 #include <QSize>
 
+/// Sides of the design grid.
+inline constexpr double GRIGLIA_X = 15360.0;
+inline constexpr double GRIGLIA_Y = 11520.0;
+
 /// Twips a pixel for a screen of that size in pixels: 15 divided by the least whole number that keeps both
 /// sides within 16 bits. So a screen of twice the size looks as the smaller one, only finer.
 double Twip_PerPixel(QSize pixel);
@@ -20,13 +24,13 @@ double Pixel_DaPunti(double punti);
 /// The size of type of a control that asks for none, in points: 10 on the design screen, and in proportion.
 double Punti_Normali();
 
-/// Mouse pointers of the screen.
-enum PuntatoreSchermo
+/// The hourglass for as long as it stands. The screen has one pointer and nobody counts: where one hourglass
+/// stands inside another, the pointer is the normal one from the end of the inner one on, so that what the
+/// inner procedure then tells the operator is told under it.
+class Clessidra
 {
-    PuntatoreNormale = 0,
-    PuntatoreClessidra = 11
+public:
+    Clessidra();
+    ~Clessidra();
+    Q_DISABLE_COPY_MOVE(Clessidra)
 };
-void Schermo_Puntatore(PuntatoreSchermo puntatore);
-
-/// Lets pending events run.
-void Eventi_Esegui();

@@ -3,12 +3,13 @@
 
 #include "toolkit/aspetto.h"
 #include "toolkit/lettura.h"
+#include "toolkit/schermo.h"
 
 Titolo::Titolo(QWidget *finestra, const QString &nome) : Etichetta(finestra, nome)
 {
     const QColor colore = Colore_Tema(Tinta::Fuoco);
     ForeColor(static_cast<quint32>(colore.blue() << 16 | colore.green() << 8 | colore.red()));
     FontBold(true);
-    FontSize(Punti_Lettura(Lettura::DallaTastiera));
-    Allineamento(Qt::AlignLeft | Qt::AlignTop);
+    FontSize(Punti_Normali() * LETTURA_TASTIERA);
+    Allineamento(Orizzontale::Sinistra, Verticale::Alto);
 }

@@ -1,7 +1,7 @@
 // The title of a small form, drawn inside it: a station has no desktop that would draw one round it.
 #pragma once
 
-#include "toolkit/controlli.h"
+#include "toolkit/etichetta.h"
 
 class Titolo : public Etichetta
 {

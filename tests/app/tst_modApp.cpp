@@ -1,12 +1,14 @@
 // The evaluation: limits, verdicts, the result file of a whole test, and the end of the acceptance file.
 #include "app/modApp.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
 #include "core/risultato.h"
 #include "link/protocollo.h"
 #include "platform/errore_esecuzione.h"
+#include "tests/comuni/far_prova.h"
 #include "tests/comuni/locale_prova.h"
 #include "tests/comuni/orologio_prova.h"
 #include "tests/comuni/stazione_prova.h"
@@ -25,11 +27,11 @@ constexpr const char *FASCI[] = {"AnabSx", "AbbSx", "AnabDx", "AbbDx"};
 
 QString Riga(const char *nome)
 {
-    return Far_Valore(QString::fromLatin1(nome));
+    return Far_Valore(Far_Riga(QString::fromLatin1(nome)));
 }
 QString Riga(const char *inizio, const char *fascio)
 {
-    return Far_Valore(QString::fromLatin1(inizio) + QString::fromLatin1(fascio));
+    return Far_Valore(Far_Riga(QString::fromLatin1(inizio) + QString::fromLatin1(fascio)));
 }
 
 bool Esiste(const QString &nativo)
@@ -65,8 +67,8 @@ private Q_SLOTS:
         orologio = std::make_unique<OrologioProva>(QDateTime(QDate(2024, 3, 5), QTime(9, 7, 8)));
         stazione = std::make_unique<StazioneProva>();
         gAltezzaFaro = 65;
-        gTipoProva = 4;
-        gRepMisure[REP_INIZIO] = QStringLiteral("09:05:01");
+        gTipoProva = ProvaConfermata;
+        gRepMisure[RepInizio] = QStringLiteral("09:05:01");
         Misure_Buone();
     }
     void cleanup()
@@ -299,7 +301,7 @@ private Q_SLOTS:
     void inizioSenzaOra()
     {
         QFETCH(QString, nota);
-        gRepMisure[REP_INIZIO] = nota;
+        gRepMisure[RepInizio] = nota;
         Calcola_Esito();
         QCOMPARE(Riga("InizioMisura"), nota);
     }
@@ -308,10 +310,10 @@ private Q_SLOTS:
     void tabellaNuovaAOgniProva()
     {
         Calcola_Esito();
-        for (RigaFar &riga : gRisultatoFar)
+        for (VoceFar &riga : gRisultatoFar)
             riga = {QStringLiteral("x"), QStringLiteral("x")};
         Calcola_Esito();
-        for (const RigaFar &riga : gRisultatoFar)
+        for (const VoceFar &riga : gRisultatoFar)
             QVERIFY(riga.Chiave != u"x" && riga.Valore != u"x");
     }
 

@@ -27,12 +27,38 @@ qsizetype Piano_Di(const QString &file)
     return std::distance(std::begin(CARTELLE), posto);
 }
 
+bool Della_Casa(const QString &file)
+{
+    return Piano_Di(file) < std::ssize(CARTELLE);
+}
+
+bool E_Form(const QString &file)
+{
+    const QString nome = QFileInfo(file).completeBaseName();
+    return Della_Casa(file) && (nome.startsWith(u"frm") || nome.startsWith(u"dlg"));
+}
+
 /// What must do without a window: all of the house above the toolkit but forms and the program's start.
 bool Senza_Finestra(const QString &file)
 {
-    const QString nome = QFileInfo(file).completeBaseName();
-    const bool form = nome.startsWith(u"frm") || nome.startsWith(u"dlg") || nome == u"modMain";
-    return !form && Piano_Di(file) >= 2 && Piano_Di(file) < std::ssize(CARTELLE);
+    return Della_Casa(file) && Piano_Di(file) >= 2 && !E_Form(file) &&
+           QFileInfo(file).completeBaseName() != u"modMain";
+}
+
+/// What of Qt a form may say: types of text, list and value, the sender of its signal, a value that is put
+/// back.
+constexpr const char16_t *QT_DEI_FORM[] = {
+    u"QString",  u"QStringList", u"QStringLiteral", u"QLatin1String",
+    u"QVariant", u"QList",       u"QObject",        u"QScopedValueRollback"};
+
+/// Who lets events run: the one name, a modal show, a box of the system, the program's own loop.
+constexpr const char16_t *CON_EVENTI[] = {u"platform/eventi.cpp", u"toolkit/modulo.h", u"toolkit/modulo.cpp",
+                                          u"toolkit/applicazione.cpp", u"app/modMain.cpp"};
+
+template <size_t N>
+bool Compreso(const char16_t *const (&elenco)[N], const QString &nome)
+{
+    return std::find(std::begin(elenco), std::end(elenco), nome) != std::end(elenco);
 }
 
 /// Header and bodies of one thing: the path without extension and without the name of a system.
@@ -73,6 +99,15 @@ QMap<QString, Inclusioni> Inclusioni_Di(const Sorgenti &sorgenti)
 }
 
 using Grafo = QMap<QString, QSet<QString>>;
+
+/// Who includes whom, file by file.
+Grafo Grafo_Di(const QMap<QString, Inclusioni> &inclusioni)
+{
+    Grafo grafo;
+    for (auto i = inclusioni.cbegin(); i != inclusioni.cend(); ++i)
+        grafo[i.key()] = QSet<QString>(i->file.cbegin(), i->file.cend());
+    return grafo;
+}
 
 /// All that can be reached from a place in one step or more.
 QSet<QString> Raggiunti(const Grafo &grafo, const QString &da)
@@ -207,13 +242,46 @@ QStringList Anelli(const Sorgenti &sorgenti)
     return anelli;
 }
 
+QStringList Simulatore_Dipendente(const Sorgenti &sorgenti)
+{
+    static const QRegularExpression AMMESSO(
+        QStringLiteral("^(simulatore|platform|core)/|^link/(seriale|controllo_seriale|dispositivo_qt)\\.h$"));
+    QStringList falli;
+    const Grafo grafo = Grafo_Di(Inclusioni_Di(sorgenti));
+    for (auto i = grafo.cbegin(); i != grafo.cend(); ++i) {
+        if (Cartella_Di(i.key()) != u"simulatore")
+            continue;
+        const QSet<QString> raggiunti = Raggiunti(grafo, i.key());
+        for (const QString &altro : raggiunti) {
+            if (!AMMESSO.match(altro).hasMatch())
+                falli.append(i.key() + QStringLiteral(" reaches ") + altro);
+        }
+    }
+    falli.sort();
+    return falli;
+}
+
+QStringList Prove_ConAltroNome(const Sorgenti &sorgenti)
+{
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        const QFileInfo file(sorgente.key());
+        const QString nome = file.completeBaseName();
+        if (!nome.startsWith(u"tst_") || file.suffix() != u"cpp")
+            continue;
+        const QRegularExpression classe(QStringLiteral("\\bclass\\s+%1\\s*(final\\s*)?:").arg(nome));
+        if (!classe.match(Spoglia(sorgente.value(), false)).hasMatch())
+            falli.append(sorgente.key() + QStringLiteral(" has no class ") + nome);
+    }
+    return falli;
+}
+
 QStringList Finestre_NeiModuli(const Sorgenti &sorgenti, const QSet<QString> &finestre)
 {
-    Grafo grafo;
     QMap<QString, QString> diretta; // file: the window's header that it includes itself
     const QMap<QString, Inclusioni> inclusioni = Inclusioni_Di(sorgenti);
+    const Grafo grafo = Grafo_Di(inclusioni);
     for (auto i = inclusioni.cbegin(); i != inclusioni.cend(); ++i) {
-        grafo[i.key()] = QSet<QString>(i->file.cbegin(), i->file.cend());
         for (const QString &nome : i->sistema) {
             if (finestre.contains(nome))
                 diretta.insert(i.key(), nome);
@@ -237,6 +305,38 @@ QStringList Finestre_NeiModuli(const Sorgenti &sorgenti, const QSet<QString> &fi
         }
     }
     falli.sort();
+    return falli;
+}
+
+QStringList Qt_NeiForm(const Sorgenti &sorgenti)
+{
+    static const QRegularExpression PAROLA(QStringLiteral("\\bQt::\\w+|\\bQt?[A-Z]\\w*"));
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        if (!E_Form(sorgente.key()))
+            continue;
+        const QString testo = Spoglia(sorgente.value(), false);
+        for (auto parole = PAROLA.globalMatch(testo); parole.hasNext();) {
+            const QString parola = parole.next().captured();
+            if (!Compreso(QT_DEI_FORM, parola))
+                falli.append(sorgente.key() + QStringLiteral(": ") + parola);
+        }
+    }
+    return falli;
+}
+
+QStringList Eventi_FuoriPosto(const Sorgenti &sorgenti)
+{
+    static const QRegularExpression GIRO(
+        QStringLiteral("\\b(?:processEvents|sendPostedEvents|QEventLoop)\\b|\\bexec(?=\\s*\\()"));
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        if (!Della_Casa(sorgente.key()) || Compreso(CON_EVENTI, sorgente.key()))
+            continue;
+        const QString testo = Spoglia(sorgente.value(), false);
+        for (auto giri = GIRO.globalMatch(testo); giri.hasNext();)
+            falli.append(sorgente.key() + QStringLiteral(": ") + giri.next().captured());
+    }
     return falli;
 }
 
@@ -304,6 +404,85 @@ QStringList Globali_Doppie(const Sorgenti &sorgenti)
             fallo(i.key(), " is declared more than once: ", *i);
         if (!i->first().endsWith(u".h"))
             fallo(i.key(), " is declared outside a header: ", *i);
+    }
+    return falli;
+}
+
+QStringList Testi_SenzaNome(const Sorgenti &sorgenti)
+{
+    static const QRegularExpression PRESA(
+        QStringLiteral("static_cast<\\s*Testo(?:Mctc|Lingua)\\s*>|\\bTesto(?:Mctc|Lingua)[({]|"
+                       "\\b(?:Leggi|Valore)_Ini\\(\\s*gFileLingue\\w*|"
+                       "(?<!ULTIMO_TESTO_MCTC, |ULTIMO_TESTO_LINGUA, )\\bgTab(?:Mctc|Lingua)\\b"));
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        if (!Della_Casa(sorgente.key()) || Unita_Di(sorgente.key()) == u"core/modGeneral")
+            continue;
+        const QString testo = Spoglia(sorgente.value(), false);
+        for (auto prese = PRESA.globalMatch(testo); prese.hasNext();)
+            falli.append(sorgente.key() + QStringLiteral(": ") + prese.next().captured());
+    }
+    return falli;
+}
+
+QStringList Nomi_NonUsati(const Sorgenti &sorgenti, const QStringList &nomi)
+{
+    static const QRegularExpression PAROLA(QStringLiteral("\\b[A-Za-z]\\w*"));
+    QMap<QString, QSet<QString>> dove; // name: the files that it stands in
+    for (const QString &nome : nomi)
+        dove.insert(nome, {});
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        if (!Della_Casa(sorgente.key()))
+            continue;
+        const QString testo = Spoglia(sorgente.value(), false);
+        for (auto parole = PAROLA.globalMatch(testo); parole.hasNext();) {
+            const auto nome = dove.find(parole.next().captured());
+            if (nome != dove.end())
+                nome->insert(sorgente.key());
+        }
+    }
+    QStringList falli;
+    for (auto nome = dove.cbegin(); nome != dove.cend(); ++nome) {
+        if (nome->size() < 2)
+            falli.append(nome.key());
+    }
+    return falli;
+}
+
+QStringList Letterali_Vietati(const Sorgenti &sorgenti, const QStringList &parole)
+{
+    static const QRegularExpression LETTERALE(QStringLiteral("\"((?:\\\\.|[^\"\\\\\\n])*)\""));
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        if (!Della_Casa(sorgente.key()) && Cartella_Di(sorgente.key()) != u"strumenti")
+            continue;
+        const QString testo = Spoglia(sorgente.value(), true);
+        for (auto trovati = LETTERALE.globalMatch(testo); trovati.hasNext();) {
+            const QString letterale = trovati.next().captured(1);
+            if (parole.contains(letterale))
+                falli.append(sorgente.key() + QStringLiteral(": ") + letterale);
+        }
+    }
+    falli.removeDuplicates();
+    return falli;
+}
+
+QStringList Numeri_Nudi(const Sorgenti &sorgenti)
+{
+    // Nothing is 0 but the row where a loop begins, and a code before there is one.
+    static const QRegularExpression NUDO(
+        QStringLiteral("\\bg(?:Campi|ErroriCampi|Rep|Risultato)\\w*\\[\\s*\\d+|"
+                       "\\bREGOLE_ACC\\[\\s*\\d+|"
+                       "\\bCampo(?:_Acc)?\\(\\s*\\d+|"
+                       "\\b[rR]iga\\s*[=!<>]=?\\s*[1-9]\\d*|"
+                       "\\b(?:codice|gTipoProva|\\w*[eE]sito)\\s*[=!<>]=?\\s*[1-9]\\d*|"
+                       "\\bcase\\s+\\d+"));
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        if (!Della_Casa(sorgente.key()))
+            continue;
+        for (auto trovati = NUDO.globalMatch(Spoglia(sorgente.value(), false)); trovati.hasNext();)
+            falli.append(sorgente.key() + QStringLiteral(": ") + trovati.next().captured());
     }
     return falli;
 }

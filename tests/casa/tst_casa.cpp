@@ -48,7 +48,7 @@ QSet<QString> Finestre_DelToolkit()
 
 } // namespace
 
-class TestCasa : public QObject
+class tst_casa : public QObject
 {
     Q_OBJECT
 
@@ -163,6 +163,41 @@ private Q_SLOTS:
         Senza_Falli(Finestre_NeiModuli(m_casa, finestre));
     }
 
+    void qtNeiFormSiVede()
+    {
+        const Alberello albero{
+            {"setup/frmA.cpp",  "#include <QKeyEvent>\na(Qt::AlignLeft); // QWidget\nb(\"QWidget\");\n"},
+            {"dialogs/dlgB.h",  "#include <QtWidgets>\nbool f(QObject *, QEvent *);\n"                 },
+            {"core/frmC.h",     "#include <QTimer>\n"                                                  },
+            {"setup/frmD.cpp",  "#include <QString>\nQ_EMIT Notifica(codice, QVariant());\n"           },
+            {"core/modCtl.cpp", "#include <QTimer>\n"                                                  },
+            {"tests/frmE.cpp",  "#include <QTimer>\n"                                                  },
+        };
+        QCOMPARE(Qt_NeiForm(albero.Leggi()), (QStringList{QStringLiteral("core/frmC.h: QTimer"),
+                                                          QStringLiteral("dialogs/dlgB.h: QtWidgets"),
+                                                          QStringLiteral("dialogs/dlgB.h: QEvent"),
+                                                          QStringLiteral("setup/frmA.cpp: QKeyEvent"),
+                                                          QStringLiteral("setup/frmA.cpp: Qt::AlignLeft")}));
+    }
+    void nessunaParolaDiQtNeiForm() { Senza_Falli(Qt_NeiForm(m_casa)); }
+
+    void eventiFuoriPostoSiVedono()
+    {
+        const Alberello albero{
+            {"core/a.cpp",          "QCoreApplication::processEvents();\n"     },
+            {"link/b.cpp",          "QEventLoop ciclo; ciclo.exec ();\n"       },
+            {"app/c.cpp",           "a->sendPostedEvents(); // processEvents\n"},
+            {"mctc/d.cpp",          "Eventi_Esegui(); execve(); exec;\n"       },
+            {"platform/eventi.cpp", "QCoreApplication::processEvents();\n"     },
+            {"tests/e.cpp",         "QCoreApplication::processEvents();\n"     },
+        };
+        QCOMPARE(Eventi_FuoriPosto(albero.Leggi()),
+                 (QStringList{QStringLiteral("app/c.cpp: sendPostedEvents"),
+                              QStringLiteral("core/a.cpp: processEvents"),
+                              QStringLiteral("link/b.cpp: QEventLoop"), QStringLiteral("link/b.cpp: exec")}));
+    }
+    void nessunEventoFuoriPosto() { Senza_Falli(Eventi_FuoriPosto(m_casa)); }
+
     void sistemiFuoriPostoSiVedono_data()
     {
         QTest::addColumn<QByteArray>("testo");
@@ -246,6 +281,45 @@ private Q_SLOTS:
     }
     void nessunaInclusioneInSalita() { Senza_Falli(Inclusioni_InSalita(m_casa)); }
 
+    void simulatoreDipendenteSiVede()
+    {
+        const Alberello albero{
+            {"simulatore/trama.cpp",     "#include \"link/protocollo.h\"\n#include \"platform/codifica.h\"\n"},
+            {"simulatore/linea.cpp",     "#include \"link/seriale.h\"\n#include \"link/dispositivo_qt.h\"\n" },
+            {"simulatore/banco.cpp",     "#include \"simulatore/trama.h\"\n#include \"link/lontano.h\"\n"    },
+            {"link/seriale.h",           "#include \"link/controllo_seriale.h\"\n"                           },
+            {"link/lontano.h",           "#include \"link/scambio.h\"\n"                                     },
+            {"link/protocollo.h",        ""                                                                  },
+            {"link/scambio.h",           ""                                                                  },
+            {"link/dispositivo_qt.h",    ""                                                                  },
+            {"link/controllo_seriale.h", ""                                                                  },
+            {"platform/codifica.h",      ""                                                                  },
+            {"simulatore/trama.h",       ""                                                                  },
+        };
+        QCOMPARE(Simulatore_Dipendente(albero.Leggi()),
+                 (QStringList{QStringLiteral("simulatore/banco.cpp reaches link/lontano.h"),
+                              QStringLiteral("simulatore/banco.cpp reaches link/scambio.h"),
+                              QStringLiteral("simulatore/trama.cpp reaches link/protocollo.h")}));
+    }
+    void simulatoreIndipendente() { Senza_Falli(Simulatore_Dipendente(m_casa)); }
+
+    void proveConAltroNomeSiVedono()
+    {
+        const Alberello albero{
+            {"tests/core/tst_modA.cpp",
+             "class TestModA : public QObject {};\n// class tst_modA : public QObject\n"},
+            {"tests/core/tst_modB.cpp", "class tst_modBis : public QObject {};\n"       },
+            {"tests/core/tst_modC.cpp",
+             "class Aiuto : public QObject {};\nclass tst_modC : public QObject {};\n"  },
+            {"tests/core/tst_modD.cpp", "class tst_modD final : public QObject {};\n"   },
+            {"tests/core/aiuto.cpp",    "class Aiuto {};\n"                             },
+        };
+        QCOMPARE(Prove_ConAltroNome(albero.Leggi()),
+                 (QStringList{QStringLiteral("tests/core/tst_modA.cpp has no class tst_modA"),
+                              QStringLiteral("tests/core/tst_modB.cpp has no class tst_modB")}));
+    }
+    void nessunaProvaConAltroNome() { Senza_Falli(Prove_ConAltroNome(m_casa)); }
+
     void globaliDoppieSiVedono_data()
     {
         QTest::addColumn<QByteArray>("testata");
@@ -320,7 +394,113 @@ private Q_SLOTS:
         }
     }
     void nessunaGlobaleDoppia() { Senza_Falli(Globali_Doppie(m_casa)); }
+
+    void testiSenzaNomeSiVedono_data()
+    {
+        QTest::addColumn<QString>("presa");
+        for (const char *presa :
+             {"static_cast<TestoMctc>", "static_cast<TestoLingua>", "TestoMctc(", "TestoLingua{", "gTabMctc",
+              "gTabLingua", "Valore_Ini(gFileLingueMctc", "Leggi_Ini(gFileLingue"})
+            QTest::newRow(presa) << QString::fromLatin1(presa);
+    }
+    void testiSenzaNomeSiVedono()
+    {
+        QFETCH(QString, presa);
+        const QByteArray riga = "    a(" + presa.toLatin1() + " 7";
+        const Alberello albero{
+            {"setup/a.cpp",         riga.constData()               },
+            {"core/modGeneral.cpp", riga.constData()               },
+            {"tests/a.cpp",         riga.constData()               },
+            {"link/a.cpp",          ("// " + riga).constData()     },
+            {"app/a.cpp",           ("\"" + riga + '"').constData()},
+        };
+        QCOMPARE(Testi_SenzaNome(albero.Leggi()), QStringList{QStringLiteral("setup/a.cpp: ") + presa});
+    }
+    void testiConUnNomePassano()
+    {
+        const Alberello albero{
+            {"setup/a.cpp", "constexpr TestoMctc A[] = {MctcEsci};\na(Testo_Mctc(A[i]), Testo_Lingua(b));\n"
+                            "Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);\n"
+                            "Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);\n"},
+        };
+        QCOMPARE(Testi_SenzaNome(albero.Leggi()), QStringList());
+    }
+    void nessunTestoSenzaNome() { Senza_Falli(Testi_SenzaNome(m_casa)); }
+
+    void nomiNonUsatiSiVedono()
+    {
+        const Alberello albero{
+            {"core/a.h",    "NomeA NomeB NomeC NomeD NomeE\n"                    },
+            {"link/a.cpp",  "a(NomeA); // NomeB\nb(\"NomeC\"); xNomeD(NomeDx);\n"},
+            {"tests/b.cpp", "a(NomeE);\n"                                        },
+        };
+        QStringList nomi;
+        for (const char16_t *nome : {u"NomeA", u"NomeB", u"NomeC", u"NomeD", u"NomeE"})
+            nomi.append(QString::fromUtf16(nome));
+        QCOMPARE(Nomi_NonUsati(albero.Leggi(), nomi), nomi.mid(1));
+    }
+
+    void numeriNudiSiVedono_data()
+    {
+        QTest::addColumn<QString>("numero");
+        for (const char *numero :
+             {"gRepMisure[14", "gRepVoci[ 0", "gCampiSetup[21", "gRisultatoFar[24", "gErroriCampiAcc[13",
+              "REGOLE_ACC[46", "Campo(20", "Campo_Acc(18", "riga == 9", "riga>=7", "Riga = 12",
+              "gTipoProva = 2", "gTipoProva != 4", "codice == 6", "codice = 1", "mPwdEsito == 1", "case 4"})
+            QTest::newRow(numero) << QString::fromLatin1(numero);
+    }
+    void numeriNudiSiVedono()
+    {
+        QFETCH(QString, numero);
+        const Sorgenti casa = {
+            {QStringLiteral("setup/a.cpp"), QStringLiteral("a(%1); // riga 5\n").arg(numero)}
+        };
+        QCOMPARE(Numeri_Nudi(casa), QStringList{QStringLiteral("setup/a.cpp: ") + numero});
+    }
+    void nomiEContiPassano()
+    {
+        const Alberello albero{
+            {"setup/a.cpp",
+             "for (qint16 riga = 0; riga <= ULTIMA_RIGA; ++riga)\n    Campo(riga) = RIGHE[riga];\n"
+             "gRepMisure[RepInizio]; codice = SetupSalvato; riga > 0; // riga == 9\n"
+             "case SetupLingua: u\"codice == 6\"; lbl[0]; codici == 3; Riga(2); codice = 0;\n"},
+            {"tests/t.cpp", "codice == 6; gRepMisure[14];\n"                                  },
+        };
+        QCOMPARE(Numeri_Nudi(albero.Leggi()), QStringList());
+    }
+    /// Each name of a row or a code, put back to its number where the program uses it.
+    void unNumeroAlPostoDelNomeSiVedrebbe_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("uso");
+        QTest::addColumn<QString>("numero");
+        const auto riga = [](const char *file, const char *uso, const char *numero) {
+            QTest::newRow(uso) << QString::fromLatin1(file) << QString::fromLatin1(uso)
+                               << QString::fromLatin1(numero);
+        };
+        riga("app/modApp.cpp", "gTipoProva == ProvaConfermata", "gTipoProva == 4");
+        riga("app/frmMain.cpp", "codice == SessioneCompletata", "codice == 6");
+        riga("app/frmMain.cpp", "case SetupLingua", "case 2");
+        riga("report/frmEsito.cpp", "codice = EsitoChiuso", "codice = 5");
+        riga("report/pagina.cpp", "gRepTitoli[RepTitoloPagina", "gRepTitoli[0");
+        riga("report/frmVerPerO.cpp", "gCampiVerifica[RigaScadenza", "gCampiVerifica[4");
+        riga("setup/frmSetupO.cpp", "Campo(RigaDati", "Campo(21");
+        riga("mctc/frmMctcO.cpp", "riga == AccSesso", "riga == 9");
+    }
+    void unNumeroAlPostoDelNomeSiVedrebbe()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, uso);
+        QFETCH(QString, numero);
+        Sorgenti casa = m_casa;
+        QVERIFY(casa[file].contains(uso));
+        casa[file].replace(uso, numero);
+        const QStringList falli = Numeri_Nudi(casa);
+        QVERIFY(!falli.isEmpty());
+        QCOMPARE(falli.count(file + QStringLiteral(": ") + numero), falli.size());
+    }
+    void nessunNumeroNudo() { Senza_Falli(Numeri_Nudi(m_casa)); }
 };
 
-QTEST_GUILESS_MAIN(TestCasa)
+QTEST_GUILESS_MAIN(tst_casa)
 #include "tst_casa.moc"

@@ -1,8 +1,8 @@
-// The screen texts as they are delivered: every one that the program shows, in every language that the setup
-// form offers. The search of the source is first shown a small tree of its own.
+// The screen texts as they are delivered: every one that has a name in the program, in every language that
+// the setup form offers, and no other.
 #include "core/modGeneral.h"
 #include "platform/codifica.h"
-#include "tests/casa/testi_usati.h"
+#include "tests/casa/regole_casa.h"
 #include "tests/comuni/stazione_prova.h"
 
 #include <QFile>
@@ -11,12 +11,33 @@
 #include <QTest>
 
 #include <algorithm>
+#include <functional>
 
 namespace {
 
 constexpr const char16_t *LINGUE[] = {u"IT", u"FR", u"EN", u"ES", u"DE"};
 constexpr const char16_t *FILE_LINGUA = u"lingue.ini";
 constexpr const char16_t *FILE_MCTC = u"lingueMCTC.ini";
+
+/// A name of the program for a text.
+struct NomeTesto
+{
+    QString Nome;
+    int Numero;
+    std::function<QString()> Testo; ///< what the program shows
+};
+using Nomi = QList<NomeTesto>;
+
+QString Mostrato(TestoMctc id)
+{
+    return Testo_Mctc(id);
+}
+QString Mostrato(TestoLingua id)
+{
+    return Testo_Lingua(id);
+}
+
+#define NOME_TESTO(nome, numero) {QStringLiteral(#nome), numero, [] { return Mostrato(nome); }},
 
 constexpr qsizetype MASSIMO_TESTO = 499;
 
@@ -135,11 +156,15 @@ QStringList Struttura_Di(const QString &testo)
 
 } // namespace
 
-class TestTesti : public QObject
+class tst_testi : public QObject
 {
     Q_OBJECT
 
-    TestiUsati m_usati;
+    /// The names of each file's texts.
+    const QMap<QString, Nomi> m_nomi = {
+        {QString::fromUtf16(FILE_MCTC),   {TESTI_MCTC(NOME_TESTO)}  },
+        {QString::fromUtf16(FILE_LINGUA), {TESTI_LINGUA(NOME_TESTO)}},
+    };
     QMap<QString, Testi> m_testi;
     QStringList m_falli;
 
@@ -187,125 +212,32 @@ class TestTesti : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        m_usati = Testi_Usati(Sorgenti_Leggi(QStringLiteral(LUMIRA_SORGENTE)));
         for (const char16_t *file : {FILE_LINGUA, FILE_MCTC}) {
             const QString nome = QString::fromUtf16(file);
             m_testi.insert(nome, Testi_Leggi(nome, m_falli));
         }
     }
 
-    // --- the search of the source -------------------------------------------------------------------------
+    // --- the names ----------------------------------------------------------------------------------------
 
-    void usiSiTrovano_data()
+    /// A number that stands twice would be one text under two names.
+    void numeriInOrdine()
     {
-        QTest::addColumn<QString>("sorgente");
-        QTest::addColumn<QSet<int>>("ids");
-        const auto riga = [](const char *nome, const QSet<int> &ids, const char *sorgente) {
-            QTest::newRow(nome) << QString::fromLatin1(sorgente) << ids;
-        };
-        riga("number", {7}, "a(Testo_Mctc(7)); // Testo_Mctc(8)\n");
-        riga("constant", {7}, "constexpr qint16 A = 7;\na(Testo_Mctc(A));\n");
-        riga("choice", {7, 8}, "constexpr qint16 A = 7;\na(Testo_Mctc(b == 3 ? A : 8));\n");
-        riga("list", {7, 8}, "constexpr qint16 A[] = {7, 8};\na(Testo_Mctc(A[i]));\n");
-        riga("caption", {7, 9},
-             "constexpr qint16 B = 9;\nconstexpr qint16 A[] = {B, 7};\nx.LabelId = A[i];\n");
-        riga("run", {4, 5, 6},
-             "std::array<QString, 2> gA;\nstd::array<QString, 3> gB, gC;\nconstexpr qint16 B = 4;\n"
-             "gC[i] = Testo_Mctc(static_cast<qint16>(B + static_cast<qint16>(i)));\n");
-        riga("loop", {0, 1, 2},
-             "constexpr qint16 A = 2;\nfor (qint16 i = 0; i <= A; ++i)\n    a(Testo_Mctc(i));\n");
-        riga("loop without its end", {5, 6}, "for (qint16 i = 5; i < 7; ++i)\n    a(Testo_Mctc(i));\n");
-        riga("parameter", {7, 8},
-             "void f(int a, qint16 id)\n{\n    b(Testo_Mctc(id));\n}\n"
-             "void g(qint16 id)\n{\n    f(1, 7);\n    f(2, id);\n}\nvoid h()\n{\n    g(8);\n}\n");
-        riga(
-            "column", {7},
-            "struct R\n{\n    const char16_t *k[2], *l;\n    qint16 t; // -1: none\n};\n"
-            "constexpr R A[] = {\n    {{u\"a,b\", u\"\"}, u\"{\", 7},\n    {{u\"\", u\"\"}, u\"\", -1},\n};\n"
-            "x.LabelId = r.t;\n");
-        riga("column of an array", {7, 8},
-             "struct R\n{\n    qint16 t;\n};\nconst std::array<R, N> A = {{\n    {7},\n    {8},\n}};\n"
-             "a(Testo_Mctc(A[i].t));\n");
-        riga("column of one row", {7},
-             "struct R\n{\n    int x;\n    qint16 t;\n};\nconstexpr R A = {1, 7};\na(Testo_Mctc(A.t));\n");
+        for (const Nomi &nomi : m_nomi) {
+            for (qsizetype i = 1; i < nomi.size(); ++i)
+                QVERIFY2(nomi[i - 1].Numero < nomi[i].Numero, qPrintable(nomi[i].Nome));
+        }
     }
-    void usiSiTrovano()
+    void ogniNomeServe()
     {
-        QFETCH(QString, sorgente);
-        const TestiUsati usati = Testi_Usati({
-            {QStringLiteral("setup/a.cpp"), sorgente}
-        });
-        Senza_Falli(usati.oscuri);
-        QTEST(usati.mctc, "ids");
-        QCOMPARE(usati.lingua, QSet<int>());
+        const Sorgenti casa = Sorgenti_Leggi(QStringLiteral(LUMIRA_SORGENTE));
+        QStringList nomi;
+        for (const Nomi &suoi : m_nomi) {
+            for (const NomeTesto &uno : suoi)
+                nomi.append(uno.Nome);
+        }
+        Senza_Falli(Nomi_NonUsati(casa, nomi));
     }
-
-    void usiOscuriSiVedono_data()
-    {
-        QTest::addColumn<QString>("uso");
-        QTest::addColumn<QString>("contorno");
-        const auto riga = [](const char *uso, const char *contorno = "") {
-            QTest::newRow(uso) << QString::fromLatin1(uso) << QString::fromLatin1(contorno);
-        };
-        riga("Testo_Mctc(A)");
-        riga("Testo_Mctc(A)", "constexpr qint16 A = B;\n");
-        riga("Testo_Lingua(f(3))");
-        riga("Testo_Mctc(3 * 4)");
-        riga("Testo_Mctc((1) - (2))");
-        riga("Testo_Mctc(A + i)", "constexpr qint16 A = 4;\n");
-        riga("Testo_Mctc(x.t)");
-        riga("Testo_Mctc(x.t)", "struct R\n{\n    qint16 t;\n};\nconstexpr R A[] = {{7}, {f()}};\n");
-        riga("Testo_Mctc(x.t)", "struct R\n{\n    qint16 s, t;\n};\nconstexpr R A[] = {{7}};\n");
-        riga("Testo_Mctc(i)", "void f()\n{\n    for (qint16 i = 0; i < 3; ++i)\n        g(i);\n}\n");
-        riga("Testo_Mctc(id)", "void f(qint16 id)\n{\n    g(id);\n}\n");
-        riga("Testo_Mctc(id)", "void f(qint16 id)\n{\n    f(n);\n");
-        riga("Testo_Mctc");
-        riga("gTabMctc");
-        riga(".LabelId = n;");
-    }
-    void usiOscuriSiVedono()
-    {
-        QFETCH(QString, uso);
-        QFETCH(QString, contorno);
-        const TestiUsati usati = Testi_Usati({
-            {QStringLiteral("setup/a.cpp"), contorno + u' ' + uso}
-        });
-        QCOMPARE(usati.oscuri, QStringList(QStringLiteral("setup/a.cpp: ") + uso));
-        QCOMPARE(usati.mctc + usati.lingua, QSet<int>());
-    }
-
-    void usiSiDistinguono()
-    {
-        const QString uno = QStringLiteral("a(Testo_Mctc(1), Testo_Lingua(2));\n");
-        const TestiUsati usati = Testi_Usati({
-            {QStringLiteral("link/a.cpp"),          uno                                           },
-            {QStringLiteral("core/modGeneral.cpp"), QStringLiteral("return gTabMctc.value(id);\n")},
-            {QStringLiteral("platform/b.cpp"),      QStringLiteral("a(Testo_Mctc(3));\n")         },
-            {QStringLiteral("tests/c.cpp"),         QStringLiteral("a(Testo_Mctc(4));\n")         },
-        });
-        Senza_Falli(usati.oscuri);
-        QCOMPARE(usati.mctc, QSet<int>{1});
-        QCOMPARE(usati.lingua, QSet<int>{2});
-    }
-
-    /// The tables of a file stand before those of others that have a column of the same name.
-    void colonneDelFilePrimaDelleAltre()
-    {
-        const QString riga = QStringLiteral("struct R\n{\n    qint16 t;\n};\nconstexpr R A[] = {{%1}};\n");
-        const QString uso = QStringLiteral("a(Testo_Mctc(x.t));\n");
-        const TestiUsati usati = Testi_Usati({
-            {QStringLiteral("mctc/a.cpp"), riga.arg(7) + uso},
-            {QStringLiteral("mctc/b.cpp"), riga.arg(8)      },
-        });
-        QCOMPARE(usati.mctc, QSet<int>{7});
-        const TestiUsati altrove = Testi_Usati({
-            {QStringLiteral("mctc/a.cpp"), uso        },
-            {QStringLiteral("mctc/b.cpp"), riga.arg(8)},
-        });
-        QCOMPARE(altrove.mctc, QSet<int>{8});
-    }
-
-    void ogniUsoSiCapisce() { Senza_Falli(m_usati.oscuri); }
 
     // --- the files ----------------------------------------------------------------------------------------
 
@@ -327,29 +259,27 @@ private Q_SLOTS:
         Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
         Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);
         QStringList mancano;
-        const auto cerca = [&mancano](const char16_t *file, const QSet<int> &ids, QString (*testo)(qint16)) {
-            for (const int id : ids) {
-                if (testo(static_cast<qint16>(id)).isEmpty())
-                    mancano.append(QString::fromUtf16(file) + u' ' + Lingua_Id(static_cast<qint16>(id)));
+        for (auto file = m_nomi.cbegin(); file != m_nomi.cend(); ++file) {
+            for (const NomeTesto &nome : *file) {
+                if (nome.Testo().isEmpty())
+                    mancano.append(file.key() + u' ' + nome.Nome);
             }
-        };
-        cerca(FILE_MCTC, m_usati.mctc, Testo_Mctc);
-        cerca(FILE_LINGUA, m_usati.lingua, Testo_Lingua);
-        mancano.sort();
+        }
         Senza_Falli(mancano);
     }
 
-    /// A text that nobody shows is one that a translator works on for nothing, or one that the search has
-    /// missed.
+    /// A text without a name is one that nobody shows: a translator would work on it for nothing.
     void nessunTestoInPiu()
     {
         QStringList inPiu;
-        Per_Ogni_Testo([&](const QString &file, const QString &lingua, const QByteArray &chiave,
-                           const QByteArray &) {
-            const QSet<int> &usati = file == QString::fromUtf16(FILE_MCTC) ? m_usati.mctc : m_usati.lingua;
-            if (!usati.contains(chiave.toInt()))
-                inPiu.append(Dove(file, lingua, chiave));
-        });
+        Per_Ogni_Testo(
+            [&](const QString &file, const QString &lingua, const QByteArray &chiave, const QByteArray &) {
+                const Nomi &nomi = *m_nomi.constFind(file);
+                const int numero = chiave.toInt();
+                if (std::none_of(nomi.cbegin(), nomi.cend(),
+                                 [numero](const NomeTesto &nome) { return nome.Numero == numero; }))
+                    inPiu.append(Dove(file, lingua, chiave));
+            });
         Senza_Falli(inPiu);
     }
 
@@ -462,5 +392,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTesti)
+QTEST_GUILESS_MAIN(tst_testi)
 #include "tst_testi.moc"

@@ -204,7 +204,7 @@ void LineaProva::Output(const QByteArray &byte)
 
 void FinestraProva::Scarica_Modulo()
 {
-    Macchina->Scarica();
+    Macchina->Termina();
     Chiusa = m_orologio.Passati();
     Notifiche.append(Macchina->Esito);
 }

@@ -25,7 +25,7 @@ CampoForm Campo_Pieno()
 {
     CampoForm campo = Campo(u"SEZ", u"Chiave", u"valore");
     campo.Nome = QStringLiteral("nome");
-    campo.LabelId = 7;
+    campo.LabelId = MctcEsci;
     campo.Kind = CampoCombo;
     campo.CtlIndex = 3;
     campo.Editable = Falso;
@@ -42,7 +42,7 @@ CampoForm Campo_Pieno()
 
 } // namespace
 
-class TestCampoForm : public QObject
+class tst_campo_form : public QObject
 {
     Q_OBJECT
 
@@ -53,7 +53,7 @@ private Q_SLOTS:
         Campi_Azzera(tabella, 1);
         for (const CampoForm &campo : tabella) {
             QCOMPARE(campo.Nome, QString());
-            QCOMPARE(campo.LabelId, qint16{-1});
+            QCOMPARE(campo.LabelId, MctcNessuno);
             QCOMPARE(campo.Value, QString());
             QCOMPARE(campo.Kind, quint8{0});
             QCOMPARE(campo.CtlIndex, qint16{-1});
@@ -193,5 +193,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCampoForm)
+QTEST_GUILESS_MAIN(tst_campo_form)
 #include "tst_campo_form.moc"

@@ -51,6 +51,8 @@ bool Circa(double valore, double atteso)
 
 } // namespace
 
+Q_DECLARE_METATYPE(Fascio)
+
 class tst_limiti : public QObject
 {
     Q_OBJECT
@@ -252,6 +254,30 @@ private Q_SLOTS:
     {
         stazione->Imposta(IMPOSTAZIONI, QStringLiteral("Pwd"), QStringLiteral("aaaaaaaaaaaaaaaaaaaaaaaaa"));
         QCOMPARE(Errore_Di(Carica_Limiti), 6);
+    }
+
+    /// Each beam by its own pair, and the limits themselves outside.
+    void luxFraISuoiLimiti_data()
+    {
+        QTest::addColumn<Fascio>("fascio");
+        QTest::addColumn<double>("lux");
+        QTest::addColumn<bool>("regolare");
+        const auto coppia = [](const char *nome, Fascio fascio, double minimo, double massimo) {
+            QTest::addRow("%s, minimum", nome) << fascio << minimo << false;
+            QTest::addRow("%s, above it", nome) << fascio << minimo + 1 << true;
+            QTest::addRow("%s, below maximum", nome) << fascio << massimo - 1 << true;
+            QTest::addRow("%s, maximum", nome) << fascio << massimo << false;
+            QTest::addRow("%s, not measured", nome) << fascio << -100.0 << false;
+        };
+        coppia("dipped", FascioAnabbagliante, 3750, 90000);
+        coppia("main", FascioAbbagliante, 20000, 150000);
+    }
+    void luxFraISuoiLimiti()
+    {
+        QFETCH(Fascio, fascio);
+        QFETCH(double, lux);
+        Carica_Limiti();
+        QTEST(Lux_Regolare(lux, fascio), "regolare");
     }
 
     /// The file is read at every call: what setup saved counts at once.

@@ -11,7 +11,7 @@
 #include <QTest>
 #include <QTimer>
 
-class TestModFs : public QObject
+class tst_modFs : public QObject
 {
     Q_OBJECT
 
@@ -252,5 +252,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestModFs)
+QTEST_GUILESS_MAIN(tst_modFs)
 #include "tst_modFs.moc"

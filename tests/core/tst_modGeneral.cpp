@@ -4,6 +4,7 @@
 #include "tests/comuni/errore_prova.h"
 #include "tests/comuni/locale_prova.h"
 #include "tests/comuni/stazione_prova.h"
+#include "tests/comuni/testi_prova.h"
 
 #include <QFile>
 #include <QTest>
@@ -16,7 +17,7 @@ const QString MCTC = QStringLiteral("MCTC");
 
 } // namespace
 
-class TestModGeneral : public QObject
+class tst_modGeneral : public QObject
 {
     Q_OBJECT
 
@@ -216,29 +217,29 @@ private Q_SLOTS:
         const StazioneProva stazione;
         Carica_Lingua(stazione.Percorso(QStringLiteral("manca.ini")), ULTIMO_TESTO_MCTC, gTabMctc);
         QCOMPARE(gTabMctc, QStringList(160, QString()));
-        QCOMPARE(Testo_Mctc(0), QString());
-        QCOMPARE(Testo_Mctc(159), QString());
+        QCOMPARE(Testo_Mctc(Id_Mctc(0)), QString());
+        QCOMPARE(Testo_Mctc(Id_Mctc(159)), QString());
     }
 
     /// Texts behind the table come from the file; one that a workshop has kept from before has none.
     void testoDietroLaTabella()
     {
         const StazioneProva stazione;
-        QVERIFY(!Testo_Mctc(ULTIMO_TESTO_MCTC + 1).isEmpty());
+        QVERIFY(!Testo_Mctc(Id_Mctc(ULTIMO_TESTO_MCTC + 1)).isEmpty());
         stazione.Scrivi(QStringLiteral("lingueMCTC.ini"), "[IT]\r\n159=Controllo\r\n");
-        QCOMPARE(Testo_Mctc(ULTIMO_TESTO_MCTC + 1), QString());
+        QCOMPARE(Testo_Mctc(Id_Mctc(ULTIMO_TESTO_MCTC + 1)), QString());
         stazione.Scrivi(QStringLiteral("lingueMCTC.ini"), "[IT]\r\n160=Dietro\r\n");
-        QCOMPARE(Testo_Mctc(ULTIMO_TESTO_MCTC + 1), QStringLiteral("Dietro"));
+        QCOMPARE(Testo_Mctc(Id_Mctc(ULTIMO_TESTO_MCTC + 1)), QStringLiteral("Dietro"));
     }
 
     void testoFuoriDallaTabella()
     {
         gTabMctc.clear();
         gTabLingua = {QStringLiteral("zero")};
-        QCOMPARE(Testo_Mctc(0), QString());
-        QCOMPARE(Testo_Lingua(0), QStringLiteral("zero"));
-        QCOMPARE(Testo_Lingua(1), QString());
-        QCOMPARE(Testo_Lingua(-1), QString());
+        QCOMPARE(Testo_Mctc(Id_Mctc(0)), QString());
+        QCOMPARE(Testo_Lingua(Id_Lingua(0)), QStringLiteral("zero"));
+        QCOMPARE(Testo_Lingua(Id_Lingua(1)), QString());
+        QCOMPARE(Testo_Lingua(Id_Lingua(-1)), QString());
     }
 
     void impostaCartelle_data()
@@ -278,5 +279,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestModGeneral)
+QTEST_GUILESS_MAIN(tst_modGeneral)
 #include "tst_modGeneral.moc"

@@ -1,11 +1,13 @@
 // The report tables, stage by stage, and the sections of the configuration file with their labels.
 #include "core/modReport.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
 #include "tests/comuni/orologio_prova.h"
 #include "tests/comuni/stazione_prova.h"
+#include "tests/comuni/testi_prova.h"
 
 #include <QTest>
 
@@ -51,7 +53,7 @@ QStringList Testi(qint16 da, qint16 a)
 {
     QStringList testi;
     for (qint16 id = da; id <= a; ++id)
-        testi.append(Testo_Lingua(id));
+        testi.append(Testo_Lingua(Id_Lingua(id)));
     return testi;
 }
 
@@ -70,7 +72,7 @@ private Q_SLOTS:
     {
         orologio = std::make_unique<OrologioProva>(QDateTime(QDate(2024, 3, 5), QTime(9, 7, 8)));
         stazione = std::make_unique<StazioneProva>();
-        gTipoProva = 4;
+        gTipoProva = ProvaConfermata;
         gSimmetrico = 0;
         Far_Azzera();
         Riempi_Tabelle(QStringLiteral("prima"));
@@ -100,16 +102,16 @@ private Q_SLOTS:
 
     void stadio2Misure()
     {
-        Far_Imposta(QStringLiteral("IllumLuxAnabDx"), QStringLiteral("23400"));
-        Far_Imposta(QStringLiteral("IllumLuxAnabSx"), QStringLiteral("12300"));
-        Far_Imposta(QStringLiteral("IllumLuxAbbDx"), QStringLiteral("150000"));
-        Far_Imposta(QStringLiteral("IllumLuxAbbSx"), QStringLiteral("-100"));
+        Far_Imposta(FarIllumLuxAnabDx, QStringLiteral("23400"));
+        Far_Imposta(FarIllumLuxAnabSx, QStringLiteral("12300"));
+        Far_Imposta(FarIllumLuxAbbDx, QStringLiteral("150000"));
+        Far_Imposta(FarIllumLuxAbbSx, QStringLiteral("-100"));
         Report_Dati(2);
         const QString prima = QStringLiteral("prima");
         const QStringList attese = {
-            Testo_Lingua(38),        QString(), QString(), QString(), QString(), QStringLiteral("23400"),
-            QStringLiteral("12300"), QString(), QString(), QString(), QString(), QStringLiteral("150000"),
-            QStringLiteral("-100"),  prima,     prima,     prima,     prima};
+            Testo_Lingua(Id_Lingua(38)), QString(), QString(), QString(), QString(), QStringLiteral("23400"),
+            QStringLiteral("12300"),     QString(), QString(), QString(), QString(), QStringLiteral("150000"),
+            QStringLiteral("-100"),      prima,     prima,     prima,     prima};
         QCOMPARE(Lista(gRepMisure), attese);
         QCOMPARE(Tabelle().count(prima), ELEMENTI - 13);
     }
@@ -118,7 +120,7 @@ private Q_SLOTS:
     {
         gSimmetrico = 1;
         Report_Dati(2);
-        QCOMPARE(gRepMisure[0], Testo_Lingua(37));
+        QCOMPARE(gRepMisure[0], Testo_Lingua(Id_Lingua(37)));
         QCOMPARE(gRepMisure[0], QStringLiteral("Simmetrico"));
     }
 

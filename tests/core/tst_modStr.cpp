@@ -75,7 +75,7 @@ QString Pezzo_PassoAPasso(const QString &testo, QChar separatore, int numero)
 
 } // namespace
 
-class TestModStr : public QObject
+class tst_modStr : public QObject
 {
     Q_OBJECT
 
@@ -344,5 +344,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestModStr)
+QTEST_GUILESS_MAIN(tst_modStr)
 #include "tst_modStr.moc"

@@ -1,97 +1,106 @@
 // The result record: its thirty keys and their values.
 #include "core/risultato.h"
 
-#include "tests/comuni/errore_prova.h"
-
 #include <QTest>
+
+#include <type_traits>
 
 namespace {
 
-constexpr const char *CHIAVI[] = {
-    "Marca",
-    "Tipo",
-    "NumOmologa",
-    "NumSerie",
-    "NumVersioneSoftware",
-    "DataScadenza",
-    "AltezzaAnab",
-    "TipoAnab",
-    "VertAnabDx",
-    "VertAnabSx",
-    "VertAbbDx",
-    "VertAbbSx",
-    "OrizzAnabDx",
-    "OrizzAnabSx",
-    "OrizzAbbDx",
-    "OrizzAbbSx",
-    "IllumLuxAnabDx",
-    "IllumLuxAnabSx",
-    "IllumLuxAbbDx",
-    "IllumLuxAbbSx",
-    "EsitoIllumLuxAnabDx",
-    "EsitoIllumLuxAnabSx",
-    "EsitoIllumLuxAbbDx",
-    "EsitoIllumLuxAbbSx",
-    "Esito",
-    "CodErrore",
-    "DataMisura",
-    "InizioMisura",
-    "FineMisura",
-    "Operatore",
+struct Riga
+{
+    RigaFar riga;
+    const char *chiave;
 };
+
+/// In the order of the result file.
+constexpr Riga RIGHE[] = {
+    {FarMarca,               "Marca"              },
+    {FarTipo,                "Tipo"               },
+    {FarNumOmologa,          "NumOmologa"         },
+    {FarNumSerie,            "NumSerie"           },
+    {FarNumVersioneSoftware, "NumVersioneSoftware"},
+    {FarDataScadenza,        "DataScadenza"       },
+    {FarAltezzaAnab,         "AltezzaAnab"        },
+    {FarTipoAnab,            "TipoAnab"           },
+    {FarVertAnabDx,          "VertAnabDx"         },
+    {FarVertAnabSx,          "VertAnabSx"         },
+    {FarVertAbbDx,           "VertAbbDx"          },
+    {FarVertAbbSx,           "VertAbbSx"          },
+    {FarOrizzAnabDx,         "OrizzAnabDx"        },
+    {FarOrizzAnabSx,         "OrizzAnabSx"        },
+    {FarOrizzAbbDx,          "OrizzAbbDx"         },
+    {FarOrizzAbbSx,          "OrizzAbbSx"         },
+    {FarIllumLuxAnabDx,      "IllumLuxAnabDx"     },
+    {FarIllumLuxAnabSx,      "IllumLuxAnabSx"     },
+    {FarIllumLuxAbbDx,       "IllumLuxAbbDx"      },
+    {FarIllumLuxAbbSx,       "IllumLuxAbbSx"      },
+    {FarEsitoIllumLuxAnabDx, "EsitoIllumLuxAnabDx"},
+    {FarEsitoIllumLuxAnabSx, "EsitoIllumLuxAnabSx"},
+    {FarEsitoIllumLuxAbbDx,  "EsitoIllumLuxAbbDx" },
+    {FarEsitoIllumLuxAbbSx,  "EsitoIllumLuxAbbSx" },
+    {FarEsito,               "Esito"              },
+    {FarCodErrore,           "CodErrore"          },
+    {FarDataMisura,          "DataMisura"         },
+    {FarInizioMisura,        "InizioMisura"       },
+    {FarFineMisura,          "FineMisura"         },
+    {FarOperatore,           "Operatore"          },
+};
+
+// A number, or a key that nobody has checked, does not compile.
+static_assert(!std::is_invocable_v<decltype(Far_Valore), int>);
+static_assert(!std::is_invocable_v<decltype(Far_Valore), QString>);
+static_assert(!std::is_invocable_v<decltype(Far_Imposta), int, QString>);
+static_assert(!std::is_invocable_v<decltype(Far_Imposta), QString, QString>);
 
 } // namespace
 
-class TestRisultato : public QObject
+class tst_risultato : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    /// Before the first measure there is no key to be found.
+    /// Before the first measure there is neither a key nor a value.
     void vuotoFinoAlPrimoAzzeramento()
     {
         QCOMPARE(gRisultatoFar.size(), size_t{30});
-        QCOMPARE(gRisultatoFar[0].Chiave, QString());
-        QCOMPARE(Errore_Di([] { Far_Valore(QStringLiteral("Marca")); }), 9);
+        QCOMPARE(gRisultatoFar[FarMarca].Chiave, QString());
+        QCOMPARE(Far_Valore(FarMarca), QString());
     }
 
     void trentaRigheNelLoroOrdine()
     {
         Far_Azzera();
-        QCOMPARE(std::size(CHIAVI), gRisultatoFar.size());
-        for (size_t i = 0; i < gRisultatoFar.size(); ++i)
-            QCOMPARE(gRisultatoFar[i].Chiave, QString::fromLatin1(CHIAVI[i]));
+        QCOMPARE(std::size(RIGHE), gRisultatoFar.size());
+        for (size_t i = 0; i < gRisultatoFar.size(); ++i) {
+            QCOMPARE(size_t{RIGHE[i].riga}, i);
+            QCOMPARE(gRisultatoFar[i].Chiave, QString::fromLatin1(RIGHE[i].chiave));
+        }
     }
 
     void azzeraSvuotaIValori()
     {
         Far_Azzera();
-        for (RigaFar &riga : gRisultatoFar)
+        for (VoceFar &riga : gRisultatoFar)
             riga = {QStringLiteral("x"), QStringLiteral("x")};
         Far_Azzera();
-        for (size_t i = 0; i < gRisultatoFar.size(); ++i) {
-            QCOMPARE(gRisultatoFar[i].Chiave, QString::fromLatin1(CHIAVI[i]));
-            QCOMPARE(gRisultatoFar[i].Valore, QString());
+        for (const Riga &riga : RIGHE) {
+            QCOMPARE(gRisultatoFar[riga.riga].Chiave, QString::fromLatin1(riga.chiave));
+            QCOMPARE(gRisultatoFar[riga.riga].Valore, QString());
         }
     }
 
     void ogniRigaTieneIlSuoValore()
     {
         Far_Azzera();
-        for (const char *chiave : CHIAVI)
-            Far_Imposta(QString::fromLatin1(chiave), QStringLiteral("v-") + QString::fromLatin1(chiave));
-        for (const char *chiave : CHIAVI)
-            QCOMPARE(Far_Valore(QString::fromLatin1(chiave)),
-                     QStringLiteral("v-") + QString::fromLatin1(chiave));
-    }
-
-    void chiaveSconosciutaDaErrore9()
-    {
-        Far_Azzera();
-        QCOMPARE(Errore_Di([] { Far_Valore(QStringLiteral("manca")); }), 9);
-        QCOMPARE(Errore_Di([] { Far_Imposta(QStringLiteral("ESITO"), QStringLiteral("R")); }), 9);
+        for (const Riga &riga : RIGHE)
+            Far_Imposta(riga.riga, QStringLiteral("v-") + QString::fromLatin1(riga.chiave));
+        for (const Riga &riga : RIGHE)
+            QCOMPARE(Far_Valore(riga.riga), QStringLiteral("v-") + QString::fromLatin1(riga.chiave));
+        for (const VoceFar &voce : gRisultatoFar)
+            QCOMPARE(voce.Valore, QStringLiteral("v-") + voce.Chiave);
     }
 };
 
-QTEST_GUILESS_MAIN(TestRisultato)
+QTEST_GUILESS_MAIN(tst_risultato)
 #include "tst_risultato.moc"

@@ -14,6 +14,8 @@ class StrumentoSpento(ProvaStazione):
         programma = self.avvia_al_menu()
         self.porta_al_collegamento(programma, "30000001")
         inizio = time.monotonic()
+        programma.attendi_testo("COM1: in attesa")
+        programma.attendi_testo("Nessuna risposta")
         programma.attendi_testo("Lo strumento non risponde: controllare accensione e cavo", secondi=40)
         muto = time.monotonic() - inizio
         programma.attendi(lambda: programma.abilitato("Prova proiettori"), secondi=10, cosa="menu")

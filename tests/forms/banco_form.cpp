@@ -12,8 +12,10 @@
 #if defined(__SANITIZE_ADDRESS__)
 #include <sanitizer/lsan_interface.h>
 #else
+// NOLINTBEGIN(bugprone-reserved-identifier) -- the sanitizer's own names
 static void __lsan_disable() {}
 static void __lsan_enable() {}
+// NOLINTEND(bugprone-reserved-identifier)
 #endif
 
 OrologioProva &Orologio_Banco()

@@ -3,7 +3,7 @@
 // end, since the default instance of the message box keeps its timer.
 #pragma once
 
-#include "platform/errore_esecuzione.h"
+#include "tests/comuni/errore_prova.h"
 #include "tests/comuni/orologio_prova.h"
 #include "tests/comuni/stazione_prova.h"
 #include "tests/forms/modulo_prova.h"
@@ -84,17 +84,12 @@ public:
     Q_DISABLE_COPY_MOVE(ErroreAttraverso)
 };
 
-/// The number of the run-time error that a procedure raises; 0 for none.
-template <typename Procedura>
-int Errore_Di(Procedura procedura)
+/// Errore_Di for an error that passes through the toolkit on its way.
+template <typename P>
+int Errore_DaEvento(P procedura)
 {
     const ErroreAttraverso passaggio;
-    try {
-        procedura();
-    } catch (const ErroreEsecuzione &errore) {
-        return errore.Numero();
-    }
-    return 0;
+    return Errore_Di(procedura);
 }
 
 /// Code and value of every notification of a form, in their order.

@@ -107,6 +107,12 @@ void ModuloProva::cmd_Click(qint16 Index)
         AlClick(Index);
 }
 
+void ModuloProva::cmd_KeyPress(qint16 Index, qint16 &KeyAscii)
+{
+    if (AlTasto)
+        AlTasto(Index, KeyAscii);
+}
+
 void ModuloProva::FunctionKey(qint16 numero)
 {
     Annota("FunctionKey", numero);

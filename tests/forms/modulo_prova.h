@@ -20,12 +20,13 @@ public:
     // What to do inside the handlers, after the record.
     std::function<void()> AlDisegno, AlLoad, AlActivate, AlPaint, AlUnload;
     std::function<void(qint16)> AlValidate, AlChange, AlCombo, AlSpunta, AlClick, AlFunzione;
-    std::function<void(qint16, qint16 &)> AlKeyPress, AlKeyDown;
+    std::function<void(qint16, qint16 &)> AlKeyPress, AlKeyDown, AlTasto;
 
     /// How often a handler has been called, e.g. "txt_Validate 1".
     qsizetype Volte(const QString &gestore) const { return Registro.count(gestore); }
 
     using Modulo::Collega;
+    using Modulo::Esegui_Dopo;
 
 protected:
     void Disegno() override;
@@ -40,6 +41,7 @@ protected:
     void cbo_KeyDown(qint16 Index, qint16 &KeyCode) override;
     void chk_Click(qint16 Index) override;
     void cmd_Click(qint16 Index) override;
+    void cmd_KeyPress(qint16 Index, qint16 &KeyAscii) override;
     void FunctionKey(qint16 numero) override;
 
 private:

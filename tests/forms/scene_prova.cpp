@@ -1,9 +1,12 @@
 #include "tests/forms/scene_prova.h"
+#include "tests/comuni/testi_prova.h"
 
 #include "app/frmMain.h"
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
+#include "core/veicolo.h"
 #include "dialogs/dlgPwd.h"
 #include "dialogs/frmAbout.h"
 #include "dialogs/frmMsg.h"
@@ -27,6 +30,8 @@
 namespace {
 
 constexpr qint64 DURATA_SESSIONE = 30000; // ms: also of one that waits in vain
+constexpr qint64 BATTITO_LISTA = 2000;
+constexpr qint64 DOPO_RITORNO = 100; // until the menu has looked at its folder
 
 /// Lines of the template and what a careless writing makes of them.
 constexpr const char *GUASTI[][2] = {
@@ -40,11 +45,16 @@ constexpr const char *GUASTI[][2] = {
     {"PotMaxkW=85.00",            "PotMaxkW=85,00"           },
 };
 
-constexpr const char *CELLE[] = {
-    "VertAnabDx",     "VertAnabSx",     "VertAbbDx",     "VertAbbSx",     //
-    "OrizzAnabDx",    "OrizzAnabSx",    "OrizzAbbDx",    "OrizzAbbSx",    //
-    "IllumLuxAnabDx", "IllumLuxAnabSx", "IllumLuxAbbDx", "IllumLuxAbbSx", //
+constexpr RigaFar CELLE[] = {
+    FarVertAnabDx,     FarVertAnabSx,     FarVertAbbDx,     FarVertAbbSx,     //
+    FarOrizzAnabDx,    FarOrizzAnabSx,    FarOrizzAbbDx,    FarOrizzAbbSx,    //
+    FarIllumLuxAnabDx, FarIllumLuxAnabSx, FarIllumLuxAbbDx, FarIllumLuxAbbSx, //
 };
+
+bool Di_Intensita(RigaFar cella)
+{
+    return cella >= FarIllumLuxAnabDx && cella <= FarIllumLuxAbbSx;
+}
 
 template <typename T>
 std::shared_ptr<T> Mostrato(const std::shared_ptr<T> &form)
@@ -68,7 +78,7 @@ QByteArray File_Guasto(const BancoForm &banco)
 /// The worklist with one of its files chosen, the sound one or the one behind it.
 std::shared_ptr<Modulo> Lista_Con(const BancoForm &banco, int scelta)
 {
-    gTipoProva = 2;
+    gTipoProva = ProvaScelta;
     for (const char *nome : {"12345678.acc", "23456789.acc", "AB123CD1.acc"})
         banco.Stazione.Accettazione(QString::fromLatin1(nome));
     banco.Stazione.Scrivi(QStringLiteral("DIR_FAR\\23456789.acc"), File_Guasto(banco));
@@ -93,9 +103,46 @@ std::shared_ptr<Modulo> Lista_Guasta(const BancoForm &banco)
     return Lista_Con(banco, 1);
 }
 
-std::shared_ptr<Modulo> Veicolo_Accettato(const BancoForm &banco)
+/// The line that was chosen has become another vehicle, a second one is done, and a plate is being looked
+/// for.
+std::shared_ptr<Modulo> Lista_Cambiata(const BancoForm &banco)
+{
+    const auto form = Lista_Con(banco, 0);
+    Orologio_Banco().Avanza(BATTITO_LISTA);
+    QByteArray altra = banco.Stazione.Leggi(QStringLiteral("dati\\ModelloAcc.acc"));
+    altra.replace("Targa=AB123CD", "Targa=ZW987XY");
+    banco.Stazione.Scrivi(QStringLiteral("DIR_FAR\\01234567.acc"), altra);
+    banco.Stazione.Scrivi(QStringLiteral("DIR_FAR\\12345678.far"), "[Kandelo]\r\n");
+    Orologio_Banco().Avanza(BATTITO_LISTA);
+    QTest::keyClicks(Widget_Di(*form, "lstAuto"), QStringLiteral("zw98"));
+    return form;
+}
+
+/// No file to choose from: the entry form tells why.
+template <TestoMctc testo>
+std::shared_ptr<Modulo> Veicolo_SenzaLista(const BancoForm &)
 {
     gTipoProva = 2;
+    const auto form = Nuovo<frmMctc2>();
+    form->Motivo = Testo_Mctc(testo);
+    return Mostrato(form);
+}
+
+/// The menu of a station where everything asks for somebody.
+std::shared_ptr<Modulo> Menu_ConAvvisi(const BancoForm &banco)
+{
+    banco.Stazione.Imposta(QStringLiteral("LUMIRA"), QStringLiteral("Comm_ScadRevisione"),
+                           QStringLiteral("01/03/2024"));
+    banco.Stazione.Imposta(QStringLiteral("COMM"), QStringLiteral("Num"), QStringLiteral("20"));
+    gDirAcc = banco.Stazione.Percorso(QStringLiteral("rete\\ESITO\\"));
+    const auto form = Mostrato(Nuovo<frmMain>());
+    Orologio_Banco().Avanza(DOPO_RITORNO);
+    return form;
+}
+
+std::shared_ptr<Modulo> Veicolo_Accettato(const BancoForm &banco)
+{
+    gTipoProva = ProvaScelta;
     gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
     gAltezzaFaroAuto = Vero;
     return Mostrato(Nuovo<frmMctc2>());
@@ -104,7 +151,7 @@ std::shared_ptr<Modulo> Veicolo_Accettato(const BancoForm &banco)
 std::shared_ptr<Modulo> Veicolo_AMano(const BancoForm &banco)
 {
     gIniFile = Falso;
-    gTipoProva = 2;
+    gTipoProva = ProvaScelta;
     banco.Stazione.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Simmetrico"), QStringLiteral("1"));
     banco.Stazione.Imposta(QStringLiteral("VEICOLO"), QStringLiteral("Marca"),
                            QStringLiteral("FABBRICA DI PROVA"));
@@ -113,38 +160,39 @@ std::shared_ptr<Modulo> Veicolo_AMano(const BancoForm &banco)
 
 // --- results ----------------------------------------------------------------------------------------------
 
-std::shared_ptr<Modulo> Esito_Regolare(const BancoForm &)
+std::shared_ptr<Modulo> Esito_Regolare(const BancoForm &banco)
 {
+    gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
+    Veicolo_Prendi();
     Carica_Limiti();
     gAltezzaFaro = 65.5;
     Far_Azzera();
-    for (const char *cella : CELLE)
-        Far_Imposta(QString::fromLatin1(cella), QString::fromLatin1(cella).startsWith(u"Illum")
-                                                    ? QStringLiteral("45678")
-                                                    : QStringLiteral("R"));
-    Far_Imposta(QStringLiteral("TipoAnab"), QStringLiteral("#A"));
-    Far_Imposta(QStringLiteral("Esito"), QStringLiteral("R"));
+    for (const RigaFar cella : CELLE)
+        Far_Imposta(cella, Di_Intensita(cella) ? QStringLiteral("45600") : QStringLiteral("R"));
+    Far_Imposta(FarTipoAnab, QStringLiteral("#A"));
+    Far_Imposta(FarEsito, QStringLiteral("R"));
     return Mostrato(Nuovo<frmEsito>());
 }
 
 /// Every other beam out of its limits, and a lamp that was not tested.
-std::shared_ptr<Modulo> Esito_Irregolare(const BancoForm &)
+std::shared_ptr<Modulo> Esito_Irregolare(const BancoForm &banco)
 {
+    gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
+    Veicolo_Prendi();
     Carica_Limiti();
     gAltezzaFaro = 100;
     Far_Azzera();
     int i = 0;
-    for (const char *cella : CELLE) {
+    for (const RigaFar cella : CELLE) {
         const bool buona = i++ % 2 == 0;
-        if (QString::fromLatin1(cella).startsWith(u"Illum"))
-            Far_Imposta(QString::fromLatin1(cella),
-                        buona ? QStringLiteral("45678") : QStringLiteral("234567"));
+        if (Di_Intensita(cella))
+            Far_Imposta(cella, buona ? QStringLiteral("45600") : QStringLiteral("234500"));
         else
-            Far_Imposta(QString::fromLatin1(cella), buona ? QStringLiteral("R") : QStringLiteral("I"));
+            Far_Imposta(cella, buona ? QStringLiteral("R") : QStringLiteral("I"));
     }
-    Far_Imposta(QString::fromLatin1(CELLE[std::size(CELLE) - 2]), QString());
-    Far_Imposta(QStringLiteral("TipoAnab"), QStringLiteral("#S"));
-    Far_Imposta(QStringLiteral("Esito"), QStringLiteral("I"));
+    Far_Imposta(FarIllumLuxAbbDx, QString());
+    Far_Imposta(FarTipoAnab, QStringLiteral("#S"));
+    Far_Imposta(FarEsito, QStringLiteral("I"));
     return Mostrato(Nuovo<frmEsito>());
 }
 
@@ -191,13 +239,53 @@ std::shared_ptr<Modulo> Sessione_AltroTipo(const BancoForm &)
     return Sessione(ModoLeggi, {Risposta_Stato('1'), Risposta_Stato('1')});
 }
 
-/// The one scene of a session under way: the first caption stands.
-std::shared_ptr<Modulo> Sessione_Iniziata(const BancoForm &)
+/// A session as an operator has it, some time after its beginning. @param linea what the line does.
+std::shared_ptr<Modulo> Sessione_Operatore(const std::function<void(LineaProva &)> &linea, qint64 ms)
 {
-    Linee_Prepara({});
+    Linee_Prepara(linea);
     const auto form = Nuovo<frmComm>();
     form->Carica();
-    return Mostrato(form);
+    Mostrato(form);
+    Orologio_Banco().Avanza(ms);
+    return form;
+}
+
+/// The first caption stands.
+std::shared_ptr<Modulo> Sessione_Iniziata(const BancoForm &)
+{
+    return Sessione_Operatore({}, 0);
+}
+
+std::shared_ptr<Modulo> Sessione_Veicolo(const BancoForm &banco)
+{
+    constexpr qint64 ATTESA_MISURA = 754000;
+    gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
+    return Sessione_Operatore(
+        [](LineaProva &linea) { linea.Rispondi = [](const QByteArray &) { return Risposta_Stato('1'); }; },
+        ATTESA_MISURA);
+}
+
+std::shared_ptr<Modulo> Sessione_Spenta(const BancoForm &banco)
+{
+    constexpr qint64 RINUNCIA = 24200;
+    gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
+    return Sessione_Operatore({}, RINUNCIA);
+}
+
+std::shared_ptr<Modulo> Sessione_SenzaPorta(const BancoForm &banco)
+{
+    gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
+    return Sessione_Operatore([](LineaProva &linea) { linea.RifiutaApertura = true; }, DURATA_SESSIONE);
+}
+
+std::shared_ptr<Modulo> Sessione_Completata(const BancoForm &banco)
+{
+    gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
+    return Sessione_Operatore(
+        [](LineaProva &linea) {
+            linea.Copione({Risposta_Stato('4'), Risposta_Misura("0123O#", "0456OO", "0789XO", "9999##")});
+        },
+        1000);
 }
 
 // --- administration ---------------------------------------------------------------------------------------
@@ -252,11 +340,11 @@ std::shared_ptr<Modulo> Messaggio(qint16 modo, const QString &testo)
 
 std::shared_ptr<Modulo> Messaggio_Breve(const BancoForm &)
 {
-    return Messaggio(0, Testo_Lingua(58));
+    return Messaggio(0, Testo_Lingua(Id_Lingua(58)));
 }
 std::shared_ptr<Modulo> Messaggio_Lungo(const BancoForm &)
 {
-    return Messaggio(0, Testo_Mctc(108));
+    return Messaggio(0, Testo_Mctc(Id_Mctc(108)));
 }
 
 std::shared_ptr<Modulo> Messaggio_Rapporto(const BancoForm &banco)
@@ -270,7 +358,7 @@ std::shared_ptr<Modulo> Messaggio_Rapporto(const BancoForm &banco)
         Campo_Leggi(campo);
     QString rapporto;
     Acc_Controlla(percorso, rapporto);
-    return Messaggio(1, Testo_Mctc(110) + QStringLiteral(": \r\n") + rapporto);
+    return Messaggio(1, Testo_Mctc(Id_Mctc(110)) + QStringLiteral(": \r\n") + rapporto);
 }
 
 std::shared_ptr<Modulo> Password(const BancoForm &)
@@ -289,31 +377,39 @@ struct Scena
 };
 
 constexpr Scena SCENE[] = {
-    {"menu",                      Aperto<frmMain>         },
-    {"lista, file sano",          Lista_Sana              },
-    {"lista, file guasto",        Lista_Guasta            },
-    {"livelli",                   Aperto<frmControlliMctc>},
-    {"veicolo accettato",         Veicolo_Accettato       },
-    {"veicolo a mano",            Veicolo_AMano           },
-    {"esito regolare",            Esito_Regolare          },
-    {"esito irregolare",          Esito_Irregolare        },
-    {"collegamento, inizio",      Sessione_Iniziata       },
-    {"collegamento, misura",      Sessione_Misura         },
-    {"collegamento, lettura",     Sessione_Lettura        },
-    {"collegamento, silenzio",    Sessione_Muta           },
-    {"collegamento, errata",      Sessione_Errata         },
-    {"collegamento, altro tipo",  Sessione_AltroTipo      },
-    {"verifica",                  Aperto<frmVerPerO>      },
-    {"impostazioni",              Impostazioni            },
-    {"impostazioni, senza rete",  Impostazioni_SenzaRete  },
-    {"impostazioni, sbloccate",   Impostazioni_Sbloccate  },
-    {"cartella",                  Cartella                },
-    {"officina",                  Aperto<frmAnagOffO>     },
-    {"messaggio breve",           Messaggio_Breve         },
-    {"messaggio lungo",           Messaggio_Lungo         },
-    {"messaggio con il rapporto", Messaggio_Rapporto      },
-    {"password",                  Password                },
-    {"informazioni",              Aperto<frmAbout>        },
+    {"menu",                      Aperto<frmMain>                            },
+    {"menu con avvisi",           Menu_ConAvvisi                             },
+    {"lista, file sano",          Lista_Sana                                 },
+    {"lista, file guasto",        Lista_Guasta                               },
+    {"lista, altro veicolo",      Lista_Cambiata                             },
+    {"livelli",                   Aperto<frmControlliMctc>                   },
+    {"veicolo accettato",         Veicolo_Accettato                          },
+    {"veicolo, lista vuota",      Veicolo_SenzaLista<MctcSceltaVuota>        },
+    {"veicolo, senza cartella",   Veicolo_SenzaLista<MctcSceltaSenzaCartella>},
+    {"veicolo a mano",            Veicolo_AMano                              },
+    {"esito regolare",            Esito_Regolare                             },
+    {"esito irregolare",          Esito_Irregolare                           },
+    {"collegamento, inizio",      Sessione_Iniziata                          },
+    {"collegamento, veicolo",     Sessione_Veicolo                           },
+    {"collegamento, senza porta", Sessione_SenzaPorta                        },
+    {"collegamento, spento",      Sessione_Spenta                            },
+    {"collegamento, completato",  Sessione_Completata                        },
+    {"collegamento, misura",      Sessione_Misura                            },
+    {"collegamento, lettura",     Sessione_Lettura                           },
+    {"collegamento, silenzio",    Sessione_Muta                              },
+    {"collegamento, errata",      Sessione_Errata                            },
+    {"collegamento, altro tipo",  Sessione_AltroTipo                         },
+    {"verifica",                  Aperto<frmVerPerO>                         },
+    {"impostazioni",              Impostazioni                               },
+    {"impostazioni, senza rete",  Impostazioni_SenzaRete                     },
+    {"impostazioni, sbloccate",   Impostazioni_Sbloccate                     },
+    {"cartella",                  Cartella                                   },
+    {"officina",                  Aperto<frmAnagOffO>                        },
+    {"messaggio breve",           Messaggio_Breve                            },
+    {"messaggio lungo",           Messaggio_Lungo                            },
+    {"messaggio con il rapporto", Messaggio_Rapporto                         },
+    {"password",                  Password                                   },
+    {"informazioni",              Aperto<frmAbout>                           },
 };
 
 } // namespace

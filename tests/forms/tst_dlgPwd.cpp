@@ -2,6 +2,7 @@
 #include "dialogs/dlgPwd.h"
 
 #include "core/modGeneral.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/principale_prova.h"
 #include "tests/forms/tastiera_prova.h"
@@ -97,7 +98,7 @@ private Q_SLOTS:
     {
         Apri(PASSWORD);
         QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("OK"));
-        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(106));
+        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(Id_Mctc(106)));
     }
 
     void testoNascosto()
@@ -425,7 +426,7 @@ private Q_SLOTS:
         regia.Quando("dlgPwd", [&](Modulo &box) {
             QVERIFY(Attiva(box));
             QCOMPARE(QApplication::activeModalWidget(), box.Finestra());
-            QCOMPARE(box.Caption(), Testo_Mctc(20));
+            QCOMPARE(box.Caption(), Testo_Mctc(Id_Mctc(20)));
             QVERIFY(Testo_Di(box, "txtPwd").isEmpty());
             Batti(testo);
             Orologio_Banco().Avanza(4000);

@@ -2,6 +2,7 @@
 #include "dialogs/frmAbout.h"
 
 #include "core/modGeneral.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/ini_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -86,7 +87,7 @@ private Q_SLOTS:
     void titoloEPulsante()
     {
         Apri();
-        QCOMPARE(form->Caption(), Testo_Mctc(6));
+        QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(6)));
         QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("Ok"));
         QVERIFY(Ha_Cornice(*form, 100, 100, form->Width() - 200, form->Height() - 1300));
     }
@@ -135,7 +136,7 @@ private Q_SLOTS:
         banco->Stazione.Imposta(DATIUSER, QStringLiteral("NomeUser"), QStringLiteral("dopo il caricamento"));
         form->Mostra();
         QVERIFY(Attiva(*form));
-        QTRY_COMPARE(form->Caption(), Testo_Mctc(6));
+        QTRY_COMPARE(form->Caption(), Testo_Mctc(Id_Mctc(6)));
         QCOMPARE(Riga(2)->text(), QStringLiteral("dopo il caricamento"));
         banco->Stazione.Imposta(DATIUSER, QStringLiteral("NomeUser"), QStringLiteral("dopo la pittura"));
         form->Finestra()->repaint();
@@ -150,7 +151,7 @@ private Q_SLOTS:
         banco->Stazione.Imposta(DATIUSER, QStringLiteral("VerSwUser"), QStringLiteral("2.0"));
         form->Mostra();
         QVERIFY(Attiva(*form));
-        QTRY_COMPARE(form->Caption(), Testo_Mctc(6));
+        QTRY_COMPARE(form->Caption(), Testo_Mctc(Id_Mctc(6)));
         QCOMPARE(Riga(1)->text(), QStringLiteral("2.0"));
         QCOMPARE(form->Finestra()->findChildren<QLabel *>().size(), QUANTE);
     }

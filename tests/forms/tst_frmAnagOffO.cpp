@@ -1,8 +1,10 @@
 // The workshop registry: five fields of section OFFICINA, read, written back, or left alone.
 #include "setup/frmAnagOffO.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/ini_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -82,7 +84,7 @@ private Q_SLOTS:
             QCOMPARE(Casella(i)->text(), QStringLiteral("valore %1").arg(i));
             QVERIFY(Casella(i)->isVisible() && !Casella(i)->isReadOnly());
             auto *etichetta = Membro_Di<QLabel>(*form, "lbl", i);
-            QCOMPARE(etichetta->text(), Testo_Mctc(RIGHE[i].etichetta));
+            QCOMPARE(etichetta->text(), Testo_Mctc(Id_Mctc(RIGHE[i].etichetta)));
             QVERIFY(!etichetta->text().isEmpty() && etichetta->isVisible());
             QVERIFY(!etichetta->geometry().intersects(Casella(i)->geometry()));
             QVERIFY(Casella(i)->y() > cima);
@@ -94,11 +96,11 @@ private Q_SLOTS:
     void titoloPulsantiECornice()
     {
         Apri();
-        QCOMPARE(form->Caption(), Testo_Mctc(5));
-        QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(5));
+        QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(5)));
+        QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(Id_Mctc(5)));
         QVERIFY(Visibile(*form, "lblTitolo"));
         QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("Ok"));
-        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(106));
+        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(Id_Mctc(106)));
         // As unscaled as the boxes: on a large screen it would run through them.
         QVERIFY(Ha_Cornice(*form, 100, 100, form->Width() - 200, form->Height() - 1200));
     }
@@ -178,7 +180,7 @@ private Q_SLOTS:
         Scrivi(*form, "txt_0", QStringLiteral("Nuova"));
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {1, 0}
+                                 {AnagraficaSalvata, 0}
         }));
         QVERIFY(caricatoAllaNotifica);
         QCOMPARE(iniAllaNotifica, Ini());

@@ -1,6 +1,7 @@
 #include "setup/frmCartella.h"
 
 #include "core/modGeneral.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/principale_prova.h"
 
@@ -64,8 +65,8 @@ private Q_SLOTS:
         Apri(radice);
         QCOMPARE(Voci(), QStringList({QStringLiteral(".."), QStringLiteral("due"), QStringLiteral("uno")}));
         QCOMPARE(Testo_Di(*form, "lbl_0"), radice + u'\\');
-        QCOMPARE(form->Caption(), Testo_Mctc(274));
-        QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(274));
+        QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(274)));
+        QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(Id_Mctc(274)));
     }
 
     void sceltaDiUnaVoce()

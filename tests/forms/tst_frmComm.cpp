@@ -2,10 +2,13 @@
 // exchange, and the boxes of a line in trouble.
 #include "link/frmComm.h"
 
+#include "core/codici.h"
+#include "core/esito_sessione.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
 #include "dialogs/dlgPwd.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/seriale_prova.h"
 #include "toolkit/applicazione.h"
@@ -70,7 +73,7 @@ private:
 /// A frame that does not end, with that many bytes for which there is no place.
 QByteArray Frame_Troppo_Lungo(qsizetype oltre)
 {
-    return '\x02' + QByteArray(MISURA_RX - 1 + oltre, 'x');
+    return '\x02' + QByteArray(LUNGHEZZA_RX - 1 + oltre, 'x');
 }
 
 } // namespace
@@ -116,6 +119,17 @@ private:
     {
         QWidget *forma = Widget_Di(*form, "shaComm");
         return forma->grab().toImage().pixelColor(forma->rect().center());
+    }
+    /// The bar of the steps: the present one in brackets.
+    QString Passi() const
+    {
+        QStringList passi;
+        for (const char *nome : {"lblPasso_0", "lblPasso_1", "lblPasso_2"}) {
+            const QString scritta = Testo_Di(*form, nome);
+            const bool scuro = Sfondo_Di(Widget_Di(*form, nome)).lightness() < 128;
+            passi.append(scuro ? u'[' + scritta + u']' : scritta);
+        }
+        return passi.join(u' ');
     }
     QStringList Righe_Dbg() const
     {
@@ -216,11 +230,11 @@ private Q_SLOTS:
         gRepOfficina.fill(QStringLiteral("prima"));
         const QDateTime adesso = Orologio_Banco().Adesso();
         Apri(static_cast<quint8>(modo));
-        QCOMPARE(Scritta(), scritta ? Testo_Mctc(152) : QString());
+        QCOMPARE(Scritta(), scritta ? Testo_Mctc(Id_Mctc(152)) : QString());
         QVERIFY(Visibile(*form, "lbl_0"));
-        QCOMPARE(gRepMisure[REP_DATA], adesso.toString(QStringLiteral("dd-MM-yyyy")));
-        QCOMPARE(gRepMisure[REP_INIZIO], adesso.toString(QStringLiteral("hh:mm:ss")));
-        QCOMPARE(gRepMisure[REP_FINE], QStringLiteral("-"));
+        QCOMPARE(gRepMisure[RepData], adesso.toString(QStringLiteral("dd-MM-yyyy")));
+        QCOMPARE(gRepMisure[RepInizio], adesso.toString(QStringLiteral("hh:mm:ss")));
+        QCOMPARE(gRepMisure[RepFine], QStringLiteral("-"));
         QCOMPARE(gRepOfficina[0], QStringLiteral("-"));
     }
 
@@ -231,13 +245,27 @@ private Q_SLOTS:
         Apri();
         Passa(60000);
         QVERIFY(form->Caricato());
-        QCOMPARE(Scritta(), Testo_Mctc(152));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
+        QVERIFY(Visibile(*form, "lblPorta") && Visibile(*form, "lblRimedio"));
+        QCOMPARE(Testo_Di(*form, "lblPorta"), QStringLiteral("COM1 non si è aperta"));
+        QCOMPARE(Testo_Di(*form, "lblRimedio"), QStringLiteral("controllare cavo e porta"));
+        QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM1: chiusa"));
+        QVERIFY(!Visibile(*form, "lblPasso_0")); // nothing has gone out
         QVERIFY(Linea_Corrente()->Usciti.isEmpty());
         QVERIFY(Righe_Dbg().isEmpty());
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
+        QCOMPARE(Sessione_Fine().Testo, QStringLiteral("COM1 non si è aperta: controllare cavo e porta"));
+    }
+
+    void portaApertaSenzaAvviso()
+    {
+        banco->Stazione.Imposta(QStringLiteral("COMM"), QStringLiteral("Num"), QStringLiteral("7"));
+        Apri();
+        QVERIFY(!Visibile(*form, "lblPorta"));
+        QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM7: in attesa"));
     }
 
     void portaSenzaImpostazioniNelProfilo()
@@ -245,7 +273,7 @@ private Q_SLOTS:
         banco->Stazione.Scrivi(QStringLiteral("lumira.ini"), "[GENERAL]\r\n");
         Apri();
         QVERIFY(form->Caricato());
-        QCOMPARE(Scritta(), Testo_Mctc(152));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
         QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("Interrompi"));
     }
 
@@ -255,13 +283,13 @@ private Q_SLOTS:
     {
         Con_Copione({Risposta_Stato('1'), Risposta_Stato('2'), Risposta_Stato('4'), MISURA});
         Apri();
-        QCOMPARE(Scritta(), Testo_Mctc(152));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
         Passa(TICK);
         QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
         Passa(2 * TICK);
         QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
         Passa(TICK);
-        QCOMPARE(Scritta(), Testo_Mctc(156));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(156)));
         QCOMPARE(gMisure[0].Lux, 123);
         QCOMPARE(gMisure[2].EsitoV, QStringLiteral("X"));
         QCOMPARE(gMisure[3].Lux, 9999);
@@ -277,7 +305,7 @@ private Q_SLOTS:
         Passa(1);
         QVERIFY(!form->Caricato());
         QCOMPARE(*notifiche, (Notifiche{
-                                 {6, 0}
+                                 {SessioneCompletata, 0}
         }));
         QVERIFY(!apertaAllaNotifica); // the port is closed first
         QVERIFY(caricatoAllaNotifica);
@@ -321,7 +349,7 @@ private Q_SLOTS:
         Con_Copione(risposte);
         Apri(static_cast<quint8>(modo));
         Passa(TICK * risposte.size());
-        QCOMPARE(Scritta(), Testo_Mctc(scritta));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(scritta)));
         Passa(2000);
         QCOMPARE(*notifiche, (Notifiche{
                                  {codice, 0}
@@ -354,16 +382,16 @@ private Q_SLOTS:
     {
         Apri();
         Passa(24199);
-        QCOMPARE(Scritta(), Testo_Mctc(152));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
         Passa(1);
-        QCOMPARE(Scritta(), Testo_Mctc(153));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(153)));
         QCOMPARE(Linea_Corrente()->Usciti.size(), 12);
         Passa(3999);
         QVERIFY(form->Caricato());
         Passa(1);
         QVERIFY(!form->Caricato());
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
     }
 
@@ -376,7 +404,7 @@ private Q_SLOTS:
                                  "AB");
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
         Con_Copione({Risposta_Stato('4')});
         Apri();
@@ -386,7 +414,7 @@ private Q_SLOTS:
         Passa(24199);
         QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
         Passa(1);
-        QCOMPARE(Scritta(), Testo_Mctc(153));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(153)));
     }
 
     void conDebugRestaAperta()
@@ -396,17 +424,199 @@ private Q_SLOTS:
         Apri();
         Passa(60000);
         QVERIFY(form->Caricato());
-        QCOMPARE(Scritta(), Testo_Mctc(156));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(156)));
         QCOMPARE(Righe_Dbg().size(), 12);
         QCOMPARE(Testo_Di(*form, "lblRx"), QString::fromLatin1(MISURA.toHex().toUpper()));
         QVERIFY(notifiche->isEmpty());
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {6, 0}
+                                 {SessioneCompletata, 0}
         }));
     }
 
     // --- what the operator sees ---------------------------------------------------------------------------
+
+    /// The words are read from the car: the plate too. Nothing of them is cut or shrunk on the design screen.
+    void veicoloDellaMisura()
+    {
+        gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
+        Apri();
+        QVERIFY(Visibile(*form, "lblTarga") && Visibile(*form, "lblVeicolo"));
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
+        QVERIFY(Testo_Di(*form, "lblVeicolo").startsWith(QStringLiteral("FABBRICA")));
+        QCOMPARE(Widget_Di(*form, "lblVeicolo")->accessibleName(),
+                 QStringLiteral("FABBRICA DI PROVA BERLINA 1.6"));
+    }
+
+    void nessunVeicolo_data()
+    {
+        QTest::addColumn<int>("modo");
+        QTest::addColumn<bool>("file");
+        QTest::newRow("prova a mano") << int{ModoMisura} << false;
+        QTest::newRow("lettura, dopo una prova") << int{ModoLeggi} << true;
+        QTest::newRow("default, dopo una prova") << int{ModoDefault} << true;
+    }
+    void nessunVeicolo()
+    {
+        QFETCH(int, modo);
+        QFETCH(bool, file);
+        gFileAcc = file ? banco->Stazione.Accettazione(QStringLiteral("12345678.acc")) : QString();
+        Apri(static_cast<quint8>(modo));
+        QVERIFY(!Visibile(*form, "lblTarga") && !Visibile(*form, "lblVeicolo"));
+    }
+
+    void passiDellaMisura()
+    {
+        Linee_Prepara([](LineaProva &linea) {
+            linea.Copione({Risposta_Stato('1'), Risposta_Stato('4'), MISURA});
+            linea.Ritardo = 500;
+        });
+        Apri();
+        QCOMPARE(Passi(), QStringLiteral("[Misura] Dati Fatto"));
+        Passa(3 * TICK); // "1": the same step again
+        QCOMPARE(Passi(), QStringLiteral("[Misura] Dati Fatto"));
+        Passa(3 * TICK);
+        QCOMPARE(Passi(), QStringLiteral("√ Misura [Dati] Fatto"));
+        Passa(3 * TICK);
+        QCOMPARE(Passi(), QStringLiteral("√ Misura √ Dati √ Fatto"));
+    }
+
+    /// A session that has failed has no step to go on with: the words take their place.
+    void passiDiUnaSessioneFallita()
+    {
+        Con_Copione({Frame_Risposta("ABCx")});
+        Apri();
+        QVERIFY(Visibile(*form, "lblPasso_0"));
+        const int prima = Widget_Di(*form, "lbl_0")->height();
+        Passa(TICK);
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(154)));
+        QVERIFY(!Visibile(*form, "lblPasso_0"));
+        QVERIFY(Widget_Di(*form, "lbl_0")->height() > prima);
+        QCOMPARE(Widget_Di(*form, "lbl_0")->width(), Pixel_DaTwip(form->Width()));
+    }
+
+    /// The writing of the defaults asks for no status.
+    void passiDeiDefault()
+    {
+        Linee_Prepara([](LineaProva &linea) {
+            linea.Copione({Risposta_Scritto(), Risposta_Scritto(), Risposta_Scritto()});
+        });
+        Apri(ModoDefault);
+        QVERIFY(!Visibile(*form, "lblPasso_0"));
+        QVERIFY(Visibile(*form, "lblPasso_1"));
+        Passa(3 * TICK);
+        QCOMPARE(Testo_Di(*form, "lblPasso_2"), QStringLiteral("√ Fatto"));
+    }
+
+    /// A late reply brings a session back that had been given up: the steps come back with it.
+    void passiDopoUnaRispostaTardiva()
+    {
+        Apri();
+        Passa(24200);
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(153)));
+        QVERIFY(!Visibile(*form, "lblPasso_0"));
+        Linea_Corrente()->Arriva(Risposta_Stato('4'));
+        Passa(4000);
+        QCOMPARE(Scritta(), QStringLiteral("Attesa dati..."));
+        QVERIFY(Visibile(*form, "lblPasso_0"));
+        QCOMPARE(Passi(), QStringLiteral("√ Misura [Dati] Fatto"));
+    }
+
+    void tempiDellaSessione()
+    {
+        Linee_Prepara([](LineaProva &linea) {
+            linea.Copione({Risposta_Stato('1')});
+            linea.Ritardo = 1700;
+        });
+        Apri();
+        const auto tempi = [this] {
+            return Testo_Di(*form, "lblDurata") + u'|' + Testo_Di(*form, "lblRisposta");
+        };
+        QCOMPARE(tempi(), QStringLiteral("0:00|Nessuna risposta"));
+        Passa(1000);
+        QCOMPARE(tempi(), QStringLiteral("0:01|Nessuna risposta"));
+        Passa(800);
+        QCOMPARE(tempi(), QStringLiteral("0:01|Risposta 0 s fa"));
+        Passa(5200);
+        QCOMPARE(tempi(), QStringLiteral("0:07|Risposta 5 s fa"));
+        Passa(13000);
+        QCOMPARE(tempi(), QStringLiteral("0:20|Risposta 18 s fa"));
+        Premi(*form, "cmd_0");
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+    }
+
+    void parolaDellaLampada()
+    {
+        gDebug = Vero;
+        Apri();
+        const auto parola = [this] { return Testo_Di(*form, "lblLampada"); };
+        for (int i = 0; i < 4; ++i) { // whatever the blinking shows
+            QCOMPARE(parola(), QStringLiteral("COM1: in attesa"));
+            Passa(TICK);
+        }
+        Linea_Corrente()->Arriva(Frame_Risposta("ABCx"));
+        Passa(TICK);
+        QCOMPARE(parola(), QStringLiteral("COM1: fermo")); // nothing goes out any more
+    }
+
+    void elencoSoloSeServe()
+    {
+        Con_Copione({Risposta_Stato('4'), MISURA});
+        Apri();
+        QVERIFY(!Visibile(*form, "lstDbg"));
+        Passa(TICK);
+        QVERIFY(!Visibile(*form, "lstDbg"));
+        Passa(TICK);
+        QVERIFY(Visibile(*form, "lstDbg"));
+        QCOMPARE(QApplication::focusWidget(), Widget_Di(*form, "cmd_0"));
+    }
+
+    void elencoConDebug()
+    {
+        gDebug = Vero;
+        Apri();
+        QVERIFY(Visibile(*form, "lstDbg"));
+        QVERIFY(Righe_Dbg().isEmpty());
+    }
+
+    void trafficoConIlSuoNome()
+    {
+        Apri();
+        QCOMPARE(Testo_Di(*form, "lblNomeTx"), QStringLiteral("TX"));
+        QCOMPARE(Testo_Di(*form, "lblNomeRx"), QStringLiteral("RX"));
+        for (const char *coppia : {"Tx", "Rx"}) {
+            const QByteArray suffisso(coppia);
+            const QRect nome = Widget_Di(*form, ("lblNome" + suffisso).constData())->geometry();
+            const QRect byte = Widget_Di(*form, ("lbl" + suffisso).constData())->geometry();
+            QCOMPARE(nome.top(), byte.top());
+            QVERIFY(nome.right() < byte.left());
+        }
+    }
+
+    /// A workshop keeps its text file over an upgrade: what has come since is empty, and the session goes on.
+    void fileDeiTestiDiUnaVolta()
+    {
+        const QString nome = QStringLiteral("lingueMCTC.ini");
+        QByteArray vecchio;
+        for (const QByteArray &riga : banco->Stazione.Leggi(nome).split('\n')) {
+            if (riga.left(3).toInt() <= 160)
+                vecchio += riga + '\n';
+        }
+        banco->Stazione.Scrivi(nome, vecchio);
+        Con_Copione({Risposta_Stato('4'), MISURA});
+        Apri();
+        QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM1"));
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
+        Passa(2 * TICK + 2000);
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {SessioneCompletata, 0}
+        }));
+        Linee_Prepara([](LineaProva &linea) { linea.RifiutaApertura = true; });
+        Apri();
+        QCOMPARE(Testo_Di(*form, "lblPorta"), QStringLiteral("COM1"));
+        Premi(*form, "cmd_0");
+        QCOMPARE(Sessione_Fine().Testo, QStringLiteral("COM1"));
+    }
 
     void lampadaDelCollegamento()
     {
@@ -480,7 +690,7 @@ private Q_SLOTS:
         QVERIFY(!Linea_Corrente()->PortOpen());
         QVERIFY(!apertaAllaNotifica);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
         Passa(10000);
         QCOMPARE(Linea_Corrente()->Usciti.size(), 1);
@@ -539,7 +749,7 @@ private Q_SLOTS:
         Passa(2 * TICK);
         Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {6, 0}
+                                 {SessioneCompletata, 0}
         }));
     }
 
@@ -681,7 +891,7 @@ private Q_SLOTS:
         QVERIFY(!form->Caricato());
         QVERIFY(liberaAllaNotifica);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {7, 0}
+                                 {SessioneFallita, 0}
         }));
         QCOMPARE(Orologio_Banco().Armate(), 0);
         Passa(60000);
@@ -717,7 +927,7 @@ private Q_SLOTS:
         form->PwdEsito = 9;
         Regia regia;
         regia.Quando("dlgPwd", [scritta](Modulo &dialogo) {
-            QCOMPARE(dialogo.Caption(), Testo_Mctc(20));
+            QCOMPARE(dialogo.Caption(), Testo_Mctc(Id_Mctc(20)));
             QVERIFY(Testo_Di(dialogo, "txtPwd").isEmpty());
             QTest::keyClicks(Widget_Di<QLineEdit>(dialogo, "txtPwd"), scritta);
             Passa(4000);

@@ -3,6 +3,7 @@
 
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/ini_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -53,7 +54,7 @@ private Q_SLOTS:
     void righeAlLoroPosto()
     {
         Apri();
-        QCOMPARE(Testo_Di(*form, "lbl1"), Testo_Mctc(158));
+        QCOMPARE(Testo_Di(*form, "lbl1"), Testo_Mctc(Id_Mctc(158)));
         QVERIFY(Visibile(*form, "lbl1"));
         QCOMPARE(Widget_Di(*form, "lbl1")->y(), Controllo_Di(0)->y()); // at the top, beside the rows
         for (int riga = 0; riga < RIGHE; ++riga) {
@@ -63,14 +64,14 @@ private Q_SLOTS:
             QCOMPARE(Controllo_Di(riga)->width(), posto.width());
             QVERIFY(Controllo_Di(riga)->isVisible() && Controllo_Di(riga)->isEnabled());
             auto *etichetta = Membro_Di<QLabel>(*form, "lbl", riga);
-            QCOMPARE(etichetta->text(), Testo_Mctc(159));
+            QCOMPARE(etichetta->text(), Testo_Mctc(Id_Mctc(159)));
             QVERIFY(etichetta->isVisible());
             QVERIFY(!etichetta->geometry().intersects(Controllo_Di(riga)->geometry()));
         }
         for (int i = 0; i < COMBO; ++i) {
             QCOMPARE(Combo(i)->count(), 2);
-            QCOMPARE(Combo(i)->itemText(0), Testo_Mctc(112));
-            QCOMPARE(Combo(i)->itemText(1), Testo_Mctc(141));
+            QCOMPARE(Combo(i)->itemText(0), Testo_Mctc(Id_Mctc(112)));
+            QCOMPARE(Combo(i)->itemText(1), Testo_Mctc(Id_Mctc(141)));
         }
     }
 

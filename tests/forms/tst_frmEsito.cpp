@@ -1,12 +1,18 @@
 // The result screen: verdict, lamp data, the twelve cells and their colours, the alarm, the way out.
 #include "report/frmEsito.h"
 
+#include "app/modApp.h"
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
+#include "core/veicolo.h"
+#include "link/protocollo.h"
 #include "platform/colori.h"
+#include "tests/comuni/far_prova.h"
 #include "tests/comuni/locale_prova.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -31,7 +37,7 @@ constexpr int CELLE_MIRA = 8, CELLE = 12;
 
 void Imposta_Riga(const char *riga, const QString &valore)
 {
-    Far_Imposta(QString::fromLatin1(riga), valore);
+    Far_Imposta(Far_Riga(QString::fromLatin1(riga)), valore);
 }
 
 /// A vehicle that passes.
@@ -108,9 +114,9 @@ private Q_SLOTS:
         QFETCH(bool, regolare);
         Imposta_Riga("Esito", esito);
         Apri();
-        QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(regolare ? 126 : 127));
+        QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(Id_Mctc(regolare ? 126 : 127)));
         QCOMPARE(Sfondo_Di(Widget_Di(*form, "lblTitolo")), regolare ? VERDE : ROSSO);
-        QCOMPARE(form->Caption(), Testo_Mctc(regolare ? 126 : 127));
+        QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(regolare ? 126 : 127)));
     }
 
     // --- lamp ---------------------------------------------------------------------------------------------
@@ -134,7 +140,7 @@ private Q_SLOTS:
         gAltezzaFaro = altezza;
         Apri();
         QCOMPARE(Testo_Di(*form, "txt_0"), testo);
-        QCOMPARE(Testo_Di(*form, "lbl_0"), Testo_Mctc(118));
+        QCOMPARE(Testo_Di(*form, "lbl_0"), Testo_Mctc(Id_Mctc(118)));
     }
 
     void tipoDelFaro_data()
@@ -151,8 +157,8 @@ private Q_SLOTS:
         QFETCH(qint16, testo);
         Imposta_Riga("TipoAnab", tipo);
         Apri();
-        QCOMPARE(Testo_Di(*form, "txt_1"), Testo_Mctc(testo));
-        QCOMPARE(Testo_Di(*form, "lbl_1"), Testo_Mctc(121));
+        QCOMPARE(Testo_Di(*form, "txt_1"), Testo_Mctc(Id_Mctc(testo)));
+        QCOMPARE(Testo_Di(*form, "lbl_1"), Testo_Mctc(Id_Mctc(121)));
     }
 
     void caselleNonSiScrivono()
@@ -175,6 +181,69 @@ private Q_SLOTS:
             QCOMPARE(Membro_Di<QWidget>(*form, "lbl", i)->pos(),
                      Posto_Twip(ScalaX(500), cima - ScalaY(300), 0, 0).topLeft());
         }
+    }
+
+    /// The caption names the asymmetric type whatever the lamps are: the word behind it answers it, and the
+    /// value is set in another type.
+    void tipoSiDistingueDallaVoce_data()
+    {
+        QTest::addColumn<QString>("tipo");
+        QTest::addColumn<QString>("risposta");
+        QTest::newRow("simmetrico") << QStringLiteral("#S") << QStringLiteral(": No");
+        QTest::newRow("asimmetrico") << QStringLiteral("#A") << QStringLiteral(": Sì");
+    }
+    void tipoSiDistingueDallaVoce()
+    {
+        QFETCH(QString, tipo);
+        QFETCH(QString, risposta);
+        Far_Imposta(FarTipoAnab, tipo);
+        Apri();
+        QCOMPARE(Testo_Di(*form, "lblTipo"), risposta);
+        const QWidget *voce = Widget_Di(*form, "lbl_1");
+        const QRect accanto = Widget_Di(*form, "lblTipo")->geometry();
+        QCOMPARE(accanto.top(), voce->geometry().top());
+        QVERIFY(accanto.left() <= voce->geometry().right());
+        QVERIFY(Widget_Di(*form, "txt_1")->font().bold() && !voce->font().bold());
+        QVERIFY(Widget_Di(*form, "txt_1")->font().pixelSize() > voce->font().pixelSize());
+    }
+
+    // --- vehicle and faults -------------------------------------------------------------------------------
+
+    /// The file has gone when the result shows: the vehicle is that of the session.
+    void veicoloDelFile()
+    {
+        gFileAcc = banco->Stazione.Percorso(QStringLiteral("DIR_FAR\\12345678.acc"));
+        gVeicolo = {QStringLiteral("AB123CD"), QStringLiteral("FABBRICA BERLINA")};
+        Apri();
+        QVERIFY(Visibile(*form, "lblTarga") && Visibile(*form, "lblVeicolo"));
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
+        QCOMPARE(Testo_Di(*form, "lblVeicolo"), QStringLiteral("FABBRICA BERLINA"));
+        form->Scarica();
+        gFileAcc.clear(); // the next one is tested by hand
+        Apri();
+        QVERIFY(!Visibile(*form, "lblTarga") && !Visibile(*form, "lblVeicolo"));
+    }
+
+    void guastiInGrande()
+    {
+        Far_Imposta(FarEsito, QStringLiteral("I"));
+        Far_Imposta(FarIllumLuxAnabDx, QStringLiteral("2100"));
+        Far_Imposta(FarVertAbbSx, QStringLiteral("I"));
+        Apri();
+        QCOMPARE(Testo_Di(*form, "lblGuasto_0"),
+                 QStringLiteral("Anabbagliante destro: 2.1 klx, ammesso da 3.75 a 90"));
+        QCOMPARE(Testo_Di(*form, "lblGuasto_1"),
+                 QStringLiteral("Abbagliante sinistro: orientamento verticale errato"));
+        QVERIFY(Visibile(*form, "lblGuasto_0") && Visibile(*form, "lblGuasto_1"));
+        const QWidget *primo = Widget_Di(*form, "lblGuasto_0");
+        QCOMPARE(primo->font().pixelSize(), Widget_Di(*form, "lblGuasto_1")->font().pixelSize());
+        QVERIFY(primo->font().pixelSize() > Membro_Di<QLabel>(*form, "lblPar", 0)->font().pixelSize());
+    }
+
+    void regolareSenzaFrasi()
+    {
+        Apri();
+        QVERIFY(form->Finestra()->findChild<QWidget *>(QStringLiteral("lblGuasto_0")) == nullptr);
     }
 
     // --- the table ----------------------------------------------------------------------------------------
@@ -247,6 +316,52 @@ private Q_SLOTS:
         }
     }
 
+    /// What the evaluation writes and what colour the cell has are one judgement, at every border of the
+    /// limits.
+    void coloreComeIlVerdetto_data()
+    {
+        QTest::addColumn<qint32>("figura"); // of the instrument
+        QTest::addColumn<qint32>("minimo");
+        QTest::addColumn<qint32>("massimo");
+        QTest::addColumn<QString>("verdetto");
+        // The last figure: a limit next to it is not the same number any more in single precision.
+        for (const qint32 figura : {38, 899, 1499, 32767, 167773}) {
+            const qint32 lux = figura * 100;
+            const auto riga = [figura](qint32 minimo, qint32 massimo, const char *verdetto) {
+                QTest::addRow("%d, %d to %d", figura, minimo, massimo)
+                    << figura << minimo << massimo << QString::fromLatin1(verdetto);
+            };
+            riga(lux - 1, lux + 1, "R");
+            riga(lux, lux + 1, "I");
+            riga(lux + 1, lux + 2, "I");
+            riga(lux - 1, lux, "I");
+            riga(lux - 2, lux - 1, "I");
+        }
+    }
+    void coloreComeIlVerdetto()
+    {
+        QFETCH(qint32, figura);
+        QFETCH(qint32, minimo);
+        QFETCH(qint32, massimo);
+        QFETCH(QString, verdetto);
+        const QString parametri = QStringLiteral("PARAMETRI");
+        for (const char *chiave : {"LuxMinAnab", "LuxMinAbb"})
+            banco->Stazione.Imposta(parametri, QString::fromLatin1(chiave), QString::number(minimo));
+        for (const char *chiave : {"LuxMaxAnab", "LuxMaxAbb"})
+            banco->Stazione.Imposta(parametri, QString::fromLatin1(chiave), QString::number(massimo));
+        gMisure.fill({figura, QStringLiteral("O"), QStringLiteral("O")});
+        gFileAcc = gDirAcc + QStringLiteral("12345678.acc");
+        Calcola_Esito();
+        const QByteArray far = banco->Stazione.Leggi(QStringLiteral("DIR_FAR\\12345678.far"));
+        Apri();
+        for (int i = CELLE_MIRA; i < CELLE; ++i) {
+            const QByteArray chiave = RIGHE[i];
+            QVERIFY(far.contains("\r\n" + chiave + "=" + QByteArray::number(figura * 100) + "\r\n"));
+            QVERIFY(far.contains("\r\nEsito" + chiave + "=" + verdetto.toLatin1() + "\r\n"));
+            QVERIFY(Ha_Colore(Cella(i), verdetto == u"R" ? VERDE : ROSSO));
+        }
+    }
+
     /// The cells follow the limits in force, not those of the delivery.
     void limitiInVigore()
     {
@@ -289,9 +404,9 @@ private Q_SLOTS:
         Apri();
         const qint16 colonneERighe[] = {132, 131, 134, 133, 135, 136, 137};
         for (int i = 0; i < 7; ++i)
-            QCOMPARE(Membro_Di<QLabel>(*form, "lblPar", i)->text(), Testo_Mctc(colonneERighe[i]));
-        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(130));
-        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(129));
+            QCOMPARE(Membro_Di<QLabel>(*form, "lblPar", i)->text(), Testo_Mctc(Id_Mctc(colonneERighe[i])));
+        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(Id_Mctc(130)));
+        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(Id_Mctc(129)));
     }
 
     void postiDellaTabella_data()
@@ -410,7 +525,7 @@ private Q_SLOTS:
         else
             Premi(*form, "cmd_0");
         QCOMPARE(*notifiche, (Notifiche{
-                                 {5, 0}
+                                 {EsitoChiuso, 0}
         }));
         QVERIFY(caricato); // first the notification, then the unloading
         QVERIFY(!form->Caricato());

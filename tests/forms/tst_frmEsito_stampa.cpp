@@ -2,6 +2,7 @@
 // and the pointer of the mouse come out of it as they went in.
 #include "report/frmEsito.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
@@ -9,6 +10,7 @@
 #include "dialogs/frmMsg.h"
 #include "report/modPrn.h"
 #include "tests/comuni/stampa_prova.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/principale_prova.h"
 
@@ -60,7 +62,7 @@ private:
         Regia regia;
         regia.Quando("frmMsg", [&messaggi](Modulo &msg) {
             ++messaggi;
-            QCOMPARE(Testo_Di(msg, "lbl_0"), Testo_Lingua(58));
+            QCOMPARE(Testo_Di(msg, "lbl_0"), Testo_Lingua(Id_Lingua(58)));
             const auto &messaggio = Predefinito<frmMsg>();
             QCOMPARE(messaggio.Mode, qint16{0});
             QCOMPARE(messaggio.TopMost, qint16{0});
@@ -97,11 +99,11 @@ private Q_SLOTS:
         banco = std::make_unique<BancoForm>();
         stampa = std::make_unique<StampaProva>();
         Far_Azzera();
-        Far_Imposta(QStringLiteral("Esito"), QStringLiteral("R"));
-        Far_Imposta(QStringLiteral("IllumLuxAnabDx"), QStringLiteral("23400"));
+        Far_Imposta(FarEsito, QStringLiteral("R"));
+        Far_Imposta(FarIllumLuxAnabDx, QStringLiteral("23400"));
         Carica_Limiti();
         gAltezzaFaro = 65;
-        gTipoProva = 4;
+        gTipoProva = ProvaConfermata;
         gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
         Report_Dati(0);
         Report_Dati(1);
@@ -139,9 +141,10 @@ private Q_SLOTS:
         // What the station and the acceptance file hold stands on it.
         const QStringList testi = Testi(stampa->Corrente->Pagine.first());
         for (const QString &testo :
-             {QStringLiteral("Officina di prova"), Testo_Lingua(43), QStringLiteral("QX5"),
-              QStringLiteral("AB123CD"), Testo_Lingua(38), QStringLiteral("23400"), Testo_Mctc(150),
-              Testo_Mctc(151), QStringLiteral("Rossi Mario"), Testo_Lingua(55) + u':'})
+             {QStringLiteral("Officina di prova"), Testo_Lingua(Id_Lingua(43)), QStringLiteral("QX5"),
+              QStringLiteral("AB123CD"), Testo_Lingua(Id_Lingua(38)), QStringLiteral("23400"),
+              Testo_Mctc(Id_Mctc(150)), Testo_Mctc(Id_Mctc(151)), QStringLiteral("Rossi Mario"),
+              Testo_Lingua(Id_Lingua(55)) + u':'})
             QVERIFY2(testi.count(testo) >= 1, qPrintable(testo));
         QCOMPARE(testi.count(QStringLiteral("*")), qsizetype{12});
     }
@@ -150,7 +153,7 @@ private Q_SLOTS:
     void risultatoDelMomentoDellaStampa()
     {
         Collega_Stampante();
-        Far_Imposta(QStringLiteral("IllumLuxAnabDx"), QStringLiteral("77700"));
+        Far_Imposta(FarIllumLuxAnabDx, QStringLiteral("77700"));
         Premi(*form, "cmd_1");
         const QStringList testi = Testi(stampa->Corrente->Pagine.first());
         QVERIFY(testi.contains(QStringLiteral("77700")));
@@ -160,7 +163,7 @@ private Q_SLOTS:
     void dueVolteDuePagineAltraOraDiFine()
     {
         Collega_Stampante();
-        const QString inizio = gRepMisure[REP_INIZIO];
+        const QString inizio = gRepMisure[RepInizio];
         QStringList fine;
         for (int volta = 0; volta < 2; ++volta) {
             Orologio_Banco().Avanza(65000);

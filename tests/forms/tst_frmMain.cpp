@@ -2,6 +2,9 @@
 // of the test's own.
 #include "app/frmMain.h"
 
+#include "app/versione.h"
+#include "core/codici.h"
+#include "core/esito_sessione.h"
 #include "core/limiti.h"
 #include "core/modCtl.h"
 #include "core/modFs.h"
@@ -9,10 +12,13 @@
 #include "core/risultato.h"
 #include "dialogs/dlgPwd.h"
 #include "link/frmComm.h"
+#include "mctc/cartella_scambio.h"
 #include "mctc/frmMctcO.h"
 #include "platform/percorsi.h"
+#include "platform/porta_seriale.h"
 #include "report/frmMctc2.h"
 #include "setup/frmSetupO.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -42,6 +48,29 @@ const QString FAR_RETE = QStringLiteral("ESITO\\12345678.far");
 /// menu while the result shows.
 const char *const SENZA_DATI = "senza-dati";
 const char *const USCITA_DAL_RISULTATO = "uscita-dal-risultato";
+
+constexpr int DOPO_RITORNO = 100; // ms until the menu looks at its folder
+constexpr int FRA_DUE_SGUARDI = 30000;
+
+/// How long the exchange folder takes to answer, in ms of the test's clock, and how often it was looked at.
+int gLentezza = 0;
+int gSguardi = 0;
+
+} // namespace
+
+// The linker leads the menu's look at the folder through the second of these, on to the first.
+CartellaScambio Cartella_Vera(const QString &cartella) asm("__real__Z15Cartella_GuardaRK7QString");
+CartellaScambio Cartella_Chiesta(const QString &cartella) asm("__wrap__Z15Cartella_GuardaRK7QString");
+
+/// A network that takes its time.
+CartellaScambio Cartella_Chiesta(const QString &cartella)
+{
+    ++gSguardi;
+    Orologio_Banco().Avanza(gLentezza);
+    return Cartella_Vera(cartella);
+}
+
+namespace {
 
 /// Answers a measure to every session.
 void Strumento_Pronto()
@@ -160,9 +189,30 @@ private:
             QVariant valore = 4;
             Q_EMIT scelta.Notifica(codice, valore);
         }
-        QCOMPARE(gTipoProva, qint16{2});
+        QCOMPARE(gTipoProva, qint16{ProvaScelta});
         QVERIFY(Linea_Corrente() == nullptr);
         QCOMPARE(Nomi_Caricati(), aperti);
+    }
+    QString Stato(int riga) const
+    {
+        return Testo_Di(*form, QByteArray("lblStato_" + QByteArray::number(riga)));
+    }
+    QString Avviso() const { return Visibile(*form, "lblAvviso") ? Testo_Di(*form, "lblAvviso") : QString(); }
+    void Imposta_Scadenza(const QString &testo) const
+    {
+        banco->Stazione.Imposta(QStringLiteral("LUMIRA"), QStringLiteral("Comm_ScadRevisione"), testo);
+    }
+    void Imposta_Porta(const QString &testo) const
+    {
+        banco->Stazione.Imposta(QStringLiteral("COMM"), QStringLiteral("Num"), testo);
+    }
+    /// A form over the menu, and back.
+    void Va_E_Torna() const
+    {
+        Premi(*form, "cmdMnu_5");
+        QVERIFY(Attiva(*Modulo_Aperto("frmAnagOffO")));
+        Premi(*Modulo_Aperto("frmAnagOffO"), "cmd_1");
+        QVERIFY(Attiva(*form));
     }
     static void Conferma_Veicolo() { Premi(*Modulo_Aperto("frmMctc2"), "cmd_0"); }
     static void Scrivi_Password(Modulo &dialogo, const QString &password)
@@ -180,6 +230,8 @@ private Q_SLOTS:
         banco = std::make_unique<BancoForm>();
         Strumento_Pronto();
         Far_Azzera();
+        Sessione_Annota(QString());
+        gLentezza = gSguardi = 0;
     }
     void cleanup()
     {
@@ -195,7 +247,7 @@ private Q_SLOTS:
     {
         Apri();
         for (int i = 0; i <= 8; ++i) {
-            QCOMPARE(Voce(i)->text(), Testo_Mctc(static_cast<qint16>(i)));
+            QCOMPARE(Voce(i)->text(), Testo_Mctc(Id_Mctc(i)));
             QVERIFY(!Voce(i)->text().isEmpty());
             QCOMPARE(Voce(i)->isVisible(), i != 8);
             QCOMPARE(Voce(i)->isEnabled(), i != 0 && i != 3);
@@ -247,6 +299,201 @@ private Q_SLOTS:
         QVERIFY(Voce(2)->isVisible());
     }
 
+    // --- what stands out
+    // ------------------------------------------------------------------------------------
+
+    /// The working day begins with Enter.
+    void laProvaHaIlPrimoFuoco()
+    {
+        gIniFile = Falso;
+        Apri();
+        QCOMPARE(QApplication::focusWidget(), Voce(2));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QVERIFY(Modulo_Aperto("frmMctc2") != nullptr);
+    }
+
+    void laProvaSpicca()
+    {
+        Apri();
+        QVERIFY(Voce(2)->font().bold());
+        for (int i : {1, 4, 5, 6, 7}) {
+            QVERIFY(!Voce(i)->font().bold());
+            QVERIFY(Sfondo_Di(Voce(i)) != Sfondo_Di(Voce(2)));
+        }
+    }
+
+    /// An entry that is not there keeps its caption for the rules, and nothing of it is to be seen.
+    void leVociSpenteNonSiVedono()
+    {
+        Apri();
+        for (int i : {0, 3}) {
+            const QImage vista = Voce(i)->grab().toImage();
+            const QRgb fondo = form->Finestra()->palette().color(QPalette::Window).rgb();
+            for (int y = 0; y < vista.height(); ++y) {
+                for (int x = 0; x < vista.width(); ++x)
+                    QCOMPARE(vista.pixel(x, y), fondo);
+            }
+            QVERIFY(!Voce(i)->text().isEmpty());
+        }
+    }
+
+    // --- the state of the station
+    // ---------------------------------------------------------------------------
+
+    /// The lines stand where the ninth button would; all but the folder at once, the folder when the menu has
+    /// been painted.
+    void statoDellaStazione()
+    {
+        banco->Stazione.Accettazione(FILE_ACC);
+        banco->Stazione.Accettazione(QStringLiteral("20000000.acc"));
+        banco->Stazione.Scrivi(QStringLiteral("DIR_FAR\\20000000.far"), "x");
+        Apri();
+        const QRect cella =
+            Posto_Twip(2 * (gScreenW / 3), gScreenH - ScalaY(1050), gScreenW / 3, ScalaY(1050));
+        for (int i = 0; i < 4; ++i)
+            QVERIFY(cella.contains(Membro_Di<QLabel>(*form, "lblStato", i)->geometry()));
+        QCOMPARE(Stato(0), QStringLiteral("lumira ") + Versione_Programma());
+        QCOMPARE(Stato(1), QString());
+        QCOMPARE(Stato(2), Porta_Presente(1) ? QStringLiteral("Porta COM1 presente")
+                                             : QStringLiteral("Porta COM1 assente"));
+        QCOMPARE(Stato(3), QStringLiteral("Verifica valida fino al 31/12/2027"));
+        Orologio_Banco().Avanza(DOPO_RITORNO);
+        QCOMPARE(Stato(1), QStringLiteral("Cartella: 1 in attesa"));
+        QCOMPARE(gSguardi, 1);
+    }
+
+    void senzaListaLaCartellaNonSiGuarda()
+    {
+        gIniFile = Falso;
+        QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR"))).removeRecursively());
+        Apri();
+        Orologio_Banco().Avanza(10 * FRA_DUE_SGUARDI);
+        QCOMPARE(gSguardi, 0);
+        QCOMPARE(Stato(1), QStringLiteral("Lista accettazioni spenta"));
+        QVERIFY(!Avviso().contains(QStringLiteral("Cartella")));
+    }
+
+    void avvisi_data()
+    {
+        QTest::addColumn<QString>("scadenza");
+        QTest::addColumn<QString>("porta");
+        QTest::addColumn<bool>("cartella");
+        QTest::addColumn<QStringList>("attesi"); // of the notice, in any line
+        const QString buona = QStringLiteral("31/12/2027");
+        const QString manca = QStringLiteral("77");
+        const QString assente = QStringLiteral("Porta COM77 assente");
+        // The test's clock stands on 15 March 2024.
+        QTest::newRow("porta assente") << buona << manca << true << QStringList(assente);
+        QTest::newRow("porta senza numero")
+            << buona << QString() << true << QStringList(QStringLiteral("Porta: numero mancante"));
+        QTest::newRow("scaduta") << QStringLiteral("14/03/2024") << manca << true
+                                 << QStringList({assente, QStringLiteral("VERIFICA SCADUTA il 14/03/2024")});
+        QTest::newRow("in scadenza") << QStringLiteral("14/04/2024") << manca << true
+                                     << QStringList(
+                                            {assente, QStringLiteral("Verifica in scadenza il 14/04/2024")});
+        QTest::newRow("non una data")
+            << QStringLiteral("domani") << manca << true
+            << QStringList({assente, QStringLiteral("Verifica: non è una data: domani")});
+        QTest::newRow("tutto insieme") << QString() << manca << false
+                                       << QStringList({QStringLiteral("Cartella assente o non raggiungibile"),
+                                                       assente, QStringLiteral("Verifica: data mancante")});
+    }
+    /// What somebody has to do something about stands in large type too, in the same words.
+    void avvisi()
+    {
+        QFETCH(QString, scadenza);
+        QFETCH(QString, porta);
+        QFETCH(bool, cartella);
+        QFETCH(QStringList, attesi);
+        Imposta_Scadenza(scadenza);
+        Imposta_Porta(porta);
+        if (!cartella)
+            QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR"))).removeRecursively());
+        Apri();
+        Orologio_Banco().Avanza(DOPO_RITORNO);
+        QCOMPARE(Avviso().split(u'\n'), attesi);
+        for (int i = 1; i < 4; ++i)
+            QCOMPARE(Membro_Di<QLabel>(*form, "lblStato", i)->font().bold(), attesi.contains(Stato(i)));
+    }
+
+    /// A verification that was renewed, a port that was chosen anew: told when their form has gone.
+    void alRitornoDaUnaFinestraSiGuardaDiNuovo()
+    {
+        Imposta_Scadenza(QStringLiteral("01/01/2024"));
+        Imposta_Porta(QStringLiteral("77"));
+        Apri();
+        Orologio_Banco().Avanza(DOPO_RITORNO);
+        QCOMPARE(Stato(1), QStringLiteral("Cartella: nessun veicolo"));
+        banco->Stazione.Accettazione(FILE_ACC);
+        Imposta_Scadenza(QStringLiteral("01/01/2026"));
+        Imposta_Porta(QStringLiteral("78"));
+        Va_E_Torna();
+        QCOMPARE(Stato(1), QStringLiteral("Cartella: nessun veicolo")); // the menu is painted first
+        Orologio_Banco().Avanza(DOPO_RITORNO);
+        QCOMPARE(Stato(1), QStringLiteral("Cartella: 1 in attesa"));
+        QCOMPARE(Stato(3), QStringLiteral("Verifica valida fino al 01/01/2026"));
+        QCOMPARE(Avviso(), QStringLiteral("Porta COM78 assente"));
+    }
+
+    /// Looked at every half a minute while the menu has the keyboard, and never while another form has it.
+    void ogniMezzoMinutoSoloDavanti()
+    {
+        Apri();
+        Orologio_Banco().Avanza(DOPO_RITORNO);
+        QCOMPARE(gSguardi, 1);
+        Orologio_Banco().Avanza(FRA_DUE_SGUARDI - 1);
+        QCOMPARE(gSguardi, 1);
+        banco->Stazione.Accettazione(FILE_ACC);
+        Orologio_Banco().Avanza(1);
+        QCOMPARE(gSguardi, 2);
+        QCOMPARE(Stato(1), QStringLiteral("Cartella: 1 in attesa"));
+        Premi(*form, "cmdMnu_5");
+        QVERIFY(Attiva(*Modulo_Aperto("frmAnagOffO")));
+        Orologio_Banco().Avanza(10 * FRA_DUE_SGUARDI);
+        QCOMPARE(gSguardi, 2);
+    }
+
+    /// A folder that took a second to answer is left alone for a hundred, also when a form has gone
+    /// meanwhile.
+    void cartellaLentaRiposa()
+    {
+        gLentezza = 1000;
+        Apri();
+        Orologio_Banco().Avanza(DOPO_RITORNO);
+        QCOMPARE(gSguardi, 1);
+        Orologio_Banco().Avanza(50 * gLentezza);
+        Va_E_Torna();
+        Orologio_Banco().Avanza(49 * gLentezza);
+        QCOMPARE(gSguardi, 1);
+        Orologio_Banco().Avanza(2 * gLentezza);
+        QCOMPARE(gSguardi, 2);
+    }
+
+    /// Texts that an old file does not have leave their lines empty, and no empty notice shows.
+    void statoSenzaTesti()
+    {
+        Imposta_Porta(QStringLiteral("77"));
+        QVERIFY(QFile::remove(Nativo(QStringLiteral("lingueMCTC.ini"))));
+        Apri();
+        Orologio_Banco().Avanza(DOPO_RITORNO);
+        QCOMPARE(Stato(0), QStringLiteral("lumira ") + Versione_Programma());
+        for (int i = 1; i < 4; ++i)
+            QCOMPARE(Stato(i), QString());
+        QVERIFY(!Visibile(*form, "lblAvviso"));
+    }
+
+    void statoNellaLinguaNuova()
+    {
+        Apri();
+        Orologio_Banco().Avanza(DOPO_RITORNO);
+        Premi(*form, "cmdMnu_1");
+        gLingua = QStringLiteral("EN");
+        qint16 codice = 2;
+        QVariant valore = 0;
+        Q_EMIT Modulo_Aperto<frmSetupO>("frmSetupO")->Notifica(codice, valore);
+        QCOMPARE(Stato(1), QStringLiteral("Folder: no vehicles"));
+    }
+
     // --- picture and password -----------------------------------------------------------------------------
 
     void figuraDelCliente_data()
@@ -275,7 +522,7 @@ private Q_SLOTS:
     {
         QVERIFY(QFile::remove(Nativo(QStringLiteral("dati\\splash_kp_net.jpg"))));
         form = Nuovo<frmMain>();
-        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 53);
+        QCOMPARE(Errore_DaEvento([this] { form->Mostra(); }), 53);
     }
 
     void passwordPerVariante_data()
@@ -302,7 +549,7 @@ private Q_SLOTS:
         banco->Stazione.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Pwd"),
                                 QStringLiteral("aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa"));
         form = Nuovo<frmMain>();
-        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 6);
+        QCOMPARE(Errore_DaEvento([this] { form->Mostra(); }), 6);
     }
 
     // --- the beginning of a test --------------------------------------------------------------------------
@@ -333,14 +580,68 @@ private Q_SLOTS:
             QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR"))).removeRecursively());
         else if (!file.isEmpty())
             banco->Stazione.Accettazione(file);
-        gTipoProva = 4;
+        gTipoProva = ProvaConfermata;
         Apri();
         Premi_Prova();
         QCOMPARE(Nomi_Caricati(), QStringList({QStringLiteral("frmMain"), finestra}));
-        QCOMPARE(gTipoProva, qint16{2});
+        QCOMPARE(gTipoProva, qint16{ProvaScelta});
         // It stands in front and does not block the menu.
         QVERIFY(Modulo_Aperto(finestra.toLatin1().constData()) != nullptr);
         QVERIFY(QApplication::activeModalWidget() == nullptr);
+    }
+
+    void motivoDelModuloVuoto_data()
+    {
+        QTest::addColumn<Flag>("lista");
+        QTest::addColumn<bool>("cartella");
+        QTest::addColumn<QString>("motivo");
+        QTest::newRow("vuota") << Vero << true
+                               << QStringLiteral(
+                                      "Nessun veicolo da scegliere: la cartella delle accettazioni è "
+                                      "vuota");
+        QTest::newRow("mancante") << Vero << false
+                                  << QStringLiteral(
+                                         "Nessun veicolo da scegliere: la cartella delle accettazioni "
+                                         "manca o non si raggiunge. Controllare rete e impostazioni");
+        QTest::newRow("senza lista") << Falso << false << QString();
+    }
+    /// Why the form of the vehicle comes up empty and locked instead of the list.
+    void motivoDelModuloVuoto()
+    {
+        QFETCH(Flag, lista);
+        QFETCH(bool, cartella);
+        QFETCH(QString, motivo);
+        gIniFile = lista;
+        if (!cartella)
+            QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR"))).removeRecursively());
+        Apri();
+        Premi_Prova();
+        const auto veicolo = Modulo_Aperto("frmMctc2");
+        QCOMPARE(Testo_Di(*veicolo, "lblMotivo"), motivo);
+        QCOMPARE(Visibile(*veicolo, "lblMotivo"), !motivo.isEmpty());
+    }
+
+    /// What ended a session stays on the menu for a minute, in its words, in place of all else.
+    void fineDellaSessionePerUnMinuto()
+    {
+        Imposta_Porta(QStringLiteral("77"));
+        Apri();
+        Orologio_Banco().Avanza(DOPO_RITORNO);
+        QCOMPARE(Avviso(), QStringLiteral("Porta COM77 assente"));
+        Sessione_Annota(QStringLiteral("Lo strumento non risponde"));
+        Orologio_Banco().Avanza(20000);
+        Va_E_Torna();
+        QCOMPARE(Avviso(), QStringLiteral("Lo strumento non risponde"));
+        Orologio_Banco().Avanza(39999);
+        QCOMPARE(Avviso(), QStringLiteral("Lo strumento non risponde"));
+        Orologio_Banco().Avanza(1);
+        QCOMPARE(Avviso(), QStringLiteral("Porta COM77 assente"));
+        // One that went well takes the word of the one before it away.
+        Sessione_Annota(QStringLiteral("Lo strumento non risponde"));
+        Va_E_Torna();
+        Sessione_Annota(QString());
+        Va_E_Torna();
+        QCOMPARE(Avviso(), QStringLiteral("Porta COM77 assente"));
     }
 
     /// A folder that cannot even be asked for is as good as an empty one; a missing one lists nothing anyway.
@@ -378,9 +679,9 @@ private Q_SLOTS:
         Sessione_Completa(regia, [&](Modulo &esito) {
             caricati = Nomi_Caricati();
             // Everything is done before the result shows: the record, the file, the end of the acceptance.
-            QCOMPARE(Testo_Di(esito, "lblTitolo"), Testo_Mctc(126));
+            QCOMPARE(Testo_Di(esito, "lblTitolo"), Testo_Mctc(Id_Mctc(126)));
             QCOMPARE(Testo_Di(esito, "lblTab_8"), QStringLiteral("78.9"));
-            QCOMPARE(gTipoProva, qint16{4});
+            QCOMPARE(gTipoProva, qint16{ProvaConfermata});
             QVERIFY(banco->Stazione.Leggi(FILE_FAR).contains("\r\nEsito=R\r\n"));
             QVERIFY(!Esiste(QStringLiteral("DIR_FAR\\") + FILE_ACC));
         });
@@ -404,7 +705,7 @@ private Q_SLOTS:
         Sessione_Completa(regia);
         Conferma_Veicolo();
         QVERIFY(regia.Finita());
-        QCOMPARE(Far_Valore(QStringLiteral("Esito")), QStringLiteral("R"));
+        QCOMPARE(Far_Valore(FarEsito), QStringLiteral("R"));
         QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR")))
                     .isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
     }
@@ -479,7 +780,7 @@ private Q_SLOTS:
         QCOMPARE(Nomi_Caricati(), QStringList(QStringLiteral("frmMain")));
         QVERIFY(!Esiste(FILE_FAR));
         QVERIFY(Esiste(QStringLiteral("DIR_FAR\\") + FILE_ACC));
-        QVERIFY(Far_Valore(QStringLiteral("Esito")).isEmpty());
+        QVERIFY(Far_Valore(FarEsito).isEmpty());
         QVERIFY(form->Finestra()->isVisible());
     }
 
@@ -566,11 +867,11 @@ private Q_SLOTS:
         Premi_Prova();
         Regia regia;
         regia.Quando("frmComm", [](Modulo &comm) { Premi(comm, "cmd_0"); });
-        qint16 codice = 4;
-        QVariant valore = qint16{3};
+        qint16 codice = VeicoloConfermato;
+        QVariant valore = qint16{ProvaRiservata3};
         Q_EMIT Modulo_Aperto<frmMctc2>("frmMctc2")->Notifica(codice, valore);
         QVERIFY(regia.Finita());
-        QCOMPARE(gTipoProva, qint16{3}); // a failed session leaves it
+        QCOMPARE(gTipoProva, qint16{ProvaRiservata3}); // a failed session leaves it
     }
 
     /// However the test was started, its result is that of a confirmed vehicle.
@@ -580,12 +881,12 @@ private Q_SLOTS:
         Apri();
         Premi_Prova();
         Regia regia;
-        Sessione_Completa(regia, [](Modulo &) { QCOMPARE(gTipoProva, qint16{4}); });
-        qint16 codice = 4;
-        QVariant valore = qint16{3};
+        Sessione_Completa(regia, [](Modulo &) { QCOMPARE(gTipoProva, qint16{ProvaConfermata}); });
+        qint16 codice = VeicoloConfermato;
+        QVariant valore = qint16{ProvaRiservata3};
         Q_EMIT Modulo_Aperto<frmMctc2>("frmMctc2")->Notifica(codice, valore);
         QVERIFY(regia.Finita());
-        QCOMPARE(gTipoProva, qint16{4});
+        QCOMPARE(gTipoProva, qint16{ProvaConfermata});
     }
 
     void primaProvaAncoraAperta_data()
@@ -678,7 +979,7 @@ private Q_SLOTS:
         const EsitoFiglio esito = Figlio_Esegui({QString::fromLatin1(SENZA_DATI)});
         QVERIFY2(esito.Finito, qPrintable(esito.Errori));
         QCOMPARE(esito.Stato, 0);
-        QVERIFY2(esito.Uscita.contains(Testo_Lingua(4)), qPrintable(esito.Uscita));
+        QVERIFY2(esito.Uscita.contains(Testo_Lingua(Id_Lingua(4))), qPrintable(esito.Uscita));
     }
 
     // --- the other entries --------------------------------------------------------------------------------
@@ -775,7 +1076,7 @@ private Q_SLOTS:
         QVERIFY(!gPwdCorrente.isEmpty());
         Regia errata;
         errata.Quando("dlgPwd", [](Modulo &dialogo) {
-            QCOMPARE(dialogo.Caption(), Testo_Mctc(20));
+            QCOMPARE(dialogo.Caption(), Testo_Mctc(Id_Mctc(20)));
             QVERIFY(Testo_Di(dialogo, "txtPwd").isEmpty());
             Scrivi_Password(dialogo, QStringLiteral("zz"));
         });
@@ -810,7 +1111,7 @@ private Q_SLOTS:
         Premi(*form, "cmdMnu_1");
         const QString prima = Voce(2)->text();
         gLingua = QStringLiteral("EN");
-        qint16 codice = 2;
+        qint16 codice = SetupLingua;
         QVariant valore = 0;
         Q_EMIT Modulo_Aperto<frmSetupO>("frmSetupO")->Notifica(codice, valore);
         QCOMPARE(gTabMctc.size(), ULTIMO_TESTO_MCTC + 1);
@@ -828,7 +1129,7 @@ private Q_SLOTS:
         Premi(*form, "cmdMnu_1");
         Voce(0)->setEnabled(true);
         Voce(3)->setEnabled(true);
-        qint16 codice = 4;
+        qint16 codice = SetupLavoro;
         QVariant valore = 0;
         Q_EMIT Modulo_Aperto<frmSetupO>("frmSetupO")->Notifica(codice, valore);
         QVERIFY(!logo->pixmap().isNull());
@@ -843,7 +1144,7 @@ private Q_SLOTS:
         Apri();
         Premi(*form, "cmdMnu_1");
         std::weak_ptr<frmSetupO> setup = Modulo_Aperto<frmSetupO>("frmSetupO");
-        qint16 codice = 1;
+        qint16 codice = SetupSalvato;
         QVariant valore = 0;
         Q_EMIT setup.lock()->Notifica(codice, valore);
         setup.lock()->Scarica();
@@ -858,7 +1159,7 @@ private Q_SLOTS:
         Premi(*form, "cmdMnu_1");
         std::weak_ptr<frmSetupO> setup = Modulo_Aperto<frmSetupO>("frmSetupO");
         Premi_Prova();
-        qint16 codice = 1;
+        qint16 codice = SetupSalvato;
         QVariant valore = 0;
         Q_EMIT Modulo_Aperto<frmMctc2>("frmMctc2")->Notifica(codice, valore);
         setup.lock()->Scarica();

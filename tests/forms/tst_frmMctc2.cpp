@@ -1,10 +1,12 @@
 // Vehicle and lamp entry: where its fields come from, what may be changed, and what a confirmation leaves.
 #include "report/frmMctc2.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
 #include "tests/comuni/locale_prova.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -55,7 +57,7 @@ private:
     void Apri(bool accettazione)
     {
         gIniFile = Flag_Da(accettazione);
-        gTipoProva = 2;
+        gTipoProva = ProvaScelta;
         if (accettazione)
             gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
         Apri_Come();
@@ -88,7 +90,7 @@ private:
     {
         regia.Quando("frmMsg", [this](Modulo &msg) {
             ++rifiuti;
-            QCOMPARE(Testo_Di(msg, "lbl_0"), Testo_Mctc(108));
+            QCOMPARE(Testo_Di(msg, "lbl_0"), Testo_Mctc(Id_Mctc(108)));
             QCOMPARE(Predefinito<frmMsg>().Mode, qint16{0});
             QCOMPARE(Predefinito<frmMsg>().TopMost, qint16{0});
             Orologio_Banco().Avanza(2000);
@@ -126,7 +128,7 @@ private Q_SLOTS:
         for (int i = 0; i < RIGHE_VEICOLO; ++i) {
             QCOMPARE(Casella(i)->text(), QString::fromUtf8(RIGHE[i].valoreAcc));
             QVERIFY(Casella(i)->isReadOnly());
-            QCOMPARE(Etichetta_Di(i)->text(), Testo_Mctc(RIGHE[i].etichetta));
+            QCOMPARE(Etichetta_Di(i)->text(), Testo_Mctc(Id_Mctc(RIGHE[i].etichetta)));
             QVERIFY(Etichetta_Di(i)->isEnabled()); // only the lamp's labels go grey with their box
         }
         QVERIFY(!Casella(RIGA_ALTEZZA)->isReadOnly());
@@ -143,7 +145,7 @@ private Q_SLOTS:
         for (int i = 0; i < RIGHE_VEICOLO; ++i) {
             QCOMPARE(Casella(i)->text(), QStringLiteral("valore %1").arg(i));
             QVERIFY(!Casella(i)->isReadOnly());
-            QCOMPARE(Etichetta_Di(i)->text(), Testo_Mctc(RIGHE[i].etichetta));
+            QCOMPARE(Etichetta_Di(i)->text(), Testo_Mctc(Id_Mctc(RIGHE[i].etichetta)));
         }
     }
 
@@ -176,7 +178,7 @@ private Q_SLOTS:
     {
         banco->Stazione.Imposta(VEICOLO, QStringLiteral("Marca"), QStringLiteral("FIAT"));
         gIniFile = Vero;
-        gTipoProva = 2;
+        gTipoProva = ProvaScelta;
         gFileAcc.clear();
         Apri_Come();
         for (int i = 0; i < RIGHE_VEICOLO; ++i) {
@@ -188,7 +190,7 @@ private Q_SLOTS:
     void fileMancanteCampiVuoti()
     {
         gIniFile = Vero;
-        gTipoProva = 2;
+        gTipoProva = ProvaScelta;
         gFileAcc = gDirAcc + QStringLiteral("12345678.ACC");
         Apri_Come();
         QVERIFY(Casella(0)->text().isEmpty());
@@ -198,9 +200,9 @@ private Q_SLOTS:
     {
         banco->Stazione.Imposta(IMPOSTAZIONI, QStringLiteral("AltezzaFaro"), QStringLiteral("70"));
         Apri(false);
-        QCOMPARE(Etichetta_Di(RIGA_ALTEZZA)->text(), Testo_Mctc(118));
-        QCOMPARE(Etichetta_Di(RIGA_INCLINAZIONE)->text(), Testo_Mctc(119));
-        QCOMPARE(Etichetta_Di(RIGA_SIMMETRICO)->text(), Testo_Mctc(140));
+        QCOMPARE(Etichetta_Di(RIGA_ALTEZZA)->text(), Testo_Mctc(Id_Mctc(118)));
+        QCOMPARE(Etichetta_Di(RIGA_INCLINAZIONE)->text(), Testo_Mctc(Id_Mctc(119)));
+        QCOMPARE(Etichetta_Di(RIGA_SIMMETRICO)->text(), Testo_Mctc(Id_Mctc(140)));
         QCOMPARE(Casella(RIGA_ALTEZZA)->text(), QStringLiteral("70"));
     }
 
@@ -241,7 +243,7 @@ private Q_SLOTS:
     void tipo1BloccaLInclinazione()
     {
         gIniFile = Falso;
-        gTipoProva = 1;
+        gTipoProva = ProvaRiservata1;
         Apri_Come();
         QVERIFY(Casella(RIGA_INCLINAZIONE)->isReadOnly());
         QVERIFY(!Etichetta_Di(RIGA_INCLINAZIONE)->isEnabled());
@@ -270,8 +272,8 @@ private Q_SLOTS:
         banco->Stazione.Imposta(IMPOSTAZIONI, QStringLiteral("Simmetrico"), valore);
         Apri(false);
         QCOMPARE(Simmetrico()->isChecked(), simmetrico);
-        QCOMPARE(Testo_Di(*form, "lblFaro"), Testo_Mctc(simmetrico ? 120 : 121));
-        QCOMPARE(Widget_Di(*form, "picSim")->accessibleName(), Testo_Mctc(simmetrico ? 120 : 121));
+        QCOMPARE(Testo_Di(*form, "lblFaro"), Testo_Mctc(Id_Mctc(simmetrico ? 120 : 121)));
+        QCOMPARE(Widget_Di(*form, "picSim")->accessibleName(), Testo_Mctc(Id_Mctc(simmetrico ? 120 : 121)));
         // The tick that the loading set is no click of the operator's: nothing is written back.
         const QByteArray prima = Ini();
         Premi(*form, "cmd_0");
@@ -286,12 +288,12 @@ private Q_SLOTS:
         QVERIFY(!asimmetrica.isNull());
         Premi(*form, "chk_0");
         QVERIFY(Simmetrico()->isChecked());
-        QCOMPARE(Testo_Di(*form, "lblFaro"), Testo_Mctc(120));
+        QCOMPARE(Testo_Di(*form, "lblFaro"), Testo_Mctc(Id_Mctc(120)));
         const QImage simmetrica = Figura();
         QVERIFY(simmetrica != asimmetrica);
         QTest::keyClick(Simmetrico(), Qt::Key_Space);
         QVERIFY(!Simmetrico()->isChecked());
-        QCOMPARE(Testo_Di(*form, "lblFaro"), Testo_Mctc(121));
+        QCOMPARE(Testo_Di(*form, "lblFaro"), Testo_Mctc(Id_Mctc(121)));
         QCOMPARE(Figura(), asimmetrica);
         QTest::keyClick(Simmetrico(), Qt::Key_Space);
         Premi(*form, "cmd_0");
@@ -306,7 +308,7 @@ private Q_SLOTS:
     {
         QVERIFY(QFile::remove(banco->Stazione.Nativo(QStringLiteral("dati\\faro0.jpg"))));
         form = Nuovo<frmMctc2>();
-        QCOMPARE(Errore_Di([this] { form->Mostra(); }), 53);
+        QCOMPARE(Errore_DaEvento([this] { form->Mostra(); }), 53);
         gCaricamento = Falso;
     }
 
@@ -427,7 +429,7 @@ private Q_SLOTS:
         Premi(*form, "chk_0");
         Premi(*form, "cmd_0");
         QCOMPARE(notifiche, (QList<QPair<int, int>>{
-                                {4, 4}
+                                {VeicoloConfermato, ProvaConfermata}
         }));
         QVERIFY(caricatoAllaNotifica); // the test runs first, the form goes after it
         QVERIFY(!form->Caricato());
@@ -459,7 +461,7 @@ private Q_SLOTS:
         QCOMPARE(Ini(), prima);
         QCOMPARE(gAltezzaFaro, 65.0);
         QCOMPARE(notifiche, (QList<QPair<int, int>>{
-                                {4, 4}
+                                {VeicoloConfermato, ProvaConfermata}
         }));
     }
 
@@ -484,7 +486,7 @@ private Q_SLOTS:
         banco->Stazione.Imposta(IMPOSTAZIONI, QStringLiteral("AltezzaFaro"), altezza);
         Apri(false);
         Scrivi(*form, "txt_3", QStringLiteral("AA000BB"));
-        QCOMPARE(Errore_Di([this] { Q_EMIT Widget_Di<QPushButton>(*form, "cmd_0")->clicked(); }), 13);
+        QCOMPARE(Errore_DaEvento([this] { Q_EMIT Widget_Di<QPushButton>(*form, "cmd_0")->clicked(); }), 13);
         QVERIFY(notifiche.isEmpty());
         QVERIFY(form->Caricato());
         QCOMPARE(gAltezzaFaro, -1.0);
@@ -536,13 +538,43 @@ private Q_SLOTS:
     void pulsanti()
     {
         Apri(false);
-        QCOMPARE(Testo_Di(*form, "cmd_0"), Testo_Mctc(113));
-        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(114));
-        QCOMPARE(Testo_Di(*form, "cmd_2"), Testo_Mctc(7));
+        QCOMPARE(Testo_Di(*form, "cmd_0"), Testo_Mctc(Id_Mctc(113)));
+        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(Id_Mctc(114)));
+        QCOMPARE(Testo_Di(*form, "cmd_2"), Testo_Mctc(Id_Mctc(7)));
         QVERIFY(!Visibile(*form, "cmd_1")); // collapsed: it has a caption and no action
         Widget_Di<QPushButton>(*form, "cmd_1")->click();
         QVERIFY(form->Caricato());
         QVERIFY(notifiche.isEmpty());
+    }
+
+    /// The plate stands large, from the file or as it is typed.
+    void targaGrande()
+    {
+        Apri(true);
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
+        QVERIFY(Visibile(*form, "lblTarga") && !Visibile(*form, "lblMotivo"));
+        QVERIFY(Widget_Di(*form, "lblTarga")->fontInfo().pixelSize() >
+                3 * Casella(3)->fontInfo().pixelSize());
+        form->Scarica();
+        Apri(false);
+        Scrivi(*form, "txt_3", QStringLiteral("ZZ9"));
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("ZZ9"));
+        Scrivi(*form, "txt_4", QStringLiteral("TELAIO"));
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("ZZ9"));
+    }
+
+    /// The reason of an empty form stands where the plate would, and goes with its form.
+    void motivoAlPostoDellaTarga()
+    {
+        gIniFile = Vero;
+        gTipoProva = 2;
+        form = Nuovo<frmMctc2>();
+        form->Motivo = QStringLiteral("Nessun veicolo");
+        form->Mostra();
+        QVERIFY(Attiva(*form));
+        QCOMPARE(Testo_Di(*form, "lblMotivo"), QStringLiteral("Nessun veicolo"));
+        QVERIFY(Visibile(*form, "lblMotivo") && !Visibile(*form, "lblTarga"));
+        QCOMPARE(Widget_Di(*form, "lblMotivo")->geometry(), Widget_Di(*form, "lblTarga")->geometry());
     }
 
     void pulsantiSulloSchermoPiuPiccolo_data()
@@ -562,7 +594,7 @@ private Q_SLOTS:
             const QWidget *pulsante = Membro_Di<QWidget>(*form, "cmd", i);
             const qint32 larghezza = piccoli ? 1000 : ScalaX(2600);
             QVERIFY(qAbs(pulsante->width() - Pixel_DaTwip(larghezza)) <= 1); // edges are mapped, not sizes
-            const double punti = piccoli ? ScalaX(14) : Punti_Normali() * 1.4;
+            const double punti = piccoli ? ScalaX(14) : Punti_Normali() * 2.2;
             QCOMPARE(pulsante->font().pixelSize(), qRound(Pixel_DaPunti(punti)));
         }
     }
@@ -575,7 +607,7 @@ private Q_SLOTS:
             gScreenH = 11520;
             Apri(false);
             for (int i = 0; i <= RIGA_SIMMETRICO; ++i) {
-                const int alta = Pixel_DaTwip(ScalaX(i < RIGHE_VEICOLO ? 215 : 430));
+                const int alta = Pixel_DaTwip(ScalaX(i < RIGHE_VEICOLO ? 255 : 500));
                 QVERIFY(qAbs(Etichetta_Di(i)->height() - alta) <= 1);
             }
             for (int i = RIGA_ALTEZZA; i <= RIGA_SIMMETRICO; ++i)

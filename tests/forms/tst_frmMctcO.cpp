@@ -1,13 +1,16 @@
 // The worklist: the list and its poll, the check of a picked file, the hand-over to the entry form.
 #include "mctc/frmMctcO.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
 #include "report/frmMctc2.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
+#include "toolkit/ricerca_elenco.h"
 
 #include <QCheckBox>
 #include <QDir>
@@ -104,11 +107,30 @@ private:
         QTimer::singleShot(0, &ciclo, [&] {
             QMetaObject::invokeMethod(
                 this, [this] { Premi(*form, "cmd_0"); }, Qt::QueuedConnection);
-            errore = Errore_Di([] { Battito(); });
+            errore = Errore_DaEvento([] { Battito(); });
             ciclo.quit();
         });
         ciclo.exec();
         return errore;
+    }
+    /// Four vehicles; the second and the third have plates that begin alike.
+    void Scrivi_Targhe() const
+    {
+        Scrivi_File(QStringLiteral("10000000.acc"), Buono());
+        Scrivi_File(QStringLiteral("20000000.acc"),
+                    Con("Targa=AB123CD", "Targa=EF456GH").replace("Nome=NICOL\xD2", "Nome=DUE"));
+        Scrivi_File(QStringLiteral("30000000.acc"), Con("Targa=AB123CD", "Targa=EF459GH"));
+        Scrivi_File(QStringLiteral("40000000.acc"), Con("Targa=AB123CD", "Targa=GG777GG"));
+    }
+    /// The lines that tell that they are done.
+    QList<int> Fatte() const
+    {
+        QList<int> fatte;
+        for (int i = 0; i < Lista()->count(); ++i) {
+            if (Lista()->item(i)->data(Qt::AccessibleDescriptionRole).toString() == u"fatto")
+                fatte.append(i);
+        }
+        return fatte;
     }
     bool Conferma_Abilitata() const { return Abilitato(*form, "cmd_0"); }
     bool Esci_Abilitato() const { return Abilitato(*form, "cmd_1"); }
@@ -122,7 +144,7 @@ private Q_SLOTS:
     void init()
     {
         banco = std::make_unique<BancoForm>();
-        gTipoProva = 2;
+        gTipoProva = ProvaScelta;
         rapporto.clear();
     }
     void cleanup()
@@ -141,16 +163,16 @@ private Q_SLOTS:
         Scrivi_File(QStringLiteral("10000000.Acc"), Con("Targa=AB123CD", "Targa=EF456GH"));
         gFileAcc = QStringLiteral("prima");
         Apri();
-        QCOMPARE(form->Caption(), Testo_Mctc(2));
-        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(36));
-        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(37));
-        QCOMPARE(Testo_Di(*form, "cmd_0"), Testo_Mctc(107));
-        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(106));
+        QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(2)));
+        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(Id_Mctc(36)));
+        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(Id_Mctc(37)));
+        QCOMPARE(Testo_Di(*form, "cmd_0"), Testo_Mctc(Id_Mctc(107)));
+        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(Id_Mctc(106)));
         QVERIFY(gFileAcc.isEmpty());
         // Names in capitals, the plate behind a tab, in the folder's own order.
         QCOMPARE(Righe(), QStringList({QStringLiteral("10000000.ACC\tEF456GH"),
                                        QStringLiteral("20000000.ACC\tAB123CD")}));
-        QCOMPARE(Orologio_Banco().Armate(), 1);
+        QCOMPARE(Orologio_Banco().Armate(), 2); // the poll, and the look for results
     }
 
     /// Opening the list checks no file, nor does the keyboard's coming to it.
@@ -256,9 +278,9 @@ private Q_SLOTS:
         Leggi_Rapporto(regia);
         Clicca_Riga(0);
         QVERIFY(regia.Finita());
-        QCOMPARE(rapporto,
-                 Testo_Mctc(110) + QStringLiteral(": \r\nSezione:[Prenotazione] - Campo:CAP - Errore "
-                                                  "di lunghezza\r\n"));
+        QCOMPARE(rapporto, Testo_Mctc(Id_Mctc(110)) +
+                               QStringLiteral(": \r\nSezione:[Prenotazione] - Campo:CAP - Errore "
+                                              "di lunghezza\r\n"));
         QVERIFY(!Conferma_Abilitata());
         QVERIFY(Esci_Abilitato());
         // It stays listed, it stays the file at hand, and it cannot go into a test.
@@ -366,7 +388,7 @@ private Q_SLOTS:
     {
         Scrivi_File(QStringLiteral("12345678.acc"), Buono() + QByteArray(33000, 'x'));
         Apri();
-        QCOMPARE(Errore_Di([this] { Lista()->setCurrentRow(0); }), 6);
+        QCOMPARE(Errore_DaEvento([this] { Lista()->setCurrentRow(0); }), 6);
         QApplication::restoreOverrideCursor();
     }
 
@@ -524,7 +546,7 @@ private Q_SLOTS:
         Battito();
         QCOMPARE(Lista()->count(), 0);
         QVERIFY(Conferma_Abilitata()); // what a clean file has switched on stays so
-        QCOMPARE(Errore_Di([this] { Q_EMIT Widget_Di<QPushButton>(*form, "cmd_0")->clicked(); }), 9);
+        QCOMPARE(Errore_DaEvento([this] { Q_EMIT Widget_Di<QPushButton>(*form, "cmd_0")->clicked(); }), 9);
         QVERIFY(Modulo_Aperto("frmMctc2") == nullptr);
     }
 
@@ -623,13 +645,281 @@ private Q_SLOTS:
         Battito();
         Clicca_Riga(0);
         Riscrivi_File(QStringLiteral("12345678.acc"), Buono() + QByteArray(33000, 'x'));
-        QCOMPARE(Errore_Di([] { Battito(); }), 0);
+        QCOMPARE(Errore_DaEvento([] { Battito(); }), 0);
         QVERIFY(QApplication::overrideCursor() == nullptr);
         QVERIFY(!Conferma_Abilitata());
         QVERIFY(Esci_Abilitato());
         Riscrivi_File(QStringLiteral("12345678.acc"), Buono());
         Battito();
         QVERIFY(Conferma_Abilitata());
+    }
+
+    // --- the search for a plate
+    // -----------------------------------------------------------------------------
+
+    void targaTrovataScrivendola()
+    {
+        Scrivi_Targhe();
+        Apri();
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("Per cercare scrivere la targa"));
+        QTest::keyClicks(Lista(), QStringLiteral("f45"));
+        QCOMPARE(Lista()->currentRow(), 1);
+        QCOMPARE(gFileAcc, gDirAcc + QStringLiteral("20000000.ACC"));
+        QVERIFY(Conferma_Abilitata()); // checked as by a click
+        QCOMPARE(Testo_Di(*form, "txt_7"), QStringLiteral("DUE"));
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("Cerca: F45"));
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("EF456GH"));
+        QTest::keyClick(Lista(), Qt::Key_Return);
+        QVERIFY(Modulo_Aperto("frmMctc2") != nullptr);
+    }
+
+    /// The first that fits, and the one at hand as long as it does: it is not checked again at every key.
+    void laPrimaCheCorrispondeERimane()
+    {
+        Scrivi_Targhe();
+        Apri();
+        Clicca_Riga(3);
+        QTest::keyClicks(Lista(), QStringLiteral("e"));
+        QCOMPARE(Lista()->currentRow(), 1);
+        gFileAcc = QStringLiteral("segno");
+        QTest::keyClicks(Lista(), QStringLiteral("f4"));
+        QCOMPARE(gFileAcc, QStringLiteral("segno"));
+        QTest::keyClicks(Lista(), QStringLiteral("59"));
+        QCOMPARE(Lista()->currentRow(), 2);
+    }
+
+    /// A plate that nobody has: told, and nothing else is chosen. The name of a file is looked through last.
+    void targaCheNonCE()
+    {
+        Scrivi_Targhe();
+        Apri();
+        Clicca_Riga(0);
+        QTest::keyClicks(Lista(), QStringLiteral("zz"));
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("ZZ: nessun veicolo"));
+        QCOMPARE(Lista()->currentRow(), 0);
+        QTest::keyClick(Lista(), Qt::Key_Backspace);
+        QTest::keyClick(Lista(), Qt::Key_Backspace);
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("Per cercare scrivere la targa"));
+        QTest::keyClicks(Lista(), QStringLiteral("4000"));
+        QCOMPARE(Lista()->currentRow(), 3);
+    }
+
+    void laFrecciaVaAllaProssima()
+    {
+        Scrivi_Targhe();
+        Apri();
+        QTest::keyClicks(Lista(), QStringLiteral("EF45"));
+        QCOMPARE(Lista()->currentRow(), 1);
+        QTest::keyClick(Lista(), Qt::Key_Down);
+        QCOMPARE(Lista()->currentRow(), 2);
+        QCOMPARE(gFileAcc, gDirAcc + QStringLiteral("30000000.ACC"));
+        QTest::keyClick(Lista(), Qt::Key_Down); // round
+        QCOMPARE(Lista()->currentRow(), 1);
+        QTest::keyClick(Lista(), Qt::Key_Up);
+        QCOMPARE(Lista()->currentRow(), 2);
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("Cerca: EF45"));
+    }
+
+    /// With no other that fits, and with nothing typed, an arrow moves by a line as ever.
+    void laFrecciaSenzaUnAltra()
+    {
+        Scrivi_Targhe();
+        Apri();
+        QTest::keyClicks(Lista(), QStringLiteral("459"));
+        QCOMPARE(Lista()->currentRow(), 2);
+        QTest::keyClick(Lista(), Qt::Key_Down);
+        QCOMPARE(Lista()->currentRow(), 3);
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("Per cercare scrivere la targa"));
+        QTest::keyClick(Lista(), Qt::Key_Up);
+        QCOMPARE(Lista()->currentRow(), 2);
+    }
+
+    /// After a pause a key begins anew; a click begins anew at once.
+    void dopoUnaPausaDaCapo()
+    {
+        Scrivi_Targhe();
+        Apri();
+        QTest::keyClicks(Lista(), QStringLiteral("zz"));
+        Orologio_Banco().Avanza(PAUSA_RICERCA - 1);
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("ZZ: nessun veicolo"));
+        Orologio_Banco().Avanza(1);
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("Per cercare scrivere la targa"));
+        QTest::keyClicks(Lista(), QStringLiteral("ef"));
+        QCOMPARE(Lista()->currentRow(), 1);
+        Clicca_Riga(3);
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("Per cercare scrivere la targa"));
+        QTest::keyClicks(Lista(), QStringLiteral("459"));
+        QCOMPARE(Lista()->currentRow(), 2);
+    }
+
+    /// A faulty file tells its report, and the typing goes on after it however long it was read.
+    void targaDiUnFileGuasto()
+    {
+        Scrivi_File(QStringLiteral("10000000.acc"), Con("CAP=47121", "CAP=123"));
+        Scrivi_File(QStringLiteral("20000000.acc"), Con("Targa=AB123CD", "Targa=AC456GH"));
+        Apri();
+        Regia regia;
+        regia.Quando("frmMsg", [](Modulo &msg) {
+            Orologio_Banco().Avanza(3 * PAUSA_RICERCA);
+            Premi(msg, "cmd_0");
+        });
+        QTest::keyClicks(Lista(), QStringLiteral("a"));
+        QVERIFY(regia.Finita());
+        QVERIFY(!Conferma_Abilitata());
+        QTest::keyClicks(Lista(), QStringLiteral("c"));
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("Cerca: AC"));
+        QCOMPARE(Lista()->currentRow(), 1);
+        QVERIFY(Conferma_Abilitata());
+    }
+
+    /// Keys with Ctrl or Alt, and Space, write nothing; an empty list has nothing to find.
+    void tastiCheNonCercano()
+    {
+        Apri();
+        QTest::keyClick(Lista(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(Lista(), Qt::Key_Space);
+        QTest::keyClick(Lista(), Qt::Key_Backspace);
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("Per cercare scrivere la targa"));
+        QTest::keyClicks(Lista(), QStringLiteral("A"));
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("A: nessun veicolo"));
+        QCOMPARE(Lista()->currentRow(), -1);
+    }
+
+    /// The folder goes: what was read last is no line any more.
+    void cercaDopoCheLaCartellaESparita()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Battito();
+        QVERIFY(QDir(banco->Stazione.Nativo(QStringLiteral("DIR_FAR"))).removeRecursively());
+        Battito();
+        QCOMPARE(Lista()->count(), 0);
+        QTest::keyClicks(Lista(), QStringLiteral("AB"));
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("AB: nessun veicolo"));
+        QCOMPARE(Testo_Di(*form, "lblAttesa"), QStringLiteral("In attesa: 0 di 0"));
+    }
+
+    // --- what is done, and what has changed under the hand
+    // ---------------------------------------------------
+
+    void fattiEInAttesa()
+    {
+        Scrivi_Targhe();
+        Scrivi_File(QStringLiteral("20000000.far"), "x");
+        Apri();
+        QCOMPARE(Fatte(), QList<int>{1});
+        QCOMPARE(Testo_Di(*form, "lblAttesa"), QStringLiteral("In attesa: 3 di 4"));
+        // Another station has done one: seen without a change of the list.
+        Scrivi_File(QStringLiteral("40000000.far"), "x");
+        Orologio_Banco().Avanza(10000);
+        QCOMPARE(Fatte(), QList<int>({1, 3}));
+        QCOMPARE(Testo_Di(*form, "lblAttesa"), QStringLiteral("In attesa: 2 di 4"));
+        Togli_File(QStringLiteral("20000000.far"));
+        Orologio_Banco().Avanza(10000);
+        QCOMPARE(Fatte(), QList<int>{3});
+    }
+
+    /// A line that is done is chosen as any other.
+    void unFattoSiScegliAncora()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Scrivi_File(QStringLiteral("12345678.far"), "x");
+        Apri();
+        Clicca_Riga(0);
+        QVERIFY(Conferma_Abilitata());
+    }
+
+    /// The line has become another vehicle: told before the confirmation, until the operator chooses.
+    void altroVeicoloSottoLaMano()
+    {
+        Scrivi_File(QStringLiteral("20000000.acc"), Buono());
+        Apri();
+        Battito();
+        Clicca_Riga(0);
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
+        QVERIFY(!Visibile(*form, "lblAvviso"));
+        Scrivi_File(QStringLiteral("10000000.acc"), Con("Targa=AB123CD", "Targa=EF456GH"));
+        Battito();
+        QVERIFY(Conferma_Abilitata());
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("EF456GH"));
+        QVERIFY(Visibile(*form, "lblAvviso"));
+        QCOMPARE(Testo_Di(*form, "lblAvviso"), QStringLiteral("Ora è un altro veicolo"));
+        // A file behind it changes nothing of that.
+        Scrivi_File(QStringLiteral("30000000.acc"), Buono());
+        Battito();
+        QVERIFY(Visibile(*form, "lblAvviso"));
+        Clicca_Riga(1);
+        QVERIFY(!Visibile(*form, "lblAvviso"));
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
+    }
+
+    /// Told already while the report of what stands there now is read.
+    void altroVeicoloGuasto()
+    {
+        Scrivi_File(QStringLiteral("20000000.acc"), Buono());
+        Apri();
+        Battito();
+        Clicca_Riga(0);
+        Scrivi_File(QStringLiteral("10000000.acc"), Con("CAP=47121", "CAP=123"));
+        Regia regia;
+        regia.Quando("frmMsg", [this](Modulo &msg) {
+            QVERIFY(Visibile(*form, "lblAvviso"));
+            Premi(msg, "cmd_0");
+        });
+        Battito();
+        QVERIFY(regia.Finita());
+        QVERIFY(Visibile(*form, "lblAvviso"));
+    }
+
+    void avvisoTace_data()
+    {
+        QTest::addColumn<QString>("nuovo");
+        QTest::addColumn<bool>("scelta");
+        QTest::newRow("un file dietro la riga") << QStringLiteral("30000000.acc") << true;
+        QTest::newRow("niente di scelto") << QStringLiteral("10000000.acc") << false;
+        QTest::newRow("lo stesso, riscritto") << QStringLiteral("20000000.acc") << true;
+    }
+    void avvisoTace()
+    {
+        QFETCH(QString, nuovo);
+        QFETCH(bool, scelta);
+        Scrivi_File(QStringLiteral("20000000.acc"), Buono());
+        Apri();
+        Battito();
+        if (scelta)
+            Clicca_Riga(0);
+        Riscrivi_File(nuovo, Buono());
+        Battito();
+        QVERIFY(!Visibile(*form, "lblAvviso"));
+    }
+
+    void veicoloSceltoSparito()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Battito();
+        Clicca_Riga(0);
+        Togli_File(QStringLiteral("12345678.acc"));
+        Battito();
+        QCOMPARE(Testo_Di(*form, "lblAvviso"), QStringLiteral("Il veicolo scelto non c'è più"));
+        QVERIFY(Visibile(*form, "lblAvviso"));
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QString());
+    }
+
+    /// A file of texts from before these: nothing breaks, and no empty notice shows.
+    void senzaITestiNuovi()
+    {
+        Scrivi_Targhe();
+        QVERIFY(QFile::remove(banco->Stazione.Nativo(QStringLiteral("lingueMCTC.ini"))));
+        Apri();
+        Battito();
+        QTest::keyClicks(Lista(), QStringLiteral("ef"));
+        QCOMPARE(Lista()->currentRow(), 1);
+        Scrivi_File(QStringLiteral("05000000.acc"), Buono());
+        Battito();
+        QVERIFY(!Visibile(*form, "lblAvviso"));
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QString());
+        QCOMPARE(Testo_Di(*form, "lblAttesa"), QString());
     }
 
     // --- hand-over ----------------------------------------------------------------------------------------
@@ -691,7 +981,7 @@ private Q_SLOTS:
         QVERIFY(notifiche.isEmpty());
         Premi(*Modulo_Aperto("frmMctc2"), "cmd_0");
         QCOMPARE(notifiche, (QList<QPair<int, int>>{
-                                {4, 4}
+                                {VeicoloConfermato, ProvaConfermata}
         }));
         QVERIFY(Nomi_Caricati().isEmpty());
     }

@@ -2,11 +2,13 @@
 // takes effect at once and what only with the save, and every byte that reaches the configuration.
 #include "setup/frmSetupO.h"
 
+#include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
 #include "link/protocollo.h"
 #include "tests/comuni/locale_prova.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/ini_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -189,7 +191,7 @@ private:
     {
         regia.Quando("dlgPwd", [password](Modulo &box) {
             QVERIFY(Attiva(box));
-            QCOMPARE(box.Caption(), Testo_Mctc(20));
+            QCOMPARE(box.Caption(), Testo_Mctc(Id_Mctc(20)));
             Batti(password);
             Orologio_Banco().Avanza(4000);
         });
@@ -312,7 +314,7 @@ private Q_SLOTS:
             QVERIFY2(Bloccata(riga) == bloccata, attesa.controllo);
             QCOMPARE(Etichetta_Di(riga)->isVisible(), attesa.etichetta != -1);
             if (attesa.etichetta != -1) {
-                QCOMPARE(Etichetta_Di(riga)->text(), Testo_Mctc(attesa.etichetta));
+                QCOMPARE(Etichetta_Di(riga)->text(), Testo_Mctc(Id_Mctc(attesa.etichetta)));
                 QCOMPARE(Etichetta_Di(riga)->isEnabled(), !bloccata);
             }
             if (attesa.controllo[0] == 't') {
@@ -329,8 +331,8 @@ private Q_SLOTS:
     void colonneDeiLimiti()
     {
         Apri();
-        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(32));
-        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(31));
+        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(Id_Mctc(32)));
+        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(Id_Mctc(31)));
         QVERIFY(!Abilitato(*form, "lblDes_0") && !Abilitato(*form, "lblDes_1"));
         // The even rows are the second column of the line whose label stands on the odd one.
         for (int riga = PRIMO_LIMITE; riga < ULTIMO_LIMITE; riga += 2) {
@@ -347,7 +349,7 @@ private Q_SLOTS:
         Apri();
         QStringList lingue, porte;
         for (qint16 id = 81; id <= 85; ++id)
-            lingue.append(Testo_Mctc(id));
+            lingue.append(Testo_Mctc(Id_Mctc(id)));
         for (int porta = 1; porta <= 20; ++porta)
             porte.append(QStringLiteral("COM%1").arg(porta));
         const auto voci = [this](int riga) {
@@ -357,7 +359,7 @@ private Q_SLOTS:
             return testi;
         };
         QCOMPARE(voci(LINGUA), lingue);
-        QCOMPARE(voci(MODALITA), QStringList({Testo_Mctc(91), Testo_Mctc(92)}));
+        QCOMPARE(voci(MODALITA), QStringList({Testo_Mctc(Id_Mctc(91)), Testo_Mctc(Id_Mctc(92))}));
         QCOMPARE(voci(STRUMENTO), QStringList(QStringLiteral("QX5")));
         QCOMPARE(Combo(STRUMENTO)->currentIndex(), 0);
         QCOMPARE(voci(PORTA), porte);
@@ -494,7 +496,7 @@ private Q_SLOTS:
         Apri();
         for (const int i : {0, 1, 2, 3}) {
             auto *intestazione = Membro_Di<QLabel>(*form, "lblIntestazione", i);
-            QCOMPARE(intestazione->text(), Testo_Mctc(Intero16(270 + i)));
+            QCOMPARE(intestazione->text(), Testo_Mctc(Id_Mctc(270 + i)));
             QVERIFY(!intestazione->text().isEmpty() && intestazione->isVisible());
         }
         Scegli(LINGUA, 2);
@@ -510,7 +512,7 @@ private Q_SLOTS:
         banco->Stazione.Scrivi(QStringLiteral("lingueMCTC.ini"), testi);
         Apri();
         QCOMPARE(Testo_Di(*form, "lblIntestazione_0"), QString());
-        QCOMPARE(Etichetta_Di(OPERATORE)->text(), Testo_Mctc(142));
+        QCOMPARE(Etichetta_Di(OPERATORE)->text(), Testo_Mctc(Id_Mctc(142)));
         Premi(*form, "cmd_0");
         QVERIFY(!form->Caricato());
     }
@@ -782,7 +784,7 @@ private Q_SLOTS:
         if (!accettato) {
             regia.Quando("frmMsg", [&messaggi](Modulo &msg) {
                 ++messaggi;
-                QCOMPARE(Testo_Di(msg, "lbl_0"), Testo_Mctc(108));
+                QCOMPARE(Testo_Di(msg, "lbl_0"), Testo_Mctc(Id_Mctc(108)));
                 QCOMPARE(Predefinito<frmMsg>().Mode, qint16{0});
                 QCOMPARE(Predefinito<frmMsg>().TopMost, qint16{0});
                 Orologio_Banco().Avanza(1999);
@@ -1019,10 +1021,10 @@ private Q_SLOTS:
             QCOMPARE(*flag[altra - INI_FILE], Flag_Da((altra == riga) == accesa));
         QCOMPARE(Ini(), Ini_Con(prima, "MCTC", ATTESE[riga].chiave, accesa ? "1" : "0"));
         Notifiche attese = {
-            {1, 0}
+            {SetupSalvato, 0}
         };
         if (riga == INI_FILE)
-            attese.prepend({4, 0});
+            attese.prepend({SetupLavoro, 0});
         QCOMPARE(*notifiche, attese);
     }
 
@@ -1049,15 +1051,15 @@ private Q_SLOTS:
         Scegli(LINGUA, 2);
         QCOMPARE(gLingua, QStringLiteral("EN"));
         QCOMPARE(*notifiche, (Notifiche{
-                                 {2, 0}
+                                 {SetupLingua, 0}
         }));
         QVERIFY(gTabMctc != italiani);
         for (int riga = 0; riga < RIGHE; ++riga) {
             if (ATTESE[riga].etichetta != -1)
-                QCOMPARE(Etichetta_Di(riga)->text(), Testo_Mctc(ATTESE[riga].etichetta));
+                QCOMPARE(Etichetta_Di(riga)->text(), Testo_Mctc(Id_Mctc(ATTESE[riga].etichetta)));
         }
-        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(32));
-        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(31));
+        QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(Id_Mctc(32)));
+        QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(Id_Mctc(31)));
         QCOMPARE(Testo_Di(*form, "cmd_1"), QStringLiteral("Periodic verification"));
         QVERIFY(!Abilitato(*form, "lblDes_0")); // the locks do not move
         QVERIFY(!Etichetta_Di(PRIMO_LUX)->isEnabled());
@@ -1101,8 +1103,8 @@ private Q_SLOTS:
         Scegli(LINGUA, 0);
         Scegli(LINGUA, 0);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {2, 0},
-                                 {2, 0}
+                                 {SetupLingua, 0},
+                                 {SetupLingua, 0}
         }));
         QCOMPARE(gLingua, QStringLiteral("IT"));
         Salva();
@@ -1368,8 +1370,8 @@ private Q_SLOTS:
         Salva();
         QCOMPARE(Ini(), Ini_Con(letto, "IMPOSTAZIONI", "ModSeriale", "1"));
         QCOMPARE(*notifiche, (Notifiche{
-                                 {4, 0},
-                                 {1, 0}
+                                 {SetupLavoro,  0},
+                                 {SetupSalvato, 0}
         }));
         QCOMPARE(Tipi(), QByteArray("105090")); // reading makes no operator to write
     }
@@ -1399,7 +1401,7 @@ private Q_SLOTS:
         QCOMPARE(strumento->Testi(Blocco::Dati), identita + QStringList{QStringLiteral("Neri Ada")});
         QCOMPARE(strumento->Testi(Blocco::Taratura), TESTI_TARATURA);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {1, 0}
+                                 {SetupSalvato, 0}
         }));
     }
 
@@ -1434,7 +1436,7 @@ private Q_SLOTS:
         QCOMPARE(Ini(), Ini_Con(Ini_Con(prima, "VEICOLO", "Operatore", "Neri Ada"), "MCTC", "Esce", "1"));
         QCOMPARE(gEsce, Vero);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {1, 0}
+                                 {SetupSalvato, 0}
         }));
     }
 
@@ -1493,7 +1495,7 @@ private Q_SLOTS:
         Salva();
         QCOMPARE(Ini(), prima);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {1, 0}
+                                 {SetupSalvato, 0}
         }));
         QVERIFY(strumento->Comandi.isEmpty());
     }
@@ -1536,9 +1538,9 @@ private Q_SLOTS:
         QCOMPARE(gModalita, Falso);
         QCOMPARE(gAllarmeAcustico, Vero);
         QCOMPARE(*notifiche, (Notifiche{
-                                 {4, 0},
-                                 {4, 0},
-                                 {1, 0}
+                                 {SetupLavoro,  0},
+                                 {SetupLavoro,  0},
+                                 {SetupSalvato, 0}
         }));
     }
 
@@ -1598,7 +1600,7 @@ private Q_SLOTS:
         QFETCH(QString, password);
         QFETCH(bool, aperta);
         Apri();
-        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(4));
+        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(Id_Mctc(4)));
         Imposta("MCTC", "DirDati", QStringLiteral("X:\\altrove\\"));
         bool modale = false;
         Regia regia;

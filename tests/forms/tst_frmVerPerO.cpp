@@ -5,6 +5,7 @@
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "link/protocollo.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/ini_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -129,7 +130,7 @@ private Q_SLOTS:
             QCOMPARE(Casella(i)->pos(), Posto_Twip(100, RIGHE[i].cima, 0, 0).topLeft()); // unscaled
             auto *etichetta = Membro_Di<QLabel>(*form, "lbl", i);
             QCOMPARE(etichetta->pos(), Posto_Twip(100, RIGHE[i].cima - 200, 0, 0).topLeft());
-            QCOMPARE(etichetta->text(), Testo_Mctc(RIGHE[i].etichetta));
+            QCOMPARE(etichetta->text(), Testo_Mctc(Id_Mctc(RIGHE[i].etichetta)));
             QVERIFY(Casella(i)->isVisible() && !Casella(i)->isReadOnly());
         }
     }
@@ -137,11 +138,11 @@ private Q_SLOTS:
     void titoloPulsantiECornice()
     {
         Apri();
-        QCOMPARE(form->Caption(), Testo_Mctc(4));
-        QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(4));
+        QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(4)));
+        QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(Id_Mctc(4)));
         QVERIFY(Visibile(*form, "lblTitolo"));
-        const QString didascalie[] = {QStringLiteral("Ok"), Testo_Mctc(106), Testo_Mctc(128),
-                                      QStringLiteral("Default")};
+        const QString didascalie[] = {QStringLiteral("Ok"), Testo_Mctc(Id_Mctc(106)),
+                                      Testo_Mctc(Id_Mctc(128)), QStringLiteral("Default")};
         const qint32 posti[] = {form->Width() - 3200, form->Width() - 1600, 1700, 100};
         for (int i = 0; i < 4; ++i) {
             auto *pulsante = Membro_Di<QPushButton>(*form, "cmd", i);
@@ -452,7 +453,7 @@ private Q_SLOTS:
         Regia regia;
         regia.Quando("frmMsg", [&](Modulo &msg) {
             ++messaggi;
-            QCOMPARE(Testo_Di(msg, "lbl_0"), Testo_Mctc(108));
+            QCOMPARE(Testo_Di(msg, "lbl_0"), Testo_Mctc(Id_Mctc(108)));
             Orologio_Banco().Avanza(1999);
             QVERIFY(msg.Caricato());
             Orologio_Banco().Avanza(1);

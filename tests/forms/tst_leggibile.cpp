@@ -73,26 +73,32 @@ struct Classe
 };
 
 constexpr Classe CLASSI[] = {
-    {"frmComm",          "lbl_0",                  Auto,     Operatore}, // the message
-    {"frmComm",          "lblTx|lblRx|lstDbg",     Tastiera, Tecnico  },
-    {"frmComm",          ".*",                     Schermo,  Operatore},
-    {"frmEsito",         "lblTitolo",              Auto,     Operatore}, // the verdict
-    {"frmEsito",         "lblTab_.*|lblPar_[0-3]", Auto,     Operatore}, // of each lamp; which lamp
-    {"frmEsito",         ".*",                     Schermo,  Operatore},
-    {"frmMctcO",         ".*",                     Schermo,  Operatore},
-    {"frmMctc2",         "txt_3",                  Auto,     Operatore}, // the plate
-    {"frmMctc2",         "cmd_.*",                 Schermo,  Operatore},
-    {"frmMctc2",         ".*",                     Tastiera, Operatore}, // its rows are typed in
-    {"frmMain",          ".*",                     Schermo,  Operatore},
-    {"frmMsg",           "lblTitolo",              Tastiera, Operatore}, // says what the sign beside it says
-    {"frmMsg",           ".*",                     Schermo,  Operatore},
-    {"dlgPwd",           ".*",                     Tastiera, Tecnico  },
-    {"frmAbout",         ".*",                     Tastiera, Tecnico  },
-    {"frmAnagOffO",      ".*",                     Tastiera, Tecnico  },
-    {"frmCartella",      ".*",                     Tastiera, Tecnico  },
-    {"frmControlliMctc", ".*",                     Tastiera, Tecnico  },
-    {"frmSetupO",        ".*",                     Tastiera, Tecnico  },
-    {"frmVerPerO",       ".*",                     Tastiera, Tecnico  },
+    {"frmComm",          "lbl_0",                    Auto,     Operatore}, // the message
+    {"frmComm",          "lblTarga|lblPorta",        Auto,     Operatore},
+    {"frmComm",          "lbl(Nome)?(Tx|Rx)|lstDbg", Tastiera, Tecnico  },
+    {"frmComm",          ".*",                       Schermo,  Operatore},
+    {"frmEsito",         "lblTitolo",                Auto,     Operatore}, // the verdict
+    {"frmEsito",         "lblTab_.*|lblPar_[0-3]",   Auto,     Operatore}, // of each lamp; which lamp
+    {"frmEsito",         "lblTarga|lblGuasto_.*",    Auto,     Operatore},
+    {"frmEsito",         ".*",                       Schermo,  Operatore},
+    {"frmMctcO",         "lblTarga",                 Auto,     Operatore}, // of the vehicle in hand
+    {"frmMctcO",         "(lbl|txt|lblDes)_.*",      Tastiera, Operatore}, // the record of the file; column heads
+    {"frmMctcO",         ".*",                       Schermo,  Operatore},
+    {"frmMctc2",         "lblTarga",                 Auto,     Operatore},
+    {"frmMctc2",         "lblMotivo",                Schermo,  Operatore}, // why there is no vehicle to choose
+    {"frmMctc2",         "cmd_.*",                   Schermo,  Operatore},
+    {"frmMctc2",         ".*",                       Tastiera, Operatore}, // its rows are typed in
+    {"frmMain",          "lblStato_.*",              Tastiera, Tecnico  }, // what asks for somebody is in lblAvviso too
+    {"frmMain",          ".*",                       Schermo,  Operatore},
+    {"frmMsg",           "lblTitolo",                Tastiera, Operatore}, // says what the sign beside it says
+    {"frmMsg",           ".*",                       Schermo,  Operatore},
+    {"dlgPwd",           ".*",                       Tastiera, Tecnico  },
+    {"frmAbout",         ".*",                       Tastiera, Tecnico  },
+    {"frmAnagOffO",      ".*",                       Tastiera, Tecnico  },
+    {"frmCartella",      ".*",                       Tastiera, Tecnico  },
+    {"frmControlliMctc", ".*",                       Tastiera, Tecnico  },
+    {"frmSetupO",        ".*",                       Tastiera, Tecnico  },
+    {"frmVerPerO",       ".*",                       Tastiera, Tecnico  },
 };
 
 enum Grandezza
@@ -112,21 +118,18 @@ struct Sottosoglia
 };
 
 constexpr Sottosoglia SOTTOSOGLIA[] = {
-    {"frmComm",          "cmd_0",                          Lettera, 4.4,  "still to be enlarged"                               },
-    {"frmComm",          "lbl_0",                          Lettera, 5.5,  "still to be enlarged"                               },
-    {"frmComm",          "lblTx|lblRx|lstDbg",             Lettera, 3.8,  "still to be enlarged"                               },
-    {"frmEsito",         "(cmd|txt|lbl|lblDes|lblPar)_.*", Lettera, 4.4,  "still to be enlarged"                               },
-    {"frmEsito",         "lblTab_.*",                      Lettera, 6.7,  "still to be enlarged"                               },
-    {"frmEsito",         "lblTitolo",                      Lettera, 13.9, "still to be enlarged"                               },
-    {"frmMain",          "cmdMnu_.*",                      Lettera, 9.4,  "still to be enlarged"                               },
-    {"frmMctc2",         "cmd_.*",                         Lettera, 6.6,  "still to be enlarged"                               },
-    {"frmMctc2",         "lbl_.*|txt_.*",                  Lettera, 4.0,  "still to be enlarged"                               },
-    {"frmMctcO",         "cmd_.*",                         Lettera, 6.6,  "still to be enlarged"                               },
-    {"frmMctcO",         "(lbl|txt|lblDes)_.*",            Lettera, 4.0,  "still to be enlarged"                               },
-    {"frmMctcO",         "lstAuto",                        Lettera, 5.5,  "still to be enlarged"                               },
-    {"frmMctcO",         "lstAuto",                        Premuto, 7.3,  "still to be enlarged"                               },
-    {"frmControlliMctc", "cbo_.*",                         Lettera, 4.0,  "the width of the lists is given"                    },
-    {"frmVerPerO",       "lbl_.*",                         Lettera, 3.8,  "200 twips from one box to the next are all there is"},
+    {"frmEsito",         "cmd_.*",              Lettera, 8.5,  "the width of the buttons is given"                   },
+    {"frmEsito",         "lbl_.*|lblTipo",      Lettera, 5.8,  "the captions stand 300 above their boxes"            },
+    {"frmEsito",         "lblDes_1",            Lettera, 6.6,  "it stands 350 above the heads"                       },
+    {"frmEsito",         "lblPar_[0-3]",        Lettera, 5.2,  "the columns are 1300 wide; lblGuasto names the lamps"},
+    {"frmEsito",         "lblPar_[4-6]",        Lettera, 5.3,  "long words between the frame and the cells"          },
+    {"frmEsito",         "lblTab_([89]|1[01])", Lettera, 9.4,  "five signs in a cell of 1300"                        },
+    {"frmMain",          "cmdMnu_.*",           Lettera, 9.4,  "the size of the menu's type is given"                },
+    {"frmMctc2",         "cmd_.*",              Lettera, 6.8,  "given for the smallest screen"                       },
+    {"frmMctc2",         "lbl_1[234]",          Lettera, 4.6,  "their width is given"                                },
+    {"frmMctcO",         "lstAuto",             Premuto, 12.6, "its frame is low, and shows 3 lines"                 },
+    {"frmControlliMctc", "cbo_.*",              Lettera, 4.0,  "the width of the lists is given"                     },
+    {"frmVerPerO",       "lbl_.*",              Lettera, 3.2,  "200 twips from one box to the next are all there is" },
 };
 
 bool Corrisponde(const char *modello, const QString &nome)

@@ -4,6 +4,7 @@
 #include "platform/colore_qt.h"
 #include "tests/comuni/errore_prova.h"
 #include "tests/comuni/stazione_prova.h"
+#include "tests/comuni/testi_prova.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/modulo_prova.h"
 #include "tests/forms/principale_prova.h"
@@ -171,7 +172,7 @@ void tst_modCtl::Prepara_Tabella()
         CampoForm &campo = m_tabella[static_cast<size_t>(riga)];
         const DisegnoRiga &disegno = RIGHE[riga];
         campo.Kind = disegno.controllo;
-        campo.LabelId = disegno.etichetta;
+        campo.LabelId = Id_Mctc(disegno.etichetta);
         campo.File = gFileIni;
         campo.Section = QStringLiteral("PROVA");
         campo.Key = QString::fromUtf16(disegno.chiave);
@@ -674,7 +675,7 @@ void Riempi(std::array<CampoForm, RIGHE_PIENE> &tabella)
     for (qint16 riga = 0; riga < RIGHE_PIENE; ++riga) {
         CampoForm &campo = tabella[static_cast<size_t>(riga)];
         campo.Kind = TIPI[riga % 4];
-        campo.LabelId = riga;
+        campo.LabelId = Id_Mctc(riga);
         campo.List = {QStringLiteral("uno")};
         campo.CtlLeft = ScalaX_16(riga % 4 * 3840 + 1840);
         campo.CtlTop = ScalaY_16(riga / 4 * 1440 + 1060);

@@ -40,6 +40,9 @@ private Q_SLOTS:
     void scaricatoDuranteLaMostra();
     void vivoFinoAlRitornoDelGestore();
     void scaricoDentroUnload();
+    void erroreDentroUnload();
+    void eseguitoDopo();
+    void scaricatoDaUnoFuoriDagliArray();
     void caricamentoFallito_data();
     void caricamentoFallito();
     void vivoDopoLoScaricoFinoAllUltimoRiferimento();
@@ -73,6 +76,9 @@ private Q_SLOTS:
     void casellaBloccataNonConvalida();
     void bloccataSaltataDaTab();
     void tabEsceDaUnaCasellaBloccata();
+    void erroreDentroLaConvalida();
+    void convalidaScaricaLaSuaCasella();
+    void convalidaScaricaIlPulsante();
     void scaricatoDentroLaConvalida_data();
     void scaricatoDentroLaConvalida();
     void nascostaOSpentaNonConvalida_data();
@@ -84,6 +90,7 @@ private Q_SLOTS:
     // keys
     void tastoInghiottitoNellaCasella();
     void tastoInghiottitoNellaCombo();
+    void tastoInghiottitoSulPulsante();
     void tastoInghiottitoAListaAperta();
     void tastiConLaListaAperta();
     void tabNonSiInghiotte();
@@ -253,7 +260,7 @@ void tst_modulo::scaricoDentroUnGestore()
     int dopo = 0;
     const auto scarica = [&m, &dopo] {
         m.Scarica();
-        dopo = m.Registro.size() > 0 ? 1 : 0; // the object is whole until its handler has returned
+        dopo = m.Registro.isEmpty() ? 0 : 1; // the object is whole until its handler has returned
     };
     m.AlDisegno = [&m] { Disegna(m); };
     if (gestore == u"FunctionKey")
@@ -317,7 +324,7 @@ void tst_modulo::scaricatoDuranteLaMostra()
 int Attivato_Subito(int argc, char **argv)
 {
     Applicazione applicazione(argc, argv);
-    for (const auto modalita : {Modulo::NonModale, Modulo::Modale}) {
+    for (const auto modo : {Modulo::NonModale, Modulo::Modale}) {
         const ReteModale rete;
         const auto modulo = Nuovo<ModuloProva>();
         bool ritornato = false;
@@ -326,7 +333,7 @@ int Attivato_Subito(int argc, char **argv)
             subito = !ritornato;
             modulo->Scarica();
         };
-        modulo->Mostra(modalita);
+        modulo->Mostra(modo);
         ritornato = true;
         if (rete.Scattata() || !subito || modulo->Caricato())
             return 2;
@@ -360,6 +367,68 @@ void tst_modulo::scaricoDentroUnload()
     modulo->Mostra();
     modulo->Scarica();
     QCOMPARE(modulo->Volte(QStringLiteral("Unload")), 1);
+    QVERIFY(!modulo->Caricato());
+}
+
+// A form that could not be unloaded stands, and its owner may try again.
+void tst_modulo::erroreDentroUnload()
+{
+    const auto modulo = Nuovo<ModuloProva>();
+    modulo->Mostra();
+    modulo->AlUnload = [] { Solleva(NumeroErrore::FileNonTrovato); };
+    QCOMPARE(Errore_Di([&] { modulo->Scarica(); }), 53);
+    QVERIFY(modulo->Caricato());
+    modulo->AlUnload = {};
+    modulo->Scarica();
+    QCOMPARE(modulo->Volte(QStringLiteral("Unload")), 2);
+    QVERIFY(!modulo->Caricato());
+}
+
+void tst_modulo::eseguitoDopo()
+{
+    auto modulo = Nuovo<ModuloProva>();
+    const std::weak_ptr<ModuloProva> spia = modulo;
+    ModuloProva *m = modulo.get();
+    m->Mostra();
+    bool vivo = false;
+    m->Esegui_Dopo([m, &spia, &vivo] {
+        m->Scarica();
+        vivo = !spia.expired();
+    });
+    QVERIFY(m->Caricato());
+    modulo.reset();
+    QTRY_VERIFY(vivo);
+    QVERIFY(spia.expired());
+}
+
+// As the buttons of a menu that go with their form.
+void tst_modulo::scaricatoDaUnoFuoriDagliArray()
+{
+    const auto modulo = Nuovo<ModuloProva>();
+    std::unique_ptr<Pulsante> pulsante;
+    std::unique_ptr<CasellaTesto> casella;
+    QStringList letti;
+    const QString segno = QStringLiteral("captured by value, on the heap of the closure");
+    modulo->AlDisegno = [&] {
+        pulsante = std::make_unique<Pulsante>(modulo->Finestra(), QStringLiteral("cmdSolo"));
+        casella = std::make_unique<CasellaTesto>(modulo->Finestra(), QStringLiteral("txtSola"));
+        modulo->Collega(*pulsante, [&modulo, &pulsante, &letti, segno] {
+            modulo->Scarica();
+            pulsante.reset();
+            letti.append(segno);
+        });
+        const auto cambio = [&casella, &letti, segno] {
+            casella.reset();
+            letti.append(segno);
+        };
+        modulo->Collega(*casella, cambio, [](qint16 &) {});
+    };
+    modulo->Mostra();
+    QVERIFY(Attiva(*modulo));
+    QTest::keyClick(casella->Widget(), Qt::Key_A);
+    QCOMPARE(letti, QStringList{segno});
+    QTest::mouseClick(pulsante->Widget(), Qt::LeftButton);
+    QCOMPARE(letti, (QStringList{segno, segno}));
     QVERIFY(!modulo->Caricato());
 }
 
@@ -860,6 +929,47 @@ void tst_modulo::tabEsceDaUnaCasellaBloccata()
     QCOMPARE(modulo->Finestra()->focusWidget()->objectName(), QStringLiteral("cbo_0"));
 }
 
+// The box is asked again at the next leaving.
+void tst_modulo::erroreDentroLaConvalida()
+{
+    const auto modulo = Completo();
+    QVERIFY(Attiva(*modulo));
+    modulo->txt[1].SetFocus();
+    modulo->AlValidate = [](qint16) { Solleva(NumeroErrore::FileNonTrovato); };
+    QCOMPARE(Errore_Di([&] { modulo->cmd[1].Click(); }), 53);
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 1")), 0);
+    modulo->AlValidate = {};
+    modulo->Trattieni = true;
+    modulo->cmd[1].Click();
+    QCOMPARE(modulo->Volte(QStringLiteral("txt_Validate 1")), 2);
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 1")), 0);
+}
+
+void tst_modulo::convalidaScaricaLaSuaCasella()
+{
+    const auto modulo = Completo();
+    QVERIFY(Attiva(*modulo));
+    modulo->txt[2].SetFocus();
+    modulo->Trattieni = true;
+    modulo->AlValidate = [&](qint16 Index) { modulo->txt.Scarica(Index); };
+    modulo->cmd[1].Click();
+    QVERIFY(!modulo->txt.Esiste(2));
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 1")), 1); // what has gone holds nobody
+}
+
+void tst_modulo::convalidaScaricaIlPulsante()
+{
+    const auto modulo = Completo();
+    QVERIFY(Attiva(*modulo));
+    modulo->txt[1].SetFocus();
+    modulo->AlValidate = [&](qint16) { modulo->cmd.Scarica(2); };
+    const Evento click = modulo->cmd[2].Click;
+    click();
+    QVERIFY(!modulo->cmd.Esiste(2));
+    QCOMPARE(modulo->Volte(QStringLiteral("txt_Validate 1")), 1);
+    QVERIFY(modulo->Caricato());
+}
+
 void tst_modulo::scaricatoDentroLaConvalida_data()
 {
     lasciareLaCasella_data();
@@ -1007,6 +1117,26 @@ void tst_modulo::tastoInghiottitoNellaCombo()
     QCOMPARE(modulo->Volte(QStringLiteral("cbo_KeyDown 0")), 8);
     QCOMPARE(modulo->Volte(QStringLiteral("FunctionKey 4")), 1);
     QCOMPARE(modulo->Registro.size(), 9); // and no click came of any of them
+}
+
+void tst_modulo::tastoInghiottitoSulPulsante()
+{
+    const auto modulo = Completo();
+    QVERIFY(Attiva(*modulo));
+    modulo->cmd[1].SetFocus();
+    QList<qint16> codici;
+    modulo->AlTasto = [&](qint16, qint16 &KeyAscii) {
+        codici.append(KeyAscii);
+        KeyAscii = 0;
+    };
+    for (const Qt::Key tasto : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Space})
+        Premi(*modulo, tasto);
+    QCOMPARE(codici, QList<qint16>({27, 13, 32}));
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 1")), 0);
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 2")), 0);
+    modulo->AlTasto = {};
+    Premi(*modulo, Qt::Key_Return);
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 1")), 1);
 }
 
 void tst_modulo::tastoInghiottitoAListaAperta()

@@ -21,6 +21,7 @@ namespace {
 constexpr Sovrapposti VOLUTI[] = {
     {"frmAbout", "lblAbout_1", "lblAbout_2", "tops and heights of the lines are given"           },
     {"frmComm",  "Image1",     "*",          "the picture is the ground of the form"             },
+    {"frmMain",  "imgLogo",    "lblAvviso",  "the notice stands on the picture"                  },
     {"frmMctc2", "lbl_12",     "lbl_13",     "their width is given, also for the smallest screen"},
     {"frmMctc2", "lbl_13",     "lbl_14",     "their width is given, also for the smallest screen"},
     {"frmMsg",   "Shape1",     "*",          "the border stands round everything"                },

@@ -1,5 +1,7 @@
 #include "toolkit/schermo.h"
 
+#include "platform/errore_esecuzione.h"
+#include "tests/comuni/errore_prova.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
 
@@ -25,7 +27,7 @@ private Q_SLOTS:
     void pixelArrotondati();
     void puntiInPixel();
     void clessidraUnaSola();
-    void eventiInAttesa();
+    void clessidraFinisceConUnErrore();
 };
 
 namespace {
@@ -104,7 +106,7 @@ void tst_schermo::posizioniInSediciBit()
     for (int lato = da; lato < a; ++lato) {
         const double unita = Twip_PerPixel(QSize(lato, 600));
         QVERIFY(std::round(lato * unita) <= MASSIMO_16);
-        QVERIFY(std::round(lato * unita) > MASSIMO_16 / 2 || unita == 15.0); // and no coarser than need be
+        QVERIFY(std::round(lato * unita) > MASSIMO_16 / 2.0 || unita == 15.0); // and no coarser than need be
         QCOMPARE(Twip_PerPixel(QSize(600, lato)), unita);
     }
 }
@@ -167,23 +169,27 @@ void tst_schermo::puntiInPixel()
 void tst_schermo::clessidraUnaSola()
 {
     QCOMPARE(QApplication::overrideCursor(), nullptr);
-    Schermo_Puntatore(PuntatoreNormale); // it was never on
-    QCOMPARE(QApplication::overrideCursor(), nullptr);
-    Schermo_Puntatore(PuntatoreClessidra);
-    Schermo_Puntatore(PuntatoreClessidra);
-    QVERIFY(QApplication::overrideCursor() != nullptr);
-    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
-    Schermo_Puntatore(PuntatoreNormale); // once is enough
+    {
+        const Clessidra esterna;
+        QVERIFY(QApplication::overrideCursor() != nullptr);
+        QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+        {
+            const Clessidra interna;
+            QVERIFY(QApplication::overrideCursor() != nullptr);
+        }
+        QCOMPARE(QApplication::overrideCursor(), nullptr); // for what the inner procedure has to tell
+    }
     QCOMPARE(QApplication::overrideCursor(), nullptr);
 }
 
-void tst_schermo::eventiInAttesa()
+void tst_schermo::clessidraFinisceConUnErrore()
 {
-    bool passato = false;
-    QTimer::singleShot(0, this, [&] { passato = true; });
-    QVERIFY(!passato);
-    Eventi_Esegui();
-    QVERIFY(passato);
+    const int errore = Errore_Di([] {
+        const Clessidra clessidra;
+        Solleva(NumeroErrore::FileNonTrovato);
+    });
+    QCOMPARE(errore, 53);
+    QCOMPARE(QApplication::overrideCursor(), nullptr);
 }
 
 int main(int argc, char **argv)

@@ -476,7 +476,7 @@ void tst_protocollo::rispostaSenzaFine()
     QVERIFY(!Risposta_Valida(Buffer_Di(QByteArray(), 'x')));
     QVERIFY(!Risposta_Valida(BufferRx{}));
     // Not for its check character: 105 * 120 = 12600, 56 of it.
-    QVERIFY(!Risposta_Valida(Buffer_Di(QByteArray(MISURA_RX - 1, 'x') + '6')));
+    QVERIFY(!Risposta_Valida(Buffer_Di(QByteArray(LUNGHEZZA_RX - 1, 'x') + '6')));
 }
 
 void tst_protocollo::leggeLaMisura()

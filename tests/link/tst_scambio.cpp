@@ -1,5 +1,7 @@
 #include "link/scambio.h"
 
+#include "core/codici.h"
+#include "core/esito_sessione.h"
 #include "core/modGeneral.h"
 #include "link/modComm.h"
 #include "platform/errore_esecuzione.h"
@@ -131,6 +133,8 @@ private Q_SLOTS:
     // the end
     void pulsanteInOgniStato_data();
     void pulsanteInOgniStato();
+    void fineAnnotata_data();
+    void fineAnnotata();
     void debugRestaAperta();
     void debugRispostaDopoLaFineNonVista();
     void rispostaTardivaRecuperaLaSessione();
@@ -210,7 +214,7 @@ void tst_scambio::avvioApreLaPortaEMandaLoStato()
     QCOMPARE(s.finestra.Colori, QList<quint32>(1, 0xFFFFFF));
     QCOMPARE(s.macchina.Stato, StatoAttesa);
     QCOMPARE(s.macchina.Comando, quint8(CmdStato));
-    QCOMPARE(s.macchina.Esito, qint16(7));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneFallita});
     QCOMPARE(s.macchina.Dati, QByteArray());
 }
 
@@ -305,7 +309,7 @@ void tst_scambio::laSecondaSessioneRicominciaDaCapo()
     QCOMPARE(s.macchina.Stato, StatoFermo);
     QCOMPARE(s.macchina.Ricezione.BufRx, BufferRx{});
     s.Apri();
-    QCOMPARE(s.macchina.Esito, qint16(7));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneFallita});
     s.orologio.Avanza(2000);
     QCOMPARE(s.linea.Frame().size(), 1);
 }
@@ -441,14 +445,14 @@ void tst_scambio::misuraCompleta()
     s.linea.Copione({Risposta_Stato('1'), Risposta_Stato('2'), Risposta_Stato('4'), MISURA});
     s.Apri();
     s.orologio.Avanza(799);
-    QCOMPARE(s.macchina.Esito, qint16(7));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneFallita});
     s.orologio.Avanza(1);
     QCOMPARE(s.linea.Frame(), QList<QByteArray>({FRAME_STATO, FRAME_STATO, FRAME_STATO, FRAME_MISURA}));
     QCOMPARE(s.Tempi(), QList<qint64>({0, 200, 400, 600}));
     QCOMPARE(s.Scritte(),
              QStringList({QStringLiteral("152"), ATTESA, ATTESA, ATTESA, QStringLiteral("156")}));
     QCOMPARE(s.macchina.Stato, StatoChiusura);
-    QCOMPARE(s.macchina.Esito, qint16(6));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneCompletata});
     QCOMPARE(gMisure[0].Lux, 123);
     QCOMPARE(gMisure[1].EsitoV, QStringLiteral("#"));
     QCOMPARE(gMisure[2].EsitoO, QStringLiteral("X"));
@@ -528,7 +532,7 @@ void tst_scambio::unGiornoDiAttesa()
     s.orologio.Avanza(2 * BATTITO);
     QCOMPARE(s.linea.Frame().last(), FRAME_MISURA);
     s.orologio.Avanza(BATTITO);
-    QCOMPARE(s.macchina.Esito, qint16(6));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneCompletata});
 }
 
 void tst_scambio::statoRifiutato_data()
@@ -569,7 +573,7 @@ void tst_scambio::figuraOltre16BitFatale()
     s.Apri();
     QCOMPARE(Errore_Di([&s] { s.orologio.Avanza(400); }), 6);
     QCOMPARE(s.finestra.Dbg.join(u' '), QStringLiteral("L0=1 V0=O O0=O"));
-    QCOMPARE(s.macchina.Esito, qint16(7));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneFallita});
 }
 
 void tst_scambio::leggiCompleto()
@@ -579,7 +583,7 @@ void tst_scambio::leggiCompleto()
                      Risposta_Taratura({"10", "11", "12", "13", "14", "15", "16", "17", "18", "19"})});
     s.Apri();
     s.orologio.Avanza(400);
-    QCOMPARE(s.macchina.Esito, qint16(7)); // the identity alone is not the whole reading
+    QCOMPARE(s.macchina.Esito, qint16{SessioneFallita}); // the identity alone is not the whole reading
     s.orologio.Avanza(200);
     QCOMPARE(s.linea.Frame(), QList<QByteArray>({FRAME_STATO, FRAME_LEGGI_DATI, FRAME_LEGGI_TARATURA}));
     QCOMPARE(s.Scritte(), QStringList({QStringLiteral("152"), ATTESA, ATTESA, QStringLiteral("156")}));
@@ -638,7 +642,7 @@ void tst_scambio::scriviSeiTesti()
     s.orologio.Avanza(600);
     QCOMPARE(s.linea.Frame(),
              QList<QByteArray>({FRAME_STATO, FRAME_SCRIVI_1, Esa("0241424380414217003603")}));
-    QCOMPARE(s.macchina.Esito, qint16(6));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneCompletata});
 }
 
 void tst_scambio::scritturaRifiutata_data()
@@ -721,9 +725,9 @@ void tst_scambio::defaultAccettaOgniRisposta()
     s.linea.Copione({Risposta_Scritto('\x00'), Risposta_Stato('9'), Frame_Risposta("")});
     s.Apri();
     s.orologio.Avanza(400);
-    QCOMPARE(s.macchina.Esito, qint16(7));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneFallita});
     s.orologio.Avanza(200);
-    QCOMPARE(s.macchina.Esito, qint16(6));
+    QCOMPARE(s.macchina.Esito, qint16{SessioneCompletata});
     QCOMPARE(s.finestra.Scritta(), QStringLiteral("156"));
 }
 
@@ -814,6 +818,51 @@ void tst_scambio::pulsanteInOgniStato()
     QCOMPARE(s.linea.Usciti.size(), usciti);
     QCOMPARE(s.finestra.Notifiche.size(), 1);
     QCOMPARE(s.finestra.Errori, QStringList());
+}
+
+namespace {
+
+using Linea = std::function<void(LineaProva &)>;
+
+Linea Che_Risponde(const QList<QByteArray> &risposte)
+{
+    return [risposte](LineaProva &linea) { linea.Copione(risposte); };
+}
+
+} // namespace
+
+void tst_scambio::fineAnnotata_data()
+{
+    QTest::addColumn<Linea>("linea");
+    QTest::addColumn<int>("pulsante");
+    QTest::addColumn<QString>("testo");
+    constexpr int MAI = 30000;
+    QTest::newRow("misura presa") << Che_Risponde({Risposta_Stato('4'), MISURA}) << MAI << QString();
+    QTest::newRow("silenzio") << Che_Risponde({}) << MAI << QStringLiteral("153");
+    QTest::newRow("risposta errata") << Che_Risponde({Risposta_Stato('9')}) << MAI << QStringLiteral("154");
+    QTest::newRow("interrotta") << Che_Risponde({Risposta_Stato('1')}) << 1000
+                                << QStringLiteral("Collegamento interrotto dall'operatore");
+    QTest::newRow("chiusa mentre dice il silenzio") << Che_Risponde({}) << 25000 << QStringLiteral("153");
+    QTest::newRow("porta che non si apre")
+        << Linea([](LineaProva &linea) { linea.RifiutaApertura = true; }) << 1000
+        << QStringLiteral("COM3 non si è aperta: controllare cavo e porta");
+}
+
+// In the words that were on the screen, and at the moment of the unloading; a session that goes well takes
+// away what the one before it has left.
+void tst_scambio::fineAnnotata()
+{
+    QFETCH(Linea, linea);
+    QFETCH(int, pulsante);
+    Sessione_Annota(QStringLiteral("di prima"));
+    Sessione s(ModoMisura);
+    linea(s.linea);
+    s.Apri();
+    s.orologio.Avanza(pulsante);
+    if (s.finestra.Chiusa < 0)
+        s.finestra.Scarica_Modulo();
+    QTEST(Sessione_Fine().Testo, "testo");
+    QCOMPARE(Sessione_Fine().Quando, s.orologio.Adesso().addMSecs(s.finestra.Chiusa - s.orologio.Passati()));
 }
 
 void tst_scambio::debugRestaAperta()
@@ -1219,7 +1268,7 @@ void tst_scambio::sessioniACaso()
             }
             QVERIFY(s.macchina.Stato >= StatoFermo && s.macchina.Stato <= StatoChiusura);
             QVERIFY(s.macchina.Stato != StatoFermo || fatale);
-            QVERIFY(s.macchina.Esito == 6 || s.macchina.Esito == 7);
+            QVERIFY(s.macchina.Esito == SessioneCompletata || s.macchina.Esito == SessioneFallita);
             QVERIFY(s.macchina.Passo >= 0);
             QVERIFY(s.macchina.Tick >= 0 && s.macchina.Tick <= 11);
             QVERIFY(s.macchina.Ricezione.InfoRx.Indice >= 0 && s.macchina.Ricezione.InfoRx.Indice <= 106);
@@ -1250,7 +1299,7 @@ void tst_scambio::sessioniACaso()
         for (const QString &errore : std::as_const(s.finestra.Errori))
             QCOMPARE(errore, QStringLiteral("Auto sts: 1\r\nSubscript out of range"));
         if (daSola)
-            ++(s.macchina.Esito == 6 ? riuscite : fallite);
+            ++(s.macchina.Esito == SessioneCompletata ? riuscite : fallite);
     }
     gDebug = Falso;
     // The mix must hold every way to end, or the run proves little.

@@ -115,8 +115,6 @@ private Q_SLOTS:
     void dueLegamiUnDispositivo();
     void portaChiusaSolleva();
 
-    void impostazioni_data();
-    void impostazioni();
     void formatoCheLoPseudoTerminaleNonHa();
     void formatoCheArrivaAllaPorta_data();
     void formatoCheArrivaAllaPorta();
@@ -510,29 +508,6 @@ void tst_seriale_qt::portaChiusaSolleva()
     m_porta->PortOpen(false);
     verifica();
     m_porta->PortOpen(false); // closing once more is no error
-}
-
-void tst_seriale_qt::impostazioni_data()
-{
-    QTest::addColumn<QString>("testo");
-    QTest::addColumn<int>("errore");
-
-    for (const char *buono :
-         {"9600,N,8,1", "9600,n,8,1", "300,E,7,2", "115200,O,5,1.5", "19200,M,6,1", "1200,S,8,2"})
-        QTest::newRow(buono) << QString::fromLatin1(buono) << 0;
-    for (const char *guasto : {"", "9600", "9600,N,8", "9600,N,8,1,1", "0,N,8,1", "-9600,N,8,1", "x,N,8,1",
-                               ",N,8,1", "9600,,8,1", "9600,X,8,1", "9600,NN,8,1", "9600,N,4,1", "9600,N,9,1",
-                               "9600,N,,1", "9600,N,8,0", "9600,N,8,3", "9600,N,8,1,", "9600;N;8;1"})
-        QTest::newRow(*guasto == '\0' ? "(vuoto)" : guasto) << QString::fromLatin1(guasto) << 380;
-}
-
-void tst_seriale_qt::impostazioni()
-{
-    QFETCH(QString, testo);
-    QFETCH(int, errore);
-    QCOMPARE(Errore_Di([&] { m_porta->Settings(testo); }), errore);
-    Apri();
-    QCOMPARE(Errore_Di([&] { m_porta->Settings(testo); }), errore);
 }
 
 void tst_seriale_qt::formatoCheLoPseudoTerminaleNonHa()

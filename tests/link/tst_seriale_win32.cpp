@@ -58,8 +58,6 @@ private Q_SLOTS:
     void portaMancante();
     void portaOccupata();
     void portaChiusaSolleva();
-    void impostazioni_data();
-    void impostazioni();
     void formatoCheArrivaAllaPorta_data();
     void formatoCheArrivaAllaPorta();
     void formatoRifiutato();
@@ -376,27 +374,6 @@ void tst_seriale_win32::portaChiusaSolleva()
     QCOMPARE(Errore_Di([this] { m_porta->Output("x"); }), 8018);
     QCOMPARE(m_porta->InBufferCount(), qint16(0));
     m_porta->PortOpen(false); // closing once more is no error
-}
-
-void tst_seriale_win32::impostazioni_data()
-{
-    QTest::addColumn<QString>("testo");
-    QTest::addColumn<int>("errore");
-
-    for (const char *buono : {"9600,N,8,1", "9600,n,8,1", "19200,E,7,2", "115200,O,8,1"})
-        QTest::newRow(buono) << QString::fromLatin1(buono) << 0;
-    for (const char *guasto :
-         {"9600", "9600,N,8", "0,N,8,1", "x,N,8,1", "9600,X,8,1", "9600,N,9,1", "9600,N,8,3"})
-        QTest::newRow(guasto) << QString::fromLatin1(guasto) << 380;
-}
-
-void tst_seriale_win32::impostazioni()
-{
-    QFETCH(QString, testo);
-    QFETCH(int, errore);
-    Apri();
-    QCOMPARE(Errore_Di([&] { m_porta->Settings(testo); }), errore);
-    QVERIFY(m_porta->PortOpen());
 }
 
 void tst_seriale_win32::formatoCheArrivaAllaPorta_data()

@@ -24,6 +24,13 @@ Tratto Tratto_Di(const QByteArray &byte, const QByteArray &sezione)
 
 } // namespace
 
+void Record_Apri(const QString &percorso)
+{
+    Acc_AssegnaFile(percorso);
+    for (CampoForm &campo : gCampiAcc)
+        Campo_Leggi(campo);
+}
+
 ProvaAcc::ProvaAcc() : m_buono(Stazione.Leggi(QStringLiteral("dati\\ModelloAcc.acc")))
 {
     Campi_Azzera(gCampiAcc, ULTIMA_RIGA_ACC);
@@ -64,6 +71,6 @@ QString ProvaAcc::Scrivi(const QByteArray &byte, const QString &nome) const
 qint16 ProvaAcc::Controlla(const QByteArray &byte, const QString &nome)
 {
     Percorso = Scrivi(byte, nome);
-    Acc_Apri(Percorso);
+    Record_Apri(Percorso);
     return Acc_Controlla(Percorso, Rapporto);
 }

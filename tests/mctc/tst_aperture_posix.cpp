@@ -16,7 +16,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-class TestAperturePosix : public QObject
+class tst_aperture_posix : public QObject
 {
     Q_OBJECT
 
@@ -52,8 +52,8 @@ private Q_SLOTS:
         const Aperture suFile(nativo);
         const Aperture suModello(prova.Stazione.Nativo(QStringLiteral("dati\\ModelloAcc.acc")));
 
-        Acc_Apri(percorso);
-        QCOMPARE(Acc_Controlla(percorso, prova.Rapporto), qint16{0});
+        Record_Apri(percorso);
+        QCOMPARE(qint16{Acc_Controlla(percorso, prova.Rapporto)}, qint16{0});
         const int aperture = suFile.Conta();
         QVERIFY2(aperture >= 1 && aperture <= 5, qPrintable(QString::number(aperture)));
         QCOMPARE(suModello.Conta(), 1);
@@ -113,5 +113,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestAperturePosix)
+QTEST_GUILESS_MAIN(tst_aperture_posix)
 #include "tst_aperture_posix.moc"

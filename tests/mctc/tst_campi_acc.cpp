@@ -7,7 +7,7 @@
 
 #include <QTest>
 
-class TestCampiAcc : public QObject
+class tst_campi_acc : public QObject
 {
     Q_OBJECT
 
@@ -15,10 +15,10 @@ private Q_SLOTS:
     void impostaSoloIMembriFissi()
     {
         const ProvaAcc prova;
-        const CampoForm &cap = gCampiAcc[13];
+        const CampoForm &cap = gCampiAcc[AccCAP];
         QCOMPARE(cap.Section, QStringLiteral("Prenotazione"));
         QCOMPARE(cap.Key, QStringLiteral("CAP"));
-        QCOMPARE(cap.LabelId, qint16{-1});
+        QCOMPARE(cap.LabelId, MctcNessuno);
         QCOMPARE(cap.Kind, quint8{CampoTesto});
         QCOMPARE(cap.ValueKind, qint16{ValoreTesto});
         QCOMPARE(cap.CtlLeft, qint16{-1});
@@ -39,9 +39,9 @@ private Q_SLOTS:
     {
         const ProvaAcc prova;
         const QString percorso = prova.Scrivi(prova.Con("Prenotazione", "CAP", "47122"));
-        Acc_Apri(percorso);
-        QCOMPARE(gCampiAcc[13].Value, QStringLiteral("47122"));
-        QCOMPARE(gCampiAcc[46].Value, QStringLiteral("AB123CD"));
+        Record_Apri(percorso);
+        QCOMPARE(gCampiAcc[AccCAP].Value, QStringLiteral("47122"));
+        QCOMPARE(gCampiAcc[AccTarga].Value, QStringLiteral("AB123CD"));
         for (const CampoForm &campo : gCampiAcc)
             QCOMPARE(campo.File, percorso);
     }
@@ -58,9 +58,9 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, fine);
         const ProvaAcc prova;
-        Acc_Apri(prova.Scrivi(prova.Con("Prenotazione", "CAP", "47122").replace("\r\n", fine)));
-        QCOMPARE(gCampiAcc[13].Value, QStringLiteral("47122"));
-        QCOMPARE(gCampiAcc[46].Value, QStringLiteral("AB123CD"));
+        Record_Apri(prova.Scrivi(prova.Con("Prenotazione", "CAP", "47122").replace("\r\n", fine)));
+        QCOMPARE(gCampiAcc[AccCAP].Value, QStringLiteral("47122"));
+        QCOMPARE(gCampiAcc[AccTarga].Value, QStringLiteral("AB123CD"));
     }
 
     void assegnareUnFileNonLegge()
@@ -68,40 +68,41 @@ private Q_SLOTS:
         const ProvaAcc prova;
         const QString percorso = prova.Scrivi(prova.Buono());
         Acc_AssegnaFile(percorso);
-        QCOMPARE(gCampiAcc[48].File, percorso);
-        QVERIFY(gCampiAcc[48].Value.isEmpty());
+        QCOMPARE(gCampiAcc[AccData].File, percorso);
+        QVERIFY(gCampiAcc[AccData].Value.isEmpty());
     }
 
     /// No value is upper-cased or converted on its way in.
     void ilValoreRestaComeScritto()
     {
         const ProvaAcc prova;
-        Acc_Apri(prova.Scrivi(prova.Con("DatiLibrettoVeicolo", "PotMaxkW", "085.0x")));
-        QCOMPARE(gCampiAcc[36].Value, QStringLiteral("085.0x"));
+        Record_Apri(prova.Scrivi(prova.Con("DatiLibrettoVeicolo", "PotMaxkW", "085.0x")));
+        QCOMPARE(gCampiAcc[AccPotMaxkW].Value, QStringLiteral("085.0x"));
     }
 
     void chiaveMancanteEVuotaSiLeggonoUguali()
     {
         const ProvaAcc prova;
-        Acc_Apri(prova.Scrivi(prova.Buono()));
-        Acc_Apri(prova.Scrivi(prova.Al_Posto("Prenotazione", "Nome=", ""), QStringLiteral("00000001.acc")));
-        QVERIFY(gCampiAcc[7].Value.isEmpty());
-        Acc_Apri(prova.Scrivi(prova.Con("Prenotazione", "Nome", ""), QStringLiteral("00000002.acc")));
-        QVERIFY(gCampiAcc[7].Value.isEmpty());
+        Record_Apri(prova.Scrivi(prova.Buono()));
+        Record_Apri(
+            prova.Scrivi(prova.Al_Posto("Prenotazione", "Nome=", ""), QStringLiteral("00000001.acc")));
+        QVERIFY(gCampiAcc[AccNome].Value.isEmpty());
+        Record_Apri(prova.Scrivi(prova.Con("Prenotazione", "Nome", ""), QStringLiteral("00000002.acc")));
+        QVERIFY(gCampiAcc[AccNome].Value.isEmpty());
     }
 
     void chiaveDoppiaDaLaPrima()
     {
         const ProvaAcc prova;
-        Acc_Apri(prova.Scrivi(prova.Al_Posto("Prenotazione", "Nome=", "Nome=UNO\r\nNome=DUE\r\n")));
-        QCOMPARE(gCampiAcc[7].Value, QStringLiteral("UNO"));
+        Record_Apri(prova.Scrivi(prova.Al_Posto("Prenotazione", "Nome=", "Nome=UNO\r\nNome=DUE\r\n")));
+        QCOMPARE(gCampiAcc[AccNome].Value, QStringLiteral("UNO"));
     }
 
     void fileCheNonCeDaValoriVuoti()
     {
         const ProvaAcc prova;
-        Acc_Apri(prova.Scrivi(prova.Buono()));
-        Acc_Apri(prova.Stazione.Percorso(QStringLiteral("DIR_FAR\\99999999.acc")));
+        Record_Apri(prova.Scrivi(prova.Buono()));
+        Record_Apri(prova.Stazione.Percorso(QStringLiteral("DIR_FAR\\99999999.acc")));
         for (const CampoForm &campo : gCampiAcc)
             QVERIFY(campo.Value.isEmpty());
     }
@@ -128,8 +129,8 @@ private Q_SLOTS:
         const ProvaAcc prova;
         const QString percorso = prova.Scrivi(prova.Con("DatiLibrettoVeicolo", "Targa", "ZZ999ZZ"));
         QCOMPARE(Targa_Leggi(percorso), QStringLiteral("ZZ999ZZ"));
-        QVERIFY(gCampiAcc[46].Value.isEmpty());
-        QVERIFY(gCampiAcc[46].File.isEmpty());
+        QVERIFY(gCampiAcc[AccTarga].Value.isEmpty());
+        QVERIFY(gCampiAcc[AccTarga].File.isEmpty());
     }
 
     void targaVuotaSenzaLibretto()
@@ -164,5 +165,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCampiAcc)
+QTEST_GUILESS_MAIN(tst_campi_acc)
 #include "tst_campi_acc.moc"

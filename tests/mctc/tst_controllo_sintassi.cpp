@@ -5,7 +5,7 @@
 
 #include <QTest>
 
-class TestControlloSintassi : public QObject
+class tst_controllo_sintassi : public QObject
 {
     Q_OBJECT
 
@@ -168,5 +168,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestControlloSintassi)
+QTEST_GUILESS_MAIN(tst_controllo_sintassi)
 #include "tst_controllo_sintassi.moc"

@@ -140,7 +140,7 @@ const QString MODELLO = QStringLiteral("dati\\Prova.acc");
 
 } // namespace
 
-class TestControlloStruttura : public QObject
+class tst_controllo_struttura : public QObject
 {
     Q_OBJECT
 
@@ -467,5 +467,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestControlloStruttura)
+QTEST_GUILESS_MAIN(tst_controllo_struttura)
 #include "tst_controllo_struttura.moc"

@@ -9,7 +9,7 @@
 
 #include <QTest>
 
-class TestControlloValori : public QObject
+class tst_controllo_valori : public QObject
 {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ private:
     /// Row and error of every field that fails.
     QMap<int, int> Errori(const QByteArray &byte)
     {
-        Acc_Apri(m_prova.Scrivi(byte));
+        Record_Apri(m_prova.Scrivi(byte));
         QStringList righe;
         const qint16 quanti = Dati_Controlla(righe);
         QMap<int, int> errori;
@@ -56,7 +56,8 @@ private Q_SLOTS:
             0, 0, 0, 5, 7, 5, 5, 7, 7, 7, 5,                      // 36 to 46
             7, 7,                                                 // 47, 48
         };
-        QCOMPARE(gErroriCampiAcc, attesi);
+        for (size_t riga = 0; riga < attesi.size(); ++riga)
+            QCOMPARE(qint16{gErroriCampiAcc[riga]}, attesi[riga]);
         QCOMPARE(righe.size(), 31);
     }
 
@@ -159,7 +160,7 @@ private Q_SLOTS:
         QFETCH(bool, buona);
         QByteArray byte = m_prova.Con("DatiLibrettoVeicolo", "TipoVeicolo", classe);
         byte.replace("DescrizioneVeicolo=AUTOVETTURA", "DescrizioneVeicolo=" + descrizione);
-        QCOMPARE(Errori(byte).contains(RIGA_DESCRIZIONE), !buona);
+        QCOMPARE(Errori(byte).contains(AccDescrizioneVeicolo), !buona);
     }
 
     void laPotenzaVuoleIlPuntoAncheConLaVirgola()
@@ -173,21 +174,21 @@ private Q_SLOTS:
 
     void rigaSenzaTipoNonSiControlla()
     {
-        Acc_Apri(m_prova.Scrivi(m_prova.Con("Prenotazione", "CAP", "1")));
+        Record_Apri(m_prova.Scrivi(m_prova.Con("Prenotazione", "CAP", "1")));
         QStringList righe;
         QCOMPARE(Dati_Controlla(righe), qint16{1});
-        gCampiAcc[13].ValueKind = ValoreNessuno;
+        gCampiAcc[AccCAP].ValueKind = ValoreNessuno;
         QCOMPARE(Dati_Controlla(righe), qint16{0});
-        QCOMPARE(gErroriCampiAcc[13], qint16{0});
+        QCOMPARE(gErroriCampiAcc[AccCAP], ValoreBuono);
         QVERIFY(righe.isEmpty());
-        gCampiAcc[13].ValueKind = ValoreTesto;
+        gCampiAcc[AccCAP].ValueKind = ValoreTesto;
     }
 
     void leRigheSonoInOrdineESiRifanno()
     {
         QByteArray byte = m_prova.Con("Prenotazione", "CAP", "1");
         byte.replace("Linea=1", "Linea=X").replace("Targa=AB123CD", "Targa=A");
-        Acc_Apri(m_prova.Scrivi(byte));
+        Record_Apri(m_prova.Scrivi(byte));
         QStringList righe;
         for (int volta = 0; volta < 2; ++volta) {
             QCOMPARE(Dati_Controlla(righe), qint16{3});
@@ -218,14 +219,14 @@ private Q_SLOTS:
     {
         QFETCH(qint16, errore);
         QFETCH(QString, testo);
-        QCOMPARE(Errore_Testo(46, errore), testo);
+        QCOMPARE(Errore_Testo(AccTarga, static_cast<ErroreValore>(errore)), testo);
     }
 
     void fuoriTabellaEUnErrore()
     {
         const auto numero = [](qint16 riga, qint16 errore) {
             try {
-                Errore_Testo(riga, errore);
+                Errore_Testo(riga, static_cast<ErroreValore>(errore));
             } catch (const ErroreEsecuzione &sollevato) {
                 return sollevato.Numero();
             }
@@ -239,15 +240,15 @@ private Q_SLOTS:
 
     void unaRigaConRegoleDate()
     {
-        gCampiAcc[3].Value = QStringLiteral("ABC");
+        gCampiAcc[AccOperatore].Value = QStringLiteral("ABC");
         constexpr QStringView ammessi[] = {u"ABC"};
-        QCOMPARE(Valore_Controlla(3, TipoControllo::Testo, 0, ammessi, Vero), qint16{0});
-        QCOMPARE(Valore_Controlla(3, TipoControllo::Esatto, 4, {}, Vero), qint16{6});
-        gCampiAcc[3].Value.clear();
-        QCOMPARE(Valore_Controlla(3, TipoControllo::Cifre, 4, {}, Vero), qint16{5});
-        QCOMPARE(Valore_Controlla(3, TipoControllo::Cifre, 4, {}, Falso), qint16{0});
+        QCOMPARE(Valore_Controlla(AccOperatore, TipoControllo::Testo, 0, ammessi, Vero), ValoreBuono);
+        QCOMPARE(Valore_Controlla(AccOperatore, TipoControllo::Esatto, 4, {}, Vero), ValoreLunghezza);
+        gCampiAcc[AccOperatore].Value.clear();
+        QCOMPARE(Valore_Controlla(AccOperatore, TipoControllo::Cifre, 4, {}, Vero), ValoreAssente);
+        QCOMPARE(Valore_Controlla(AccOperatore, TipoControllo::Cifre, 4, {}, Falso), ValoreBuono);
     }
 };
 
-QTEST_GUILESS_MAIN(TestControlloValori)
+QTEST_GUILESS_MAIN(tst_controllo_valori)
 #include "tst_controllo_valori.moc"

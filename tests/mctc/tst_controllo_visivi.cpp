@@ -7,7 +7,7 @@
 
 #include <QTest>
 
-class TestControlloVisivi : public QObject
+class tst_controllo_visivi : public QObject
 {
     Q_OBJECT
 
@@ -170,5 +170,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestControlloVisivi)
+QTEST_GUILESS_MAIN(tst_controllo_visivi)
 #include "tst_controllo_visivi.moc"

@@ -9,7 +9,7 @@
 #include <QFileInfo>
 #include <QTest>
 
-class TestFar : public QObject
+class tst_far : public QObject
 {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ private Q_SLOTS:
         const StazioneProva stazione;
         Far_Scrivi(gDirAcc + QStringLiteral("12345678.acc"));
         QByteArray atteso = "[Kandelo]\r\n";
-        for (const RigaFar &riga : gRisultatoFar)
+        for (const VoceFar &riga : gRisultatoFar)
             atteso += riga.Chiave.toLatin1() + "=\r\n";
         const QByteArray scritto = stazione.Leggi(QStringLiteral("DIR_FAR\\12345678.far"));
         QCOMPARE(scritto, atteso);
@@ -36,9 +36,9 @@ private Q_SLOTS:
     void valoriComeStanno()
     {
         const StazioneProva stazione;
-        Far_Imposta(QStringLiteral("Marca"), QStringLiteral(" Officina=Forlì "));
-        Far_Imposta(QStringLiteral("Tipo"), QStringLiteral("漢"));
-        Far_Imposta(QStringLiteral("Operatore"), QStringLiteral("Bianchi"));
+        Far_Imposta(FarMarca, QStringLiteral(" Officina=Forlì "));
+        Far_Imposta(FarTipo, QStringLiteral("漢"));
+        Far_Imposta(FarOperatore, QStringLiteral("Bianchi"));
         Far_Scrivi(gDirAcc + QStringLiteral("12345678.acc"));
         const QByteArrayList righe = Righe(stazione.Leggi(QStringLiteral("DIR_FAR\\12345678.far")));
         QCOMPARE(righe.size(), 32); // the last end leaves an empty piece
@@ -60,11 +60,11 @@ private Q_SLOTS:
     {
         QFETCH(QString, valore);
         const StazioneProva stazione;
-        for (const RigaFar &riga : gRisultatoFar)
-            Far_Imposta(riga.Chiave, valore);
+        for (VoceFar &riga : gRisultatoFar)
+            riga.Valore = valore;
         Far_Scrivi(gDirAcc + QStringLiteral("12345678.acc"));
         QByteArray atteso = "[Kandelo]\r\n";
-        for (const RigaFar &riga : gRisultatoFar)
+        for (const VoceFar &riga : gRisultatoFar)
             atteso += riga.Chiave.toLatin1() + "=Rossi\r\n";
         QCOMPARE(stazione.Leggi(QStringLiteral("DIR_FAR\\12345678.far")), atteso);
     }
@@ -124,5 +124,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFar)
+QTEST_GUILESS_MAIN(tst_far)
 #include "tst_far.moc"

@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-class TestFormatoAcc : public QObject
+class tst_formato_acc : public QObject
 {
     Q_OBJECT
 
@@ -34,6 +34,70 @@ private Q_SLOTS:
         QFETCH(QString, sezione);
         for (int riga = prima; riga <= ultima; ++riga)
             QCOMPARE(REGOLE_ACC[size_t(riga)].Section, sezione);
+    }
+
+    /// A row's name is its key.
+    void ogniRigaHaLaSuaChiave()
+    {
+        struct Riga
+        {
+            RigaAcc riga;
+            QStringView chiave;
+        };
+        constexpr Riga RIGHE[] = {
+            {AccDataAccettazione,     u"DataAccettazione"    },
+            {AccDataPrenotazione,     u"DataPrenotazione"    },
+            {AccOra,                  u"Ora"                 },
+            {AccOperatore,            u"Operatore"           },
+            {AccLinea,                u"Linea"               },
+            {AccTipoRevisione,        u"TipoRevisione"       },
+            {AccCognomeDenominazione, u"CognomeDenominazione"},
+            {AccNome,                 u"Nome"                },
+            {AccDataNascita,          u"DataNascita"         },
+            {AccSesso,                u"Sesso"               },
+            {AccLuogoNascita,         u"LuogoNascita"        },
+            {AccProvinciaNascita,     u"ProvinciaNascita"    },
+            {AccIndirizzo,            u"Indirizzo"           },
+            {AccCAP,                  u"CAP"                 },
+            {AccCitta,                u"Citta"               },
+            {AccProvincia,            u"Provincia"           },
+            {AccTelefono,             u"Telefono"            },
+            {AccNote,                 u"Note"                },
+            {AccTipoVeicolo,          u"TipoVeicolo"         },
+            {AccDescrizioneVeicolo,   u"DescrizioneVeicolo"  },
+            {AccTelaio,               u"Telaio"              },
+            {AccFabbrica,             u"Fabbrica"            },
+            {AccTipo,                 u"Tipo"                },
+            {AccTipoMotore,           u"TipoMotore"          },
+            {AccNumOmologazione,      u"NumOmologazione"     },
+            {AccAnnoPrimaImm,         u"AnnoPrimaImm"        },
+            {AccDataRilascio,         u"DataRilascio"        },
+            {AccDataUltimaRev,        u"DataUltimaRev"       },
+            {AccAlimentazione1,       u"Alimentazione_1"     },
+            {AccAlimentazione2,       u"Alimentazione_2"     },
+            {AccKm,                   u"Km"                  },
+            {AccTara,                 u"Tara"                },
+            {AccMassaComplessiva,     u"MassaComplessiva"    },
+            {AccMassaRimorchiabile,   u"MassaRimorchiabile"  },
+            {AccCilindrata,           u"Cilindrata"          },
+            {AccDecibel,              u"Decibel"             },
+            {AccPotMaxkW,             u"PotMaxkW"            },
+            {AccGiriMotoredB,         u"GiriMotoredB"        },
+            {AccPotFiscaleCV,         u"PotFiscaleCV"        },
+            {AccNumTotalePosti,       u"NumTotalePosti"      },
+            {AccFrenoStazionamento,   u"FrenoStazionamento"  },
+            {AccNumTotaleAssi,        u"NumTotaleAssi"       },
+            {AccNumAssiStazionamento, u"NumAssiStazionamento"},
+            {AccVeicolo4WD,           u"Veicolo4WD"          },
+            {AccImpiantoABS,          u"ImpiantoABS"         },
+            {AccFrenoSoccorso,        u"FrenoSoccorso"       },
+            {AccTarga,                u"Targa"               },
+            {AccVersione,             u"Versione"            },
+            {AccData,                 u"Data"                },
+        };
+        QCOMPARE(std::size(RIGHE), REGOLE_ACC.size());
+        for (const Riga &attesa : RIGHE)
+            QCOMPARE(REGOLE_ACC[size_t(attesa.riga)].Key, attesa.chiave);
     }
 
     void didascalie()
@@ -205,5 +269,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFormatoAcc)
+QTEST_GUILESS_MAIN(tst_formato_acc)
 #include "tst_formato_acc.moc"

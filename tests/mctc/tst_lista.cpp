@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QTimer>
 
-class TestLista : public QObject
+class tst_lista : public QObject
 {
     Q_OBJECT
 
@@ -190,7 +190,44 @@ private Q_SLOTS:
         QFETCH(qint32, differenza);
         QCOMPARE(Liste_Differenze(prima, dopo), differenza);
     }
+
+    void cerca_data()
+    {
+        QTest::addColumn<QString>("testo");
+        QTest::addColumn<qint32>("da");
+        QTest::addColumn<qint32>("passo");
+        QTest::addColumn<qint32>("trovata");
+        const auto riga = [](const char *nome, const char16_t *testo, qint32 da, qint32 passo,
+                             qint32 trovata) {
+            QTest::newRow(nome) << QString::fromUtf16(testo) << da << passo << trovata;
+        };
+        riga("inizio", u"EF", 0, 1, 1);
+        riga("mezzo, minuscole", u"23c", 0, 1, 0);
+        riga("da oltre", u"ef", 2, 1, 2);
+        riga("in giro", u"ef", 3, 1, 1);
+        riga("indietro", u"ef", 1, -1, 1);
+        riga("indietro in giro", u"ef", 0, -1, 2);
+        riga("indietro da prima della prima", u"ef", -1, -1, 2);
+        riga("da oltre l'ultima", u"ab", 4, 1, 0);
+        riga("nome di file", u"4000", 0, 1, 3);
+        riga("la targa prima del nome", u"1", 1, 1, 0);
+        riga("nessuna", u"zz", 0, 1, -1);
+    }
+    void cerca()
+    {
+        QFETCH(QString, testo);
+        QFETCH(qint32, da);
+        QFETCH(qint32, passo);
+        QList<VoceLista> voci(4);
+        const char16_t *const targhe[] = {u"AB123CD", u"EF456GH", u"ef459gh", u""};
+        for (int i = 0; i < 4; ++i) {
+            voci[i].Targa = QString::fromUtf16(targhe[i]);
+            voci[i].NomeFile = QStringLiteral("%1000000.ACC").arg(i + 1);
+        }
+        QTEST(Lista_Cerca(voci, testo, da, passo), "trovata");
+        QCOMPARE(Lista_Cerca({}, testo, da, passo), -1);
+    }
 };
 
-QTEST_GUILESS_MAIN(TestLista)
+QTEST_GUILESS_MAIN(tst_lista)
 #include "tst_lista.moc"

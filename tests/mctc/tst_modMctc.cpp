@@ -13,7 +13,7 @@
 
 #include <QTest>
 
-class TestModMctc : public QObject
+class tst_modMctc : public QObject
 {
     Q_OBJECT
 
@@ -61,8 +61,8 @@ private Q_SLOTS:
     {
         m_prova.Scrivi(m_prova.Buono(), QStringLiteral("00000001.acc"));
         const QString percorso = m_prova.Stazione.Percorso(QStringLiteral("DIR_FAR\\00000001.ACC"));
-        Acc_Apri(percorso);
-        QCOMPARE(Acc_Controlla(percorso, m_prova.Rapporto), qint16{0});
+        Record_Apri(percorso);
+        QCOMPARE(qint16{Acc_Controlla(percorso, m_prova.Rapporto)}, qint16{0});
     }
 
     void nomeNonIdoneo()
@@ -97,8 +97,8 @@ private Q_SLOTS:
     void fileSparito()
     {
         const QString percorso = m_prova.Stazione.Percorso(QStringLiteral("DIR_FAR\\99999999.acc"));
-        Acc_Apri(percorso);
-        QCOMPARE(Acc_Controlla(percorso, m_prova.Rapporto), qint16{1});
+        Record_Apri(percorso);
+        QCOMPARE(qint16{Acc_Controlla(percorso, m_prova.Rapporto)}, qint16{1});
         QCOMPARE(m_prova.Rapporto,
                  Righe({QStringLiteral("File: ") + percorso + QStringLiteral(" - File  non disponibile"),
                         QStringLiteral("File: ") + percorso + QStringLiteral(" -  non disponibile")}));
@@ -194,7 +194,7 @@ private Q_SLOTS:
         QCOMPARE(m_prova.Controlla(byte + "abc\r\n"), qint16{1});
         QCOMPARE(m_prova.Rapporto, QStringLiteral("File: abc - Estranea\r\n"));
         // They were found all the same: the boxes are painted by them.
-        QCOMPARE(gErroriCampiAcc[13], qint16{6});
+        QCOMPARE(gErroriCampiAcc[AccCAP], ValoreLunghezza);
         QCOMPARE(mErroriVisivi, QStringList{QStringLiteral("Vis_EffettiNocivi")});
     }
 
@@ -319,5 +319,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestModMctc)
+QTEST_GUILESS_MAIN(tst_modMctc)
 #include "tst_modMctc.moc"

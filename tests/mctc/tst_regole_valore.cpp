@@ -13,7 +13,7 @@ constexpr QStringView LETTERE[] = {u"S", u"N"};
 
 } // namespace
 
-class TestRegoleValore : public QObject
+class tst_regole_valore : public QObject
 {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ private:
     {
         QFETCH(QString, valore);
         QFETCH(qint16, errore);
-        QCOMPARE(Valore_Errore(valore, tipo, massimo, ammessi, obbligatorio), errore);
+        QCOMPARE(qint16{Valore_Errore(valore, tipo, massimo, ammessi, obbligatorio)}, errore);
     }
 
 private Q_SLOTS:
@@ -205,8 +205,7 @@ private Q_SLOTS:
 
     void targaFacoltativaNonHaRegole()
     {
-        QCOMPARE(Valore_Errore(QStringLiteral("A"), TipoControllo::Targa, 10, {}, Falso),
-                 qint16{ValoreBuono});
+        QCOMPARE(Valore_Errore(QStringLiteral("A"), TipoControllo::Targa, 10, {}, Falso), ValoreBuono);
     }
 
     void facoltativoVuotoPassaSempre_data()
@@ -218,15 +217,14 @@ private Q_SLOTS:
     void facoltativoVuotoPassaSempre()
     {
         QFETCH(int, tipo);
-        QCOMPARE(Valore_Errore(QString(), TipoControllo(tipo), 0, LETTERE, Falso), qint16{ValoreBuono});
+        QCOMPARE(Valore_Errore(QString(), TipoControllo(tipo), 0, LETTERE, Falso), ValoreBuono);
     }
 
     void facoltativoPienoSiControlla()
     {
         QCOMPARE(Valore_Errore(QStringLiteral("m"), TipoControllo::Testo, 0, LETTERE, Falso),
-                 qint16{ValoreNonAmmesso});
-        QCOMPARE(Valore_Errore(QStringLiteral("X"), TipoControllo::Data, 0, {}, Falso),
-                 qint16{ValoreNonData});
+                 ValoreNonAmmesso);
+        QCOMPARE(Valore_Errore(QStringLiteral("X"), TipoControllo::Data, 0, {}, Falso), ValoreNonData);
     }
 
     void giorniDelCalendario_data()
@@ -280,5 +278,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRegoleValore)
+QTEST_GUILESS_MAIN(tst_regole_valore)
 #include "tst_regole_valore.moc"

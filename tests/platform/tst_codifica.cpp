@@ -3,7 +3,7 @@
 
 #include <QTest>
 
-class TestCodifica : public QObject
+class tst_codifica : public QObject
 {
     Q_OBJECT
 
@@ -65,5 +65,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCodifica)
+QTEST_GUILESS_MAIN(tst_codifica)
 #include "tst_codifica.moc"

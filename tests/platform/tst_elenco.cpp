@@ -12,7 +12,7 @@
 #include <QTest>
 #include <QTimeZone>
 
-class TestElenco : public QObject
+class tst_elenco : public QObject
 {
     Q_OBJECT
 
@@ -216,5 +216,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestElenco)
+QTEST_GUILESS_MAIN(tst_elenco)
 #include "tst_elenco.moc"

@@ -31,7 +31,7 @@ constexpr Voce VOCI[] = {
 
 } // namespace
 
-class TestErroreEsecuzione : public QObject
+class tst_errore_esecuzione : public QObject
 {
     Q_OBJECT
 
@@ -84,5 +84,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestErroreEsecuzione)
+QTEST_GUILESS_MAIN(tst_errore_esecuzione)
 #include "tst_errore_esecuzione.moc"

@@ -8,7 +8,7 @@
 #include <QFile>
 #include <QTest>
 
-class TestFile : public QObject
+class tst_file : public QObject
 {
     Q_OBJECT
 
@@ -123,5 +123,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFile)
+QTEST_GUILESS_MAIN(tst_file)
 #include "tst_file.moc"

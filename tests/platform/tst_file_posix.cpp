@@ -11,7 +11,7 @@
 
 #include <sys/stat.h>
 
-class TestFilePosix : public QObject
+class tst_file_posix : public QObject
 {
     Q_OBJECT
 
@@ -57,5 +57,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFilePosix)
+QTEST_GUILESS_MAIN(tst_file_posix)
 #include "tst_file_posix.moc"

@@ -72,7 +72,7 @@ private:
 
 } // namespace
 
-class TestIstanza : public QObject
+class tst_istanza : public QObject
 {
     Q_OBJECT
 
@@ -179,7 +179,7 @@ int main(int argc, char *argv[])
         return Programma_Istanza(argomenti.value(2));
     if (argomenti.value(1) == u"figlio")
         return Programma_Figlio(argomenti.value(2));
-    TestIstanza prova;
+    tst_istanza prova;
     return QTest::qExec(&prova, argc, argv);
 }
 #include "tst_istanza.moc"

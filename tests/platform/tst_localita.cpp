@@ -5,7 +5,7 @@
 
 #include <QTest>
 
-class TestLocalita : public QObject
+class tst_localita : public QObject
 {
     Q_OBJECT
 
@@ -71,5 +71,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestLocalita)
+QTEST_GUILESS_MAIN(tst_localita)
 #include "tst_localita.moc"

@@ -3,7 +3,7 @@
 
 #include <QTest>
 
-class TestMaiuscole : public QObject
+class tst_maiuscole : public QObject
 {
     Q_OBJECT
 
@@ -25,5 +25,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestMaiuscole)
+QTEST_GUILESS_MAIN(tst_maiuscole)
 #include "tst_maiuscole.moc"

@@ -72,7 +72,7 @@ constexpr Testo TESTI[] = {
 
 } // namespace
 
-class TestNumeri : public QObject
+class tst_numeri : public QObject
 {
     Q_OBJECT
 
@@ -262,5 +262,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestNumeri)
+QTEST_GUILESS_MAIN(tst_numeri)
 #include "tst_numeri.moc"

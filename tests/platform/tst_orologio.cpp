@@ -31,7 +31,7 @@ public:
 
 } // namespace
 
-class TestOrologio : public QObject
+class tst_orologio : public QObject
 {
     Q_OBJECT
 
@@ -70,5 +70,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestOrologio)
+QTEST_GUILESS_MAIN(tst_orologio)
 #include "tst_orologio.moc"

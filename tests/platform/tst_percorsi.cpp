@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-class TestPercorsi : public QObject
+class tst_percorsi : public QObject
 {
     Q_OBJECT
 
@@ -127,5 +127,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPercorsi)
+QTEST_GUILESS_MAIN(tst_percorsi)
 #include "tst_percorsi.moc"

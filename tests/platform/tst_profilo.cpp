@@ -216,7 +216,7 @@ constexpr const char *PEZZI[] = {
 
 } // namespace
 
-class TestProfilo : public QObject
+class tst_profilo : public QObject
 {
     Q_OBJECT
 
@@ -623,5 +623,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestProfilo)
+QTEST_GUILESS_MAIN(tst_profilo)
 #include "tst_profilo.moc"

@@ -77,7 +77,7 @@ private:
 
 } // namespace
 
-class TestProfiloGuasti : public QObject
+class tst_profilo_guasti : public QObject
 {
     Q_OBJECT
 
@@ -233,7 +233,7 @@ int main(int argc, char *argv[])
         return Programma_Concorrente(argomenti[2], argomenti[3], argomenti[4].toInt());
 
     std::signal(SIGXFSZ, SIG_IGN); // the write fails instead
-    TestProfiloGuasti prova;
+    tst_profilo_guasti prova;
     return QTest::qExec(&prova, argc, argv);
 }
 #include "tst_profilo_guasti.moc"

@@ -153,7 +153,7 @@ private:
 
 } // namespace
 
-class TestProfiloPosix : public QObject
+class tst_profilo_posix : public QObject
 {
     Q_OBJECT
 
@@ -582,5 +582,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestProfiloPosix)
+QTEST_GUILESS_MAIN(tst_profilo_posix)
 #include "tst_profilo_posix.moc"

@@ -9,7 +9,7 @@
 #include <QFile>
 #include <QTest>
 
-class TestProfiloScrivibile : public QObject
+class tst_profilo_scrivibile : public QObject
 {
     Q_OBJECT
 
@@ -60,5 +60,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestProfiloScrivibile)
+QTEST_GUILESS_MAIN(tst_profilo_scrivibile)
 #include "tst_profilo_scrivibile.moc"

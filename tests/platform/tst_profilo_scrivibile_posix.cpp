@@ -21,7 +21,7 @@ constexpr uid_t ALTRO = 65533;
 
 } // namespace
 
-class TestProfiloScrivibilePosix : public QObject
+class tst_profilo_scrivibile_posix : public QObject
 {
     Q_OBJECT
 
@@ -139,5 +139,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestProfiloScrivibilePosix)
+QTEST_GUILESS_MAIN(tst_profilo_scrivibile_posix)
 #include "tst_profilo_scrivibile_posix.moc"

@@ -2,6 +2,7 @@
 // like when it comes out of the printer, and how long it waits for a scheduler that gives no answer.
 #include "platform/stampante_qt.h"
 
+#include "platform/unita.h"
 #include "tests/comuni/errore_prova.h"
 
 #include <QDir>
@@ -19,7 +20,6 @@
 namespace {
 
 constexpr double PUNTI_2MM = 2 / 25.4 * 72;
-constexpr double TWIP_PUNTO = 20;
 /// Longer than the program waits for any one answer, far shorter than for ever.
 constexpr qint64 PAZIENZA = 30000; // ms
 constexpr int ATTESA_FOGLIO = 30000;

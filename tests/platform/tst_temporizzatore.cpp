@@ -6,7 +6,7 @@
 #include <QElapsedTimer>
 #include <QTest>
 
-class TestTemporizzatore : public QObject
+class tst_temporizzatore : public QObject
 {
     Q_OBJECT
 
@@ -174,5 +174,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTemporizzatore)
+QTEST_GUILESS_MAIN(tst_temporizzatore)
 #include "tst_temporizzatore.moc"

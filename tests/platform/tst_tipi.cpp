@@ -26,7 +26,7 @@ void Confronta_Limiti(T (*restringi)(qint64))
 
 } // namespace
 
-class TestTipi : public QObject
+class tst_tipi : public QObject
 {
     Q_OBJECT
 
@@ -81,5 +81,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTipi)
+QTEST_GUILESS_MAIN(tst_tipi)
 #include "tst_tipi.moc"

@@ -3,7 +3,7 @@
 
 #include <QTest>
 
-class TestUnaRiga : public QObject
+class tst_una_riga : public QObject
 {
     Q_OBJECT
 
@@ -36,5 +36,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestUnaRiga)
+QTEST_GUILESS_MAIN(tst_una_riga)
 #include "tst_una_riga.moc"

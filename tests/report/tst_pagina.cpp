@@ -2,12 +2,14 @@
 // something fails on the way to the printer.
 #include "report/pagina.h"
 
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
 #include "core/risultato.h"
 #include "report/modPrn.h"
 #include "tests/comuni/errore_prova.h"
+#include "tests/comuni/far_prova.h"
 #include "tests/comuni/orologio_prova.h"
 #include "tests/comuni/stampa_prova.h"
 #include "tests/comuni/stazione_prova.h"
@@ -206,9 +208,9 @@ bool Compare(Quando quando)
 {
     switch (quando) {
     case ConLux:
-        return gTipoProva != 2;
+        return gTipoProva != ProvaScelta;
     case ConSegni:
-        return gTipoProva == 2 || gTipoProva == 4;
+        return gTipoProva == ProvaScelta || gTipoProva == ProvaConfermata;
     case SeSimmetrico:
         return gSimmetrico != 0;
     case SeAsimmetrico:
@@ -254,7 +256,7 @@ void Verdetti(const QString &valore)
 {
     const QStringList chiavi = Chiavi_Segni();
     for (const QString &chiave : chiavi)
-        Far_Imposta(chiave, valore);
+        Far_Imposta(Far_Riga(chiave), valore);
 }
 
 template <size_t N>
@@ -268,15 +270,15 @@ void Riempi(std::array<QString, N> &tabella, const char *testi)
 void Riempi_Tabelle()
 {
     Far_Azzera();
-    Far_Imposta(QStringLiteral("IllumLuxAnabDx"), QStringLiteral("23400"));
-    Far_Imposta(QStringLiteral("IllumLuxAnabSx"), QStringLiteral("12300"));
-    Far_Imposta(QStringLiteral("IllumLuxAbbDx"), QStringLiteral("150000"));
-    Far_Imposta(QStringLiteral("IllumLuxAbbSx"), QStringLiteral("99000"));
+    Far_Imposta(FarIllumLuxAnabDx, QStringLiteral("23400"));
+    Far_Imposta(FarIllumLuxAnabSx, QStringLiteral("12300"));
+    Far_Imposta(FarIllumLuxAbbDx, QStringLiteral("150000"));
+    Far_Imposta(FarIllumLuxAbbSx, QStringLiteral("99000"));
     Report_Dati(2);
-    gRepMisure[REP_DATA] = QStringLiteral("05-03-2024");
-    gRepMisure[REP_INIZIO] = QStringLiteral("09:07:08");
-    gRepMisure[REP_FINE] = QStringLiteral("09:10:11");
-    gRepMisure[REP_OPERATORE] = QStringLiteral("Rossi");
+    gRepMisure[RepData] = QStringLiteral("05-03-2024");
+    gRepMisure[RepInizio] = QStringLiteral("09:07:08");
+    gRepMisure[RepFine] = QStringLiteral("09:10:11");
+    gRepMisure[RepOperatore] = QStringLiteral("Rossi");
     Riempi(gRepOfficina, "Officina Verdi,Via Roma 1,00100 Roma,06 0000000,www.example");
     Riempi(gRepTitoli, "Rapporto,Strumento,Veicolo,Anabbaglianti,Abbaglianti");
     Riempi(gRepStrumentoEt, "Marca,Modello,Omologazione,Serie,Scadenza");
@@ -325,7 +327,7 @@ private Q_SLOTS:
         gTabMctc[151] = QStringLiteral("Sinistro");
         gTabLingua[37] = QStringLiteral("Simmetrico");
         gTabLingua[38] = QStringLiteral("Asimmetrico");
-        gTipoProva = 4;
+        gTipoProva = ProvaConfermata;
         gSimmetrico = 0;
         Riempi_Tabelle();
     }
@@ -409,7 +411,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, chiave);
         Verdetti(QStringLiteral("I"));
-        Far_Imposta(chiave, QStringLiteral("R"));
+        Far_Imposta(Far_Riga(chiave), QStringLiteral("R"));
         QCOMPARE(Disegna(CARTA_A4), Pagina_Attesa(FOGLIO_A4, {chiave}));
     }
 

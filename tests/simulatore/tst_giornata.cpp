@@ -28,7 +28,7 @@ int Record_Irregolari(const Veicolo &veicolo)
 
 } // namespace
 
-class tst_Giornata : public QObject
+class tst_giornata : public QObject
 {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ private Q_SLOTS:
     void guastiDIntensitaEDOrientamento();
 };
 
-void tst_Giornata::stessoSemeStessaGiornata()
+void tst_giornata::stessoSemeStessaGiornata()
 {
     Giornata prima(42);
     Giornata seconda(42);
@@ -57,7 +57,7 @@ void tst_Giornata::stessoSemeStessaGiornata()
     QVERIFY(diversa);
 }
 
-void tst_Giornata::veicoliBenFormati()
+void tst_giornata::veicoliBenFormati()
 {
     Giornata giornata(1);
     for (int n = 0; n < VEICOLI; ++n) {
@@ -72,7 +72,7 @@ void tst_Giornata::veicoliBenFormati()
     }
 }
 
-void tst_Giornata::unoSuCinqueNonPassa()
+void tst_giornata::unoSuCinqueNonPassa()
 {
     Giornata giornata(1);
     int scartati = 0;
@@ -82,14 +82,14 @@ void tst_Giornata::unoSuCinqueNonPassa()
              qPrintable(QString::number(scartati)));
 }
 
-void tst_Giornata::unaSolaLampadaGuasta()
+void tst_giornata::unaSolaLampadaGuasta()
 {
     Giornata giornata(7);
     for (int n = 0; n < VEICOLI; ++n)
         QVERIFY(Record_Irregolari(giornata.Prossimo()) <= 1);
 }
 
-void tst_Giornata::guastiDIntensitaEDOrientamento()
+void tst_giornata::guastiDIntensitaEDOrientamento()
 {
     Giornata giornata(1);
     int orientamento = 0;
@@ -106,5 +106,5 @@ void tst_Giornata::guastiDIntensitaEDOrientamento()
     QVERIFY(intensita > 50);
 }
 
-QTEST_GUILESS_MAIN(tst_Giornata)
+QTEST_GUILESS_MAIN(tst_giornata)
 #include "tst_giornata.moc"

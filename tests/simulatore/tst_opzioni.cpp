@@ -4,7 +4,7 @@
 #include <QDir>
 #include <QTest>
 
-class tst_Opzioni : public QObject
+class tst_opzioni : public QObject
 {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ std::optional<Opzioni> Leggi(const QString &riga, QString &errore)
 
 } // namespace
 
-void tst_Opzioni::nessuna()
+void tst_opzioni::nessuna()
 {
     QString errore;
     const auto opzioni = Leggi(QString(), errore);
@@ -42,7 +42,7 @@ void tst_Opzioni::nessuna()
     QVERIFY(!opzioni->seme);
 }
 
-void tst_Opzioni::tutte()
+void tst_opzioni::tutte()
 {
     const QString radice = QDir::rootPath(); // on Windows with its drive
     QString errore;
@@ -62,7 +62,7 @@ void tst_Opzioni::tutte()
     QCOMPARE(opzioni->seme, std::optional<quint32>(0));
 }
 
-void tst_Opzioni::percorsiInteri()
+void tst_opzioni::percorsiInteri()
 {
     QString errore;
     const auto opzioni = Leggi(QStringLiteral("--stato s.ini --collega porte/COM1 scenari/muto.ini"), errore);
@@ -72,7 +72,7 @@ void tst_Opzioni::percorsiInteri()
     QCOMPARE(opzioni->stato, QDir::current().absoluteFilePath(QStringLiteral("s.ini")));
 }
 
-void tst_Opzioni::errate_data()
+void tst_opzioni::errate_data()
 {
     QTest::addColumn<QString>("errore");
 
@@ -85,7 +85,7 @@ void tst_Opzioni::errate_data()
     QTest::newRow("--velocita=-9600") << QStringLiteral("vogliono un numero");
 }
 
-void tst_Opzioni::errate()
+void tst_opzioni::errate()
 {
     QFETCH(QString, errore);
     QString detto;
@@ -93,7 +93,7 @@ void tst_Opzioni::errate()
     QVERIFY2(detto.contains(errore), qUtf8Printable(detto));
 }
 
-void tst_Opzioni::aiutoDiceOgniOpzione()
+void tst_opzioni::aiutoDiceOgniOpzione()
 {
     const QString aiuto = Opzioni_Aiuto();
     for (const char16_t *nome :
@@ -102,5 +102,5 @@ void tst_Opzioni::aiutoDiceOgniOpzione()
         QVERIFY2(aiuto.contains(QString::fromUtf16(nome)), qUtf8Printable(QString::fromUtf16(nome)));
 }
 
-QTEST_GUILESS_MAIN(tst_Opzioni)
+QTEST_GUILESS_MAIN(tst_opzioni)
 #include "tst_opzioni.moc"

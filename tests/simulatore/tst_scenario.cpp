@@ -22,7 +22,7 @@ QStringList Leggi(const QByteArray &testo, Scenario &scenario)
 
 } // namespace
 
-class tst_Scenario : public QObject
+class tst_scenario : public QObject
 {
     Q_OBJECT
 
@@ -39,7 +39,7 @@ private Q_SLOTS:
     void erroriTuttiInsieme();
 };
 
-void tst_Scenario::senzaFile()
+void tst_scenario::senzaFile()
 {
     Scenario scenario;
     scenario.ritardo = 7;
@@ -49,13 +49,13 @@ void tst_Scenario::senzaFile()
     QVERIFY(scenario.guasti.isEmpty());
 }
 
-void tst_Scenario::fileMancante()
+void tst_scenario::fileMancante()
 {
     Scenario scenario;
     QCOMPARE(Scenario_Leggi(QStringLiteral("/manca/scenario.ini"), scenario).size(), 1);
 }
 
-void tst_Scenario::tuttoLetto()
+void tst_scenario::tuttoLetto()
 {
     Scenario scenario;
     const QStringList errori =
@@ -85,7 +85,7 @@ void tst_Scenario::tuttoLetto()
     QVERIFY(!scenario.guasti.first().comando);
 }
 
-void tst_Scenario::veicoliFinoAlPrimoMancante()
+void tst_scenario::veicoliFinoAlPrimoMancante()
 {
     Scenario scenario;
     QVERIFY(Leggi("[VEICOLO1]\nProva=1\n[VEICOLO2]\nGuasto1=*;1;tipo\n[VEICOLO4]\nProva=4\n", scenario)
@@ -93,7 +93,7 @@ void tst_Scenario::veicoliFinoAlPrimoMancante()
     QCOMPARE(scenario.veicoli.size(), 2);
 }
 
-void tst_Scenario::recordPredefiniti()
+void tst_scenario::recordPredefiniti()
 {
     Scenario scenario;
     QVERIFY(Leggi("[VEICOLO1]\nProva=1\n", scenario).isEmpty());
@@ -101,7 +101,7 @@ void tst_Scenario::recordPredefiniti()
     QCOMPARE(scenario.veicoli.first().record[3], QByteArray("0600OO"));
 }
 
-void tst_Scenario::volte_data()
+void tst_scenario::volte_data()
 {
     QTest::addColumn<int>("da");
     QTest::addColumn<int>("a");
@@ -113,7 +113,7 @@ void tst_Scenario::volte_data()
     QTest::newRow("4-") << 4 << std::numeric_limits<int>::max();
 }
 
-void tst_Scenario::volte()
+void tst_scenario::volte()
 {
     QFETCH(int, da);
     QFETCH(int, a);
@@ -124,7 +124,7 @@ void tst_Scenario::volte()
     QCOMPARE(scenario.guasti.first().aVolta, a);
 }
 
-void tst_Scenario::errore_data()
+void tst_scenario::errore_data()
 {
     QTest::addColumn<QByteArray>("testo");
     QTest::addColumn<QString>("errore");
@@ -154,7 +154,7 @@ void tst_Scenario::errore_data()
     riga("guasto del veicolo", "[VEICOLO1]\nGuasto1=x\n", QStringLiteral("[VEICOLO1] Guasto1"));
 }
 
-void tst_Scenario::errore()
+void tst_scenario::errore()
 {
     QFETCH(QByteArray, testo);
     QFETCH(QString, errore);
@@ -167,7 +167,7 @@ void tst_Scenario::errore()
     QVERIFY(scenario.veicoli.isEmpty());
 }
 
-void tst_Scenario::erroriTuttiInsieme()
+void tst_scenario::erroriTuttiInsieme()
 {
     Scenario scenario;
     QCOMPARE(
@@ -175,5 +175,5 @@ void tst_Scenario::erroriTuttiInsieme()
         4);
 }
 
-QTEST_GUILESS_MAIN(tst_Scenario)
+QTEST_GUILESS_MAIN(tst_scenario)
 #include "tst_scenario.moc"

@@ -111,7 +111,7 @@ BufferRx Buffer_Con(const QByteArray &trama)
 
 } // namespace
 
-class tst_Strumento : public QObject
+class tst_strumento : public QObject
 {
     Q_OBJECT
 
@@ -179,7 +179,7 @@ private Q_SLOTS:
     void scenarioErratoLasciaIlPrecedente();
 };
 
-void tst_Strumento::interrogazioniFinoAllaMisura_data()
+void tst_strumento::interrogazioniFinoAllaMisura_data()
 {
     QTest::addColumn<QByteArray>("scenario");
     QTest::addColumn<QByteArray>("stati");
@@ -192,7 +192,7 @@ void tst_Strumento::interrogazioniFinoAllaMisura_data()
     QTest::newRow("predefiniti") << QByteArray("[VEICOLO1]\nAnabSx=0100OO\n") << QByteArray("111222224");
 }
 
-void tst_Strumento::interrogazioniFinoAllaMisura()
+void tst_strumento::interrogazioniFinoAllaMisura()
 {
     QFETCH(QByteArray, scenario);
     QFETCH(QByteArray, stati);
@@ -206,7 +206,7 @@ void tst_Strumento::interrogazioniFinoAllaMisura()
         QCOMPARE(banco.Chiedi(STATO), risposte.value(stato));
 }
 
-void tst_Strumento::ritardoDelloScenario()
+void tst_strumento::ritardoDelloScenario()
 {
     const Banchetto banco("[GENERALE]\nRitardo=120\n");
     const QList<Invio> invii = banco.Manda(STATO);
@@ -215,7 +215,7 @@ void tst_Strumento::ritardoDelloScenario()
     QCOMPARE(Banchetto().Manda(STATO).first().ritardo, 40);
 }
 
-void tst_Strumento::misuraAlByte()
+void tst_strumento::misuraAlByte()
 {
     const Banchetto banco("[VEICOLO1]\nRiposo=0\nProva=0\n"
                           "AnabSx=0123OO\nAbbSx=0456OO\nAnabDx=0125AO\nAbbDx=0460OS\n");
@@ -225,7 +225,7 @@ void tst_Strumento::misuraAlByte()
                   "30 4F 53 33 03"));
 }
 
-void tst_Strumento::misuraLettaDallaStazione()
+void tst_strumento::misuraLettaDallaStazione()
 {
     const Banchetto banco("[VEICOLO1]\nRiposo=0\nProva=0\n"
                           "AnabSx=0123OO\nAbbSx=0456O#\nAnabDx=0125AO\nAbbDx=9999OS\n");
@@ -238,7 +238,7 @@ void tst_Strumento::misuraLettaDallaStazione()
              QStringLiteral("L0=123 V0=O O0=O L1=456 V1=O O1=# L2=125 V2=A O2=O L3=9999 V3=O O3=S"));
 }
 
-void tst_Strumento::misuraChiestaDiNuovo()
+void tst_strumento::misuraChiestaDiNuovo()
 {
     const Banchetto banco(TRE_VEICOLI);
     QCOMPARE(banco.Misura_Prendi(), QByteArray("0001"));
@@ -246,7 +246,7 @@ void tst_Strumento::misuraChiestaDiNuovo()
     QCOMPARE(banco.Misura_Prendi(), QByteArray("0002"));
 }
 
-void tst_Strumento::misuraPrimaDelTempoSenzaRisposta()
+void tst_strumento::misuraPrimaDelTempoSenzaRisposta()
 {
     const Banchetto banco(TRE_VEICOLI);
     QVERIFY(banco.Manda(MISURA).isEmpty());
@@ -256,21 +256,21 @@ void tst_Strumento::misuraPrimaDelTempoSenzaRisposta()
     QCOMPARE(banco.Chiedi(MISURA).size(), 30);
 }
 
-void tst_Strumento::veicoliInOrdineEPoiLUltimo()
+void tst_strumento::veicoliInOrdineEPoiLUltimo()
 {
     const Banchetto banco(TRE_VEICOLI);
     for (const char *lux : {"0001", "0002", "0003", "0003", "0003"})
         QCOMPARE(banco.Misura_Prendi(), QByteArray(lux));
 }
 
-void tst_Strumento::veicoliDaCapo()
+void tst_strumento::veicoliDaCapo()
 {
     const Banchetto banco(QByteArray("[GENERALE]\nRicomincia=1\n") + TRE_VEICOLI);
     for (const char *lux : {"0001", "0002", "0003", "0001", "0002"})
         QCOMPARE(banco.Misura_Prendi(), QByteArray(lux));
 }
 
-void tst_Strumento::giornataSenzaVeicoli()
+void tst_strumento::giornataSenzaVeicoli()
 {
     const Banchetto banco;
     Giornata giornata(1);
@@ -278,17 +278,17 @@ void tst_Strumento::giornataSenzaVeicoli()
         QCOMPARE(banco.Misura_Prendi(), giornata.Prossimo().record[0].first(4));
 }
 
-void tst_Strumento::datiAlByte()
+void tst_strumento::datiAlByte()
 {
     QCOMPARE(Banchetto(IDENTITA).Chiedi(LEGGI_DATI), DATI_INIZIALI);
 }
 
-void tst_Strumento::taraturaAlByte()
+void tst_strumento::taraturaAlByte()
 {
     QCOMPARE(Banchetto(IDENTITA).Chiedi(LEGGI_TARATURA), TARATURA_INIZIALE);
 }
 
-void tst_Strumento::testiDiFabbrica()
+void tst_strumento::testiDiFabbrica()
 {
     const Banchetto banco;
     QStringList testi;
@@ -301,7 +301,7 @@ void tst_Strumento::testiDiFabbrica()
     QCOMPARE(testi.first(10).join(u' '), QStringLiteral("1012 8 101 102 103 104 105 106 107 108"));
 }
 
-void tst_Strumento::scritturaDatiCambiaLaLettura()
+void tst_strumento::scritturaDatiCambiaLaLettura()
 {
     const Banchetto banco(IDENTITA);
     QCOMPARE(banco.Chiedi(SCRIVI_DATI1), SCRITTO);
@@ -310,14 +310,14 @@ void tst_Strumento::scritturaDatiCambiaLaLettura()
     QCOMPARE(banco.Chiedi(LEGGI_TARATURA), TARATURA_INIZIALE);
 }
 
-void tst_Strumento::scritturaSenzaSestoTestoLasciaLOperatore()
+void tst_strumento::scritturaSenzaSestoTestoLasciaLOperatore()
 {
     const Banchetto banco(IDENTITA);
     QCOMPARE(banco.Chiedi(SCRIVI_DATI2_VUOTO), SCRITTO);
     QCOMPARE(banco.Chiedi(LEGGI_DATI), DATI_INIZIALI);
 }
 
-void tst_Strumento::scritturaTaratura()
+void tst_strumento::scritturaTaratura()
 {
     const Banchetto banco(IDENTITA);
     QCOMPARE(banco.Chiedi(SCRIVI_TARATURA), SCRITTO);
@@ -326,7 +326,7 @@ void tst_Strumento::scritturaTaratura()
     QCOMPARE(banco.Chiedi(LEGGI_DATI), DATI_INIZIALI);
 }
 
-void tst_Strumento::scritturaDiPochiTestiLasciaGliAltri()
+void tst_strumento::scritturaDiPochiTestiLasciaGliAltri()
 {
     const Banchetto banco(IDENTITA);
     // QX6 and its separator; "Altra" has none and is no text.
@@ -336,7 +336,7 @@ void tst_Strumento::scritturaDiPochiTestiLasciaGliAltri()
                   "31 32 2F 32 30 33 30 17 55 67 6F 17 37 03"));
 }
 
-void tst_Strumento::testiScrittiRestanoDopoLoSpegnimento()
+void tst_strumento::testiScrittiRestanoDopoLoSpegnimento()
 {
     Banchetto banco(IDENTITA);
     banco.Chiedi(SCRIVI_DATI1);
@@ -345,14 +345,14 @@ void tst_Strumento::testiScrittiRestanoDopoLoSpegnimento()
     QCOMPARE(banco.Chiedi(LEGGI_DATI), DATI_SCRITTI);
 }
 
-void tst_Strumento::testoVuotoScrittoRestaVuoto()
+void tst_strumento::testoVuotoScrittoRestaVuoto()
 {
     const Banchetto banco(IDENTITA);
     QCOMPARE(banco.Chiedi(Byte("02 41 42 43 80 17 00 35 03")), SCRITTO);
     QVERIFY(banco.Chiedi(LEGGI_DATI).chopped(2).endsWith(Byte("33 30 17 17")));
 }
 
-void tst_Strumento::testiConBianchiVirgoletteEAccenti()
+void tst_strumento::testiConBianchiVirgoletteEAccenti()
 {
     const Banchetto banco(IDENTITA);
     // The texts: blank, quotes and blank; the euro sign; single quotes; nothing; a semicolon and an equals
@@ -366,7 +366,7 @@ void tst_Strumento::testiConBianchiVirgoletteEAccenti()
                   "3D 65 17 55 67 6F 17 35 03"));
 }
 
-void tst_Strumento::caratteriDiControlloNonRomponoIlFile()
+void tst_strumento::caratteriDiControlloNonRomponoIlFile()
 {
     const Banchetto banco(IDENTITA);
     // The first text holds a line end and what would be the next key.
@@ -375,7 +375,7 @@ void tst_Strumento::caratteriDiControlloNonRomponoIlFile()
                 .startsWith(Byte("02 41 42 43 55 61 3F 3F 62 3D 63 17 17 17 17 17 55 67 6F 17")));
 }
 
-void tst_Strumento::statoCheNonSiScrive()
+void tst_strumento::statoCheNonSiScrive()
 {
     Banchetto banco(IDENTITA);
     banco.Accendi(QStringLiteral("manca/stato.ini"));
@@ -383,16 +383,16 @@ void tst_Strumento::statoCheNonSiScrive()
     QCOMPARE(banco.Chiedi(LEGGI_DATI), DATI_INIZIALI);
 }
 
-void tst_Strumento::testiOltreLaStazioneAnnotati()
+void tst_strumento::testiOltreLaStazioneAnnotati()
 {
     const Banchetto banco("[DATI]\nComm_Marca=" + QByteArray(100, 'm') + '\n');
     const QList<Invio> invii = banco.Manda(LEGGI_DATI);
-    QVERIFY(invii.first().byte.size() > MISURA_RX);
+    QVERIFY(invii.first().byte.size() > LUNGHEZZA_RX);
     QVERIFY(invii.first().nota.contains(QStringLiteral("la stazione ne tiene 106")));
     QVERIFY(!Banchetto().Manda(LEGGI_DATI).first().nota.contains(QStringLiteral("la stazione")));
 }
 
-void tst_Strumento::datiNonConsumanoInterrogazioni()
+void tst_strumento::datiNonConsumanoInterrogazioni()
 {
     const Banchetto banco("[VEICOLO1]\nRiposo=2\nProva=0\n");
     for (int sessione = 0; sessione < 5; ++sessione) {
@@ -408,7 +408,7 @@ void tst_Strumento::datiNonConsumanoInterrogazioni()
     QCOMPARE(banco.Chiedi(STATO), PRONTA);
 }
 
-void tst_Strumento::comandoErratoSenzaRisposta_data()
+void tst_strumento::comandoErratoSenzaRisposta_data()
 {
     QTest::addColumn<QByteArray>("trama");
     QTest::addColumn<QString>("motivo");
@@ -425,7 +425,7 @@ void tst_Strumento::comandoErratoSenzaRisposta_data()
     QTest::newRow("vuota") << Byte("02 03") << QStringLiteral("troppo corta");
 }
 
-void tst_Strumento::comandoErratoSenzaRisposta()
+void tst_strumento::comandoErratoSenzaRisposta()
 {
     QFETCH(QByteArray, trama);
     QFETCH(QString, motivo);
@@ -435,7 +435,7 @@ void tst_Strumento::comandoErratoSenzaRisposta()
     QCOMPARE(banco.Chiedi(STATO), A_RIPOSO);
 }
 
-void tst_Strumento::comandoSpezzato()
+void tst_strumento::comandoSpezzato()
 {
     const Banchetto banco;
     for (qsizetype i = 0; i < STATO.size() - 1; ++i)
@@ -443,7 +443,7 @@ void tst_Strumento::comandoSpezzato()
     QCOMPARE(banco.Chiedi(STATO.last(1)), A_RIPOSO);
 }
 
-void tst_Strumento::dueComandiInUnaVolta()
+void tst_strumento::dueComandiInUnaVolta()
 {
     const Banchetto banco(IDENTITA);
     const QList<Invio> invii = banco.Manda(STATO + LEGGI_DATI);
@@ -452,7 +452,7 @@ void tst_Strumento::dueComandiInUnaVolta()
     QCOMPARE(invii[1].byte, DATI_INIZIALI);
 }
 
-void tst_Strumento::rumoreTraITrameScartato()
+void tst_strumento::rumoreTraITrameScartato()
 {
     const Banchetto banco;
     QCOMPARE(banco.Chiedi(Byte("00 03 FF 41") + STATO + Byte("03 55")), A_RIPOSO);
@@ -460,7 +460,7 @@ void tst_Strumento::rumoreTraITrameScartato()
     QCOMPARE(banco.Chiedi(STATO), A_RIPOSO);
 }
 
-void tst_Strumento::inizioDentroLaTramaEUnByteQualsiasi()
+void tst_strumento::inizioDentroLaTramaEUnByteQualsiasi()
 {
     const Banchetto banco;
     // A command cut short by the one that follows it: one bad frame, and the next one is good.
@@ -468,14 +468,14 @@ void tst_Strumento::inizioDentroLaTramaEUnByteQualsiasi()
     QCOMPARE(banco.Chiedi(STATO), A_RIPOSO);
 }
 
-void tst_Strumento::tramaSenzaFineAbbandonata()
+void tst_strumento::tramaSenzaFineAbbandonata()
 {
     const Banchetto banco;
     QVERIFY(banco.Manda(Byte("02") + QByteArray(9000, 'x')).isEmpty());
     QCOMPARE(banco.Chiedi(STATO), A_RIPOSO);
 }
 
-void tst_Strumento::lineaLasciataScordaIlComandoAMeta()
+void tst_strumento::lineaLasciataScordaIlComandoAMeta()
 {
     const Banchetto banco;
     QVERIFY(banco.Manda(STATO.first(4)).isEmpty());
@@ -483,7 +483,7 @@ void tst_Strumento::lineaLasciataScordaIlComandoAMeta()
     QCOMPARE(banco.Chiedi(STATO), A_RIPOSO);
 }
 
-void tst_Strumento::registroDiOgniTrama()
+void tst_strumento::registroDiOgniTrama()
 {
     const Banchetto banco(IDENTITA);
     QCOMPARE(banco.Manda(STATO).first().nota, QStringLiteral("\"1\" a riposo"));
@@ -493,7 +493,7 @@ void tst_Strumento::registroDiOgniTrama()
              QStringLiteral("<- 02 41 42 43 80 41 42 17 00 36 03  ScriviDati2 \"AB\""));
 }
 
-void tst_Strumento::guastoAlByte_data()
+void tst_strumento::guastoAlByte_data()
 {
     QTest::addColumn<QByteArray>("guasto");
     QTest::addColumn<QStringList>("invii");
@@ -522,7 +522,7 @@ void tst_Strumento::guastoAlByte_data()
     riga("riaggancio;500", {QStringLiteral("40:via 500")});
 }
 
-void tst_Strumento::guastoAlByte()
+void tst_strumento::guastoAlByte()
 {
     QFETCH(QByteArray, guasto);
     QFETCH(QStringList, invii);
@@ -530,7 +530,7 @@ void tst_Strumento::guastoAlByte()
     QCOMPARE(In_Testo(banco.Manda(STATO)), invii);
 }
 
-void tst_Strumento::generePerOgniComando_data()
+void tst_strumento::generePerOgniComando_data()
 {
     QTest::addColumn<QByteArray>("comando");
     QTest::addColumn<QByteArray>("risposta");
@@ -552,7 +552,7 @@ void tst_Strumento::generePerOgniComando_data()
     QTest::newRow("ScriviTaratura") << SCRIVI_TARATURA << Byte("02 41 42 43 3F 37 03");
 }
 
-void tst_Strumento::generePerOgniComando()
+void tst_strumento::generePerOgniComando()
 {
     QFETCH(QByteArray, comando);
     QFETCH(QByteArray, risposta);
@@ -563,7 +563,7 @@ void tst_Strumento::generePerOgniComando()
     QCOMPARE(banco.Chiedi(comando), risposta);
 }
 
-void tst_Strumento::genereErratoConControlloGiusto()
+void tst_strumento::genereErratoConControlloGiusto()
 {
     const Banchetto banco("[GUASTI]\nGuasto1=*;1;tipo\nGuasto2=*;2;controllo\n");
     for (const QByteArray &comando : {STATO, LEGGI_DATI, LEGGI_TARATURA, SCRIVI_DATI2}) {
@@ -572,7 +572,7 @@ void tst_Strumento::genereErratoConControlloGiusto()
     }
 }
 
-void tst_Strumento::tramaLungaNonStaNellaStazione()
+void tst_strumento::tramaLungaNonStaNellaStazione()
 {
     const Banchetto banco("[GUASTI]\nGuasto1=LeggiDati;1;lunga\n");
     const QByteArray trama = banco.Chiedi(LEGGI_DATI);
@@ -580,7 +580,7 @@ void tst_Strumento::tramaLungaNonStaNellaStazione()
     QVERIFY(!trama.chopped(1).contains(static_cast<char>(BYTE_FINE)));
 }
 
-void tst_Strumento::unitaParteConLaSeguente()
+void tst_strumento::unitaParteConLaSeguente()
 {
     const Banchetto banco("[VEICOLO1]\nRiposo=2\nProva=1\n[GUASTI]\nGuasto1=Stato;2;unita\n");
     QCOMPARE(banco.Chiedi(STATO), A_RIPOSO);
@@ -591,7 +591,7 @@ void tst_Strumento::unitaParteConLaSeguente()
     QCOMPARE(banco.Chiedi(STATO), PRONTA);
 }
 
-void tst_Strumento::unitaNonPassaAllaSessioneDopo()
+void tst_strumento::unitaNonPassaAllaSessioneDopo()
 {
     const Banchetto banco("[GUASTI]\nGuasto1=Stato;1;unita\n");
     QVERIFY(banco.Manda(STATO).isEmpty());
@@ -599,7 +599,7 @@ void tst_Strumento::unitaNonPassaAllaSessioneDopo()
     QCOMPARE(banco.Chiedi(STATO), A_RIPOSO);
 }
 
-void tst_Strumento::volteContateNelVeicolo()
+void tst_strumento::volteContateNelVeicolo()
 {
     const Banchetto banco("[VEICOLO1]\nRiposo=0\nProva=2\n[GUASTI]\nGuasto1=Stato;2;silenzio\n");
     for (int veicolo = 0; veicolo < 3; ++veicolo) {
@@ -611,7 +611,7 @@ void tst_Strumento::volteContateNelVeicolo()
     }
 }
 
-void tst_Strumento::volteAIntervallo()
+void tst_strumento::volteAIntervallo()
 {
     const Banchetto banco(
         "[VEICOLO1]\nRiposo=9\n[GUASTI]\nGuasto1=Stato;2-3;silenzio\nGuasto2=stato;5-;SILENZIO\n");
@@ -621,14 +621,14 @@ void tst_Strumento::volteAIntervallo()
     QCOMPARE(parlate, QByteArray("x..x..."));
 }
 
-void tst_Strumento::guastoDelVeicoloPrimaDiQuelliDiTutti()
+void tst_strumento::guastoDelVeicoloPrimaDiQuelliDiTutti()
 {
     const Banchetto banco("[VEICOLO1]\nGuasto1=Stato;1;ritardo;7\n[GUASTI]\nGuasto1=*;*;silenzio\n");
     QCOMPARE(In_Testo(banco.Manda(STATO)), QStringList(QStringLiteral("47:02 41 42 43 31 39 03")));
     QVERIFY(banco.Manda(STATO).isEmpty());
 }
 
-void tst_Strumento::guastoDiUnSoloVeicolo()
+void tst_strumento::guastoDiUnSoloVeicolo()
 {
     const Banchetto banco("[VEICOLO1]\nRiposo=0\nProva=0\n"
                           "[VEICOLO2]\nRiposo=0\nProva=0\nGuasto1=Misura;1;silenzio\n"
@@ -641,7 +641,7 @@ void tst_Strumento::guastoDiUnSoloVeicolo()
     QCOMPARE(misure, QByteArray("x.x"));
 }
 
-void tst_Strumento::scritturaAvvenutaSottoGuasto()
+void tst_strumento::scritturaAvvenutaSottoGuasto()
 {
     const Banchetto banco(QByteArray(IDENTITA) + "[GUASTI]\nGuasto1=ScriviDati1;1;silenzio\n");
     QVERIFY(banco.Manda(SCRIVI_DATI1).isEmpty());
@@ -649,7 +649,7 @@ void tst_Strumento::scritturaAvvenutaSottoGuasto()
     QCOMPARE(banco.Chiedi(LEGGI_DATI), DATI_SCRITTI);
 }
 
-void tst_Strumento::scenarioRilettoAOgniMisura()
+void tst_strumento::scenarioRilettoAOgniMisura()
 {
     const Banchetto banco("[VEICOLO1]\nRiposo=1\nProva=0\nAnabSx=0001OO\n");
     QCOMPARE(banco.Misura_Prendi(), QByteArray("0001"));
@@ -658,7 +658,7 @@ void tst_Strumento::scenarioRilettoAOgniMisura()
     QVERIFY(banco.Manda(MISURA).isEmpty());
 }
 
-void tst_Strumento::scenarioRilettoQuandoLaStazioneChiudeARiposo()
+void tst_strumento::scenarioRilettoQuandoLaStazioneChiudeARiposo()
 {
     const Banchetto banco("[VEICOLO1]\nRiposo=3\nProva=0\nAnabSx=0001OO\n");
     QCOMPARE(banco.Chiedi(STATO), A_RIPOSO);
@@ -668,7 +668,7 @@ void tst_Strumento::scenarioRilettoQuandoLaStazioneChiudeARiposo()
     QCOMPARE(banco.Misura_Prendi(), QByteArray("0777"));
 }
 
-void tst_Strumento::scenarioNonRilettoAMisuraIncominciata()
+void tst_strumento::scenarioNonRilettoAMisuraIncominciata()
 {
     const Banchetto banco("[VEICOLO1]\nRiposo=1\nProva=2\nAnabSx=0001OO\n");
     QCOMPARE(banco.Chiedi(STATO), A_RIPOSO);
@@ -679,7 +679,7 @@ void tst_Strumento::scenarioNonRilettoAMisuraIncominciata()
     QCOMPARE(banco.Misura_Prendi(), QByteArray("0001"));
 }
 
-void tst_Strumento::scenarioErratoLasciaIlPrecedente()
+void tst_strumento::scenarioErratoLasciaIlPrecedente()
 {
     const Banchetto banco("[VEICOLO1]\nRiposo=1\nProva=0\nAnabSx=0001OO\n");
     QCOMPARE(banco.Misura_Prendi(), QByteArray("0001"));
@@ -688,5 +688,5 @@ void tst_Strumento::scenarioErratoLasciaIlPrecedente()
     QVERIFY(banco.registro.join(u'\n').contains(QStringLiteral("scenario: [VEICOLO1] AnabSx")));
 }
 
-QTEST_GUILESS_MAIN(tst_Strumento)
+QTEST_GUILESS_MAIN(tst_strumento)
 #include "tst_strumento.moc"

@@ -5,7 +5,7 @@
 
 #include <QTest>
 
-class tst_Trama : public QObject
+class tst_trama : public QObject
 {
     Q_OBJECT
 
@@ -19,34 +19,34 @@ private Q_SLOTS:
     void scartatiUnaVoltaSola();
 };
 
-void tst_Trama::rispostaConPrefissoEControllo()
+void tst_trama::rispostaConPrefissoEControllo()
 {
     QCOMPARE(Trama_Componi("1"), A_RIPOSO);
     QCOMPARE(Trama_Componi("4"), PRONTA);
     QCOMPARE(Trama_Componi("\xFF"), SCRITTO);
 }
 
-void tst_Trama::controlloDiUnaSommaDi256()
+void tst_trama::controlloDiUnaSommaDi256()
 {
     // 200 for start and prefix, and 56: the sum is 0 in eight bits.
     QCOMPARE(Trama_Componi("8"), Byte("02 41 42 43 38 30 03"));
 }
 
-void tst_Trama::controlloRimessoDopoUnaModifica()
+void tst_trama::controlloRimessoDopoUnaModifica()
 {
     QByteArray trama = A_RIPOSO;
     trama[4] = '2';
     QCOMPARE(Trama_Controllata(trama), IN_PROVA);
 }
 
-void tst_Trama::sommaOltreSediciBit()
+void tst_trama::sommaOltreSediciBit()
 {
     // 200 and 1000 times 255 are 255200, in eight bits 224.
     const QByteArray trama = Trama_Componi(QByteArray(1000, '\xFF'));
     QCOMPARE(trama.last(2), QByteArray("4\x03"));
 }
 
-void tst_Trama::difettoDellaTrama()
+void tst_trama::difettoDellaTrama()
 {
     QCOMPARE(Trama_Difetto(STATO), QString());
     QCOMPARE(Trama_Difetto(Byte("02 41 42 43 80 00 32 03")), QString());
@@ -55,7 +55,7 @@ void tst_Trama::difettoDellaTrama()
     QVERIFY(!Trama_Difetto(Byte("02 61 62 63 10 32 03")).isEmpty());
 }
 
-void tst_Trama::finoAlPrimoByteDiFine()
+void tst_trama::finoAlPrimoByteDiFine()
 {
     AssemblatoreComandi assemblatore;
     QList<QByteArray> trame;
@@ -67,7 +67,7 @@ void tst_Trama::finoAlPrimoByteDiFine()
     QCOMPARE(assemblatore.Scartati(), Byte("42 03"));
 }
 
-void tst_Trama::scartatiUnaVoltaSola()
+void tst_trama::scartatiUnaVoltaSola()
 {
     AssemblatoreComandi assemblatore;
     QVERIFY(!assemblatore.Aggiungi('x'));
@@ -75,5 +75,5 @@ void tst_Trama::scartatiUnaVoltaSola()
     QCOMPARE(assemblatore.Scartati(), QByteArray());
 }
 
-QTEST_GUILESS_MAIN(tst_Trama)
+QTEST_GUILESS_MAIN(tst_trama)
 #include "tst_trama.moc"

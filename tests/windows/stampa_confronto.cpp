@@ -6,6 +6,7 @@
 //   coda NAME WIDTH HEIGHT      a queue that takes jobs, its paper in twips
 //   predefinita NAME            the default one, "-" when there is none
 //   stampata 1                  the page was taken; 0 when it was not
+#include "core/codici.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/modReport.h"
@@ -27,7 +28,7 @@ void Apri_Stazione(const QString &cartella)
     gFileLingue = gAppPath + QStringLiteral("lingue.ini");
     gFileLingueMctc = gAppPath + QStringLiteral("lingueMCTC.ini");
     gLingua = QStringLiteral("IT");
-    gTipoProva = 4;
+    gTipoProva = ProvaConfermata;
     Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
     Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);
 }
@@ -47,15 +48,15 @@ void Racconta_Code()
 void Riempi_Tabelle()
 {
     Far_Azzera();
-    for (const char16_t *chiave : {u"IllumLuxAnabDx", u"IllumLuxAnabSx", u"IllumLuxAbbDx", u"IllumLuxAbbSx"})
-        Far_Imposta(QString::fromUtf16(chiave), QStringLiteral("30500"));
-    for (const char16_t *chiave : {u"VertAnabDx", u"OrizzAnabSx", u"EsitoIllumLuxAbbDx"})
-        Far_Imposta(QString::fromUtf16(chiave), QStringLiteral("R"));
+    for (const RigaFar riga : {FarIllumLuxAnabDx, FarIllumLuxAnabSx, FarIllumLuxAbbDx, FarIllumLuxAbbSx})
+        Far_Imposta(riga, QStringLiteral("30500"));
+    for (const RigaFar riga : {FarVertAnabDx, FarOrizzAnabSx, FarEsitoIllumLuxAbbDx})
+        Far_Imposta(riga, QStringLiteral("R"));
     for (const quint8 stadio : STADI)
         Report_Dati(stadio);
-    gRepMisure[REP_DATA] = QStringLiteral("05-03-2024");
-    gRepMisure[REP_INIZIO] = QStringLiteral("09:07:08");
-    gRepMisure[REP_FINE] = QStringLiteral("09:10:11");
+    gRepMisure[RepData] = QStringLiteral("05-03-2024");
+    gRepMisure[RepInizio] = QStringLiteral("09:07:08");
+    gRepMisure[RepFine] = QStringLiteral("09:10:11");
 }
 
 } // namespace

@@ -1,0 +1,7 @@
+// The number is given by the build, which keeps it in one place.
+#include "app/versione.h"
+
+QString Versione_Programma()
+{
+    return QStringLiteral(LUMIRA_VERSIONE);
+}

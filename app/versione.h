@@ -1,0 +1,8 @@
+// The version of the program that runs, as it was built. What lumira.ini calls its version is a text of the
+// installation, which an update keeps.
+#pragma once
+
+#include <QString>
+
+/// E.g. "1.0.0".
+QString Versione_Programma();

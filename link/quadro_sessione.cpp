@@ -1,0 +1,166 @@
+// The steps, the lamp's word and the times of a session. It knows no frame and no reply.
+#include "link/quadro_sessione.h"
+
+#include "core/codici.h"
+#include "core/modGeneral.h"
+#include "link/modComm.h"
+#include "link/scambio.h"
+#include "toolkit/lettura.h"
+#include "toolkit/schermo.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int SECONDO = 1000; // ms
+
+/// The lamp's words, in the order of ParolaLampada.
+constexpr TestoMctc TESTI_PAROLE[] = {MctcLampadaAttesa, MctcLampadaRisposta, MctcLampadaFermo,
+                                      MctcLampadaChiusa};
+
+// A step behind, the present one, one to come: told apart by a tick and by dark and light, not by the hue.
+constexpr quint32 FONDO_PRESENTE = 0x8A5C0B;
+constexpr quint32 FONDO_PASSATO = 0xF8F0E4;
+constexpr quint32 FONDO_FUTURO = 0xF8F6F3;
+constexpr quint32 SCRITTA_FUTURO = 0x72685A;
+const QString SPUNTA = QStringLiteral("√ "); // every type family of the screen has it
+
+/// Part of the width that the words of the lamp take of their line; the rest is the time's.
+constexpr qint32 PARTE_PAROLA = 75; // hundredths
+
+} // namespace
+
+QuadroSessione::QuadroSessione(QWidget *finestra)
+    : lblPasso(QStringLiteral("lblPasso")),
+      lblLampada(finestra, QStringLiteral("lblLampada")),
+      lblDurata(finestra, QStringLiteral("lblDurata")),
+      lblRisposta(finestra, QStringLiteral("lblRisposta")),
+      tmrSecondi([this] { Mostra_Tempi(); })
+{
+    lblPasso.Inizia(finestra);
+    for (qint16 i = 0; i < PASSI; ++i) {
+        lblPasso.Carica(i).Allineamento(Orizzontale::Centro);
+        lblPasso[i].FontSize(Punti_Normali() * LETTURA_SCHERMO);
+    }
+    for (Etichetta *etichetta : {&lblLampada, &lblDurata, &lblRisposta}) {
+        etichetta->FontSize(Punti_Normali() * LETTURA_SCHERMO);
+        etichetta->Allineamento(Orizzontale::Sinistra, Verticale::Basso);
+    }
+    lblDurata.Allineamento(Orizzontale::Destra, Verticale::Basso);
+}
+
+void QuadroSessione::Inizia(const QString &primoPasso, bool conStato)
+{
+    m_conStato = conStato;
+    m_nomiPassi = {primoPasso, Testo_Mctc(MctcPassoDati), Testo_Mctc(MctcPassoFatto)};
+    m_parole.clear();
+    for (const TestoMctc id : TESTI_PAROLE)
+        m_parole.append(Testo_Mctc(id));
+    m_testoRisposta = Testo_Mctc(MctcRispostaFa);
+    m_testoNessuna = Testo_Mctc(MctcNessunaRisposta);
+    lblDurata.NomeAccessibile(Testo_Mctc(MctcDurata));
+    m_inizio = Orologio_Corrente().Adesso();
+    tmrSecondi.Interval(SECONDO);
+    tmrSecondi.Enabled(true);
+    Passi_Visibili(true);
+    Mostra_Passo(conStato ? PassoStato : PassoDati);
+    Mostra_Tempi();
+}
+
+void QuadroSessione::Ferma()
+{
+    tmrSecondi.Enabled(false);
+}
+
+void QuadroSessione::Posto_Passi(qint32 left, qint32 top, qint32 width, qint32 height)
+{
+    const qint16 primo = m_conStato ? PassoStato : PassoDati;
+    const qint32 larghezza = width / (PASSI - primo);
+    for (qint16 i = primo; i < PASSI; ++i)
+        lblPasso[i].Posto(left + (i - primo) * larghezza, top, larghezza, height);
+}
+
+void QuadroSessione::Posto_Righe(qint32 left, qint32 top, qint32 width, qint32 height)
+{
+    const qint32 parola = width * PARTE_PAROLA / 100;
+    const qint32 riga = height / 2;
+    lblLampada.Posto(left, top, parola, riga);
+    lblDurata.Posto(left + parola, top, width - parola, riga);
+    lblRisposta.Posto(left, top + riga, width, riga);
+}
+
+void QuadroSessione::Passi_Visibili(bool visibili)
+{
+    for (qint16 i = 0; i < PASSI; ++i)
+        lblPasso[i].Visible(visibili && (m_conStato || i != PassoStato));
+}
+
+void QuadroSessione::Porta(bool aperta)
+{
+    m_aperta = aperta;
+    Mostra_Parola(aperta ? ParolaAttesa : ParolaChiusa);
+}
+
+void QuadroSessione::Avanza(const MacchinaScambio &macchina)
+{
+    m_chiusura = macchina.Stato == StatoChiusura;
+    tmrSecondi.Enabled(!m_chiusura);
+    if (!m_chiusura)
+        Mostra_Passo(macchina.Comando == CmdStato ? PassoStato : PassoDati);
+    else if (macchina.Esito == SessioneCompletata)
+        Mostra_Passo(PASSI); // all of them are behind
+    if (m_chiusura)
+        Mostra_Parola(ParolaFermo);
+}
+
+void QuadroSessione::Lampada(quint32 colore)
+{
+    if (colore == COLORE_VERDE) {
+        m_risposta = Orologio_Corrente().Adesso();
+        Mostra_Tempi();
+    }
+    if (!m_aperta || m_chiusura)
+        return;
+    Mostra_Parola(colore == COLORE_VERDE ? ParolaRisposta : ParolaAttesa);
+}
+
+void QuadroSessione::Mostra_Passo(qint16 passo)
+{
+    if (passo == m_passo)
+        return;
+    m_passo = passo;
+    for (qint16 i = 0; i < PASSI; ++i) {
+        Etichetta &etichetta = lblPasso[i];
+        etichetta.Caption((i < passo ? SPUNTA : QString()) + m_nomiPassi[i]);
+        etichetta.BackColor(i == passo ? FONDO_PRESENTE : i < passo ? FONDO_PASSATO : FONDO_FUTURO);
+        etichetta.ForeColor(i == passo ? COLORE_BIANCO : i < passo ? COLORE_NERO : SCRITTA_FUTURO);
+        etichetta.Bordo();
+    }
+}
+
+void QuadroSessione::Mostra_Parola(ParolaLampada parola)
+{
+    const QString &testo = m_parole[parola];
+    const QString scritta =
+        testo.isEmpty() ? Porta_Nome() : QStringLiteral("%1: %2").arg(Porta_Nome(), testo);
+    if (scritta != lblLampada.Caption())
+        lblLampada.Caption(scritta);
+}
+
+void QuadroSessione::Mostra_Tempi()
+{
+    const qint64 durata = Secondi_Da(m_inizio);
+    lblDurata.Caption(QStringLiteral("%1:%2").arg(durata / 60).arg(durata % 60, 2, 10, QChar(u'0')));
+    QString risposta = m_testoNessuna;
+    if (m_risposta.isValid())
+        risposta =
+            QString(m_testoRisposta).replace(QStringLiteral("%1"), QString::number(Secondi_Da(m_risposta)));
+    if (risposta != lblRisposta.Caption())
+        lblRisposta.Caption(risposta);
+}
+
+/// Never below 0: somebody may set the computer's clock meanwhile.
+qint64 QuadroSessione::Secondi_Da(const QDateTime &quando) const
+{
+    return std::max<qint64>(0, quando.secsTo(Orologio_Corrente().Adesso()));
+}

@@ -1,0 +1,66 @@
+// One listing, and what its names tell. What stands in a file is not known here.
+#include "mctc/cartella_scambio.h"
+
+#include "core/modFs.h"
+#include "platform/elenco.h"
+#include "platform/maiuscole.h"
+
+#include <QList>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace {
+
+bool Ha_Estensione(const QString &nome, QStringView estensione)
+{
+    return Fs_Estensione(nome).compare(estensione, Qt::CaseInsensitive) == 0;
+}
+
+/// Names of the plain files; nothing for a folder that cannot be listed.
+QStringList Nomi_Di(const QString &percorso, bool &elencata)
+{
+    QList<RecordTrovato> trovati;
+    elencata = Trova_File(percorso, trovati);
+    return Nomi_Con(trovati, 0);
+}
+
+QSet<QString> Fatti_Tra(const QStringList &nomi)
+{
+    QSet<QString> fatti;
+    for (const QString &nome : nomi) {
+        if (Ha_Estensione(nome, u"far"))
+            fatti.insert(Maiuscole(Fs_Radice(nome)));
+    }
+    return fatti;
+}
+
+} // namespace
+
+CartellaScambio Cartella_Guarda(const QString &cartella)
+{
+    if (!Fs_CartellaAmmessa(cartella))
+        return {StatoCartella::Illeggibile, 0}; // too deep for its files
+    bool elencata = false;
+    QStringList nomi = Nomi_Di(cartella + u'*', elencata);
+    if (!elencata) {
+        const bool presente = Fs_Esiste(cartella.chopped(cartella.endsWith(u'\\')), ATTRIBUTO_CARTELLA);
+        return {presente ? StatoCartella::Illeggibile : StatoCartella::Mancante, 0};
+    }
+    const QSet<QString> fatti = Fatti_Tra(nomi);
+    nomi.removeIf([](const QString &nome) { return !Ha_Estensione(nome, u"acc"); });
+    const auto attesa =
+        std::count_if(nomi.cbegin(), nomi.cend(), [&](const QString &nome) { return !E_Fatto(fatti, nome); });
+    return {nomi.isEmpty() ? StatoCartella::Vuota : StatoCartella::ConAccettazioni, Intero32(attesa)};
+}
+
+QSet<QString> Fatti_Elenca(const QString &cartella)
+{
+    bool elencata = false;
+    return Fatti_Tra(Nomi_Di(cartella + QStringLiteral("*.far"), elencata));
+}
+
+bool E_Fatto(const QSet<QString> &fatti, const QString &nomeFile)
+{
+    return fatti.contains(Maiuscole(Fs_Radice(nomeFile)));
+}

@@ -1,0 +1,34 @@
+// The exchange folder at a look: whether it is there, and which of its acceptance files already have their
+// result beside them. It opens no file.
+#pragma once
+
+#include "platform/tipi.h"
+
+#include <QSet>
+#include <QString>
+
+enum class StatoCartella
+{
+    ConAccettazioni,
+    Vuota,      ///< no acceptance file in it
+    Mancante,   ///< not there, or out of reach
+    Illeggibile ///< there, but it cannot be listed, or lies too deep for its files
+};
+
+struct CartellaScambio
+{
+    StatoCartella Stato = StatoCartella::Mancante;
+    qint32 InAttesa = 0; ///< acceptance files without a result
+};
+
+/// Looks at an exchange folder once. No events run meanwhile.
+/// @param cartella ends in a backslash.
+CartellaScambio Cartella_Guarda(const QString &cartella);
+
+/// The vehicles of a folder that have their result: the names of the result files in capitals, up to their
+/// first point, as the result file takes its name from the acceptance file. No events run meanwhile.
+/// @param cartella ends in a backslash. @return nothing for a folder that cannot be listed.
+QSet<QString> Fatti_Elenca(const QString &cartella);
+
+/// True when the result of an acceptance file is among those. @param nomeFile without folder.
+bool E_Fatto(const QSet<QString> &fatti, const QString &nomeFile);

@@ -1,0 +1,125 @@
+// The drawing of such a line, and its mark. What the columns hold is not known here.
+#include "toolkit/elenco_colonne.h"
+
+#include "toolkit/aspetto.h"
+#include "toolkit/controlli.h"
+#include "toolkit/schermo.h"
+
+#include <QApplication>
+#include <QListWidget>
+#include <QPainter>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int RUOLO_FATTA = Qt::UserRole;
+constexpr double TIPO_DI_UN_ELENCO = 1.2; // times the normal size
+constexpr double SECONDA_PIU_GRANDE = 1.2;
+constexpr double SPUNTA_LARGA = 0.6; // of the type's height
+
+QListWidget *Lista_Di(const ElencoVoci &elenco)
+{
+    return static_cast<QListWidget *>(elenco.Widget());
+}
+
+class DelegatoColonne : public QStyledItemDelegate
+{
+public:
+    DelegatoColonne(QObject *padre, int posto, int alta)
+        : QStyledItemDelegate(padre), m_posto(posto), m_alta(alta)
+    {
+    }
+
+    void paint(QPainter *pennello, const QStyleOptionViewItem &opzione,
+               const QModelIndex &indice) const override
+    {
+        QStyledItemDelegate::paint(pennello, opzione, indice); // the ground alone
+        pennello->save();
+        const QString testo = indice.data().toString();
+        const bool fatta = indice.data(RUOLO_FATTA).toBool();
+        pennello->setPen(Colore(opzione, fatta));
+        QRect prima = opzione.rect.adjusted(Spessore_Linea(3), 0, 0, 0);
+        prima.setRight(opzione.rect.left() + m_posto - Spessore_Linea(3));
+        Scrivi(*pennello, opzione.font, prima, testo.section(u'\t', 0, 0));
+        QRect seconda = opzione.rect.adjusted(m_posto, 0, 0, 0);
+        if (fatta) {
+            const int lato = static_cast<int>(opzione.fontMetrics.height() * SPUNTA_LARGA);
+            seconda.adjust(0, 0, -lato * 3 / 2, 0);
+            Spunta(*pennello, QRect(seconda.right() + lato / 4, seconda.center().y() - lato / 2, lato, lato));
+        }
+        QFont grande = opzione.font;
+        grande.setBold(true);
+        grande.setPixelSize(static_cast<int>(grande.pixelSize() * SECONDA_PIU_GRANDE));
+        Scrivi(*pennello, grande, seconda, testo.section(u'\t', 1));
+        pennello->restore();
+    }
+    QSize sizeHint(const QStyleOptionViewItem &opzione, const QModelIndex &indice) const override
+    {
+        QSize misura = QStyledItemDelegate::sizeHint(opzione, indice);
+        misura.setHeight(
+            std::max(m_alta, static_cast<int>(opzione.fontMetrics.height() * SECONDA_PIU_GRANDE)));
+        return misura;
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *opzione, const QModelIndex &indice) const override
+    {
+        QStyledItemDelegate::initStyleOption(opzione, indice);
+        opzione->text.clear();
+    }
+
+private:
+    static QColor Colore(const QStyleOptionViewItem &opzione, bool fatta)
+    {
+        if (opzione.state & QStyle::State_Selected)
+            return opzione.palette.color(QPalette::HighlightedText);
+        return fatta ? Colore_Tema(Tinta::TestoSpento) : opzione.palette.color(QPalette::Text);
+    }
+    static void Scrivi(QPainter &pennello, const QFont &carattere, const QRect &posto, const QString &testo)
+    {
+        pennello.setFont(carattere);
+        const QString mostrato = QFontMetrics(carattere).elidedText(testo, Qt::ElideRight, posto.width());
+        pennello.drawText(posto, Qt::AlignVCenter | Qt::TextSingleLine, mostrato);
+    }
+    /// Drawn and not written: not every type has the sign.
+    static void Spunta(QPainter &pennello, const QRect &posto)
+    {
+        pennello.setRenderHint(QPainter::Antialiasing);
+        pennello.setPen(QPen(pennello.pen().color(), posto.width() / 6.0));
+        pennello.drawPolyline(
+            QPolygonF({posto.topLeft() + QPointF(0, posto.height() * 0.55),
+                       posto.topLeft() + QPointF(posto.width() * 0.35, posto.height() * 0.9),
+                       posto.topLeft() + QPointF(posto.width(), posto.height() * 0.1)}));
+    }
+
+    int m_posto;
+    int m_alta;
+};
+
+} // namespace
+
+qint32 Elenco_Colonne(ElencoVoci &elenco, qint32 unita, int righe)
+{
+    QListWidget *lista = Lista_Di(elenco);
+    if (lista == nullptr)
+        return 0;
+    QFont usuale = QApplication::font();
+    usuale.setPixelSize(static_cast<int>(std::lround(Pixel_DaPunti(Punti_Normali() * TIPO_DI_UN_ELENCO))));
+    const int posto = unita * QFontMetrics(usuale).averageCharWidth() / 4;
+    const int alta = (lista->height() - 2 * lista->frameWidth()) / righe;
+    lista->setItemDelegate(new DelegatoColonne(lista, posto, alta));
+    return Twip_DaPixel(posto);
+}
+
+void Elenco_Fatta(ElencoVoci &elenco, qint32 riga, bool fatta, const QString &parola)
+{
+    QListWidget *lista = Lista_Di(elenco);
+    QListWidgetItem *voce = lista != nullptr ? lista->item(riga) : nullptr;
+    if (voce == nullptr || voce->data(RUOLO_FATTA).toBool() == fatta)
+        return;
+    voce->setData(RUOLO_FATTA, fatta);
+    voce->setData(Qt::AccessibleDescriptionRole, fatta ? parola : QVariant());
+}
