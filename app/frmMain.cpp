@@ -31,9 +31,6 @@
 
 #include <QScopedValueRollback>
 
-#include <algorithm>
-#include <limits>
-
 namespace {
 
 constexpr qint16 ULTIMO_PULSANTE = 8;
@@ -62,12 +59,10 @@ constexpr TestoMctc VOCI_MENU[ULTIMO_PULSANTE + 1] = {
 /// Entries without an action in any state: they keep their place in the grid.
 constexpr qint16 VOCI_SPENTE[] = {0, 3};
 
-// The state of the station. A network folder may answer slowly, and the one thread waits for it: the longer
-// the last look took, the longer until the next.
+// The state of the station.
 constexpr qint16 RIGHE_STATO = 4;
 constexpr int DOPO_RITORNO = 100; // ms: the menu is painted first
 constexpr int FRA_DUE_SGUARDI = 30000;
-constexpr qint64 RIPOSO_VOLTE = 100;
 constexpr qint64 MINUTO = 60000;
 
 // Their places, in design units: the lines in the cell of the grid that has no button, the notice on the
@@ -229,9 +224,7 @@ void frmMain::Disattiva_Menu()
 /// The menu is back: what it tells may have changed under the form before it.
 void frmMain::Activate()
 {
-    const qint64 riposo = mRiposo.isValid() ? Orologio_Corrente().Adesso().msecsTo(mRiposo) : 0;
-    tmrStato.Interval(
-        static_cast<int>(std::clamp<qint64>(riposo, DOPO_RITORNO, std::numeric_limits<int>::max())));
+    tmrStato.Interval(mRiposo.Attesa(DOPO_RITORNO));
     tmrStato.Enabled(true);
     Mostra_Avviso();
 }
@@ -241,17 +234,14 @@ void frmMain::tmrStato_Timer()
     tmrStato.Enabled(false);
     if (!Attivo())
         return; // whoever works elsewhere does not read the menu: its return asks anew
-    const QDateTime prima = Orologio_Corrente().Adesso();
+    mRiposo.Comincia();
     Rileva();
     if (mRilievo.Lista)
         mRilievo.Cartella = Cartella_Guarda(gDirAcc);
-    const QDateTime dopo = Orologio_Corrente().Adesso();
-    const qint64 riposo = RIPOSO_VOLTE * std::max<qint64>(0, prima.msecsTo(dopo));
-    mRiposo = dopo.addMSecs(riposo);
+    mRiposo.Finisci();
     Mostra_Stato();
     Mostra_Avviso();
-    tmrStato.Interval(
-        static_cast<int>(std::clamp<qint64>(riposo, FRA_DUE_SGUARDI, std::numeric_limits<int>::max())));
+    tmrStato.Interval(mRiposo.Attesa(FRA_DUE_SGUARDI));
     tmrStato.Enabled(true);
 }
 

@@ -2,6 +2,7 @@
 // opens every other form and receives their notifications; it holds no test data of its own.
 #pragma once
 
+#include "app/riposo.h"
 #include "app/stato_stazione.h"
 #include "platform/temporizzatore.h"
 #include "toolkit/modulo.h"
@@ -69,7 +70,7 @@ private:
     Temporizzatore tmrStato;
     Temporizzatore tmrAvviso;
     Rilievo mRilievo;
-    QDateTime mRiposo; // the folder is not looked at again before
+    Riposo mRiposo; // of the exchange folder
     std::shared_ptr<frmSetupO> formSetup;
     std::shared_ptr<frmAnagOffO> formAnagOff;
     std::shared_ptr<frmMctc2> formMctc2;

@@ -97,12 +97,13 @@ def main(argomenti):
     PULITI.mkdir(parents=True, exist_ok=True)
     for sorgente in scelti:
         file_inclusi(sorgente, noti)
+    guasti = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as mani:
-        lamenti = list(mani.map(lambda s: guarda(s, *comandi[s], noti), scelti))
-    for lamento in filter(None, lamenti):
-        print(lamento)
-    print(f"{len(scelti)} sources, {sum(map(bool, lamenti))} with complaints")
-    return 1 if any(lamenti) else 0
+        for lamento in filter(None, mani.map(lambda s: guarda(s, *comandi[s], noti), scelti)):
+            print(lamento, flush=True)
+            guasti += 1
+    print(f"{len(scelti)} sources, {guasti} with complaints")
+    return 1 if guasti else 0
 
 
 if __name__ == "__main__":

@@ -7,8 +7,8 @@
 #include "core/modReport.h"
 #include "core/veicolo.h"
 #include "dialogs/dlgPwd.h"
+#include "link/frmComm_quadro.h"
 #include "link/modComm.h"
-#include "link/quadro_sessione.h"
 #include "link/seriale.h"
 #include "toolkit/applicazione.h"
 #include "toolkit/aspetto.h"
@@ -58,7 +58,7 @@ void frmComm::Disegno()
     Image1 = std::make_unique<Immagine>(Finestra(), QStringLiteral("Image1"));
     lbl.Carica(0).Allineamento(Orizzontale::Centro);
     lbl[0].FontSize(Punti_Normali() * LETTURA_AUTO);
-    mQuadro = std::make_unique<QuadroSessione>(Finestra());
+    mQuadro = std::make_unique<QuadroSessione>(*this);
     lblPorta = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblPorta"));
     lblPorta->FontSize(Punti_Normali() * LETTURA_AUTO);
     lblRimedio = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblRimedio"));

@@ -25,9 +25,9 @@ QStringList Nomi_Di(const QString &percorso, bool &elencata)
     return Nomi_Con(trovati, 0);
 }
 
-QSet<QString> Fatti_Tra(const QStringList &nomi)
+VeicoliFatti Fatti_Tra(const QStringList &nomi)
 {
-    QSet<QString> fatti;
+    VeicoliFatti fatti;
     for (const QString &nome : nomi) {
         if (Ha_Estensione(nome, u"far"))
             fatti.insert(Maiuscole(Fs_Radice(nome)));
@@ -47,20 +47,20 @@ CartellaScambio Cartella_Guarda(const QString &cartella)
         const bool presente = Fs_Esiste(cartella.chopped(cartella.endsWith(u'\\')), ATTRIBUTO_CARTELLA);
         return {presente ? StatoCartella::Illeggibile : StatoCartella::Mancante, 0};
     }
-    const QSet<QString> fatti = Fatti_Tra(nomi);
+    const VeicoliFatti fatti = Fatti_Tra(nomi);
     nomi.removeIf([](const QString &nome) { return !Ha_Estensione(nome, u"acc"); });
     const auto attesa =
         std::count_if(nomi.cbegin(), nomi.cend(), [&](const QString &nome) { return !E_Fatto(fatti, nome); });
     return {nomi.isEmpty() ? StatoCartella::Vuota : StatoCartella::ConAccettazioni, Intero32(attesa)};
 }
 
-QSet<QString> Fatti_Elenca(const QString &cartella)
+VeicoliFatti Fatti_Elenca(const QString &cartella)
 {
     bool elencata = false;
     return Fatti_Tra(Nomi_Di(cartella + QStringLiteral("*.far"), elencata));
 }
 
-bool E_Fatto(const QSet<QString> &fatti, const QString &nomeFile)
+bool E_Fatto(const VeicoliFatti &fatti, const QString &nomeFile)
 {
     return fatti.contains(Maiuscole(Fs_Radice(nomeFile)));
 }

@@ -25,10 +25,13 @@ struct CartellaScambio
 /// @param cartella ends in a backslash.
 CartellaScambio Cartella_Guarda(const QString &cartella);
 
-/// The vehicles of a folder that have their result: the names of the result files in capitals, up to their
+/// The vehicles of a folder that have their result.
+using VeicoliFatti = QSet<QString>;
+
+/// Finds them: the names of the result files in capitals, up to their
 /// first point, as the result file takes its name from the acceptance file. No events run meanwhile.
 /// @param cartella ends in a backslash. @return nothing for a folder that cannot be listed.
-QSet<QString> Fatti_Elenca(const QString &cartella);
+VeicoliFatti Fatti_Elenca(const QString &cartella);
 
 /// True when the result of an acceptance file is among those. @param nomeFile without folder.
-bool E_Fatto(const QSet<QString> &fatti, const QString &nomeFile);
+bool E_Fatto(const VeicoliFatti &fatti, const QString &nomeFile);

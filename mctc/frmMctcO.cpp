@@ -9,7 +9,6 @@
 #include "core/testo_riempito.h"
 #include "dialogs/frmMsg.h"
 #include "mctc/campi_acc.h"
-#include "mctc/cartella_scambio.h"
 #include "mctc/controllo_valori.h"
 #include "platform/colori.h"
 #include "platform/errore_esecuzione.h"
@@ -147,9 +146,9 @@ void frmMctcO::Disegno()
     lstAuto = std::make_unique<ElencoVoci>(Finestra(), QStringLiteral("lstAuto"));
     lstAuto->FontSize(Punti_Normali() * PUNTI_GRANDE);
     lstAuto->Click = [this] { Esegui([this] { lstAuto_Click(); }); };
-    ricerca = std::make_unique<RicercaElenco>(*lstAuto);
-    ricerca->Cambiata = [this] { Esegui([this] { Cerca(); }); };
-    ricerca->Freccia = [this](bool avanti) {
+    mRicerca = std::make_unique<RicercaElenco>(*lstAuto);
+    mRicerca->Cambiata = [this] { Esegui([this] { Cerca(); }); };
+    mRicerca->Freccia = [this](bool avanti) {
         bool presa = false;
         Esegui([&] { presa = Cerca_Altra(avanti); });
         return presa;
@@ -215,6 +214,9 @@ void frmMctcO::Disponi()
     for (qint16 i = 0; i <= 1; ++i)
         lblDes[i].FontSize(Punti_Normali() * PUNTI_CAMPO);
 
+    for (qint16 i = PRIMA_VEICOLO; i <= lbl.UBound(); ++i)
+        lbl[i].Width(ScalaX(VEICOLO.etichettaLarga));
+
     cmd[0].Caption(Testo_Mctc(MctcConferma));
     Disponi_In(cmd[0], POSTO_CONFERMA, PUNTI_GRANDE);
     cmd[0].Default(true);
@@ -256,7 +258,7 @@ void frmMctcO::Lista_Aggiorna()
     const qint32 ultima = Lista_Leggi(gDirAcc, mVoci);
     if (!Caricato())
         return;
-    const QSet<QString> fatti = Fatti_Elenca(gDirAcc);
+    const VeicoliFatti fatti = Fatti_Elenca(gDirAcc);
     const qint32 scelta = lstAuto->ListIndex(); // the line chosen while the files were read
     const QString prima = lstAuto->List(scelta);
     lstAuto->Clear();
@@ -300,7 +302,7 @@ void frmMctcO::tmrFatti_Timer()
 {
     if (mOccupato || mInLettura)
         return;
-    const QSet<QString> fatti = Fatti_Elenca(gDirAcc);
+    const VeicoliFatti fatti = Fatti_Elenca(gDirAcc);
     if (fatti == mFatti)
         return;
     mFatti = fatti;
@@ -313,7 +315,7 @@ void frmMctcO::tmrFatti_Timer()
 /// as by a click.
 void frmMctcO::Cerca()
 {
-    const QString testo = ricerca->Testo();
+    const QString testo = mRicerca->Testo();
     const qint32 scelta = std::max(0, lstAuto->ListIndex());
     if (!testo.isEmpty() && Lista_Cerca(Voci_InLista(), testo, scelta, 1) != lstAuto->ListIndex())
         Scegli_Trovata(Lista_Cerca(Voci_InLista(), testo, 0, 1));
@@ -325,7 +327,8 @@ void frmMctcO::Cerca()
 bool frmMctcO::Cerca_Altra(bool avanti)
 {
     const qint32 passo = avanti ? 1 : -1;
-    return Scegli_Trovata(Lista_Cerca(Voci_InLista(), ricerca->Testo(), lstAuto->ListIndex() + passo, passo));
+    return Scegli_Trovata(
+        Lista_Cerca(Voci_InLista(), mRicerca->Testo(), lstAuto->ListIndex() + passo, passo));
 }
 
 /// @return true when it is another line than the one at hand, and was chosen.
@@ -346,7 +349,7 @@ QList<VoceLista> frmMctcO::Voci_InLista() const
 
 void frmMctcO::Mostra_Ricerca()
 {
-    const QString testo = ricerca->Testo();
+    const QString testo = mRicerca->Testo();
     if (testo.isEmpty())
         lblCerca->Caption(Testo_Mctc(MctcInvitoCerca));
     else if (Lista_Cerca(Voci_InLista(), testo, 0, 1) < 0)
@@ -415,7 +418,7 @@ void frmMctcO::lstAuto_Click()
     if (!lstAuto->Enabled() || scelta < 0)
         return;
     if (!mDaProgramma) {
-        ricerca->Azzera();
+        mRicerca->Azzera();
         Togli_Avviso();
     }
     Mostra_Targa();
@@ -491,6 +494,6 @@ void frmMctcO::Unload()
 {
     tmrLst.Enabled(false);
     tmrFatti.Enabled(false);
-    ricerca.reset();
+    mRicerca.reset();
     Campi_Scarica(*this);
 }

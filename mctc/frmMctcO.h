@@ -3,12 +3,12 @@
 #pragma once
 
 #include "core/testi_mctc.h"
+#include "mctc/cartella_scambio.h"
 #include "mctc/lista.h"
 #include "mctc/modMctc.h"
 #include "platform/temporizzatore.h"
 #include "toolkit/modulo.h"
 
-#include <QSet>
 #include <QVariant>
 
 class frmMctc2;
@@ -69,8 +69,8 @@ private:
     std::unique_ptr<Etichetta> lblAttesa; // how many vehicles wait
     std::unique_ptr<Etichetta> lblTarga;  // of the line chosen, to be read from the car
     std::unique_ptr<Etichetta> lblAvviso; // that line is another vehicle now
-    std::unique_ptr<RicercaElenco> ricerca;
-    QSet<QString> mFatti;
+    std::unique_ptr<RicercaElenco> mRicerca;
+    VeicoliFatti mFatti;
     bool mDaProgramma = false; // a line is being chosen, and not by the operator's hand on the list
     Temporizzatore tmrLst;
     Temporizzatore tmrFatti;

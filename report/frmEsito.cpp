@@ -240,11 +240,12 @@ void frmEsito::Pareggia_Scritte()
 /// for the value below.
 void frmEsito::Mostra_Tipo(bool simmetrico)
 {
-    const Etichetta &voce = lbl[RigaTipoFaro];
+    Etichetta &voce = lbl[RigaTipoFaro];
+    voce.Width(Larghezza_Scritta(voce) + Twip_DaPixel(2)); // the word stands right behind its last letter
     lblTipo->FontSize(lbl[0].FontSize());
     lblTipo->Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     lblTipo->FontBold(true);
-    lblTipo->Posto(voce.Left() + Larghezza_Scritta(voce), voce.Top(), ScalaX(1200), voce.Height());
+    lblTipo->Posto(voce.Left() + voce.Width(), voce.Top(), ScalaX(1200), voce.Height());
     lblTipo->Caption(QStringLiteral(": ") + Testo_Mctc(simmetrico ? MctcNo : MctcSi));
     lblTipo->Visible(true);
 }

@@ -16,7 +16,8 @@
 namespace {
 
 constexpr int RUOLO_FATTA = Qt::UserRole;
-constexpr double TIPO_DI_UN_ELENCO = 1.2; // times the normal size
+constexpr double PUNTI_SISTEMA =
+    12; // the type that a tab stop is counted in: it does not grow with the screen
 constexpr double SECONDA_PIU_GRANDE = 1.2;
 constexpr double SPUNTA_LARGA = 0.6; // of the type's height
 
@@ -106,9 +107,9 @@ qint32 Elenco_Colonne(ElencoVoci &elenco, qint32 unita, int righe)
     QListWidget *lista = Lista_Di(elenco);
     if (lista == nullptr)
         return 0;
-    QFont usuale = QApplication::font();
-    usuale.setPixelSize(static_cast<int>(std::lround(Pixel_DaPunti(Punti_Normali() * TIPO_DI_UN_ELENCO))));
-    const int posto = unita * QFontMetrics(usuale).averageCharWidth() / 4;
+    QFont sistema = QApplication::font();
+    sistema.setPixelSize(static_cast<int>(std::lround(Pixel_DaPunti(PUNTI_SISTEMA))));
+    const int posto = unita * QFontMetrics(sistema).averageCharWidth() / 4;
     const int alta = (lista->height() - 2 * lista->frameWidth()) / righe;
     lista->setItemDelegate(new DelegatoColonne(lista, posto, alta));
     return Twip_DaPixel(posto);

@@ -11,6 +11,8 @@
 class GestoriModulo
 {
 public:
+    virtual ~GestoriModulo() = default;
+
     virtual void Scarica() = 0;
     /// nullptr for a form that is not loaded.
     virtual QWidget *Finestra() const = 0;
@@ -25,8 +27,6 @@ public:
 protected:
     friend class FinestraModulo;
     friend class TastieraModulo;
-
-    virtual ~GestoriModulo() = default;
 
     /// Design time: makes the controls that the form has before Load, member 0 of its arrays among them.
     virtual void Disegno() = 0;

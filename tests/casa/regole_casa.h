@@ -24,7 +24,7 @@ QStringList Anelli(const Sorgenti &sorgenti);
 QStringList Finestre_NeiModuli(const Sorgenti &sorgenti, const QSet<QString> &finestre);
 
 /// What a form says in Qt: headers, classes, constants. A form has its handlers, its signal and the types of
-/// text, list and value; all else of Qt is the toolkit's.
+/// text, time, list and value; all else of Qt is the toolkit's.
 QStringList Qt_NeiForm(const Sorgenti &sorgenti);
 
 /// Places where events may run in the middle of a procedure otherwise than by Eventi_Esegui, a modal show or

@@ -1144,11 +1144,11 @@ void tst_controlli::elencoInDueColonne()
     elenco.Visible(true);
     elenco.AddItem(QStringLiteral("H\tH"));
     elenco.AddItem(QStringLiteral("H\tH"));
-    QFont usuale = elenco.Widget()->font();
-    usuale.setPixelSize(qRound(Pixel_DaPunti(Punti_Normali() * 1.2)));
+    QFont sistema = elenco.Widget()->font();
+    sistema.setPixelSize(qRound(Pixel_DaPunti(12)));
     elenco.FontSize(20);
-    const int pixel = 120 * QFontMetrics(usuale).averageCharWidth() / 4;
-    QCOMPARE(Elenco_Colonne(elenco, 120, 4), Twip_DaPixel(pixel)); // by the usual type, whatever this one is
+    const int pixel = 120 * QFontMetrics(sistema).averageCharWidth() / 4;
+    QCOMPARE(Elenco_Colonne(elenco, 120, 4), Twip_DaPixel(pixel)); // whatever this list is written in
 
     auto *lista = qobject_cast<QListWidget *>(elenco.Widget());
     QApplication::processEvents(); // the lines find their places

@@ -202,7 +202,9 @@ private Q_SLOTS:
         const QWidget *voce = Widget_Di(*form, "lbl_1");
         const QRect accanto = Widget_Di(*form, "lblTipo")->geometry();
         QCOMPARE(accanto.top(), voce->geometry().top());
-        QVERIFY(accanto.left() <= voce->geometry().right());
+        const QRect posto = voce->geometry();
+        const int scritta = voce->fontMetrics().horizontalAdvance(Testo_Di(*form, "lbl_1"));
+        QVERIFY(std::abs(accanto.left() - posto.left() - scritta) <= 3); // right behind it
         QVERIFY(Widget_Di(*form, "txt_1")->font().bold() && !voce->font().bold());
         QVERIFY(Widget_Di(*form, "txt_1")->font().pixelSize() > voce->font().pixelSize());
     }

@@ -327,7 +327,7 @@ private Q_SLOTS:
     {
         Apri();
         for (int i : {0, 3}) {
-            const QImage vista = Voce(i)->grab().toImage();
+            const QImage vista = form->Finestra()->grab(Voce(i)->geometry()).toImage();
             const QRgb fondo = form->Finestra()->palette().color(QPalette::Window).rgb();
             for (int y = 0; y < vista.height(); ++y) {
                 for (int x = 0; x < vista.width(); ++x)
@@ -642,6 +642,21 @@ private Q_SLOTS:
         Sessione_Annota(QString());
         Va_E_Torna();
         QCOMPARE(Avviso(), QStringLiteral("Porta COM77 assente"));
+    }
+
+    /// An instrument that is off: the menu says it, in the words of the session.
+    void strumentoMutoDettoSulMenu()
+    {
+        Linee_Prepara({});
+        Apri();
+        Scegli_DallaLista();
+        Regia regia;
+        regia.Quando("frmComm", [](Modulo &) { Orologio_Banco().Avanza(30000); });
+        Conferma_Veicolo();
+        QVERIFY(regia.Finita());
+        QVERIFY(Attiva(*form));
+        QVERIFY(!Sessione_Fine().Testo.isEmpty());
+        QCOMPARE(Avviso(), Sessione_Fine().Testo);
     }
 
     /// A folder that cannot even be asked for is as good as an empty one; a missing one lists nothing anyway.

@@ -207,6 +207,35 @@ private Q_SLOTS:
         QVERIFY(Ha_Cornice(*form, ScalaX(8000), ScalaY(500), ScalaX(15000), ScalaY(10800)));
     }
 
+    /// A plate is read whole, beside the mark of a line that is done, and so is the name of its file.
+    void targheIntere()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        const int colonna = Widget_Di(*form, "lblDes_1")->x() - Lista()->x();
+        const int spunta = QFontMetrics(Lista()->font()).height();
+        QFont grande = Lista()->font();
+        grande.setBold(true);
+        grande.setPixelSize(static_cast<int>(grande.pixelSize() * 1.2));
+        QVERIFY(colonna + QFontMetrics(grande).horizontalAdvance(QStringLiteral("AB123CD")) + spunta <=
+                Lista()->viewport()->width());
+        QVERIFY(QFontMetrics(Lista()->font()).horizontalAdvance(QStringLiteral("12345678.ACC")) < colonna);
+    }
+
+    /// No caption of a row reaches under its box.
+    void didascalieAccantoAlleCaselle()
+    {
+        Apri();
+        for (int i = 0; i <= 45; ++i) {
+            const QWidget *etichetta = Membro_Di<QWidget>(*form, "lbl", i);
+            for (int j = 0; etichetta->isVisible() && j <= 43; ++j) {
+                const QRect casella = Membro_Di<QWidget>(*form, "txt", j)->geometry();
+                QVERIFY2(!etichetta->geometry().intersects(casella),
+                         qPrintable(QStringLiteral("lbl_%1, txt_%2").arg(i).arg(j)));
+            }
+        }
+    }
+
     /// Every row of the file has its place inside its frame, and none lies on another.
     void righeNelleCornici()
     {
@@ -1036,7 +1065,9 @@ private Q_SLOTS:
     {
         QFETCH(QSize, schermo);
         const EsitoFiglio esito =
-            Figlio_Esegui({QStringLiteral("corniciDipinte"), QStringLiteral("righeNelleCornici")}, schermo);
+            Figlio_Esegui({QStringLiteral("corniciDipinte"), QStringLiteral("righeNelleCornici"),
+                           QStringLiteral("targheIntere"), QStringLiteral("didascalieAccantoAlleCaselle")},
+                          schermo);
         QVERIFY2(esito.Buono(), qPrintable(esito.Racconto()));
     }
 };

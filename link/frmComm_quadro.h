@@ -12,12 +12,13 @@
 #include <memory>
 
 class MacchinaScambio;
+class Modulo;
 
 class QuadroSessione
 {
 public:
-    /// Makes its labels.
-    explicit QuadroSessione(QWidget *finestra);
+    /// Makes its labels on a form, which is loaded.
+    explicit QuadroSessione(const Modulo &form);
 
     /// Takes the texts of the language in force and starts counting. @param conStato false for a session that
     /// asks for no status: it has no first step.

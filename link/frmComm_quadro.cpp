@@ -1,11 +1,12 @@
 // The steps, the lamp's word and the times of a session. It knows no frame and no reply.
-#include "link/quadro_sessione.h"
+#include "link/frmComm_quadro.h"
 
 #include "core/codici.h"
 #include "core/modGeneral.h"
 #include "link/modComm.h"
 #include "link/scambio.h"
 #include "toolkit/lettura.h"
+#include "toolkit/modulo.h"
 #include "toolkit/schermo.h"
 
 #include <algorithm>
@@ -30,14 +31,14 @@ constexpr qint32 PARTE_PAROLA = 75; // hundredths
 
 } // namespace
 
-QuadroSessione::QuadroSessione(QWidget *finestra)
+QuadroSessione::QuadroSessione(const Modulo &form)
     : lblPasso(QStringLiteral("lblPasso")),
-      lblLampada(finestra, QStringLiteral("lblLampada")),
-      lblDurata(finestra, QStringLiteral("lblDurata")),
-      lblRisposta(finestra, QStringLiteral("lblRisposta")),
+      lblLampada(form.Finestra(), QStringLiteral("lblLampada")),
+      lblDurata(form.Finestra(), QStringLiteral("lblDurata")),
+      lblRisposta(form.Finestra(), QStringLiteral("lblRisposta")),
       tmrSecondi([this] { Mostra_Tempi(); })
 {
-    lblPasso.Inizia(finestra);
+    lblPasso.Inizia(form.Finestra());
     for (qint16 i = 0; i < PASSI; ++i) {
         lblPasso.Carica(i).Allineamento(Orizzontale::Centro);
         lblPasso[i].FontSize(Punti_Normali() * LETTURA_SCHERMO);

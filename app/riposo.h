@@ -1,0 +1,20 @@
+// How long a thing that may answer slowly is left alone after a look at it: the one thread waits for every
+// look.
+#pragma once
+
+#include <QDateTime>
+
+class Riposo
+{
+public:
+    /// A look begins.
+    void Comincia();
+    /// It has ended: the next one may come a hundred times later than this one took.
+    void Finisci();
+    /// @return ms until the next look may begin, by the clock in force. @param almeno no less than this.
+    int Attesa(int almeno) const;
+
+private:
+    QDateTime m_inizio;
+    QDateTime m_finoA;
+};
