@@ -186,7 +186,13 @@
     testo(MctcFatto,                   224) \
     testo(MctcSceltaVuota,             225) \
     testo(MctcSceltaSenzaCartella,     226) \
-    testo(MctcSceltaIlleggibile,       227)
+    testo(MctcSceltaIlleggibile,       227) \
+    testo(MctcCorniceStrumento,        270) \
+    testo(MctcCorniceCartelle,         271) \
+    testo(MctcCorniceOpzioni,          272) \
+    testo(MctcCorniceLimiti,           273) \
+    testo(MctcScegliCartella,          274) \
+    testo(MctcApriCartella,            275)
 
 // clang-format on
 

@@ -4,6 +4,7 @@
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "toolkit/schermo.h"
+#include "toolkit/titolo.h"
 
 #include <algorithm>
 
@@ -18,23 +19,34 @@ constexpr int DOPO_RINUNCIA = 1;
 constexpr qint16 TASTO_INVIO = 13;
 constexpr qint16 TASTO_ESC = 27;
 
+// The layout, in design units.
+constexpr qint32 FORM_LARGO = 5600;
+constexpr qint32 MARGINE = 300;
+
 } // namespace
 
 dlgPwd::dlgPwd() : Modulo(QStringLiteral("dlgPwd")), tmrPwd([this] { Esegui([this] { Scarica(); }); }) {}
 
+dlgPwd::~dlgPwd() = default;
+
 void dlgPwd::Disegno()
 {
-    Width(ScalaX(5600));
-    Height(ScalaX(2100));
+    Width(ScalaX(FORM_LARGO));
+    Height(ScalaX(2600));
     Centra();
+    lblTitolo = std::make_unique<Titolo>(Finestra(), QStringLiteral("lblTitolo"));
+    lblTitolo->Visible(true);
+    lblTitolo->Posto(ScalaX(MARGINE), ScalaX(150), ScalaX(FORM_LARGO - 2 * MARGINE), ScalaX(400));
+    lblTitolo->FontSize(Punti_Normali() * 1.4);
     txtPwd = std::make_unique<CasellaTesto>(Finestra(), QStringLiteral("txtPwd"));
-    txtPwd->Posto(ScalaX(300), ScalaX(250), ScalaX(5000), ScalaX(550));
+    txtPwd->Posto(ScalaX(MARGINE), ScalaX(650), ScalaX(FORM_LARGO - 2 * MARGINE), ScalaX(600));
     txtPwd->FontSize(Punti_Normali() * 1.4);
     txtPwd->Nascosta(true);
     Collega(
         *txtPwd, [this] { txtPwd_Change(); }, [this](qint16 &tasto) { txtPwd_KeyPress(tasto); });
     for (qint16 i = 0; i <= 1; ++i) {
-        cmd.Carica(i).Posto(ScalaX(300 + i * 2600), ScalaX(1150), ScalaX(2400), ScalaX(700));
+        cmd.Carica(i).Posto(ScalaX(MARGINE + i * 2600), ScalaX(1550), ScalaX(2400), ScalaX(800));
+        cmd[i].FontSize(Punti_Normali() * 1.4);
         cmd[i].Visible(true);
     }
 }
@@ -46,6 +58,7 @@ void dlgPwd::Load()
     if (PwdType == 1)
         PwdTitle = PwdTitle.toUpper();
     Caption(PwdTitle);
+    lblTitolo->Caption(PwdTitle);
     txtPwd->NomeAccessibile(PwdTitle);
     cmd[0].Caption(QStringLiteral("OK"));
     cmd[1].Caption(Testo_Mctc(MctcAnnulla));

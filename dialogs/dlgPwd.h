@@ -13,12 +13,15 @@ enum EsitoPwd : quint8
     PwdErrata = 2,
 };
 
+class Titolo;
+
 class dlgPwd : public Modulo
 {
     Q_OBJECT
 
 public:
     dlgPwd();
+    ~dlgPwd() override;
 
     QString PwdCurrent;  ///< the password to compare against, clear
     quint8 PwdType = 0;  ///< 1: the title is shown in upper case
@@ -42,6 +45,7 @@ private:
     void txtPwd_KeyPress(qint16 &KeyAscii);
     void Chiudi_Fra(int ms);
 
+    std::unique_ptr<Titolo> lblTitolo;
     std::unique_ptr<CasellaTesto> txtPwd;
     Temporizzatore tmrPwd;
     QString mInserito;

@@ -4,6 +4,8 @@
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "platform/colori.h"
+#include "toolkit/lettura.h"
+#include "toolkit/schermo.h"
 
 namespace {
 
@@ -46,6 +48,7 @@ void frmAbout::Disegno()
     lblAbout.Carica(0).Posto(SINISTRA, RIGHE[0].cima, FORM_LARGO - SINISTRA - 300, RIGHE[0].altezza);
     lblAbout[0].Visible(true);
     cmd.Carica(0).Posto((FORM_LARGO - 2000) / 2, FORM_ALTO - 1100, 2000, 800);
+    cmd[0].FontSize(Punti_Normali() * LETTURA_TASTIERA);
     cmd[0].Visible(true);
     cmd[0].Default(true);
     cmd[0].Cancel(true);

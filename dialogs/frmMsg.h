@@ -1,9 +1,12 @@
-// The program's one message box: a text, shown for a time or until its button is pressed. It works before
-// the main window exists.
+// The program's one message box: a text, shown for a time or until its button is pressed. A long one reads as
+// a list that scrolls. It works before the main window exists.
 #pragma once
 
 #include "platform/temporizzatore.h"
 #include "toolkit/modulo.h"
+
+class ElencoLettura;
+class Titolo;
 
 class frmMsg : public Modulo
 {
@@ -11,6 +14,7 @@ class frmMsg : public Modulo
 
 public:
     frmMsg();
+    ~frmMsg() override;
 
     qint16 Mode = 0;    ///< 0: closes by the timer; 1: closes by the button
     qint16 TopMost = 0; ///< not 0: stays above all others
@@ -27,7 +31,10 @@ protected:
 
 private:
     void Adatta_Testo();
+    void Mostra_Elenco();
 
+    std::unique_ptr<Titolo> lblTitolo;
+    std::unique_ptr<ElencoLettura> lstTesto;
     std::unique_ptr<Immagine> PicMex;
     std::unique_ptr<Forma> Shape1;
     Temporizzatore tmr;

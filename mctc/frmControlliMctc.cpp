@@ -3,7 +3,9 @@
 
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
+#include "toolkit/lettura.h"
 #include "toolkit/schermo.h"
+#include "toolkit/titolo.h"
 
 #include <array>
 
@@ -34,11 +36,13 @@ constexpr RigaLivello RIGHE[] = {
     {ChiaveLivelloVersione,     CampoTesto, 5100, 2000},
 };
 
-// The layout, in design units. The rows begin at the top: the heading stands below them.
-constexpr qint32 FORM_LARGO = 4200;
-constexpr qint32 FORM_ALTO = 7400;
+// The layout, in design units. The rows begin at the top: the heading stands beside the first ones.
+constexpr qint32 FORM_LARGO = 5600;
+constexpr qint32 FORM_ALTO = 7000;
 constexpr qint32 SINISTRA = 1200;
 constexpr qint32 CASELLA_ALTA = 330;
+constexpr qint32 TITOLO_SINISTRA = 2400;
+constexpr double PUNTI_TITOLO = 2; // of the normal size
 
 /// Item of the list that a stored level stands for; -1, none, for a class without a level of its own.
 qint16 Livello_Di(const CampoForm &campo)
@@ -51,17 +55,26 @@ qint16 Livello_Di(const CampoForm &campo)
 
 frmControlliMctc::frmControlliMctc() : Modulo(QStringLiteral("frmControlliMctc")) {}
 
+frmControlliMctc::~frmControlliMctc() = default;
+
 void frmControlliMctc::Disegno()
 {
     Width(ScalaX(FORM_LARGO));
     Height(ScalaY(FORM_ALTO));
     Centra();
-    lbl1 = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lbl1"));
+    lbl1 = std::make_unique<Titolo>(Finestra(), QStringLiteral("lbl1"));
+    lbl1->Visible(true);
+    lbl1->FontSize(Punti_Normali() * PUNTI_TITOLO);
     lbl.Carica(0).Posto(0, 0, ScalaX(SINISTRA - 200), ScalaY(CASELLA_ALTA));
     txt.Carica(0).Posto(0, 0, ScalaX(800), ScalaY(CASELLA_ALTA));
     cbo.Carica(0).Posto(0, 0, ScalaX(800), ScalaY(CASELLA_ALTA));
-    for (qint16 i = 0; i <= 1; ++i)
-        cmd.Carica(i).Visible(true);
+    for (Controllo *riga : {static_cast<Controllo *>(&lbl[0]), static_cast<Controllo *>(&txt[0]),
+                            static_cast<Controllo *>(&cbo[0])})
+        riga->FontSize(Punti_Normali() * LETTURA_TASTIERA);
+    for (qint16 i = 0; i <= 1; ++i) {
+        cmd.Carica(i).FontSize(Punti_Normali() * LETTURA_TASTIERA);
+        cmd[i].Visible(true);
+    }
 }
 
 void frmControlliMctc::Load()
@@ -88,13 +101,14 @@ void frmControlliMctc::Campi_Imposta()
         campo.LabelLeft = ScalaX_16(100);
         campo.LabelTop = campo.CtlTop;
     }
-    lbl1->Posto(ScalaX(100), ScalaY(5600), ScalaX(FORM_LARGO - 200), ScalaY(400));
+    lbl1->Posto(ScalaX(TITOLO_SINISTRA), ScalaY(100), ScalaX(FORM_LARGO - 200 - TITOLO_SINISTRA),
+                ScalaY(1400));
     lbl1->Caption(Testo_Mctc(MctcLivelliControlli));
     Caption(Testo_Mctc(MctcLivelliControlli));
     cmd[0].Caption(QStringLiteral("Ok"));
-    cmd[0].Posto(ScalaX(2200), ScalaY(6200), ScalaX(1800), ScalaY(900));
+    cmd[0].Posto(ScalaX(FORM_LARGO - 2000), ScalaY(5800), ScalaX(1800), ScalaY(900));
     cmd[1].Caption(Testo_Mctc(MctcAnnulla));
-    cmd[1].Posto(ScalaX(200), ScalaY(6200), ScalaX(1800), ScalaY(900));
+    cmd[1].Posto(ScalaX(200), ScalaY(5800), ScalaX(1800), ScalaY(900));
     cmd[1].Cancel(true);
 }
 

@@ -4,12 +4,15 @@
 
 #include "toolkit/modulo.h"
 
+class Titolo;
+
 class frmControlliMctc : public Modulo
 {
     Q_OBJECT
 
 public:
     frmControlliMctc();
+    ~frmControlliMctc() override;
 
 protected:
     void Disegno() override;
@@ -21,5 +24,5 @@ private:
     void Campi_Imposta();
     void Mostra_Livelli();
 
-    std::unique_ptr<Etichetta> lbl1;
+    std::unique_ptr<Titolo> lbl1;
 };

@@ -7,6 +7,7 @@
 #include "dialogs/frmMsg.h"
 #include "link/frmComm.h"
 #include "platform/orologio.h"
+#include "toolkit/titolo.h"
 
 #include <array>
 
@@ -48,16 +49,22 @@ enum PulsanteVerifica : qint16
     PulsanteDefault = 3,
 };
 
-// The form, in twips: it does not grow with the screen.
-constexpr qint32 FORM_LARGO = 7200;
+// The form, in twips: it does not grow with the screen. The rows have the left of it to the top; the title
+// stands beside them.
+constexpr qint32 FORM_LARGO = 9900;
 constexpr qint32 FORM_ALTO = 5200;
 constexpr qint16 SINISTRA = 100;
 constexpr qint32 CASELLA_LARGA = 6600;
-constexpr qint32 CASELLA_ALTA = 380;
+constexpr qint32 CASELLA_ALTA = 430;
 constexpr qint16 ETICHETTA_SU = 200;
-constexpr double PUNTI_CASELLA = 10;
-constexpr double PUNTI_PULSANTE = 9;
-constexpr double PUNTI_ETICHETTA = 8;
+constexpr qint32 TITOLO_SINISTRA = 6950;
+constexpr qint32 TITOLO_CIMA = 400;
+// The labels are as large as their place between the boxes is high.
+constexpr double PUNTI_TESTO = 12.75;
+constexpr double PUNTI_ETICHETTA = 9.75;
+constexpr double PUNTI_TITOLO = 18;
+constexpr qint32 PULSANTE_LARGO = 1500;
+constexpr qint32 SCADENZA_LARGA = 3000; // its caption is the longest
 
 } // namespace
 
@@ -69,12 +76,16 @@ void frmVerPerO::Disegno()
 {
     Width(FORM_LARGO);
     Height(FORM_ALTO);
+    lblTitolo = std::make_unique<Titolo>(Finestra(), QStringLiteral("lblTitolo"));
+    lblTitolo->Visible(true);
+    lblTitolo->Posto(TITOLO_SINISTRA, TITOLO_CIMA, FORM_LARGO - 500 - TITOLO_SINISTRA, 1500);
+    lblTitolo->FontSize(PUNTI_TITOLO);
     lbl.Carica(0).Posto(0, 0, CASELLA_LARGA, ETICHETTA_SU);
     lbl[0].FontSize(PUNTI_ETICHETTA);
     txt.Carica(0).Posto(0, 0, CASELLA_LARGA, CASELLA_ALTA);
-    txt[0].FontSize(PUNTI_CASELLA);
+    txt[0].FontSize(PUNTI_TESTO);
     for (qint16 i = PulsanteOk; i <= PulsanteDefault; ++i) {
-        cmd.Carica(i).FontSize(PUNTI_PULSANTE);
+        cmd.Carica(i).FontSize(PUNTI_TESTO);
         cmd[i].Visible(true);
     }
 }
@@ -87,6 +98,8 @@ void frmVerPerO::Load()
     Campi_Imposta();
     Campi_Crea(gCampiVerifica, ULTIMA_RIGA, *this);
     Campi_Applica(gCampiVerifica, ULTIMA_RIGA, *this);
+    for (qint16 i = 0; i <= lbl.UBound(); ++i)
+        lbl[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso); // its letters have all of the low place
     cmd[PulsanteOk].SetFocus();
 }
 
@@ -103,11 +116,12 @@ void frmVerPerO::Campi_Imposta()
         campo.LabelTop = Intero16(campo.CtlTop - ETICHETTA_SU);
     }
     Caption(Testo_Mctc(MctcVerificaPeriodica));
+    lblTitolo->Caption(Testo_Mctc(MctcVerificaPeriodica));
     const qint32 posti[] = {Width() - 3200, Width() - 1600, 1700, 100};
     const QString didascalie[] = {QStringLiteral("Ok"), Testo_Mctc(MctcAnnulla),
                                   Testo_Mctc(MctcNuovaScadenza), QStringLiteral("Default")};
     for (qint16 i = PulsanteOk; i <= PulsanteDefault; ++i) {
-        cmd[i].Posto(posti[i], Height() - 1200, 1500, 900);
+        cmd[i].Posto(posti[i], Height() - 1200, i == PulsanteScadenza ? SCADENZA_LARGA : PULSANTE_LARGO, 900);
         cmd[i].Caption(didascalie[i]);
     }
     cmd[PulsanteEsci].Cancel(true);

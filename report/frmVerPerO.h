@@ -7,6 +7,7 @@
 #include <QVariant>
 
 class frmComm;
+class Titolo;
 
 class frmVerPerO : public Modulo
 {
@@ -32,6 +33,7 @@ private:
     void Collega_Strumento(quint8 modo);
     void formComm_Notifica(qint16 &codice, QVariant &valore);
 
+    std::unique_ptr<Titolo> lblTitolo;
     std::shared_ptr<frmComm> formComm;
     Flag mScritto = Falso; // the last session was completed
 };

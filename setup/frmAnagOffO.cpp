@@ -4,6 +4,7 @@
 #include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
+#include "toolkit/titolo.h"
 
 #include <array>
 
@@ -26,35 +27,43 @@ constexpr RigaOfficina RIGHE[] = {
     {MctcSitoWeb,       ChiaveOfficinaSitoWeb      },
 };
 
-// The form, in twips: it does not grow with the screen.
-constexpr qint32 FORM_LARGO = 7000;
+// The form, in twips: it does not grow with the screen, nor does its frame, which stands where the boxes
+// begin. The rows have the left of it to the top; the title stands beside them.
+constexpr qint32 FORM_LARGO = 9700;
 constexpr qint32 FORM_ALTO = 5300;
 constexpr qint16 SINISTRA = 100;
-constexpr qint32 CORNICE = 100;          // in design units
+constexpr qint32 CORNICE = 100;
 constexpr qint16 ETICHETTA_RIENTRO = 80; // clear of the frame's line
 constexpr qint16 PRIMA_CIMA = 400;
 constexpr qint16 PASSO = 700;
 constexpr qint16 CASELLA_LARGA = 6300;
-constexpr qint32 CASELLA_ALTA = 380;
-constexpr qint16 ETICHETTA_SU = 220;
-constexpr double PUNTI_CASELLA = 10;
-constexpr double PUNTI_ETICHETTA = 8;
+constexpr qint32 CASELLA_ALTA = 420;
+constexpr qint16 ETICHETTA_SU = 260;
+constexpr qint32 TITOLO_SINISTRA = 6700;
+constexpr double PUNTI_TESTO = 12.75;
+constexpr double PUNTI_TITOLO = 18;
 
 } // namespace
 
 frmAnagOffO::frmAnagOffO() : Modulo(QStringLiteral("frmAnagOffO")) {}
+
+frmAnagOffO::~frmAnagOffO() = default;
 
 void frmAnagOffO::Disegno()
 {
     Width(FORM_LARGO);
     Height(FORM_ALTO);
     Centra();
+    lblTitolo = std::make_unique<Titolo>(Finestra(), QStringLiteral("lblTitolo"));
+    lblTitolo->Visible(true);
+    lblTitolo->Posto(TITOLO_SINISTRA, PRIMA_CIMA, FORM_LARGO - 350 - TITOLO_SINISTRA, 1500);
+    lblTitolo->FontSize(PUNTI_TITOLO);
     lbl.Carica(0).Posto(0, 0, CASELLA_LARGA, ETICHETTA_SU);
-    lbl[0].FontSize(PUNTI_ETICHETTA);
+    lbl[0].FontSize(PUNTI_TESTO);
     txt.Carica(0).Posto(0, 0, CASELLA_LARGA, CASELLA_ALTA);
-    txt[0].FontSize(PUNTI_CASELLA);
+    txt[0].FontSize(PUNTI_TESTO);
     for (qint16 i = 0; i <= 1; ++i) {
-        cmd.Carica(i).FontSize(PUNTI_CASELLA);
+        cmd.Carica(i).FontSize(PUNTI_TESTO);
         cmd[i].Visible(true);
     }
 }
@@ -65,6 +74,8 @@ void frmAnagOffO::Load()
     Campi_Imposta();
     Campi_Crea(gCampiOfficina, ULTIMA_RIGA, *this);
     Campi_Applica(gCampiOfficina, ULTIMA_RIGA, *this);
+    for (qint16 i = 0; i <= lbl.UBound(); ++i)
+        lbl[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso); // its letters have all of the low place
     cmd[0].SetFocus();
 }
 
@@ -77,10 +88,11 @@ void frmAnagOffO::Campi_Imposta()
         Campo_Chiave(campo, RIGHE[i].chiave);
         campo.CtlLeft = SINISTRA;
         campo.CtlTop = Intero16(PRIMA_CIMA + static_cast<qint32>(i) * PASSO);
-        campo.LabelLeft = Intero16(ScalaX_16(CORNICE) + ETICHETTA_RIENTRO);
+        campo.LabelLeft = CORNICE + ETICHETTA_RIENTRO;
         campo.LabelTop = Intero16(campo.CtlTop - ETICHETTA_SU);
     }
     Caption(Testo_Mctc(MctcAnagraficaOfficina));
+    lblTitolo->Caption(Testo_Mctc(MctcAnagraficaOfficina));
     cmd[0].Caption(QStringLiteral("Ok"));
     cmd[0].Posto(FORM_LARGO - 1700, FORM_ALTO - 1000, 1500, 800);
     cmd[1].Caption(Testo_Mctc(MctcAnnulla));
@@ -90,7 +102,7 @@ void frmAnagOffO::Campi_Imposta()
 
 void frmAnagOffO::Paint()
 {
-    Disegna_Cornice(*this, ScalaX(CORNICE), ScalaY(CORNICE), Width() - 200, Height() - 1200);
+    Disegna_Cornice(*this, CORNICE, CORNICE, Width() - 200, Height() - 1200);
 }
 
 void frmAnagOffO::txt_KeyPress(qint16 Index, qint16 &KeyAscii)

@@ -5,12 +5,15 @@
 
 #include <QVariant>
 
+class Titolo;
+
 class frmAnagOffO : public Modulo
 {
     Q_OBJECT
 
 public:
     frmAnagOffO();
+    ~frmAnagOffO() override;
 
 Q_SIGNALS:
     /// AnagraficaSalvata, value 0, once after saving; nobody listens today.
@@ -28,4 +31,6 @@ protected:
 private:
     void Campi_Imposta();
     void Salva();
+
+    std::unique_ptr<Titolo> lblTitolo;
 };

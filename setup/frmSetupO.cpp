@@ -15,7 +15,10 @@
 #include "platform/numeri.h"
 #include "platform/una_riga.h"
 #include "report/frmVerPerO.h"
+#include "setup/frmCartella.h"
+#include "toolkit/lettura.h"
 #include "toolkit/schermo.h"
+#include "toolkit/titolo.h"
 
 #include <array>
 
@@ -157,29 +160,49 @@ constexpr qint16 PORTE = 20;
 constexpr TestoMctc TESTI_COLONNE[] = {MctcAnabbagliante, MctcAbbagliante};
 constexpr qint16 TASTO_LIVELLI = 12; // F12: the check levels, which no menu shows
 
-// The layout, in design units.
-constexpr qint32 ETICHETTA_ALTA = 215;
-constexpr qint32 CASELLA_ALTA = 330;
-constexpr qint32 PASSO_SPUNTE = 600;
+// The layout, in design units. In each frame the rows begin below its heading; a frame of one row has that
+// row's label for one.
+constexpr qint32 ETICHETTA_ALTA = 255;
+constexpr qint32 CASELLA_ALTA = 320;
+constexpr qint32 PASSO_SPUNTE = 550;
 
 struct Posto
 {
     qint32 x, y, largo;
 };
 
-constexpr Posto POSTO_STRUMENTO = {200, 400, 2895};
-constexpr qint32 PASSO_STRUMENTO = 690;
-constexpr Posto POSTO_LINGUA = {5000, 400, 3495};
-constexpr qint32 PASSO_RETE = 1000;
+constexpr Posto POSTO_STRUMENTO = {200, 735, 3095};
+constexpr qint32 PASSO_STRUMENTO = 670;
+constexpr Posto POSTO_LINGUA = {4700, 740, 3495};
+constexpr qint32 POSTI_RETE[] = {1430, 2120, 3350}; // below each folder its whole path has two lines
+constexpr Posto POSTO_SFOGLIA = {8250, -130, 600};  // y from its box
+constexpr qint32 SFOGLIA_ALTO = 480;
+constexpr qint32 PERCORSO_LARGO = 4200;
+constexpr qint32 PERCORSO_ALTO = 520;
 constexpr Posto POSTO_LIMITI = {4300, 5700, 1900};
 constexpr qint32 ETICHETTA_LIMITI = 300;
 constexpr qint32 SECONDA_COLONNA = 2300;
 constexpr qint32 PASSO_LIMITI = 620;
-constexpr Posto POSTO_SPUNTE = {10000, 600, 0};
+constexpr Posto POSTO_SPUNTE = {9700, 560, 0};
 constexpr Posto POSTO_SBLOCCO = {300, 9480, 0};
 constexpr Posto POSTO_CAMRESET = {5600, 9480, 0};
-constexpr Posto POSTO_MODELLO = {12000, 6300, 2700};
-constexpr Posto POSTO_PORTA = {12000, 8300, 2700};
+constexpr Posto POSTO_MODELLO = {12000, 6400, 2700};
+constexpr Posto POSTO_PORTA = {12000, 8400, 2700};
+
+/// What stands over the rows of a frame.
+struct Intestazione
+{
+    TestoMctc testo;
+    Posto posto;
+};
+
+constexpr Intestazione INTESTAZIONI[] = {
+    {MctcCorniceStrumento, {200, 110, 3200} },
+    {MctcCorniceCartelle,  {4700, 110, 4200}},
+    {MctcCorniceOpzioni,   {9700, 110, 3700}},
+    {MctcCorniceLimiti,    {300, 5120, 3900}},
+};
+constexpr qint32 INTESTAZIONE_ALTA = 260;
 
 CampoForm &Campo(qint16 riga)
 {
@@ -241,7 +264,7 @@ void Colloca(CampoForm &campo, const Posto &posto, qint32 y)
     campo.CtlTop = ScalaY_16(y);
     campo.CtlWidth = ScalaX_16(posto.largo);
     campo.LabelLeft = campo.CtlLeft;
-    campo.LabelTop = Intero16(campo.CtlTop - ScalaX(ETICHETTA_ALTA) - 30);
+    campo.LabelTop = Intero16(campo.CtlTop - ScalaX(ETICHETTA_ALTA) - 10);
 }
 
 void Colloca_Spunta(CampoForm &campo, const Posto &posto, qint32 y)
@@ -270,9 +293,9 @@ void Righe_Colloca()
     for (qint16 riga = PrimoLimite; riga <= UltimoLimite; ++riga)
         Colloca_Limite(Campo(riga), riga);
     for (qint16 riga = RigaModalita; riga <= RigaDati; ++riga)
-        Colloca(Campo(riga), POSTO_LINGUA, POSTO_LINGUA.y + (riga - RigaModalita + 1) * PASSO_RETE);
+        Colloca(Campo(riga), POSTO_LINGUA, POSTI_RETE[riga - RigaModalita]);
     for (qint16 riga = RigaIniFile; riga <= RigaAltezzaAuto; ++riga)
-        Colloca_Spunta(Campo(riga), POSTO_SPUNTE, POSTO_SPUNTE.y + (riga - RigaIniFile) * PASSO_SPUNTE - 300);
+        Colloca_Spunta(Campo(riga), POSTO_SPUNTE, POSTO_SPUNTE.y + (riga - RigaIniFile) * PASSO_SPUNTE);
     Colloca_Spunta(Campo(RigaSblocco), POSTO_SBLOCCO, POSTO_SBLOCCO.y);
     Colloca_Spunta(Campo(RigaCamReset), POSTO_CAMRESET, POSTO_CAMRESET.y);
     Colloca(Campo(RigaStrumento), POSTO_MODELLO, POSTO_MODELLO.y);
@@ -291,7 +314,14 @@ void Riga_Imposta(CampoForm &campo, const DatiRiga &dati)
 
 } // namespace
 
-frmSetupO::frmSetupO() : Modulo(QStringLiteral("frmSetupO")), lblDes(QStringLiteral("lblDes")) {}
+frmSetupO::frmSetupO()
+    : Modulo(QStringLiteral("frmSetupO")),
+      lblDes(QStringLiteral("lblDes")),
+      lblIntestazione(QStringLiteral("lblIntestazione")),
+      lblPercorso(QStringLiteral("lblPercorso")),
+      cmdSfoglia(QStringLiteral("cmdSfoglia"))
+{
+}
 
 frmSetupO::~frmSetupO() = default;
 
@@ -301,14 +331,40 @@ void frmSetupO::Disegno()
 {
     Massimizza();
     lbl.Carica(0).Posto(0, 0, ScalaX(3400), ETICHETTA_ALTA);
-    lbl[0].FontSize(Punti_Normali() * 0.9);
     txt.Carica(0).Posto(0, 0, ScalaX(2000), ScalaY(CASELLA_ALTA));
     cbo.Carica(0).Posto(0, 0, ScalaX(2000), ScalaY(CASELLA_ALTA));
     chk.Carica(0).Posto(0, 0, ScalaX(400), ScalaY(CASELLA_ALTA));
+    for (Controllo *riga : {static_cast<Controllo *>(&lbl[0]), static_cast<Controllo *>(&txt[0]),
+                            static_cast<Controllo *>(&cbo[0])})
+        riga->FontSize(Punti_Normali() * LETTURA_TASTIERA);
     lblDes.Inizia(Finestra());
+    lblIntestazione.Inizia(Finestra());
+    for (qint16 i = 0; i < static_cast<qint16>(std::size(INTESTAZIONI)); ++i) {
+        const Posto &posto = INTESTAZIONI[i].posto;
+        lblIntestazione.Carica(i).Posto(ScalaX(posto.x), ScalaY(posto.y), ScalaX(posto.largo),
+                                        ScalaY(INTESTAZIONE_ALTA));
+        lblIntestazione[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
+        lblIntestazione[i].Visible(true);
+    }
+    cmdSfoglia.Inizia(Finestra(), [this](Pulsante &pulsante, qint16 i) {
+        Collega(pulsante, [this, i] { Sfoglia(Intero16(RigaRisultati + i)); });
+    });
+    lblPercorso.Inizia(Finestra());
+    for (qint16 i = 0; i <= 1; ++i) {
+        lblPercorso.Carica(i).FontSize(Punti_Normali() * LETTURA_TASTIERA);
+        lblPercorso[i].SpezzaOvunque();
+        lblPercorso[i].Allineamento(Orizzontale::Sinistra, Verticale::Alto);
+        cmdSfoglia.Carica(i).Caption(QStringLiteral("..."));
+        cmdSfoglia[i].FontSize(Punti_Normali() * LETTURA_TASTIERA);
+        cmdSfoglia[i].Posto(ScalaX(POSTO_SFOGLIA.x),
+                            ScalaY(POSTI_RETE[RigaRisultati - RigaModalita + i] + POSTO_SFOGLIA.y),
+                            ScalaX(POSTO_SFOGLIA.largo), ScalaY(SFOGLIA_ALTO));
+        cmdSfoglia[i].Visible(true);
+    }
     for (qint16 i = 0; i <= 1; ++i) {
         lblDes.Carica(i).Posto(ScalaX(POSTO_LIMITI.x + i * SECONDA_COLONNA), ScalaY(5250),
-                               ScalaX(POSTO_LIMITI.largo), ScalaY(300));
+                               ScalaX(SECONDA_COLONNA), ScalaY(300));
+        lblDes[i].FontSize(Punti_Normali() * LETTURA_TASTIERA);
         lblDes[i].FontBold(true);
         lblDes[i].Visible(true);
         cmd.Carica(i).FontSize(Punti_Normali() * 1.4);
@@ -333,8 +389,18 @@ void frmSetupO::Load()
         lbl[riga].Width(ScalaX(3495));
     for (const qint16 riga : {RigaStrumento, RigaPorta})
         lbl[riga].Width(ScalaX(POSTO_MODELLO.largo)); // the screen ends there
-    for (qint16 i = 0; i <= lbl.UBound(); ++i)
+    for (qint16 riga = 0; riga <= RigaOperatore; ++riga)
+        lbl[riga].Width(ScalaX(POSTO_STRUMENTO.largo));
+    for (qint16 i = 0; i <= lbl.UBound(); ++i) {
         lbl[i].Height(ScalaX(lbl[i].Height()));
+        if (Campo(i).LabelLeft == Campo(i).CtlLeft) // on its box: its letters have all of the low place
+            lbl[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
+    }
+    for (const qint16 riga : {RigaStrumento, RigaPorta})
+        lbl[riga].FontBold(true); // the heading of its frame
+    Mostra_Percorsi();
+    for (qint16 i = 0; i <= 1; ++i)
+        cmdSfoglia[i].Enabled(Campo(Intero16(RigaRisultati + i)).Editable);
     cmd[0].SetFocus();
 }
 
@@ -361,6 +427,13 @@ void frmSetupO::Didascalie()
 {
     for (qint16 i = 0; i <= 1; ++i)
         lblDes[i].Caption(Testo_Mctc(TESTI_COLONNE[i]));
+    for (qint16 i = 0; i < static_cast<qint16>(std::size(INTESTAZIONI)); ++i)
+        lblIntestazione[i].Caption(Testo_Mctc(INTESTAZIONI[i].testo));
+    for (qint16 i = 0; i <= 1; ++i) {
+        const CampoForm &campo = Campo(Intero16(RigaRisultati + i));
+        cmdSfoglia[i].NomeAccessibile(Testo_Mctc(MctcScegliCartella) + QStringLiteral(": ") +
+                                      Testo_Mctc(campo.LabelId));
+    }
     cmd[1].Caption(Testo_Mctc(MctcVerificaPeriodica));
     Caption(Testo_Mctc(MctcImpostazioni));
 }
@@ -391,6 +464,40 @@ void frmSetupO::txt_KeyPress(qint16 Index, qint16 &KeyAscii)
 {
     if (!Campo(Riga_Di(txt[Index])).Editable)
         KeyAscii = 0;
+}
+
+/// A folder whose end its box cannot show has all of its path below, in two lines.
+void frmSetupO::Mostra_Percorsi()
+{
+    for (qint16 i = 0; i <= 1; ++i) {
+        const CampoForm &campo = Campo(Intero16(RigaRisultati + i));
+        const CasellaTesto &casella = txt[campo.CtlIndex];
+        lblPercorso[i].Posto(campo.CtlLeft, campo.CtlTop + ScalaY(CASELLA_ALTA) + 30, ScalaX(PERCORSO_LARGO),
+                             ScalaY(PERCORSO_ALTO));
+        lblPercorso[i].Caption(lblPercorso[i].Principio(casella.Text()));
+        lblPercorso[i].Visible(!casella.Intera());
+    }
+}
+
+/// Stands for the operator's typing: the text is in the box, and the box has the keyboard. What the folder
+/// means is decided when they leave it.
+void frmSetupO::Sfoglia(qint16 riga)
+{
+    CasellaTesto &casella = txt[Campo(riga).CtlIndex];
+    const auto scelta = Nuovo<frmCartella>();
+    scelta->Cartella = casella.Text();
+    scelta->Mostra(Modale);
+    if (!scelta->Scelta || !Caricato())
+        return;
+    casella.SetFocus();
+    casella.Text(scelta->Cartella);
+}
+
+void frmSetupO::txt_Change(qint16 Index)
+{
+    const qint16 riga = Riga_Di(txt[Index]);
+    if (riga == RigaRisultati || riga == RigaDati)
+        Mostra_Percorsi();
 }
 
 void frmSetupO::txt_Validate(qint16 Index, bool &Cancel)
@@ -512,6 +619,7 @@ void frmSetupO::Blocca_Rete(bool bloccata)
         CampoForm &campo = Campo(riga);
         Testo_Blocca(txt[campo.CtlIndex], bloccata);
         campo.Editable = Flag_Da(!bloccata);
+        cmdSfoglia[Intero16(riga - RigaRisultati)].Enabled(!bloccata);
         lbl[riga].Enabled(!bloccata);
     }
     cbo[Campo(RigaModalita).CtlIndex].Enabled(!bloccata);

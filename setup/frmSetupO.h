@@ -4,6 +4,7 @@
 
 #include "core/codici.h"
 #include "toolkit/modulo.h"
+#include "toolkit/titolo.h"
 
 #include <QVariant>
 
@@ -29,6 +30,7 @@ protected:
     void Paint() override;
     void Unload() override;
     void txt_Validate(qint16 Index, bool &Cancel) override;
+    void txt_Change(qint16 Index) override;
     void txt_KeyPress(qint16 Index, qint16 &KeyAscii) override;
     void cbo_KeyDown(qint16 Index, qint16 &KeyCode) override;
     void cbo_Click(qint16 Index) override;
@@ -39,6 +41,8 @@ protected:
 private:
     void Campi_Imposta();
     void Didascalie();
+    void Mostra_Percorsi();
+    void Sfoglia(qint16 riga);
     void Convalida_Cartella(const QString &testo);
     void Scegli_Lingua(qint16 Index);
     void Scegli_Modalita(qint16 Index);
@@ -60,6 +64,9 @@ private:
     void Avvisa(NotificaSetup notifica);
 
     ArrayControlli<Etichetta> lblDes;
+    ArrayControlli<Titolo> lblIntestazione; ///< over the rows of the frames
+    ArrayControlli<Etichetta> lblPercorso;  ///< the whole path of rows 20 and 21
+    ArrayControlli<Pulsante> cmdSfoglia;    ///< choose a folder for rows 20 and 21
     std::shared_ptr<frmComm> formComm;
     std::shared_ptr<dlgPwd> frmPwd;
     quint8 mPwdEsito = 0; // what the password box reported last

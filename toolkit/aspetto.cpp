@@ -84,6 +84,8 @@ QLineEdit:focus, QComboBox:focus { border: @lineaFuoco@ solid @fuoco@; padding: 
 QLineEdit:disabled, QComboBox:disabled { background: @campoSpento@; color: @testoSpento@;
                                          border-color: @corniceSpenta@; }
 QComboBox::drop-down { width: @freccia@; border: none; }
+QComboBox { combobox-popup: 0; }
+QComboBox QAbstractItemView { selection-background-color: @fuoco@; selection-color: @campo@; }
 QListWidget { background: @campo@; border: @linea@ solid @cornice@; }
 QListWidget:focus { border: @lineaFuoco@ solid @fuoco@; }
 QListWidget::item:selected { background: @fuoco@; color: @campo@; }

@@ -6,6 +6,7 @@
 #include "toolkit/aspetto.h"
 
 #include <QLineEdit>
+#include <QStyleOptionFrame>
 #include <QValidator>
 
 #include <utility>
@@ -53,6 +54,17 @@ void CasellaTesto::Text(const QString &testo)
     Fai<QLineEdit>([&testo](QLineEdit &riga) {
         riga.setText(testo);
         riga.setCursorPosition(0); // a text longer than its box shows its beginning
+    });
+}
+
+bool CasellaTesto::Intera() const
+{
+    return Chiedi<QLineEdit>(true, [](const QLineEdit &riga) {
+        QStyleOptionFrame opzione;
+        opzione.initFrom(&riga);
+        const QRect spazio = riga.style()->subElementRect(QStyle::SE_LineEditContents, &opzione, &riga);
+        const int cursore = Spessore_Linea(4); // the caret's room at the ends
+        return riga.fontMetrics().horizontalAdvance(riga.displayText()) + cursore <= spazio.width();
     });
 }
 

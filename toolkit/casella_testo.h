@@ -13,6 +13,8 @@ public:
     QString Text() const;
     /// Raises Change when the text is another.
     void Text(const QString &testo);
+    /// True when the box shows all of its text.
+    bool Intera() const;
     bool Locked() const;
     /// A locked box shows its text and takes none; the tab key passes it by.
     void Locked(bool bloccata);

@@ -4,6 +4,7 @@
 #include "toolkit/aspetto.h"
 #include "toolkit/schermo.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
 
@@ -31,6 +32,8 @@ Controllo::Controllo(QWidget *widget, const QString &nome) : m_widget(widget), m
 
 Controllo::~Controllo()
 {
+    if (QCoreApplication::instance() == nullptr)
+        return; // a form of the whole program's life goes after the screen has gone
     // It may be the very widget whose event is being handled: it goes when the loop has control again. Only
     // its own handlers fall silent: others, such as the accessibility bus, must hear of its end.
     Fai([](QWidget &widget) {

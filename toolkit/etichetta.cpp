@@ -217,6 +217,12 @@ QString Etichetta::Principio(const QString &testo) const
     });
 }
 
+void Etichetta::Margine_Sopra(qint32 twip)
+{
+    Fai<QLabel>([twip](QLabel &label) { label.setContentsMargins(0, Pixel_DaTwip(twip), 0, 0); });
+    Adatta();
+}
+
 qint32 Etichetta::Altezza_Testo() const
 {
     return Chiedi<QLabel>(

@@ -3,11 +3,11 @@
 
 #include "platform/errore_esecuzione.h"
 #include "platform/percorsi.h"
+#include "toolkit/segno_avviso.h"
 
 #include <QFileInfo>
 #include <QLabel>
 #include <QResizeEvent>
-#include <QStyle>
 
 namespace {
 
@@ -62,9 +62,8 @@ void Immagine::Picture(const QString &percorso)
 
 void Immagine::Avviso()
 {
-    Fai<WidgetImmagine>([](WidgetImmagine &label) {
-        label.Mostra(label.style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(128));
-    });
+    constexpr int LATO = 512; // more than the largest screen shows of it
+    Fai<WidgetImmagine>([](WidgetImmagine &label) { label.Mostra(Segno_Avviso(LATO)); });
 }
 
 void Immagine::Testo(const QString &testo)

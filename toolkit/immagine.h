@@ -10,7 +10,7 @@ public:
     Immagine(QWidget *finestra, const QString &nome);
     /// Loads a picture file. @throws ErroreEsecuzione 53 when there is none, 481 when it is no picture.
     void Picture(const QString &percorso);
-    /// Shows the system's warning sign.
+    /// Shows the warning sign.
     void Avviso();
     /// Shows a text in the picture's place.
     void Testo(const QString &testo);

@@ -160,8 +160,9 @@ qint64 Inchiostro_Largo(QWidget *widget)
 
 bool Tagliata(QWidget *widget, const Inchiostro &inchiostro)
 {
+    // A list scrolls sideways, or breaks its lines and scrolls down.
     if (const auto *lista = qobject_cast<QListWidget *>(widget);
-        lista != nullptr && lista->horizontalScrollBar()->maximum() > 0)
+        lista != nullptr && (lista->wordWrap() || lista->horizontalScrollBar()->maximum() > 0))
         return false;
     // A label or a button cuts at its edges; what is missing there is never a line away from what shows.
     const int riga = widget->fontMetrics().height();

@@ -84,7 +84,8 @@ private:
 
 double Bersaglio_Di(const QWidget *widget)
 {
-    if (const auto *lista = qobject_cast<const QListWidget *>(widget))
+    const auto *lista = qobject_cast<const QListWidget *>(widget);
+    if (lista != nullptr && lista->selectionMode() != QAbstractItemView::NoSelection)
         return lista->count() > 0 ? lista->visualItemRect(lista->item(0)).height() : 0;
     return qobject_cast<const QPushButton *>(widget) != nullptr ? widget->height() : 0;
 }

@@ -19,6 +19,7 @@
 #include "report/frmMctc2.h"
 #include "report/frmVerPerO.h"
 #include "setup/frmAnagOffO.h"
+#include "setup/frmCartella.h"
 #include "setup/frmSetupO.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/seriale_prova.h"
@@ -313,6 +314,13 @@ std::shared_ptr<Modulo> Impostazioni_Sbloccate(const BancoForm &)
     return form;
 }
 
+std::shared_ptr<Modulo> Cartella(const BancoForm &banco)
+{
+    const auto form = Nuovo<frmCartella>();
+    form->Cartella = banco.Stazione.Percorso(QStringLiteral("dati"));
+    return Mostrato(form);
+}
+
 template <typename T>
 std::shared_ptr<Modulo> Aperto(const BancoForm &)
 {
@@ -395,6 +403,7 @@ constexpr Scena SCENE[] = {
     {"impostazioni",              Impostazioni                               },
     {"impostazioni, senza rete",  Impostazioni_SenzaRete                     },
     {"impostazioni, sbloccate",   Impostazioni_Sbloccate                     },
+    {"cartella",                  Cartella                                   },
     {"officina",                  Aperto<frmAnagOffO>                        },
     {"messaggio breve",           Messaggio_Breve                            },
     {"messaggio lungo",           Messaggio_Lungo                            },

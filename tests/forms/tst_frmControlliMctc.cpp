@@ -56,6 +56,7 @@ private Q_SLOTS:
         Apri();
         QCOMPARE(Testo_Di(*form, "lbl1"), Testo_Mctc(Id_Mctc(158)));
         QVERIFY(Visibile(*form, "lbl1"));
+        QCOMPARE(Widget_Di(*form, "lbl1")->y(), Controllo_Di(0)->y()); // at the top, beside the rows
         for (int riga = 0; riga < RIGHE; ++riga) {
             const QRect posto =
                 Posto_Twip(ScalaX(1200), ScalaY(100 + riga * 500), ScalaX(riga < COMBO ? 800 : 2000), 0);

@@ -13,9 +13,12 @@
 #include "toolkit/schermo.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLabel>
-#include <QProxyStyle>
+#include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QWheelEvent>
 #include <QWindow>
 
 #include <cstdio>
@@ -40,6 +43,12 @@ T *Parte(const char *nome)
 {
     return Messaggio().Finestra()->findChild<T *>(QString::fromLatin1(nome));
 }
+
+/// What lies on each other because the rules place it so.
+constexpr Sovrapposti VOLUTI[] = {
+    {"frmMsg", "Shape1", "*",         "the border stands round everything"             },
+    {"frmMsg", "lbl_0",  "lblTitolo", "the text's place is round the form's own middle"},
+};
 
 /// A text of that many characters.
 QString Testo(int lunghezza)
@@ -91,10 +100,13 @@ private Q_SLOTS:
     void testoCentrato();
     void testoTuttoInVista_data();
     void testoTuttoInVista();
-    void testoTroppoLungoMostraIlPrincipio();
-    void testoLunghissimoComeIntero_data();
-    void testoLunghissimoComeIntero();
-    void testoLunghissimoCostaQuantoSiVede();
+    void rapportoScorre_data();
+    void rapportoScorre();
+    void rapportoConITasti();
+    void rapportoConRotellaEDito();
+    void rapportoAllineatoASinistra();
+    void testoLunghissimoSiMostraSubito();
+    void titoloDisegnato();
     void inPrimoPiano();
 
     void secondoMessaggioMentreUnoSiMostra();
@@ -345,7 +357,7 @@ void tst_frmMsg::bordoEIcona()
         bool visto = false;
         Mostra_E_Guarda(0, Testo(75), [&] {
             QCOMPARE(Parte("Shape1")->geometry(), Messaggio().Finestra()->rect());
-            QCOMPARE(Parte("PicMex")->geometry(), QRect(13, 13, 46, 46));
+            QCOMPARE(Parte("PicMex")->geometry(), QRect(6, 13, 45, 46));
             QVERIFY(!Parte<QLabel>("PicMex")->pixmap(Qt::ReturnByValue).isNull());
             visto = Parte("Shape1")->isVisible() && Parte("PicMex")->isVisible();
         });
@@ -377,18 +389,46 @@ void tst_frmMsg::testoTuttoInVista_data()
     QTest::newRow("molte righe") << QStringLiteral("[Prenotazione] Targa: mancante\r\n").repeated(20);
 }
 
+/// What a reader of a list that scrolls would miss: an entry, a part of its letters, its end.
+static QString Difetti_Elenco(QListWidget *lista)
+{
+    QString difetti;
+    QString atteso, letto;
+    for (const QString &riga : Messaggio().Text.split(u'\n'))
+        atteso += riga.trimmed();
+    for (int i = 0; i < lista->count(); ++i)
+        letto += lista->item(i)->text();
+    if (letto != atteso)
+        difetti += QStringLiteral("un altro testo ");
+    lista->verticalScrollBar()->setValue(lista->verticalScrollBar()->maximum());
+    const QRect ultima = lista->visualItemRect(lista->item(lista->count() - 1));
+    if (!lista->viewport()->rect().contains(ultima.bottomLeft()))
+        difetti += QStringLiteral("senza fine ");
+    const QRect scritta = lista->fontMetrics().boundingRect(ultima, Qt::TextWordWrap | Qt::TextWrapAnywhere,
+                                                            lista->item(lista->count() - 1)->text());
+    if (ultima.right() >= lista->viewport()->width() || scritta.height() > ultima.height())
+        difetti += QStringLiteral("tagliato ");
+    return difetti;
+}
+
 /// What a reader of the box would miss: the whole text, in its form, beside the icon and above the button.
 static QString Difetti()
 {
     QString difetti;
+    auto *lista = Parte<QListWidget>("lstTesto");
     auto *lbl = Parte<QLabel>("lbl_0");
-    if (Scritta_Tagliata(lbl))
+    if (lbl->isVisible() == lista->isVisible())
+        difetti += QStringLiteral("due volte o mai ");
+    const auto *testo = lista->isVisible() ? static_cast<QWidget *>(lista) : lbl;
+    if (lista->isVisible())
+        difetti += Difetti_Elenco(lista);
+    else if (Scritta_Tagliata(lbl))
         difetti += QStringLiteral("tagliato ");
-    if (!Messaggio().Finestra()->rect().contains(lbl->geometry()) || lbl->height() <= 0)
+    if (!Messaggio().Finestra()->rect().contains(testo->geometry()) || testo->height() <= 0)
         difetti += QStringLiteral("fuori ");
-    if (lbl->geometry().intersects(Parte("PicMex")->geometry()))
+    if (testo->geometry().intersects(Parte("PicMex")->geometry()))
         difetti += QStringLiteral("sull'icona ");
-    if (Parte("cmd_0")->isVisible() && lbl->geometry().intersects(Parte("cmd_0")->geometry()))
+    if (Parte("cmd_0")->isVisible() && testo->geometry().intersects(Parte("cmd_0")->geometry()))
         difetti += QStringLiteral("sotto il pulsante ");
     if (Parte("cmd_0")->isVisible() && !Messaggio().Finestra()->rect().contains(Parte("cmd_0")->geometry()))
         difetti += QStringLiteral("pulsante fuori ");
@@ -405,85 +445,149 @@ void tst_frmMsg::testoTuttoInVista()
     }
 }
 
-void tst_frmMsg::testoTroppoLungoMostraIlPrincipio()
+/// A report as the worklist gives it: a sentence and an entry a line, more than a screen of them.
+static QString Rapporto(int voci)
 {
-    for (const qint16 modo : {qint16{0}, qint16{1}}) {
-        QString difetti = QStringLiteral("non visto");
-        Qt::Alignment allineamento;
-        Mostra_E_Guarda(modo, Testo(20000), [&] {
-            difetti = Difetti();
-            allineamento = Parte<QLabel>("lbl_0")->alignment();
-        });
-        QCOMPARE(difetti, QStringLiteral("tagliato "));
-        QVERIFY(allineamento.testFlag(Qt::AlignTop)); // what is cut is the end
-    }
+    QString rapporto = QStringLiteral("Anomalie trovate: \r\n");
+    for (int i = 0; i < voci; ++i)
+        rapporto += QStringLiteral("Sezione: Prenotazione - Entry: %1 - Estranea\r\n").arg(i);
+    return rapporto;
 }
 
-void tst_frmMsg::testoLunghissimoComeIntero_data()
+void tst_frmMsg::rapportoScorre_data()
 {
+    QTest::addColumn<int>("modo");
     QTest::addColumn<QString>("testo");
-    QTest::newRow("parole") << Testo(64000);
-    QTest::newRow("righe") << QStringLiteral("File: a - Estranea\r\n").repeated(3200);
-    QTest::newRow("righe vuote") << QStringLiteral("\r\n").repeated(32000);
-    QTest::newRow("una parola larga, poi altre righe")
-        << QString(32000, u'=') + QStringLiteral(" - Estranea\r\n") + Testo(20000);
-    QTest::newRow("bianchi, poi altre parole") << QString(20000, u' ') + Testo(20000);
-    QTest::newRow("trattini invisibili, poi altre parole") << QString(20000, QChar(0xAD)) + Testo(20000);
+    QTest::newRow("con pulsante") << 1 << Rapporto(100);
+    QTest::newRow("a tempo") << 0 << Rapporto(100);
+    QTest::newRow("una riga senza fine") << 1 << Testo(20000);
+    QTest::newRow("una parola senza fine") << 1 << QString(20000, u'W');
+    QTest::newRow("migliaia di righe") << 1 << Rapporto(2000);
 }
 
-/// What is seen is to the dot what a label shows that has been given the whole text.
-void tst_frmMsg::testoLunghissimoComeIntero()
+// What is longer than the screen can be read to its end.
+void tst_frmMsg::rapportoScorre()
 {
+    QFETCH(int, modo);
     QFETCH(QString, testo);
-    QImage vista, intera;
+    QString difetti = QStringLiteral("non visto");
+    int corsa = 0;
     QString nome;
-    Mostra_E_Guarda(1, testo, [&] {
-        auto *lbl = Parte<QLabel>("lbl_0");
-        nome = lbl->accessibleName();
-        vista = lbl->grab().toImage();
-        lbl->setText(testo);
-        intera = lbl->grab().toImage();
+    QTimer::singleShot(0, &Messaggio(), [&] {
+        auto *lista = Parte<QListWidget>("lstTesto");
+        QTRY_COMPARE(lista->visualItemRect(lista->item(lista->count() - 1)).isEmpty(), false); // laid out
+        corsa = lista->verticalScrollBar()->maximum();
+        nome = lista->accessibleName();
+        difetti = Difetti();
+        Messaggio().Scarica();
     });
-    QVERIFY(!vista.isNull());
-    QCOMPARE(vista, intera);
+    Mostra_Msg(static_cast<qint16>(modo), Modulo::Modale, Falso, COLORE_MESSAGGIO, 2000, testo);
+    QCOMPARE(difetti, QString());
+    QVERIFY(corsa > 0);
     QCOMPARE(nome, testo);
 }
 
-namespace {
-
-/// The look of before, and how many characters were painted by it.
-class StileContatore : public QProxyStyle
+void tst_frmMsg::rapportoConITasti()
 {
-public:
-    StileContatore() : QProxyStyle(QStringLiteral("Fusion")) {}
+    bool visto = false;
+    QTimer::singleShot(0, &Messaggio(), [&] {
+        const bool attivo = Attiva(Messaggio());
+        QScrollBar *barra = Parte<QListWidget>("lstTesto")->verticalScrollBar();
+        QTRY_VERIFY(barra->maximum() > 3 * barra->pageStep());
+        const auto dopo = [barra](Qt::Key tasto) {
+            QTest::keyClick(Messaggio().Finestra()->focusWidget(), tasto);
+            return barra->value();
+        };
+        const int riga = dopo(Qt::Key_Down);
+        const int pagina = dopo(Qt::Key_PageDown) - riga;
+        visto = attivo && riga > 0 && pagina == barra->pageStep() && dopo(Qt::Key_End) == barra->maximum();
+        visto = visto && dopo(Qt::Key_PageUp) == barra->maximum() - pagina;
+        visto = visto && dopo(Qt::Key_Up) == barra->maximum() - pagina - riga && dopo(Qt::Key_Home) == 0;
+        QTest::keyClick(Messaggio().Finestra()->focusWidget(), Qt::Key_Return); // the button still has it
+    });
+    Mostra_MsgConferma(Rapporto(100));
+    QVERIFY(visto);
+    QVERIFY(!Messaggio().Caricato());
+}
 
-    void drawItemText(QPainter *pennello, const QRect &posto, int modo, const QPalette &colori, bool acceso,
-                      const QString &testo, QPalette::ColorRole ruolo) const override
-    {
-        caratteri += testo.size();
-        QProxyStyle::drawItemText(pennello, posto, modo, colori, acceso, testo, ruolo);
+void tst_frmMsg::rapportoConRotellaEDito()
+{
+    bool rotella = false;
+    bool dito = false;
+    QTimer::singleShot(0, &Messaggio(), [&] {
+        QVERIFY(Attiva(Messaggio()));
+        auto *lista = Parte<QListWidget>("lstTesto");
+        QScrollBar *barra = lista->verticalScrollBar();
+        QTRY_VERIFY(barra->maximum() > 3 * barra->pageStep());
+        const QPoint centro = lista->viewport()->rect().center();
+        QWheelEvent giro(centro, lista->viewport()->mapToGlobal(centro), QPoint(), QPoint(0, -120),
+                         Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(lista->viewport(), &giro);
+        rotella = barra->value() > 0;
+        barra->setValue(0);
+        QTest::mousePress(lista->viewport(), Qt::LeftButton, {}, centro);
+        for (int i = 1; i <= 10; ++i)
+            QTest::mouseMove(lista->viewport(), centro - QPoint(0, 8 * i), 20);
+        QTest::mouseRelease(lista->viewport(), Qt::LeftButton, {}, centro - QPoint(0, 80));
+        dito = QTest::qWaitFor([barra] { return barra->value() > 0; });
+        dito = dito && Messaggio().Caricato(); // a drag presses nothing
+        Messaggio().Scarica();
+    });
+    Mostra_MsgConferma(Rapporto(100));
+    QVERIFY(rotella);
+    QVERIFY(dito);
+}
+
+void tst_frmMsg::rapportoAllineatoASinistra()
+{
+    bool visto = false;
+    Mostra_E_Guarda(1, Rapporto(3), [&] {
+        auto *lista = Parte<QListWidget>("lstTesto");
+        QImage vista = lista->viewport()->grab().toImage();
+        int primo = vista.width(); // the leftmost dark point
+        for (int y = 0; y < vista.height(); ++y) {
+            for (int x = 0; x < primo; ++x) {
+                if (qGray(vista.pixel(x, y)) < 100)
+                    primo = x;
+            }
+        }
+        visto = lista->isVisible() && lista->count() == 4 && primo < Spessore_Linea(12);
+    });
+    QVERIFY(visto);
+}
+
+// A report many screens long is laid out a part at a time: the form comes up as soon as with a short one.
+void tst_frmMsg::testoLunghissimoSiMostraSubito()
+{
+    qint64 lungo = 0;
+    bool visto = false;
+    QElapsedTimer tempo;
+    QTimer::singleShot(0, &Messaggio(), [&] {
+        visto = QTest::qWaitForWindowExposed(Messaggio().Finestra());
+        Messaggio().Finestra()->grab();
+        lungo = tempo.elapsed();
+        Messaggio().Scarica();
+    });
+    tempo.start();
+    Mostra_MsgConferma(QStringLiteral("Entry: a - Entry Estranea\r\n").repeated(2285));
+    QVERIFY(visto);
+    QVERIFY2(lungo < 5000, qPrintable(QString::number(lungo)));
+}
+
+void tst_frmMsg::titoloDisegnato()
+{
+    for (const qint16 modo : {qint16{0}, qint16{1}}) {
+        for (const int lunghezza : {1, 60, 85, 300}) {
+            QString difetti = QStringLiteral("non visto");
+            QString titolo;
+            Mostra_E_Guarda(modo, Testo(lunghezza), [&] {
+                titolo = Parte<QLabel>("lblTitolo")->text();
+                difetti = Difetti_Di(Messaggio(), VOLUTI).join(u'\n');
+            });
+            QCOMPARE(titolo, QStringLiteral("Avviso"));
+            QVERIFY2(difetti.isEmpty(), qPrintable(difetti));
+        }
     }
-
-    mutable qsizetype caratteri = 0;
-};
-
-} // namespace
-
-/// A report many screens long is not handed on whole: what is painted is a screen or two.
-void tst_frmMsg::testoLunghissimoCostaQuantoSiVede()
-{
-    auto *stile = new StileContatore;
-    QApplication::setStyle(stile);
-    const auto caratteri_per = [stile](const QString &testo) {
-        stile->caratteri = 0;
-        Mostra_E_Guarda(1, testo, [] {});
-        return stile->caratteri;
-    };
-    const qsizetype lungo = caratteri_per(QStringLiteral("Entry: a - Entry Estranea\r\n").repeated(2285));
-    const qsizetype breve = caratteri_per(QStringLiteral("Entry: a - Entry Estranea\r\n"));
-    Aspetto_Applica(*qApp);
-    QVERIFY2(breve > 27, qPrintable(QString::number(breve))); // the label is painted by the style
-    QVERIFY2(lungo < 64000 / 4, qPrintable(QString::number(lungo)));
 }
 
 void tst_frmMsg::inPrimoPiano()
@@ -603,8 +707,6 @@ static QString Schermo_Prova()
             QString trovati = QStringLiteral("non visto");
             Mostra_E_Guarda(modo, Testo(lunghezza), [&] {
                 trovati = lunghezza == 0 ? QString() : Difetti();
-                if (lunghezza == 20000)
-                    trovati.remove(QStringLiteral("tagliato "));
                 const QRect posto(Messaggio().Finestra()->pos(), Messaggio().Finestra()->size());
                 if (!schermo.contains(posto))
                     trovati += QStringLiteral("oltre lo schermo ");

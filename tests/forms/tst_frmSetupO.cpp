@@ -14,12 +14,14 @@
 #include "tests/forms/principale_prova.h"
 #include "tests/forms/strumento_prova.h"
 #include "tests/forms/tastiera_prova.h"
+#include "toolkit/aspetto.h"
 #include "toolkit/schermo.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QListWidget>
 #include <QTest>
 
 namespace {
@@ -488,6 +490,108 @@ private Q_SLOTS:
             QVERIFY(Ha_Cornice(*form, ScalaX(c[0]), ScalaY(c[1]), ScalaX(c[2]), ScalaY(c[3])));
     }
 
+    /// What is in a frame is told above its rows, in the language in force.
+    void intestazioniDelleCornici()
+    {
+        Apri();
+        for (const int i : {0, 1, 2, 3}) {
+            auto *intestazione = Membro_Di<QLabel>(*form, "lblIntestazione", i);
+            QCOMPARE(intestazione->text(), Testo_Mctc(Id_Mctc(270 + i)));
+            QVERIFY(!intestazione->text().isEmpty() && intestazione->isVisible());
+        }
+        Scegli(LINGUA, 2);
+        QCOMPARE(Testo_Di(*form, "lblIntestazione_3"), QStringLiteral("Test limits"));
+    }
+
+    /// A file of texts from before them, kept by a workshop: their places stay empty.
+    void intestazioniDiUnFileDiPrima()
+    {
+        QByteArray testi = banco->Stazione.Leggi(QStringLiteral("lingueMCTC.ini"));
+        for (const char *id : {"270=", "271=", "272=", "273=", "274=", "275="})
+            testi.replace(id, "9" + QByteArray(id).mid(1));
+        banco->Stazione.Scrivi(QStringLiteral("lingueMCTC.ini"), testi);
+        Apri();
+        QCOMPARE(Testo_Di(*form, "lblIntestazione_0"), QString());
+        QCOMPARE(Etichetta_Di(OPERATORE)->text(), Testo_Mctc(Id_Mctc(142)));
+        Premi(*form, "cmd_0");
+        QVERIFY(!form->Caricato());
+    }
+
+    /// A path that its box cannot show to the end stands whole below it.
+    void percorsoLungo()
+    {
+        const QString lungo = QStringLiteral("C:\\") + QStringLiteral("cartella\\").repeated(8) + u'z';
+        Apri();
+        QVERIFY(!Visibile(*form, "lblPercorso_0") && !Visibile(*form, "lblPercorso_1"));
+        Riscrivi_Riga(RISULTATI, lungo);
+        QVERIFY(Visibile(*form, "lblPercorso_0"));
+        QCOMPARE(Testo_Di(*form, "lblPercorso_0"), lungo);
+        QVERIFY(!Visibile(*form, "lblPercorso_1"));
+        Riscrivi_Riga(RISULTATI, QStringLiteral("C:\\"));
+        QVERIFY(!Visibile(*form, "lblPercorso_0"));
+    }
+
+    /// Choosing a folder is typing it: nothing is written before the box is left, and then what typing
+    /// writes.
+    void sfogliaScriveNellaCasella()
+    {
+        const QString nuova = Cartella("nuova");
+        Apri();
+        const QByteArray prima = Ini();
+        Regia regia;
+        regia.Quando("frmCartella", [](Modulo &scelta) {
+            auto *lista = Widget_Di<QListWidget>(scelta, "lstCartelle");
+            const auto voci = lista->findItems(QStringLiteral("nuova"), Qt::MatchExactly);
+            QCOMPARE(voci.size(), 1);
+            QTest::mouseClick(lista->viewport(), Qt::LeftButton, {},
+                              lista->visualItemRect(voci.first()).center());
+            Premi(scelta, "cmd_0");
+        });
+        Premi(*form, "cmdSfoglia_1");
+        QVERIFY(regia.Finita());
+        const QByteArray scelta = Ini();
+        QCOMPARE(Casella(DATI)->text(), nuova);
+        QTRY_VERIFY(Casella(DATI)->hasFocus());
+        QCOMPARE(scelta, prima);
+        QTest::keyClick(Casella(DATI), Qt::Key_Tab);
+        QCOMPARE(Ini(), Ini_Con(prima, "MCTC", "DirRisultati", nuova.toLatin1()));
+    }
+
+    /// The chosen line of a list that drops down has the colours of the chosen line of any list.
+    void rigaSceltaComeNegliElenchi()
+    {
+        Apri();
+        Combo(LINGUA)->showPopup();
+        QAbstractItemView *vista = Combo(LINGUA)->view();
+        QTRY_VERIFY(vista->isVisible());
+        const QRect riga = vista->visualRect(vista->currentIndex());
+        const QImage immagine = vista->viewport()->grab().toImage();
+        const QPoint angolo(immagine.width() - Spessore_Linea(4), riga.center().y()); // clear of its text
+        QCOMPARE(immagine.pixelColor(angolo), Colore_Tema(Tinta::Fuoco));
+        Combo(LINGUA)->hidePopup();
+    }
+
+    void sfogliaSenzaSceltaNonTocca()
+    {
+        Apri();
+        const QString testo = Casella(RISULTATI)->text();
+        Regia regia;
+        regia.Quando("frmCartella", [](Modulo &scelta) { Premi(scelta, "cmd_1"); });
+        Premi(*form, "cmdSfoglia_0");
+        QVERIFY(regia.Finita());
+        QCOMPARE(Casella(RISULTATI)->text(), testo);
+    }
+
+    void sfogliaConLeRighe()
+    {
+        gIniFile = Falso;
+        Imposta("MCTC", "IniFile", QStringLiteral("0"));
+        Apri();
+        QVERIFY(!Abilitato(*form, "cmdSfoglia_0") && !Abilitato(*form, "cmdSfoglia_1"));
+        QTest::mouseClick(Spunta(INI_FILE), Qt::LeftButton);
+        QVERIFY(Abilitato(*form, "cmdSfoglia_0") && Abilitato(*form, "cmdSfoglia_1"));
+    }
+
     /// Every label's height goes through the x scale, on whatever screen.
     void etichetteSullaScala_data()
     {
@@ -506,7 +610,7 @@ private Q_SLOTS:
         for (const int riga : {MODALITA, RISULTATI, DATI})
             QVERIFY(std::abs(Etichetta_Di(riga)->width() - Pixel_DaTwip(ScalaX(3495))) <= 1);
         const int alta = Etichetta_Di(OPERATORE)->height();
-        QVERIFY(std::abs(alta - Pixel_DaTwip(ScalaX(215))) <= 1);
+        QVERIFY(std::abs(alta - Pixel_DaTwip(ScalaX(255))) <= 1);
         for (int riga = 0; riga < RIGHE; ++riga)
             QVERIFY(std::abs(Etichetta_Di(riga)->height() - alta) <= 1);
     }

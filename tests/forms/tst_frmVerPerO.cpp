@@ -139,6 +139,8 @@ private Q_SLOTS:
     {
         Apri();
         QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(4)));
+        QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(Id_Mctc(4)));
+        QVERIFY(Visibile(*form, "lblTitolo"));
         const QString didascalie[] = {QStringLiteral("Ok"), Testo_Mctc(Id_Mctc(106)),
                                       Testo_Mctc(Id_Mctc(128)), QStringLiteral("Default")};
         const qint32 posti[] = {form->Width() - 3200, form->Width() - 1600, 1700, 100};

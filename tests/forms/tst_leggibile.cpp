@@ -90,10 +90,12 @@ constexpr Classe CLASSI[] = {
     {"frmMctc2",         ".*",                       Tastiera, Operatore}, // its rows are typed in
     {"frmMain",          "lblStato_.*",              Tastiera, Tecnico  }, // what asks for somebody is in lblAvviso too
     {"frmMain",          ".*",                       Schermo,  Operatore},
+    {"frmMsg",           "lblTitolo",                Tastiera, Operatore}, // says what the sign beside it says
     {"frmMsg",           ".*",                       Schermo,  Operatore},
     {"dlgPwd",           ".*",                       Tastiera, Tecnico  },
     {"frmAbout",         ".*",                       Tastiera, Tecnico  },
     {"frmAnagOffO",      ".*",                       Tastiera, Tecnico  },
+    {"frmCartella",      ".*",                       Tastiera, Tecnico  },
     {"frmControlliMctc", ".*",                       Tastiera, Tecnico  },
     {"frmSetupO",        ".*",                       Tastiera, Tecnico  },
     {"frmVerPerO",       ".*",                       Tastiera, Tecnico  },
@@ -116,24 +118,18 @@ struct Sottosoglia
 };
 
 constexpr Sottosoglia SOTTOSOGLIA[] = {
-    {"dlgPwd",           "cmd_.*",                    Lettera, 4.4,  "still to be enlarged"                                },
-    {"frmAbout",         "cmd_0",                     Lettera, 4.4,  "still to be enlarged"                                },
-    {"frmAnagOffO",      "(cmd|lbl|txt)_.*",          Lettera, 3.2,  "still to be enlarged"                                },
-    {"frmEsito",         "cmd_.*",                    Lettera, 8.5,  "the width of the buttons is given"                   },
-    {"frmEsito",         "lbl_.*|lblTipo",            Lettera, 5.8,  "the captions stand 300 above their boxes"            },
-    {"frmEsito",         "lblDes_.*",                 Lettera, 6.6,  "their width is given, and the heads stand 350 below" },
-    {"frmEsito",         "lblPar_[0-3]",              Lettera, 5.2,  "the columns are 1300 wide; lblGuasto names the lamps"},
-    {"frmEsito",         "lblPar_[4-6]",              Lettera, 5.3,  "long words between the frame and the cells"          },
-    {"frmEsito",         "lblTab_([89]|1[01])",       Lettera, 9.4,  "five signs in a cell of 1300"                        },
-    {"frmControlliMctc", "(cbo|cmd|lbl|txt)_.*|lbl1", Lettera, 4.0,  "still to be enlarged"                                },
-    {"frmMain",          "cmdMnu_.*",                 Lettera, 9.4,  "the size of the menu's type is given"                },
-    {"frmMctc2",         "cmd_.*",                    Lettera, 6.8,  "given for the smallest screen"                       },
-    {"frmMctc2",         "lbl_1[234]",                Lettera, 4.6,  "their width is given"                                },
-    {"frmMctcO",         "lstAuto",                   Premuto, 12.6, "its frame is low, and shows 3 lines"                 },
-    {"frmMsg",           "(lbl|cmd)_0",               Lettera, 4.4,  "still to be enlarged"                                },
-    {"frmMsg",           "cmd_0",                     Premuto, 8.0,  "still to be enlarged"                                },
-    {"frmSetupO",        "(cbo|lbl|txt|lblDes)_.*",   Lettera, 3.8,  "still to be enlarged"                                },
-    {"frmVerPerO",       "(cmd|lbl|txt)_.*",          Lettera, 3.2,  "still to be enlarged"                                },
+    {"frmEsito",         "cmd_.*",              Lettera, 8.5,  "the width of the buttons is given"                   },
+    {"frmEsito",         "lbl_.*|lblTipo",      Lettera, 5.8,  "the captions stand 300 above their boxes"            },
+    {"frmEsito",         "lblDes_.*",           Lettera, 6.6,  "their width is given, and the heads stand 350 below" },
+    {"frmEsito",         "lblPar_[0-3]",        Lettera, 5.2,  "the columns are 1300 wide; lblGuasto names the lamps"},
+    {"frmEsito",         "lblPar_[4-6]",        Lettera, 5.3,  "long words between the frame and the cells"          },
+    {"frmEsito",         "lblTab_([89]|1[01])", Lettera, 9.4,  "five signs in a cell of 1300"                        },
+    {"frmMain",          "cmdMnu_.*",           Lettera, 9.4,  "the size of the menu's type is given"                },
+    {"frmMctc2",         "cmd_.*",              Lettera, 6.8,  "given for the smallest screen"                       },
+    {"frmMctc2",         "lbl_1[234]",          Lettera, 4.6,  "their width is given"                                },
+    {"frmMctcO",         "lstAuto",             Premuto, 12.6, "its frame is low, and shows 3 lines"                 },
+    {"frmControlliMctc", "cbo_.*",              Lettera, 4.0,  "the width of the lists is given"                     },
+    {"frmVerPerO",       "lbl_.*",              Lettera, 3.2,  "200 twips from one box to the next are all there is" },
 };
 
 bool Corrisponde(const char *modello, const QString &nome)

@@ -25,6 +25,7 @@ constexpr Sovrapposti VOLUTI[] = {
     {"frmMctc2", "lbl_12",     "lbl_13",     "their width is given, also for the smallest screen"},
     {"frmMctc2", "lbl_13",     "lbl_14",     "their width is given, also for the smallest screen"},
     {"frmMsg",   "Shape1",     "*",          "the border stands round everything"                },
+    {"frmMsg",   "lbl_0",      "lblTitolo",  "the text's place is round the form's own middle"   },
 };
 
 /// Pictures and the files that they come from.

@@ -1,0 +1,15 @@
+// A bold label in the colour of the look. Where it stands is the form's.
+#include "toolkit/titolo.h"
+
+#include "toolkit/aspetto.h"
+#include "toolkit/lettura.h"
+#include "toolkit/schermo.h"
+
+Titolo::Titolo(QWidget *finestra, const QString &nome) : Etichetta(finestra, nome)
+{
+    const QColor colore = Colore_Tema(Tinta::Fuoco);
+    ForeColor(static_cast<quint32>(colore.blue() << 16 | colore.green() << 8 | colore.red()));
+    FontBold(true);
+    FontSize(Punti_Normali() * LETTURA_TASTIERA);
+    Allineamento(Orizzontale::Sinistra, Verticale::Alto);
+}
