@@ -127,6 +127,7 @@ constexpr Sottosoglia SOTTOSOGLIA[] = {
     {"frmMain",          "cmdMnu_.*",           Lettera, 9.4,  "the size of the menu's type is given"                },
     {"frmMctc2",         "cmd_.*",              Lettera, 6.8,  "given for the smallest screen"                       },
     {"frmMctc2",         "lbl_1[234]",          Lettera, 4.6,  "their width is given"                                },
+    {"frmMctcO",         "(lbl|txt|lblDes)_.*", Lettera, 4.4,  "frames and pitch of its rows are given"              },
     {"frmMctcO",         "lstAuto",             Premuto, 12.6, "its frame is low, and shows 3 lines"                 },
     {"frmControlliMctc", "cbo_.*",              Lettera, 4.0,  "the width of the lists is given"                     },
     {"frmVerPerO",       "lbl_.*",              Lettera, 3.2,  "200 twips from one box to the next are all there is" },
