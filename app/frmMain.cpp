@@ -67,7 +67,7 @@ constexpr qint64 MINUTO = 60000;
 
 // Their places, in design units: the lines in the cell of the grid that has no button, the notice on the
 // lower edge of the picture.
-constexpr qint32 STATO_MARGINE_X = 120;
+constexpr qint32 STATO_MARGINE_X = 40;
 constexpr qint32 STATO_MARGINE_Y = 10;
 constexpr double STATO_PUNTI = 1.15; // times the normal size
 constexpr qint32 AVVISO_X = 400;

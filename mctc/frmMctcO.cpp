@@ -61,7 +61,7 @@ struct Posto
     qint32 x, y, larga, alta;
 };
 
-constexpr Posto POSTO_CERCA = {8000, 20, 7000, 460};
+constexpr Posto POSTO_CERCA = {8000, 0, 7000, 490};
 constexpr Posto POSTO_ATTESA = {8000, 10840, 7000, 620};
 constexpr Posto POSTO_TARGA = {100, 9540, 3400, 1100};
 constexpr Posto POSTO_AVVISO = {3550, 9540, 3450, 1100};

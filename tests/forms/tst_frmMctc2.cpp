@@ -607,7 +607,7 @@ private Q_SLOTS:
             gScreenH = 11520;
             Apri(false);
             for (int i = 0; i <= RIGA_SIMMETRICO; ++i) {
-                const int alta = Pixel_DaTwip(ScalaX(i < RIGHE_VEICOLO ? 255 : 500));
+                const int alta = Pixel_DaTwip(ScalaX(i < RIGHE_VEICOLO ? 280 : 500));
                 QVERIFY(qAbs(Etichetta_Di(i)->height() - alta) <= 1);
             }
             for (int i = RIGA_ALTEZZA; i <= RIGA_SIMMETRICO; ++i)
