@@ -3,9 +3,9 @@
 
 #include "core/modGeneral.h"
 
-Veicolo gVeicolo;
+VeicoloInMano gVeicolo;
 
-Veicolo Veicolo_Leggi(const QString &file)
+VeicoloInMano Veicolo_Leggi(const QString &file)
 {
     if (file.isEmpty())
         return {};

@@ -4,17 +4,17 @@
 
 #include <QString>
 
-struct Veicolo
+struct VeicoloInMano
 {
     QString Targa;
     QString Descrizione; ///< make and model
 };
 
 /// Plate, make and model of an acceptance file; empty texts for what it does not hold, or without a file.
-Veicolo Veicolo_Leggi(const QString &file);
+VeicoloInMano Veicolo_Leggi(const QString &file);
 
 /// The vehicle of the session at hand, from gFileAcc; empty for a test without a file.
-extern Veicolo gVeicolo;
+extern VeicoloInMano gVeicolo;
 
 /// Takes gVeicolo from gFileAcc.
 void Veicolo_Prendi();

@@ -33,6 +33,14 @@ void File_Elimina(const QString &percorso)
         Solleva(NumeroErrore::PermessoNegato);
 }
 
+QStringList Unita_Disco()
+{
+    QStringList unita;
+    for (const QFileInfo &radice : QDir::drives())
+        unita.append(QDir::toNativeSeparators(radice.path()).replace(u'/', u'\\'));
+    return unita;
+}
+
 FileRighe::FileRighe(const QString &percorso)
 {
     QFile file(Percorso_Nativo(percorso));

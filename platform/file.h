@@ -12,6 +12,9 @@ void File_ScriviRighe(const QString &percorso, const QStringList &righe);
 /// Deletes a file. @throws ErroreEsecuzione 53 when there is none, 70 when it may not be deleted.
 void File_Elimina(const QString &percorso);
 
+/// Where folders begin: the drives of the machine, each with its backslash.
+QStringList Unita_Disco();
+
 /// A text file open for reading line by line: a line ends at CR, LF or CR LF, the last one also without.
 class FileRighe
 {

@@ -76,17 +76,18 @@ constexpr qint32 PASSO_Y = 620;
 constexpr qint32 SECONDA_X = 4300; // second box of a line, from the column's left
 constexpr qint32 SECONDA_LARGA[] = {2600, 3200};
 constexpr qint32 CASELLA_ALTA = 330;
-constexpr qint32 ETICHETTA_ALTA = 280;
+constexpr qint32 ETICHETTA_ALTA = 215;
 constexpr qint32 FARO_X = 350;
 constexpr qint32 FARO_PASSO = 2200;
 constexpr qint32 FARO_Y = 2950;
 constexpr qint32 FARO_ALTO = 450;
 constexpr qint32 FARO_ETICHETTA_LARGA = 2000; // twips: it does not grow with the screen
-constexpr qint32 FARO_ETICHETTA_ALTA = 500;
+constexpr qint32 FARO_ETICHETTA_ALTA = 430;
 constexpr qint32 TARGA_Y = 4600;
 constexpr qint32 TARGA_ALTA = 1080;
 
 // Type, in times of the normal size.
+constexpr double PUNTI_ETICHETTA = 0.9; // three lines of labels and boxes share a height that is given
 constexpr double PUNTI_CAMPO = 1.15;
 constexpr double PUNTI_TARGA = 3.5;
 constexpr double PUNTI_MOTIVO = 2.2;
@@ -144,7 +145,7 @@ void frmMctc2::Disegno()
 {
     Massimizza();
     lbl.Carica(0).Posto(0, 0, ScalaX(2000), ETICHETTA_ALTA);
-    lbl[0].FontSize(Punti_Normali() * PUNTI_CAMPO);
+    lbl[0].FontSize(Punti_Normali() * PUNTI_ETICHETTA);
     txt.Carica(0).Posto(0, 0, ScalaX(2000), ScalaY(CASELLA_ALTA));
     txt[0].FontSize(Punti_Normali() * PUNTI_CAMPO);
     chk.Carica(0).Posto(0, 0, ScalaX(500), ScalaY(FARO_ALTO));

@@ -5,11 +5,10 @@
 #include "core/modFs.h"
 #include "core/modGeneral.h"
 #include "platform/elenco.h"
+#include "platform/file.h"
 #include "toolkit/lettura.h"
 #include "toolkit/schermo.h"
 #include "toolkit/titolo.h"
-
-#include <QDir>
 
 namespace {
 
@@ -36,14 +35,6 @@ QString Sopra(const QString &cartella)
 {
     const QString senza = cartella.chopped(1);
     return senza.left(senza.lastIndexOf(u'\\') + 1);
-}
-
-QStringList Unita_Disco()
-{
-    QStringList unita;
-    for (const QFileInfo &radice : QDir::drives())
-        unita.append(QDir::toNativeSeparators(radice.path()).replace(u'/', u'\\'));
-    return unita;
 }
 
 /// Folders that an operator knows: neither hidden nor the marks of the listing itself.

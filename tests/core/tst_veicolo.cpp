@@ -39,7 +39,7 @@ private Q_SLOTS:
     void legge()
     {
         QFETCH(QByteArray, chiavi);
-        const Veicolo veicolo = Veicolo_Leggi(File(chiavi));
+        const VeicoloInMano veicolo = Veicolo_Leggi(File(chiavi));
         QTEST(veicolo.Targa, "targa");
         QTEST(veicolo.Descrizione, "descrizione");
     }

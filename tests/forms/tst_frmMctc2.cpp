@@ -554,7 +554,7 @@ private Q_SLOTS:
         QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
         QVERIFY(Visibile(*form, "lblTarga") && !Visibile(*form, "lblMotivo"));
         QVERIFY(Widget_Di(*form, "lblTarga")->fontInfo().pixelSize() >
-                3 * Casella(3)->fontInfo().pixelSize());
+                2 * Casella(3)->fontInfo().pixelSize());
         form->Scarica();
         Apri(false);
         Scrivi(*form, "txt_3", QStringLiteral("ZZ9"));
@@ -607,7 +607,7 @@ private Q_SLOTS:
             gScreenH = 11520;
             Apri(false);
             for (int i = 0; i <= RIGA_SIMMETRICO; ++i) {
-                const int alta = Pixel_DaTwip(ScalaX(i < RIGHE_VEICOLO ? 280 : 500));
+                const int alta = Pixel_DaTwip(ScalaX(i < RIGHE_VEICOLO ? 215 : 430));
                 QVERIFY(qAbs(Etichetta_Di(i)->height() - alta) <= 1);
             }
             for (int i = RIGA_ALTEZZA; i <= RIGA_SIMMETRICO; ++i)

@@ -91,7 +91,7 @@ private:
     void Leggi_Rapporto(Regia &regia)
     {
         regia.Quando("frmMsg", [this](Modulo &msg) {
-            rapporto = Testo_Di(msg, "lbl_0");
+            rapporto = Widget_Di(msg, "lbl_0")->accessibleName(); // all of it; the list shows it line by line
             QCOMPARE(Predefinito<frmMsg>().Mode, qint16{1});
             QCOMPARE(Predefinito<frmMsg>().TopMost, qint16{-1});
             Premi(msg, "cmd_0");

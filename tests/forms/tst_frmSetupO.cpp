@@ -567,7 +567,10 @@ private Q_SLOTS:
         const QRect riga = vista->visualRect(vista->currentIndex());
         const QImage immagine = vista->viewport()->grab().toImage();
         const QPoint angolo(immagine.width() - Spessore_Linea(4), riga.center().y()); // clear of its text
-        QCOMPARE(immagine.pixelColor(angolo), Colore_Tema(Tinta::Fuoco));
+        const QColor mostrato = immagine.pixelColor(angolo);
+        const QColor atteso = Colore_Tema(Tinta::Fuoco);
+        for (const auto canale : {&QColor::red, &QColor::green, &QColor::blue})
+            QVERIFY(qAbs((mostrato.*canale)() - (atteso.*canale)()) <= 1); // a style sheet rounds
         Combo(LINGUA)->hidePopup();
     }
 

@@ -118,20 +118,24 @@ struct Sottosoglia
 };
 
 constexpr Sottosoglia SOTTOSOGLIA[] = {
-    {"frmEsito",         "cmd_.*",              Lettera, 8.5,  "the width of the buttons is given"                   },
-    {"frmEsito",         "lbl_.*|lblTipo",      Lettera, 5.8,  "the captions stand 300 above their boxes"            },
-    {"frmEsito",         "lblDes_.*",           Lettera, 6.6,  "their width is given, and the heads stand 350 below" },
-    {"frmEsito",         "lblPar_[0-3]",        Lettera, 5.2,  "the columns are 1300 wide; lblGuasto names the lamps"},
-    {"frmEsito",         "lblPar_[4-6]",        Lettera, 5.3,  "long words between the frame and the cells"          },
-    {"frmEsito",         "lblTab_([89]|1[01])", Lettera, 9.4,  "five signs in a cell of 1300"                        },
-    {"frmMain",          "cmdMnu_.*",           Lettera, 9.4,  "the size of the menu's type is given"                },
-    {"frmMain",          "lblStato_.*",         Lettera, 4.4,  "four lines in the place of a button"                 },
-    {"frmMctc2",         "cmd_.*",              Lettera, 6.7,  "given for the smallest screen"                       },
-    {"frmMctc2",         "lbl_1[234]",          Lettera, 4.6,  "their width is given"                                },
-    {"frmMctcO",         "(lbl|txt|lblDes)_.*", Lettera, 4.4,  "frames and pitch of its rows are given"              },
-    {"frmMctcO",         "lstAuto",             Premuto, 12.6, "its frame is low, and shows 3 lines"                 },
-    {"frmControlliMctc", "cbo_.*",              Lettera, 4.0,  "the width of the lists is given"                     },
-    {"frmVerPerO",       "lbl_.*",              Lettera, 3.2,  "200 twips from one box to the next are all there is" },
+    {"frmEsito",         "cmd_.*",              Lettera, 8.5,  "the width of the buttons is given"                    },
+    {"frmEsito",         "lbl_.*|lblTipo",      Lettera, 5.8,  "the captions stand 300 above their boxes"             },
+    {"frmEsito",         "lblDes_.*",           Lettera, 6.6,  "their width is given, and the heads stand 350 below"  },
+    {"frmEsito",         "lblPar_[0-3]",        Lettera, 5.2,  "the columns are 1300 wide; lblGuasto names the lamps" },
+    {"frmEsito",         "lblPar_[4-6]",        Lettera, 5.3,  "long words between the frame and the cells"           },
+    {"frmEsito",         "lblTab_([89]|1[01])", Lettera, 9.4,  "five signs in a cell of 1300"                         },
+    {"frmMain",          "cmdMnu_.*",           Lettera, 9.4,  "the size of the menu's type is given"                 },
+    {"frmMain",          "lblStato_.*",         Lettera, 4.4,  "four lines in the place of a button"                  },
+    {"frmMctc2",         "cmd_.*",              Lettera, 6.7,  "given for the smallest screen"                        },
+    {"frmMctc2",         "lbl_.*",              Lettera, 3.9,  "rows of labels and boxes share a height that is given"},
+    {"frmComm",          "lbl_0",               Lettera, 15.7, "its longest sentence, on the smallest screen"         },
+    {"frmMctcO",         "lblAvviso",           Lettera, 9.4,  "its longest sentence beside the buttons"              },
+    {"frmMsg",           "lbl_0",               Lettera, 9.1,  "a low message has the height that is given"           },
+    {"frmSetupO",        "lbl_.*",              Lettera, 4.9,  "a hair, on the smallest screen"                       },
+    {"frmMctcO",         "(lbl|txt|lblDes)_.*", Lettera, 4.4,  "frames and pitch of its rows are given"               },
+    {"frmMctcO",         "lstAuto",             Premuto, 12.6, "its frame is low, and shows 3 lines"                  },
+    {"frmControlliMctc", "cbo_.*",              Lettera, 4.0,  "the width of the lists is given"                      },
+    {"frmVerPerO",       "lbl_.*",              Lettera, 3.2,  "200 twips from one box to the next are all there is"  },
 };
 
 bool Corrisponde(const char *modello, const QString &nome)
