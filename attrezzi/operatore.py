@@ -372,8 +372,9 @@ class Programma:
         return bool(self.guarda(presente))
 
     def mostra(self, testo):
-        """True when the title or a label of the window that has the keyboard holds this text."""
-        return any(testo in t for t in [self.titolo() or "", *self.testi()])
+        """True when the title, a label or a list of the window that has the keyboard holds this text: a long message
+        is a list, and bears all of it as its name."""
+        return any(testo in t for t in [self.titolo() or "", *self.testi(), *self.nomi("list")])
 
     def in_collegamento(self):
         """True when the link form has the keyboard: it alone has the traffic of the line."""

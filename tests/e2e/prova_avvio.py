@@ -50,7 +50,7 @@ class Avvio(ProvaStazione):
         self.stazione.cartella.chmod(0o555)
         self.addCleanup(self.stazione.cartella.chmod, 0o755)
         programma = self.avviso(AVVISO)
-        self.assertTrue(any("\\lumira.ini)" in testo for testo in programma.testi()), programma.testi())
+        self.assertTrue(programma.mostra("\\lumira.ini)"), programma.testi())
         programma.premi("Ok")
         programma.premi("Informazioni")
         programma.attendi_testo("Informazioni")
