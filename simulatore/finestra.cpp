@@ -25,6 +25,13 @@ constexpr int CIFRA_MASSIMA = 9999;
 constexpr int CURSORE_MASSIMO = 2000;
 constexpr int CURSORE_PAGINA = 50;
 
+/// Pixels. On a screen of 1024 by 768 the window leaves room for its frame and for a panel.
+constexpr int LARGA = 980;
+constexpr int ALTA = 660;
+constexpr int CURSORE_LARGO = 170;
+/// The state is looked for from across a table, the rest is not.
+constexpr double STATO_PUNTI = 1.4;
+
 constexpr qsizetype CIFRE = 4;
 constexpr qsizetype POSTO_VERTICALE = 4;
 constexpr qsizetype POSTO_ORIZZONTALE = 5;
@@ -45,6 +52,14 @@ void Scegli(QComboBox &scelta, char carattere)
     scelta.setCurrentIndex(scelta.findData(dato));
 }
 
+/// What a control is, for who does not see it. The name of a combo box is on some systems what is chosen in
+/// it: there its description tells.
+void Battezza(QWidget &controllo, const QString &nome)
+{
+    controllo.setAccessibleName(nome);
+    controllo.setAccessibleDescription(nome);
+}
+
 char Scelto(const QComboBox &scelta)
 {
     return scelta.currentData().toString().front().toLatin1();
@@ -60,10 +75,12 @@ FinestraQx5::FinestraQx5(Lingua lingua) : m_lingua(lingua)
     disposizione->addWidget(Crea_Veicolo(), 1, 0);
     disposizione->addWidget(Crea_Guasti(), 0, 1, 2, 1);
     disposizione->addWidget(Crea_Trame(), 2, 0, 1, 2);
-    disposizione->setRowStretch(2, 1);
+    disposizione->setRowStretch(1, 1);
+    disposizione->setRowStretch(2, 3);
     disposizione->setColumnStretch(0, 1);
     m_dopo.setSingleShot(true);
     connect(&m_dopo, &QTimer::timeout, this, [this] { Mostra(); });
+    resize(LARGA, ALTA);
 }
 
 void FinestraQx5::Comincia(Strumento &strumento, const QString &porta)
@@ -103,6 +120,9 @@ QWidget *FinestraQx5::Crea_Stato()
             m_strumento->Stato_Imposta(stato);
             m_dopo.start(0);
         });
+        QFont carattere = bottone->font();
+        carattere.setPointSizeF(carattere.pointSizeF() * STATO_PUNTI);
+        bottone->setFont(carattere);
         m_stati[i] = bottone;
         riga->addWidget(bottone);
     }
@@ -142,12 +162,13 @@ void FinestraQx5::Crea_Fascio(size_t numero, QGridLayout &griglia)
     const QString codice = QString::fromUtf16(NOMI_RECORD[numero]);
     const auto battezza = [&nome, &codice](QWidget *controllo, const QString &prefisso, const QString &cosa) {
         controllo->setObjectName(prefisso + u'_' + codice);
-        controllo->setAccessibleName(nome + QStringLiteral(", ") + cosa);
+        Battezza(*controllo, nome + QStringLiteral(", ") + cosa);
     };
 
     fascio.cursore = new QSlider(Qt::Horizontal);
     fascio.cursore->setRange(0, CURSORE_MASSIMO);
     fascio.cursore->setPageStep(CURSORE_PAGINA);
+    fascio.cursore->setMinimumWidth(CURSORE_LARGO);
     fascio.cifra = new QSpinBox;
     fascio.cifra->setRange(0, CIFRA_MASSIMA);
     fascio.cifra->setSuffix(QStringLiteral("00 lux"));
@@ -208,7 +229,7 @@ QWidget *FinestraQx5::Crea_Guasti()
         acceso->setObjectName(QStringLiteral("guasto_") + Guasto_Nome(tipo));
         auto *comando = new QComboBox;
         comando->setObjectName(QStringLiteral("comando_") + Guasto_Nome(tipo));
-        comando->setAccessibleName(nome + QStringLiteral(", ") + Parole(Parola::Comando));
+        Battezza(*comando, nome + QStringLiteral(", ") + Parole(Parola::Comando));
         comando->addItem(Parole(Parola::Tutti));
         for (const DefComando &def : Comandi_Tutti())
             comando->addItem(QString::fromUtf16(def.nome), static_cast<int>(def.codice));

@@ -68,6 +68,23 @@ constexpr DefParola PAROLE[] = {
 };
 // clang-format on
 
+/// Both tables are entered by the number of what they are of.
+constexpr bool Tabelle_InOrdine()
+{
+    size_t riga = 0;
+    for (const DefParola &def : PAROLE) {
+        if (static_cast<size_t>(def.parola) != riga++)
+            return false;
+    }
+    riga = 0;
+    for (const DefLingua &def : LINGUE) {
+        if (static_cast<size_t>(def.lingua) != riga++)
+            return false;
+    }
+    return std::size(PAROLE) == static_cast<size_t>(Parola::Trame) + 1;
+}
+static_assert(Tabelle_InOrdine());
+
 template <typename Indice>
 Parola Parola_Dopo(Parola prima, Indice indice)
 {
