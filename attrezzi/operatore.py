@@ -300,18 +300,22 @@ class SchermoVirtuale:
 
 
 class Programma:
-    """The station program, running on a virtual display."""
+    """A program with windows, by default that of the station, running on a virtual display."""
 
     SCHERMATE = os.environ.get("LUMIRA_SCHERMATE")  # where a wait that failed leaves its picture
 
-    def __init__(self, stazione, schermo, *davanti, **ambiente):
-        """@param davanti command that runs the program, if it is not run by itself."""
+    def __init__(self, stazione, schermo, *davanti, comando=None, **ambiente):
+        """
+        @param davanti command that runs the program, if it is not run by itself.
+        @param comando another program and its arguments.
+        """
         self.schermo = schermo
-        self._diario = stazione.percorso("lumira.out")
+        comando = [stazione.percorso("lumira")] if comando is None else comando
+        self._diario = stazione.percorso(f"{Path(comando[0]).name}.out")
         self._applicazione = None
         with open(self._diario, "wb") as diario:
             self.processo = avvia_processo(
-                [*davanti, stazione.percorso("lumira")],
+                [*davanti, *comando],
                 cwd=stazione.cartella,
                 env=schermo.ambiente | ambiente,
                 stdout=diario,

@@ -151,7 +151,9 @@ QWidget *FinestraQx5::Crea_Veicolo()
     connect(m_tieni, &QCheckBox::toggled, this, [this](bool tieni) {
         m_strumento->Record_Fissa(tieni ? std::optional(Record_Scelti()) : std::nullopt);
     });
-    griglia->addWidget(m_tieni, static_cast<int>(m_fasci.size()) + 1, 0, 1, 5);
+    const int dopo = static_cast<int>(m_fasci.size()) + 1;
+    griglia->addWidget(m_tieni, dopo, 0, 1, 5);
+    griglia->setRowStretch(dopo + 1, 1); // what is left over stands below, not between
     return gruppo;
 }
 

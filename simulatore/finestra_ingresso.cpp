@@ -26,6 +26,7 @@ int Finestra_Esegui(const Opzioni &opzioni)
         return Errore_Mostra(errore);
     finestra.Comincia(esercizio.Suo_Strumento(), esercizio.Porta());
     finestra.show();
+    finestra.activateWindow(); // the terminal that it was started from has the keyboard
     return QCoreApplication::exec();
 }
 
