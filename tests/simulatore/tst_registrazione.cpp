@@ -145,22 +145,25 @@ void tst_registrazione::errori_data()
 {
     QTest::addColumn<QByteArray>("testo");
     QTest::addColumn<QString>("errore");
-    const auto riga = [](const char *testo, const char16_t *errore) {
-        QTest::newRow(testo) << QByteArray(testo) << QString::fromUtf16(errore);
+    const auto riga = [](const char *nome, const char *testo, const char16_t *errore) {
+        QTest::newRow(nome) << QByteArray(testo) << QString::fromUtf16(errore);
     };
-    riga("", u": non è una registrazione di qx5sim");
-    riga("qx5sim registrazione", u": non è una registrazione di qx5sim");
-    riga("qx5sim registrazione x", u": non è una registrazione di qx5sim");
-    riga("qx5sim registrazione 0", u": non è una registrazione di qx5sim");
-    riga("qx5sim registrazione 2", u": registrazione di formato 2: questo programma legge fino al 1");
-    riga("qx5sim registrazione 1\n\nstazione 02", u", riga 3: non ha la forma");
-    riga("qx5sim registrazione 1\n12 stazione", u", riga 2: non ha la forma");
-    riga("qx5sim registrazione 1\n12 stazione 2", u", riga 2: non ha la forma");
-    riga("qx5sim registrazione 1\n12 stazione 02 4G", u", riga 2: non ha la forma");
-    riga("qx5sim registrazione 1\n-1 stazione 02", u", riga 2: non ha la forma");
-    riga("qx5sim registrazione 1\n12 operatore 02",
-         u", riga 2: \"operatore\" non è né stazione né strumento");
-    riga("qx5sim registrazione 1\n12 stazione 02\n11 strumento 02", u", riga 3: il tempo torna indietro");
+    const auto corpo = [](const char *nome, const char *testo, const char16_t *errore) {
+        QTest::newRow(nome) << QByteArray("qx5sim registrazione 1\n") + testo << QString::fromUtf16(errore);
+    };
+    riga("vuota", "", u": non è una registrazione di qx5sim");
+    riga("senza formato", "qx5sim registrazione", u": non è una registrazione di qx5sim");
+    riga("formato non numero", "qx5sim registrazione x", u": non è una registrazione di qx5sim");
+    riga("formato zero", "qx5sim registrazione 0", u": non è una registrazione di qx5sim");
+    riga("formato di domani", "qx5sim registrazione 2",
+         u": registrazione di formato 2: questo programma legge fino al 1");
+    corpo("senza tempo", "\nstazione 02", u", riga 3: non ha la forma");
+    corpo("senza byte", "12 stazione", u", riga 2: non ha la forma");
+    corpo("mezzo byte", "12 stazione 2", u", riga 2: non ha la forma");
+    corpo("cifra errata", "12 stazione 02 4G", u", riga 2: non ha la forma");
+    corpo("tempo negativo", "-1 stazione 02", u", riga 2: non ha la forma");
+    corpo("altra voce", "12 operatore 02", u", riga 2: \"operatore\" non è né stazione né strumento");
+    corpo("tempo indietro", "12 stazione 02\n11 strumento 02", u", riga 3: il tempo torna indietro");
 }
 
 void tst_registrazione::errori()
