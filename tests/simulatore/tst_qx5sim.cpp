@@ -593,7 +593,7 @@ void tst_qx5sim::registrazioneRiprodotta_data()
 {
     QTest::addColumn<QStringList>("opzioni");
     QTest::addColumn<qint64>("almeno"); // ms of the whole
-    QTest::newRow("con i suoi tempi") << QStringList() << qint64{800};
+    QTest::newRow("con i suoi tempi") << QStringList() << qint64{750};
     QTest::newRow("svelta") << QStringList(QStringLiteral("--svelto")) << qint64{0};
 }
 
