@@ -65,8 +65,8 @@ private:
 
     ArrayControlli<Etichetta> lblDes;
     ArrayControlli<Titolo> lblIntestazione; ///< over the rows of the frames
-    ArrayControlli<Etichetta> lblPercorso;  ///< the whole path of rows 20 and 21
-    ArrayControlli<Pulsante> cmdSfoglia;    ///< choose a folder for rows 20 and 21
+    ArrayControlli<Etichetta> lblPercorso;  ///< the whole path of RigaRisultati and RigaDati
+    ArrayControlli<Pulsante> cmdSfoglia;    ///< choose a folder for these
     std::shared_ptr<frmComm> formComm;
     std::shared_ptr<dlgPwd> frmPwd;
     quint8 mPwdEsito = 0; // what the password box reported last
