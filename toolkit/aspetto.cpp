@@ -185,7 +185,7 @@ QString Carattere_Fisso()
 int Carattere_Minimo()
 {
     const double punti = std::min(PUNTI_MINIMI, Punti_Normali() * PARTE_MINIMA);
-    return static_cast<int>(std::lround(Pixel_DaPunti(punti)));
+    return Pixel_Interi(punti);
 }
 
 void Aspetto_Applica(QApplication &applicazione)
@@ -193,7 +193,7 @@ void Aspetto_Applica(QApplication &applicazione)
     applicazione.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     applicazione.setPalette(Tavolozza());
     QFont carattere(Carattere_Normale());
-    carattere.setPixelSize(static_cast<int>(std::lround(Pixel_DaPunti(Punti_Normali()))));
+    carattere.setPixelSize(Pixel_Interi(Punti_Normali()));
     applicazione.setFont(carattere);
     applicazione.setStyleSheet(Foglio());
 }

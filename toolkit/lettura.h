@@ -13,6 +13,7 @@ class Etichetta;
 inline constexpr double LETTURA_AUTO = 3.45;     ///< read from the car: 16 minutes at two metres
 inline constexpr double LETTURA_SCHERMO = 2.2;   ///< read in passing: 10 minutes
 inline constexpr double LETTURA_TASTIERA = 1.15; ///< read by who sits there: 5 minutes
+inline constexpr double LETTURA_COMODA = 1.4;    ///< the same where there is room: headings, few buttons
 
 /// Height of a button that an operator presses, in design units: 15 mm.
 inline constexpr qint32 BERSAGLIO_ALTO = 780;
