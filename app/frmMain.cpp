@@ -26,6 +26,7 @@
 #include "setup/frmAnagOffO.h"
 #include "setup/frmSetupO.h"
 #include "toolkit/applicazione.h"
+#include "toolkit/lettura.h"
 #include "toolkit/risalto.h"
 #include "toolkit/schermo.h"
 
@@ -69,11 +70,9 @@ constexpr qint64 MINUTO = 60000;
 // lower edge of the picture.
 constexpr qint32 STATO_MARGINE_X = 40;
 constexpr qint32 STATO_MARGINE_Y = 10;
-constexpr double STATO_PUNTI = 1.15; // times the normal size
 constexpr qint32 AVVISO_X = 400;
 constexpr qint32 AVVISO_SOTTO = 250;
 constexpr qint32 AVVISO_ALTO = 1900;
-constexpr double AVVISO_PUNTI = 2.3;
 
 /// Logo of a further customer variant, with a password of its own: a hook, no code assigns it today.
 constexpr const char16_t *LOGO_NORVO = u"norvo_logo.gif";
@@ -186,13 +185,13 @@ void frmMain::Disponi_Stato(qint32 cima, qint32 larghezza, qint32 altezza)
     const qint32 riga = (altezza - 2 * ScalaY(STATO_MARGINE_Y)) / RIGHE_STATO;
     for (qint16 i = 0; i < RIGHE_STATO; ++i) {
         Etichetta &etichetta = lblStato.Carica(i);
-        etichetta.FontSize(Punti_Normali() * STATO_PUNTI);
+        etichetta.FontSize(Punti_Normali() * LETTURA_TASTIERA);
         etichetta.Posto(PULSANTE_NASCOSTO % COLONNE_MENU * larghezza + ScalaX(STATO_MARGINE_X),
                         sopra + i * riga, larghezza - 2 * ScalaX(STATO_MARGINE_X), riga);
         etichetta.Visible(true);
     }
     const qint32 fine = imgLogo->Top() + imgLogo->Height() - ScalaY(AVVISO_SOTTO);
-    lblAvviso->FontSize(Punti_Normali() * AVVISO_PUNTI);
+    lblAvviso->FontSize(Punti_Normali() * LETTURA_SCHERMO);
     lblAvviso->FontBold(true);
     lblAvviso->BackColor(COLORE_BIANCO);
     lblAvviso->Bordo_Evidente();
