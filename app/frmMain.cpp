@@ -61,7 +61,6 @@ constexpr TestoMctc VOCI_MENU[ULTIMO_PULSANTE + 1] = {
 constexpr qint16 VOCI_SPENTE[] = {0, 3};
 
 // The state of the station.
-constexpr qint16 RIGHE_STATO = 4;
 constexpr int DOPO_RITORNO = 100; // ms: the menu is painted first
 constexpr int FRA_DUE_SGUARDI = 30000;
 constexpr qint64 MINUTO = 60000;
@@ -256,10 +255,11 @@ void frmMain::Rileva()
 
 void frmMain::Mostra_Stato()
 {
-    const QList<RigaStato> righe = Stato_Righe(mRilievo);
-    for (qint16 i = 0; i < RIGHE_STATO; ++i) {
-        lblStato[i].FontBold(righe[i].Avviso);
-        lblStato[i].Caption(righe[i].Testo);
+    qint16 i = 0;
+    for (const RigaStato &riga : Stato_Righe(mRilievo)) {
+        Etichetta &etichetta = lblStato[i++];
+        etichetta.FontBold(riga.Avviso);
+        etichetta.Caption(riga.Testo);
     }
 }
 
