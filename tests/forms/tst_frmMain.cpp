@@ -15,7 +15,6 @@
 #include "mctc/cartella_scambio.h"
 #include "mctc/frmMctcO.h"
 #include "platform/percorsi.h"
-#include "platform/porta_seriale.h"
 #include "report/frmMctc2.h"
 #include "setup/frmSetupO.h"
 #include "tests/comuni/testi_prova.h"
@@ -56,11 +55,16 @@ constexpr int FRA_DUE_SGUARDI = 30000;
 int gLentezza = 0;
 int gSguardi = 0;
 
+/// The one port that the machine has; 0 for none.
+qint16 gPorta = 0;
+
 } // namespace
 
 // The linker leads the menu's look at the folder through the second of these, on to the first.
 CartellaScambio Cartella_Vera(const QString &cartella) asm("__real__Z15Cartella_GuardaRK7QString");
 CartellaScambio Cartella_Chiesta(const QString &cartella) asm("__wrap__Z15Cartella_GuardaRK7QString");
+// And its question for a port to this one.
+bool Porta_Chiesta(qint16 numero) asm("__wrap__Z14Porta_Presentes");
 
 /// A network that takes its time.
 CartellaScambio Cartella_Chiesta(const QString &cartella)
@@ -68,6 +72,12 @@ CartellaScambio Cartella_Chiesta(const QString &cartella)
     ++gSguardi;
     Orologio_Banco().Avanza(gLentezza);
     return Cartella_Vera(cartella);
+}
+
+/// A machine whose adapter is plugged in and pulled out by the test.
+bool Porta_Chiesta(qint16 numero)
+{
+    return numero == gPorta;
 }
 
 namespace {
@@ -232,6 +242,7 @@ private Q_SLOTS:
         Far_Azzera();
         Sessione_Annota(QString());
         gLentezza = gSguardi = 0;
+        gPorta = 1;
     }
     void cleanup()
     {
@@ -299,8 +310,7 @@ private Q_SLOTS:
         QVERIFY(Voce(2)->isVisible());
     }
 
-    // --- what stands out
-    // ------------------------------------------------------------------------------------
+    // --- what stands out -----------------------------------------------------------------------------------
 
     /// The working day begins with Enter.
     void laProvaHaIlPrimoFuoco()
@@ -337,8 +347,7 @@ private Q_SLOTS:
         }
     }
 
-    // --- the state of the station
-    // ---------------------------------------------------------------------------
+    // --- the state of the station --------------------------------------------------------------------------
 
     /// The lines stand where the ninth button would; all but the folder at once, the folder when the menu has
     /// been painted.
@@ -354,12 +363,30 @@ private Q_SLOTS:
             QVERIFY(cella.contains(Membro_Di<QLabel>(*form, "lblStato", i)->geometry()));
         QCOMPARE(Stato(0), QStringLiteral("lumira ") + Versione_Programma());
         QCOMPARE(Stato(1), QString());
-        QCOMPARE(Stato(2), Porta_Presente(1) ? QStringLiteral("Porta COM1 presente")
-                                             : QStringLiteral("Porta COM1 assente"));
+        QCOMPARE(Stato(2), QStringLiteral("Porta COM1 presente"));
         QCOMPARE(Stato(3), QStringLiteral("Verifica valida fino al 31/12/2027"));
         Orologio_Banco().Avanza(DOPO_RITORNO);
         QCOMPARE(Stato(1), QStringLiteral("Cartella: 1 in attesa"));
         QCOMPARE(gSguardi, 1);
+        QVERIFY(Avviso().isEmpty()); // a station in order asks for nobody
+    }
+
+    /// An adapter that is pulled out and plugged in again: told at the next look.
+    void portaCheVaEViene()
+    {
+        Imposta_Porta(QStringLiteral("12"));
+        gPorta = 12;
+        Apri();
+        QCOMPARE(Stato(2), QStringLiteral("Porta COM12 presente"));
+        QVERIFY(Avviso().isEmpty());
+        gPorta = 0;
+        Orologio_Banco().Avanza(DOPO_RITORNO);
+        QCOMPARE(Stato(2), QStringLiteral("Porta COM12 assente"));
+        QCOMPARE(Avviso(), QStringLiteral("Porta COM12 assente"));
+        gPorta = 12;
+        Orologio_Banco().Avanza(FRA_DUE_SGUARDI);
+        QCOMPARE(Stato(2), QStringLiteral("Porta COM12 presente"));
+        QVERIFY(Avviso().isEmpty());
     }
 
     void senzaListaLaCartellaNonSiGuarda()
@@ -484,14 +511,16 @@ private Q_SLOTS:
 
     void statoNellaLinguaNuova()
     {
+        Imposta_Porta(QStringLiteral("77"));
         Apri();
         Orologio_Banco().Avanza(DOPO_RITORNO);
         Premi(*form, "cmdMnu_1");
         gLingua = QStringLiteral("EN");
-        qint16 codice = 2;
+        qint16 codice = SetupLingua;
         QVariant valore = 0;
         Q_EMIT Modulo_Aperto<frmSetupO>("frmSetupO")->Notifica(codice, valore);
         QCOMPARE(Stato(1), QStringLiteral("Folder: no vehicles"));
+        QCOMPARE(Avviso(), QStringLiteral("Port COM77 not found"));
     }
 
     // --- picture and password -----------------------------------------------------------------------------
