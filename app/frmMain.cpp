@@ -4,7 +4,6 @@
 
 #include "app/modApp.h"
 #include "core/codici.h"
-#include "core/esito_sessione.h"
 #include "core/modCtl.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
@@ -63,7 +62,7 @@ constexpr qint16 VOCI_SPENTE[] = {0, 3};
 // The state of the station.
 constexpr int DOPO_RITORNO = 100; // ms: the menu is painted first
 constexpr int FRA_DUE_SGUARDI = 30000;
-constexpr qint64 MINUTO = 60000;
+constexpr int MINUTO = 60000;
 
 // Their places, in design units: the lines in the cell of the grid that has no button, the notice on the
 // lower edge of the picture.
@@ -112,7 +111,7 @@ frmMain::frmMain()
       cmdMnu(QStringLiteral("cmdMnu")),
       lblStato(QStringLiteral("lblStato")),
       tmrStato([this] { Esegui([this] { tmrStato_Timer(); }); }),
-      tmrAvviso([this] { Esegui([this] { Mostra_Avviso(); }); })
+      tmrAvviso([this] { Esegui([this] { tmrAvviso_Timer(); }); })
 {
 }
 
@@ -263,18 +262,24 @@ void frmMain::Mostra_Stato()
     }
 }
 
+/// The failure's minute begins when the menu stands before the operator: who read the message of the form
+/// between, or waited for a slow machine, has lost nothing of it. Another form in front shows it to nobody.
+void frmMain::Prendi_FineSessione()
+{
+    if (!Attivo() || mFine == Sessione_Fine())
+        return;
+    mFine = Sessione_Fine();
+    tmrAvviso.Interval(MINUTO); // a whole one, also during that of the session before
+    tmrAvviso.Enabled(!mFine.Testo.isEmpty());
+}
+
 /// For a minute what the last session failed of, otherwise the lines of the state that ask for somebody.
 void frmMain::Mostra_Avviso()
 {
-    const FineSessione &fine = Sessione_Fine();
-    const qint64 passati = fine.Quando.msecsTo(Orologio_Corrente().Adesso());
-    const bool fallita = !fine.Testo.isEmpty() && passati >= 0 && passati < MINUTO;
-    tmrAvviso.Enabled(false);
+    Prendi_FineSessione();
     QStringList avvisi;
-    if (fallita) {
-        avvisi.append(fine.Testo);
-        tmrAvviso.Interval(static_cast<int>(MINUTO - passati));
-        tmrAvviso.Enabled(true);
+    if (tmrAvviso.Enabled()) {
+        avvisi.append(mFine.Testo);
     } else {
         for (const RigaStato &riga : Stato_Righe(mRilievo)) {
             if (riga.Avviso && !riga.Testo.isEmpty())
@@ -283,6 +288,12 @@ void frmMain::Mostra_Avviso()
     }
     lblAvviso->Caption(avvisi.join(u'\n'));
     lblAvviso->Visible(!avvisi.isEmpty());
+}
+
+void frmMain::tmrAvviso_Timer()
+{
+    tmrAvviso.Enabled(false);
+    Mostra_Avviso();
 }
 
 // --- the entries -------------------------------------------------------------------------------------------

@@ -50,6 +50,7 @@ const char *const USCITA_DAL_RISULTATO = "uscita-dal-risultato";
 
 constexpr int DOPO_RITORNO = 100; // ms until the menu looks at its folder
 constexpr int FRA_DUE_SGUARDI = 30000;
+constexpr int MINUTO = 60000; // that a failure stays on the menu
 
 /// How long the exchange folder takes to answer, in ms of the test's clock, and how often it was looked at.
 int gLentezza = 0;
@@ -650,17 +651,23 @@ private Q_SLOTS:
         QCOMPARE(Visibile(*veicolo, "lblMotivo"), !motivo.isEmpty());
     }
 
-    /// What ended a session stays on the menu for a minute, in its words, in place of all else.
+    /// What ended a session stays on the menu for a minute, in its words, in place of all else. The minute is
+    /// counted from when the menu shows it, and once.
     void fineDellaSessionePerUnMinuto()
     {
         Imposta_Porta(QStringLiteral("77"));
         Apri();
         Orologio_Banco().Avanza(DOPO_RITORNO);
         QCOMPARE(Avviso(), QStringLiteral("Porta COM77 assente"));
+        Premi(*form, "cmdMnu_5");
+        QVERIFY(Attiva(*Modulo_Aperto("frmAnagOffO")));
         Sessione_Annota(QStringLiteral("Lo strumento non risponde"));
+        Orologio_Banco().Avanza(2 * MINUTO); // a long message is read
+        Premi(*Modulo_Aperto("frmAnagOffO"), "cmd_1");
+        QVERIFY(Attiva(*form));
+        QCOMPARE(Avviso(), QStringLiteral("Lo strumento non risponde"));
         Orologio_Banco().Avanza(20000);
         Va_E_Torna();
-        QCOMPARE(Avviso(), QStringLiteral("Lo strumento non risponde"));
         Orologio_Banco().Avanza(39999);
         QCOMPARE(Avviso(), QStringLiteral("Lo strumento non risponde"));
         Orologio_Banco().Avanza(1);
@@ -671,6 +678,38 @@ private Q_SLOTS:
         Sessione_Annota(QString());
         Va_E_Torna();
         QCOMPARE(Avviso(), QStringLiteral("Porta COM77 assente"));
+    }
+
+    /// A second failure within the minute of the first has a whole one too.
+    void ogniFineHaIlSuoMinuto()
+    {
+        Apri();
+        for (const char16_t *testo : {u"Lo strumento non risponde", u"Linea disturbata"}) {
+            Sessione_Annota(QString::fromUtf16(testo));
+            Va_E_Torna();
+            QCOMPARE(Avviso(), QString::fromUtf16(testo));
+            Orologio_Banco().Avanza(MINUTO - 1);
+            QCOMPARE(Avviso(), QString::fromUtf16(testo));
+        }
+        Orologio_Banco().Avanza(1);
+        QVERIFY(Avviso().isEmpty());
+    }
+
+    /// A change of language, which writes the notice anew behind the form of setup, begins no minute.
+    void ilMinutoNonCominciaDietroUnaFinestra()
+    {
+        Apri();
+        Premi(*form, "cmdMnu_1");
+        const auto setup = Modulo_Aperto<frmSetupO>("frmSetupO");
+        QVERIFY(Attiva(*setup));
+        Sessione_Annota(QStringLiteral("Lo strumento non risponde"));
+        qint16 codice = SetupLingua;
+        QVariant valore = 0;
+        Q_EMIT setup->Notifica(codice, valore);
+        Orologio_Banco().Avanza(MINUTO);
+        setup->Scarica();
+        QVERIFY(Attiva(*form));
+        QCOMPARE(Avviso(), QStringLiteral("Lo strumento non risponde"));
     }
 
     /// An instrument that is off: the menu says it, in the words of the session.
