@@ -75,16 +75,16 @@ constexpr qint32 AVVISO_ALTO = 1900;
 /// Logo of a further customer variant, with a password of its own: a hook, no code assigns it today.
 constexpr const char16_t *LOGO_NORVO = u"norvo_logo.gif";
 
-/// Why the worklist does not open although it is in use.
-QString Motivo_SenzaLista()
+/// Why the worklist does not open although it is in use. @param stato what the look at the folder found.
+QString Motivo_SenzaLista(StatoCartella stato)
 {
-    switch (Cartella_Guarda(gDirAcc).Stato) {
+    switch (stato) {
     case StatoCartella::Mancante:
         return Testo_Mctc(MctcSceltaSenzaCartella);
     case StatoCartella::Illeggibile:
         return Testo_Mctc(MctcSceltaIlleggibile);
     case StatoCartella::Vuota:
-    case StatoCartella::ConAccettazioni: // the first came while the folder was looked at
+    case StatoCartella::ConAccettazioni: // the last went while the folder was listed
         break;
     }
     return Testo_Mctc(MctcSceltaVuota);
@@ -380,21 +380,28 @@ void frmMain::Inizia_Prova()
         return;
     const QScopedValueRollback<bool> apertura(mApertura, true);
     gTipoProva = ProvaScelta;
-    const bool lista = gIniFile && Accettazioni_Presenti();
+    QString motivo;
+    const bool lista = gIniFile && Accettazioni_Presenti(motivo);
     if (!Caricato())
         return; // the way out was taken while the folder was listed
     if (lista)
         Apri_Lista();
     else
-        Apri_Veicolo(gIniFile ? Motivo_SenzaLista() : QString());
+        Apri_Veicolo(motivo);
 }
 
-bool frmMain::Accettazioni_Presenti() const
+/// Whether there is a file to choose. One look finds what the folder holds and, when it holds none, why: a
+/// share that is out of reach lets every look wait.
+/// @param[out] motivo why there is none, in the operator's language.
+bool frmMain::Accettazioni_Presenti(QString &motivo) const
 {
+    const StatoCartella stato = Cartella_Guarda(gDirAcc).Stato;
     QStringList nomi;
-    // A folder that is too deep for its files is as good as none: start-up has said so.
-    return Fs_CartellaAmmessa(gDirAcc) && Fs_Esiste(gDirAcc, 0) &&
-           Fs_Elenco(gDirAcc, QStringLiteral("*.acc"), nomi, Falso, Vero) > -1;
+    if (stato == StatoCartella::ConAccettazioni &&
+        Fs_Elenco(gDirAcc, QStringLiteral("*.acc"), nomi, Falso, Vero) > -1)
+        return true;
+    motivo = Motivo_SenzaLista(stato);
+    return false;
 }
 
 void frmMain::Apri_Veicolo(const QString &motivo)

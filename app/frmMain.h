@@ -54,7 +54,7 @@ private:
     void Apri_Informazioni();
     void Chiedi_Password(const QString &password);
     void Inizia_Prova();
-    bool Accettazioni_Presenti() const;
+    bool Accettazioni_Presenti(QString &motivo) const;
     void Apri_Veicolo(const QString &motivo);
     void Apri_Lista();
     void Avvia_Prova(qint16 valore);

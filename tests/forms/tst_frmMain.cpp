@@ -14,6 +14,7 @@
 #include "link/frmComm.h"
 #include "mctc/cartella_scambio.h"
 #include "mctc/frmMctcO.h"
+#include "platform/elenco.h"
 #include "platform/percorsi.h"
 #include "report/frmMctc2.h"
 #include "setup/frmSetupO.h"
@@ -56,6 +57,9 @@ constexpr int MINUTO = 60000; // that a failure stays on the menu
 int gLentezza = 0;
 int gSguardi = 0;
 
+/// Listings of the exchange folder, by either call of the platform.
+int gElenchi = 0;
+
 /// The one port that the machine has; 0 for none.
 qint16 gPorta = 0;
 
@@ -66,6 +70,15 @@ CartellaScambio Cartella_Vera(const QString &cartella) asm("__real__Z15Cartella_
 CartellaScambio Cartella_Chiesta(const QString &cartella) asm("__wrap__Z15Cartella_GuardaRK7QString");
 // And its question for a port to this one.
 bool Porta_Chiesta(qint16 numero) asm("__wrap__Z14Porta_Presentes");
+// And every listing of a folder.
+bool Trova_Vera(const QString &percorso,
+                QList<RecordTrovato> &trovati) asm("__real__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoE");
+bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati) asm(
+    "__wrap__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoE");
+QStringList Elenca_Vera(const QString &percorso,
+                        qint16 attributo) asm("__real__Z15Cartella_ElencaRK7QStrings");
+QStringList Elenca_Chiesta(const QString &percorso,
+                           qint16 attributo) asm("__wrap__Z15Cartella_ElencaRK7QStrings");
 
 /// A network that takes its time.
 CartellaScambio Cartella_Chiesta(const QString &cartella)
@@ -79,6 +92,18 @@ CartellaScambio Cartella_Chiesta(const QString &cartella)
 bool Porta_Chiesta(qint16 numero)
 {
     return numero == gPorta;
+}
+
+bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati)
+{
+    gElenchi += percorso.startsWith(gDirAcc) ? 1 : 0;
+    return Trova_Vera(percorso, trovati);
+}
+
+QStringList Elenca_Chiesta(const QString &percorso, qint16 attributo)
+{
+    gElenchi += percorso.startsWith(gDirAcc) ? 1 : 0;
+    return Elenca_Vera(percorso, attributo);
 }
 
 namespace {
@@ -623,29 +648,40 @@ private Q_SLOTS:
     void motivoDelModuloVuoto_data()
     {
         QTest::addColumn<Flag>("lista");
+        QTest::addColumn<QString>("cosa"); // written into the station; empty: nothing
         QTest::addColumn<bool>("cartella");
         QTest::addColumn<QString>("motivo");
-        QTest::newRow("vuota") << Vero << true
-                               << QStringLiteral(
-                                      "Nessun veicolo da scegliere: la cartella delle accettazioni è "
-                                      "vuota");
-        QTest::newRow("mancante") << Vero << false
-                                  << QStringLiteral(
-                                         "Nessun veicolo da scegliere: la cartella delle accettazioni "
-                                         "manca o non si raggiunge. Controllare rete e impostazioni");
-        QTest::newRow("senza lista") << Falso << false << QString();
+        const QString nessuno =
+            QStringLiteral("Nessun veicolo da scegliere: la cartella delle accettazioni ");
+        const QString vuota = nessuno + QStringLiteral("è vuota");
+        QTest::newRow("vuota") << Vero << QString() << true << vuota;
+        QTest::newRow("risultati soli") << Vero << FILE_FAR << true << vuota;
+        QTest::newRow("mancante") << Vero << QString() << false
+                                  << nessuno +
+                                         QStringLiteral(
+                                             "manca o non si raggiunge. Controllare rete e impostazioni");
+        QTest::newRow("un file al suo posto")
+            << Vero << QStringLiteral("DIR_FAR") << false
+            << nessuno + QStringLiteral("non si può leggere. Controllare i diritti");
+        QTest::newRow("senza lista") << Falso << QString() << false << QString();
     }
-    /// Why the form of the vehicle comes up empty and locked instead of the list.
+    /// Why the form of the vehicle comes up empty and locked instead of the list. The folder, which may be
+    /// slow, is listed once for it.
     void motivoDelModuloVuoto()
     {
         QFETCH(Flag, lista);
+        QFETCH(QString, cosa);
         QFETCH(bool, cartella);
         QFETCH(QString, motivo);
         gIniFile = lista;
         if (!cartella)
             QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR"))).removeRecursively());
+        if (!cosa.isEmpty())
+            banco->Stazione.Scrivi(cosa, "x");
         Apri();
+        gElenchi = 0;
         Premi_Prova();
+        QCOMPARE(gElenchi, lista ? 1 : 0);
         const auto veicolo = Modulo_Aperto("frmMctc2");
         QCOMPARE(Testo_Di(*veicolo, "lblMotivo"), motivo);
         QCOMPARE(Visibile(*veicolo, "lblMotivo"), !motivo.isEmpty());
