@@ -122,7 +122,7 @@ std::shared_ptr<Modulo> Lista_Cambiata(const BancoForm &banco)
 template <TestoMctc testo>
 std::shared_ptr<Modulo> Veicolo_SenzaLista(const BancoForm &)
 {
-    gTipoProva = 2;
+    gTipoProva = ProvaScelta;
     const auto form = Nuovo<frmMctc2>();
     form->Motivo = Testo_Mctc(testo);
     return Mostrato(form);
