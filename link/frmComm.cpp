@@ -231,9 +231,9 @@ void frmComm::Mostra_Veicolo()
     lblTarga->Posto(ScalaX(MARGINE), cima, ScalaX(TARGA_LARGA), ScalaX(VEICOLO_ALTO));
     lblTarga->Caption(gVeicolo.Targa);
     lblVeicolo->Posto(destra, cima, Width() - ScalaX(MARGINE) - destra, ScalaX(VEICOLO_ALTO));
-    lblVeicolo->Caption(Accorcia(*lblVeicolo, gVeicolo.Descrizione));
-    lblVeicolo->NomeAccessibile(gVeicolo.Descrizione);
+    Mostra_Accorciata(*lblVeicolo, gVeicolo.Descrizione);
 }
+
 void frmComm::cmd_Click(qint16)
 {
     Scarica();

@@ -249,8 +249,7 @@ void frmEsito::Mostra_Veicolo()
     lblTarga->Caption(gVeicolo.Targa);
     lblTarga->Visible(scelto);
     lblVeicolo->Posto(destra, cima, gScreenW - ScalaX(VEICOLO_X) - destra, ScalaY(PULSANTE_ALTO));
-    lblVeicolo->Caption(Accorcia(*lblVeicolo, gVeicolo.Descrizione));
-    lblVeicolo->NomeAccessibile(gVeicolo.Descrizione);
+    Mostra_Accorciata(*lblVeicolo, gVeicolo.Descrizione);
     lblVeicolo->Visible(scelto);
 }
 

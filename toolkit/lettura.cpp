@@ -9,13 +9,15 @@
 #include <algorithm>
 #include <cmath>
 
-QString Accorcia(const Etichetta &etichetta, const QString &testo)
+void Mostra_Accorciata(Etichetta &etichetta, const QString &testo)
 {
     if (etichetta.Widget() == nullptr)
-        return testo;
+        return;
     QFont carattere = etichetta.Widget()->font();
     carattere.setPixelSize(static_cast<int>(std::lround(Pixel_DaPunti(etichetta.FontSize()))));
-    return QFontMetrics(carattere).elidedText(testo, Qt::ElideRight, Pixel_DaTwip(etichetta.Width()));
+    const QFontMetrics metrica(carattere);
+    etichetta.Caption(metrica.elidedText(testo, Qt::ElideRight, Pixel_DaTwip(etichetta.Width())));
+    etichetta.NomeAccessibile(testo);
 }
 
 qint32 Larghezza_Scritta(const Etichetta &etichetta)

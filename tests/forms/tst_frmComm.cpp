@@ -12,6 +12,7 @@
 #include "tests/forms/banco_form.h"
 #include "tests/forms/seriale_prova.h"
 #include "toolkit/applicazione.h"
+#include "toolkit/lettura.h"
 #include "toolkit/schermo.h"
 
 #include <QListWidget>
@@ -436,13 +437,16 @@ private Q_SLOTS:
 
     // --- what the operator sees ---------------------------------------------------------------------------
 
-    /// The words are read from the car: the plate too. Nothing of them is cut or shrunk on the design screen.
+    /// The words are read from the car: the plate too. Neither is shrunk on this screen.
     void veicoloDellaMisura()
     {
         gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
         Apri();
         QVERIFY(Visibile(*form, "lblTarga") && Visibile(*form, "lblVeicolo"));
         QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
+        for (const char *daLontano : {"lbl_0", "lblTarga"})
+            QCOMPARE(Widget_Di(*form, daLontano)->font().pixelSize(),
+                     qRound(Pixel_DaPunti(Punti_Normali() * LETTURA_AUTO)));
         QVERIFY(Testo_Di(*form, "lblVeicolo").startsWith(QStringLiteral("FABBRICA")));
         QCOMPARE(Widget_Di(*form, "lblVeicolo")->accessibleName(),
                  QStringLiteral("FABBRICA DI PROVA BERLINA 1.6"));
