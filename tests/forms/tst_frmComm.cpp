@@ -563,6 +563,18 @@ private Q_SLOTS:
         QCOMPARE(parola(), QStringLiteral("COM1: fermo")); // nothing goes out any more
     }
 
+    /// The word follows the session, whose next command has gone out, in the beat that takes the reply.
+    void parolaDopoUnaRispostaTardiva()
+    {
+        Apri();
+        Passa(24200);
+        QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM1: fermo"));
+        Linea_Corrente()->Arriva(Risposta_Stato('4'));
+        Passa(4000);
+        QCOMPARE(Linea_Corrente()->Usciti.size(), 13);
+        QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM1: in attesa"));
+    }
+
     void elencoSoloSeServe()
     {
         Con_Copione({Risposta_Stato('4'), MISURA});
