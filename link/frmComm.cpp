@@ -125,7 +125,6 @@ void frmComm::Load()
     mMacchina->Prepara();
     mQuadro->Inizia(Testo_Mctc(Modo == ModoMisura ? MctcPassoMisura : MctcPassoStrumento),
                     Modo != ModoDefault);
-    Disponi();
     Mostra_Lbl(mMacchina->MsgIniziale);
     lbl[0].Visible(true);
     mMacchina->Avvia();
@@ -149,10 +148,11 @@ void frmComm::Disponi_Piede()
 /// the traffic a column; the operator has no use for the traffic then, and a technician none for the steps.
 void frmComm::Disponi()
 {
+    const bool aperta = mMacchina->PortaAperta;
     const bool fallita = mMacchina->Stato == StatoChiusura && mMacchina->Esito == SessioneFallita;
     const bool elenco = gDebug || mElenco;
-    const bool passi = mPortaAperta && !fallita && !gDebug;
-    const bool veicolo = !elenco && mPortaAperta && !lblTarga->Caption().isEmpty();
+    const bool passi = aperta && !fallita && !gDebug;
+    const bool veicolo = !elenco && aperta && !lblTarga->Caption().isEmpty();
     const qint32 margine = ScalaX(MARGINE);
     const qint32 larghezza = Width() - 2 * margine;
     lbl[0].Posto(0, 0, Width(), ScalaX(fallita ? TRE_RIGHE : DUE_RIGHE));
@@ -176,10 +176,10 @@ void frmComm::Disponi()
     const qint32 resto = Width() - margine - sinistra;
     const qint32 altezza = fondo - cima;
     for (Etichetta *etichetta : {lblPorta.get(), lblRimedio.get()})
-        etichetta->Visible(!mPortaAperta);
+        etichetta->Visible(!aperta);
     for (Etichetta *etichetta : {lblNomeTx.get(), lblTx.get(), lblNomeRx.get(), lblRx.get()})
         etichetta->Visible(elenco || !fallita);
-    if (!mPortaAperta)
+    if (!aperta)
         Disponi_Porta(sinistra, cima, resto, altezza);
     else if (veicolo)
         Disponi_InRiga(sinistra, cima, resto);
@@ -231,9 +231,9 @@ void frmComm::Mostra_Veicolo()
     lblTarga->Posto(ScalaX(MARGINE), cima, ScalaX(TARGA_LARGA), ScalaX(VEICOLO_ALTO));
     lblTarga->Caption(gVeicolo.Targa);
     lblVeicolo->Posto(destra, cima, Width() - ScalaX(MARGINE) - destra, ScalaX(VEICOLO_ALTO));
-    lblVeicolo->Caption(Accorcia(*lblVeicolo, gVeicolo.Descrizione));
-    lblVeicolo->NomeAccessibile(gVeicolo.Descrizione);
+    Mostra_Accorciata(*lblVeicolo, gVeicolo.Descrizione);
 }
+
 void frmComm::cmd_Click(qint16)
 {
     Scarica();
@@ -303,12 +303,11 @@ void frmComm::Colora_Sha(quint32 colore)
     mQuadro->Lampada(colore);
 }
 
-void frmComm::Mostra_Porta(bool aperta)
+void frmComm::Mostra_Porta()
 {
-    mPortaAperta = aperta;
     lblPorta->Caption(Porta_NonAperta());
     lblRimedio->Caption(Testo_Mctc(MctcPortaRimedio));
-    mQuadro->Porta(aperta);
+    mQuadro->Porta(*mMacchina);
     Disponi();
 }
 

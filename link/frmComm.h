@@ -51,7 +51,7 @@ private:
     void Colora_Sha(quint32 colore) override;
     void Mostra_Errore(const QString &testo) override;
     void Scarica_Modulo() override;
-    void Mostra_Porta(bool aperta) override;
+    void Mostra_Porta() override;
     void Mostra_Avanzamento() override;
     void Mostra_Veicolo();
     void Disponi();
@@ -80,7 +80,6 @@ private:
     std::unique_ptr<ControlloSeriale> commApp;
     std::unique_ptr<MacchinaScambio> mMacchina;
     std::shared_ptr<dlgPwd> frmPwd;
-    bool mPortaAperta = true;
     bool mChiusura = false;
     bool mElenco = false;             // there is something in lstDbg
     QStringList mErrori;              // texts of "Err Rs232" boxes not yet shown

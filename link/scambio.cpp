@@ -139,8 +139,8 @@ void MacchinaScambio::Avvia()
     Esito = SessioneFallita;
     Passa_Oltre([] { Leggi_Porta(gFileIni); });
     Apri_Porta(commApp);
-    m_portaAperta = commApp.PortOpen();
-    m_finestra.Mostra_Porta(m_portaAperta);
+    PortaAperta = commApp.PortOpen();
+    m_finestra.Mostra_Porta();
     Ricezione.StatoRx = 0;
     if (Modo == ModoDefault) {
         Imposta_Sequenza();
@@ -161,7 +161,7 @@ void MacchinaScambio::Termina()
 
 QString MacchinaScambio::Causa() const
 {
-    if (!m_portaAperta) {
+    if (!PortaAperta) {
         const QString rimedio = Testo_Mctc(MctcPortaRimedio);
         return rimedio.isEmpty() ? Porta_NonAperta() : Porta_NonAperta() + QStringLiteral(": ") + rimedio;
     }

@@ -55,8 +55,8 @@ public:
     virtual void Scarica_Modulo() = 0;
 
     // A window that shows no more than the words does without these.
-    /// The port has been tried: whether it is open. Its number is gPortaNum.
-    virtual void Mostra_Porta(bool /*aperta*/) {}
+    /// The port has been tried: PortaAperta of the machine says whether it is open. Its number is gPortaNum.
+    virtual void Mostra_Porta() {}
     /// The session has gone on or ended: Stato, Comando and Esito of the machine say where it stands.
     virtual void Mostra_Avanzamento() {}
 };
@@ -77,6 +77,7 @@ public:
     qint16 UltimoPasso = 0;        ///< last index of Sequenza
     QString MsgIniziale;           ///< first caption of lbl
 
+    bool PortaAperta = false; ///< Avvia has opened it
     StatoScambio Stato = StatoFermo;
     qint16 Passo = 0;       ///< index in Sequenza of the command on the wire
     quint8 Comando = 0;     ///< type last built
@@ -137,6 +138,5 @@ private:
     FinestraScambio &m_finestra;
     ControlloSeriale &commApp;
     Temporizzatore tmrComm;
-    bool m_portaAperta = false;
     QString m_fallimento; // words of the last failure
 };

@@ -8,12 +8,14 @@
 
 #include <algorithm>
 
-QString Accorcia(const Etichetta &etichetta, const QString &testo)
+void Mostra_Accorciata(Etichetta &etichetta, const QString &testo)
 {
-    return etichetta.Chiedi(testo, [&](const QWidget &widget) {
+    etichetta.Fai([&](const QWidget &widget) {
         QFont carattere = widget.font();
         carattere.setPixelSize(Pixel_Interi(etichetta.FontSize()));
-        return QFontMetrics(carattere).elidedText(testo, Qt::ElideRight, Pixel_DaTwip(etichetta.Width()));
+        const QFontMetrics metrica(carattere);
+        etichetta.Caption(metrica.elidedText(testo, Qt::ElideRight, Pixel_DaTwip(etichetta.Width())));
+        etichetta.NomeAccessibile(testo);
     });
 }
 

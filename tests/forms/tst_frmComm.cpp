@@ -12,6 +12,7 @@
 #include "tests/forms/banco_form.h"
 #include "tests/forms/seriale_prova.h"
 #include "toolkit/applicazione.h"
+#include "toolkit/lettura.h"
 #include "toolkit/schermo.h"
 
 #include <QListWidget>
@@ -436,13 +437,16 @@ private Q_SLOTS:
 
     // --- what the operator sees ---------------------------------------------------------------------------
 
-    /// The words are read from the car: the plate too. Nothing of them is cut or shrunk on the design screen.
+    /// The words are read from the car: the plate too. Neither is shrunk on this screen.
     void veicoloDellaMisura()
     {
         gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
         Apri();
         QVERIFY(Visibile(*form, "lblTarga") && Visibile(*form, "lblVeicolo"));
         QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
+        for (const char *daLontano : {"lbl_0", "lblTarga"})
+            QCOMPARE(Widget_Di(*form, daLontano)->font().pixelSize(),
+                     qRound(Pixel_DaPunti(Punti_Normali() * LETTURA_AUTO)));
         QVERIFY(Testo_Di(*form, "lblVeicolo").startsWith(QStringLiteral("FABBRICA")));
         QCOMPARE(Widget_Di(*form, "lblVeicolo")->accessibleName(),
                  QStringLiteral("FABBRICA DI PROVA BERLINA 1.6"));
@@ -557,6 +561,18 @@ private Q_SLOTS:
         Linea_Corrente()->Arriva(Frame_Risposta("ABCx"));
         Passa(TICK);
         QCOMPARE(parola(), QStringLiteral("COM1: fermo")); // nothing goes out any more
+    }
+
+    /// The word follows the session, whose next command has gone out, in the beat that takes the reply.
+    void parolaDopoUnaRispostaTardiva()
+    {
+        Apri();
+        Passa(24200);
+        QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM1: fermo"));
+        Linea_Corrente()->Arriva(Risposta_Stato('4'));
+        Passa(4000);
+        QCOMPARE(Linea_Corrente()->Usciti.size(), 13);
+        QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM1: in attesa"));
     }
 
     void elencoSoloSeServe()

@@ -17,6 +17,8 @@
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
 #include "toolkit/aspetto.h"
+#include "toolkit/lettura.h"
+#include "toolkit/schermo.h"
 #include "toolkit/segnale.h"
 
 #include <QFile>
@@ -224,6 +226,21 @@ private Q_SLOTS:
         gFileAcc.clear(); // the next one is tested by hand
         Apri();
         QVERIFY(!Visibile(*form, "lblTarga") && !Visibile(*form, "lblVeicolo"));
+    }
+
+    /// A long name shows its beginning in the full type, and is heard whole.
+    void veicoloDalNomeLungo()
+    {
+        const QString nome = QStringLiteral("FABBRICA ") + QString(100, u'X');
+        gFileAcc = banco->Stazione.Percorso(QStringLiteral("DIR_FAR\\12345678.acc"));
+        gVeicolo = {QStringLiteral("AB123CD"), nome};
+        Apri();
+        const QString mostrato = Testo_Di(*form, "lblVeicolo");
+        QVERIFY(mostrato.startsWith(QStringLiteral("FABBRICA X")));
+        QVERIFY(mostrato.endsWith(u'…'));
+        const QWidget *veicolo = Widget_Di(*form, "lblVeicolo");
+        QCOMPARE(veicolo->font().pixelSize(), qRound(Pixel_DaPunti(Punti_Normali() * LETTURA_SCHERMO)));
+        QCOMPARE(veicolo->accessibleName(), nome);
     }
 
     void guastiInGrande()
