@@ -883,7 +883,7 @@ private Q_SLOTS:
         QVERIFY(Conferma_Abilitata());
         QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("EF456GH"));
         QVERIFY(Visibile(*form, "lblAvviso"));
-        QCOMPARE(Testo_Di(*form, "lblAvviso"), QStringLiteral("Ora è un altro veicolo"));
+        QCOMPARE(Testo_Di(*form, "lblAvviso"), QStringLiteral("Altro veicolo"));
         // A file behind it changes nothing of that.
         Scrivi_File(QStringLiteral("30000000.acc"), Buono());
         Battito();
@@ -957,7 +957,7 @@ private Q_SLOTS:
         Clicca_Riga(0);
         Togli_File(QStringLiteral("12345678.acc"));
         Battito();
-        QCOMPARE(Testo_Di(*form, "lblAvviso"), QStringLiteral("Il veicolo scelto non c'è più"));
+        QCOMPARE(Testo_Di(*form, "lblAvviso"), QStringLiteral("Veicolo rimosso"));
         QVERIFY(Visibile(*form, "lblAvviso"));
         QCOMPARE(Testo_Di(*form, "lblTarga"), QString());
     }
