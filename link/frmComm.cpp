@@ -36,7 +36,6 @@ constexpr qint32 PIEDE = 3075;
 constexpr qint32 LAMPADA = 540;
 constexpr qint32 CMD_LARGO = 2450;
 constexpr qint32 PARTE_PORTA = 60; // hundredths of the notice
-constexpr quint32 FONDO_PORTA = 0x1C1C9E;
 constexpr int RITARDO_TASTI = 500; // ms: the form comes up where the operator has just pressed Enter
 
 /// "Err Rs232" boxes that wait, at most: a frame leaves one for a byte, and no more bytes wait than these.
@@ -66,7 +65,8 @@ void frmComm::Disegno()
     for (Etichetta *etichetta : {lblPorta.get(), lblRimedio.get()}) {
         etichetta->Visible(false);
         etichetta->Allineamento(Orizzontale::Centro, Verticale::Basso);
-        etichetta->BackColor(FONDO_PORTA); // apart from the words above, which go on asking to wait
+        // Apart from the words above, which go on asking to wait.
+        etichetta->BackColor(Numero_Tinta(Tinta::Guasto));
         etichetta->ForeColor(COLORE_BIANCO);
     }
     lblTarga = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTarga"));
