@@ -121,7 +121,7 @@ void frmComm::Load()
     Report_Dati(1);
     cmd[0].Caption(Testo_Lingua(LinguaInterrompi));
     Mostra_Veicolo();
-    mMacchina->Modo = static_cast<ModoScambio>(Modo);
+    mMacchina->Modo = Modo;
     mMacchina->Prepara();
     mQuadro->Inizia(Testo_Mctc(Modo == ModoMisura ? MctcPassoMisura : MctcPassoStrumento),
                     Modo != ModoDefault);

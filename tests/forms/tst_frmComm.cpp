@@ -84,7 +84,7 @@ class tst_frmComm : public QObject
     Q_OBJECT
 
 private:
-    void Apri(quint8 modo = ModoMisura)
+    void Apri(ModoScambio modo = ModoMisura)
     {
         form = Nuovo<frmComm>();
         form->Modo = modo;
@@ -230,7 +230,7 @@ private Q_SLOTS:
         gRepMisure.fill(QStringLiteral("prima"));
         gRepOfficina.fill(QStringLiteral("prima"));
         const QDateTime adesso = Orologio_Banco().Adesso();
-        Apri(static_cast<quint8>(modo));
+        Apri(static_cast<ModoScambio>(modo));
         QCOMPARE(Scritta(), scritta ? Testo_Mctc(Id_Mctc(152)) : QString());
         QVERIFY(Visibile(*form, "lbl_0"));
         QCOMPARE(gRepMisure[RepData], adesso.toString(QStringLiteral("dd-MM-yyyy")));
@@ -348,7 +348,7 @@ private Q_SLOTS:
         gDatiStrumento = {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"), QStringLiteral("D"),
                           QStringLiteral("E")};
         Con_Copione(risposte);
-        Apri(static_cast<quint8>(modo));
+        Apri(static_cast<ModoScambio>(modo));
         Passa(TICK * risposte.size());
         QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(scritta)));
         Passa(2000);
@@ -465,8 +465,33 @@ private Q_SLOTS:
         QFETCH(int, modo);
         QFETCH(bool, file);
         gFileAcc = file ? banco->Stazione.Accettazione(QStringLiteral("12345678.acc")) : QString();
-        Apri(static_cast<quint8>(modo));
+        Apri(static_cast<ModoScambio>(modo));
         QVERIFY(!Visibile(*form, "lblTarga") && !Visibile(*form, "lblVeicolo"));
+    }
+
+    void veicoloCedeIlPosto_data()
+    {
+        QTest::addColumn<QString>("a");
+        for (const char *a : {"debug", "porta", "elenco"})
+            QTest::newRow(a) << QString::fromLatin1(a);
+    }
+    /// To the column of the traffic, and to the notice about the port.
+    void veicoloCedeIlPosto()
+    {
+        QFETCH(QString, a);
+        gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
+        gDebug = a == u"debug" ? Vero : Falso;
+        Linee_Prepara([a](LineaProva &linea) {
+            linea.RifiutaApertura = a == u"porta";
+            linea.Copione({Risposta_Stato('4'), MISURA});
+        });
+        Apri();
+        QCOMPARE(Visibile(*form, "lblTarga"), a == u"elenco"); // its first line has not come yet
+        QCOMPARE(Visibile(*form, "lblVeicolo"), a == u"elenco");
+        Passa(2 * TICK);
+        QCOMPARE(Visibile(*form, "lstDbg"), a != u"porta");
+        QVERIFY(!Visibile(*form, "lblTarga") && !Visibile(*form, "lblVeicolo"));
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
     }
 
     void passiDellaMisura()
