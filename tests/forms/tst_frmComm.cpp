@@ -10,6 +10,7 @@
 #include "dialogs/dlgPwd.h"
 #include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
+#include "tests/forms/difetti_prova.h"
 #include "tests/forms/seriale_prova.h"
 #include "toolkit/applicazione.h"
 #include "toolkit/lettura.h"
@@ -278,6 +279,33 @@ private Q_SLOTS:
         QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("Interrompi"));
     }
 
+    /// The port is open and deaf: the session goes its way, and the notice says why nothing will come.
+    void portaMalImpostata()
+    {
+        const QString avviso = QStringLiteral("COM1: velocità o formato errati in lumira.ini");
+        Linee_Prepara([](LineaProva &linea) { linea.RifiutaImpostazioni = true; });
+        gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
+        Apri();
+        QVERIFY(Visibile(*form, "lblPorta") && !Visibile(*form, "lblRimedio"));
+        QCOMPARE(Testo_Di(*form, "lblPorta"), avviso);
+        QVERIFY(!Visibile(*form, "lblTarga") && !Visibile(*form, "lblVeicolo"));
+        QVERIFY(!Visibile(*form, "lblPasso_0"));
+        QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM1: in attesa"));
+        const QRect posto = Widget_Di(*form, "lblPorta")->geometry();
+        QCOMPARE(Widget_Di(*form, "lblTx")->geometry().top(), Widget_Di(*form, "lblRx")->geometry().top());
+        QVERIFY(posto.bottom() < Widget_Di(*form, "lblTx")->geometry().top());
+        Passa(24200);
+        QCOMPARE(Linea_Corrente()->Usciti.size(), 12);
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(153)));
+        QVERIFY(Visibile(*form, "lblPorta"));
+        QCOMPARE(Widget_Di(*form, "lblPorta")->geometry(), posto); // what counts stays as large as it was
+        Passa(4000);
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {SessioneFallita, 0}
+        }));
+        QCOMPARE(Sessione_Fine().Testo, avviso);
+    }
+
     // --- a session ----------------------------------------------------------------------------------------
 
     void misuraCompleta()
@@ -510,9 +538,19 @@ private Q_SLOTS:
         QCOMPARE(Passi(), QStringLiteral("√ Misura √ Dati √ Fatto"));
     }
 
-    /// A session that has failed has no step to go on with: the words take their place.
+    void passiDiUnaSessioneFallita_data()
+    {
+        QTest::addColumn<bool>("file");
+        QTest::newRow("prova a mano") << false;
+        QTest::newRow("veicolo") << true;
+    }
+    /// A session that has failed has no step to go on with: the words take their place. What came in stays to
+    /// be read, and the plate.
     void passiDiUnaSessioneFallita()
     {
+        QFETCH(bool, file);
+        if (file)
+            gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
         Con_Copione({Frame_Risposta("ABCx")});
         Apri();
         QVERIFY(Visibile(*form, "lblPasso_0"));
@@ -522,6 +560,17 @@ private Q_SLOTS:
         QVERIFY(!Visibile(*form, "lblPasso_0"));
         QVERIFY(Widget_Di(*form, "lbl_0")->height() > prima);
         QCOMPARE(Widget_Di(*form, "lbl_0")->width(), Pixel_DaTwip(form->Width()));
+        for (const char *nome : {"lblNomeTx", "lblTx", "lblNomeRx", "lblRx"}) {
+            QWidget *traffico = Widget_Di(*form, nome);
+            QVERIFY2(Visibile(*form, nome) && !Scritta_Tagliata(traffico), nome);
+            for (const char *altro : {"lbl_0", "lblTarga", "shaComm"}) {
+                const QWidget *vicino = Widget_Di(*form, altro);
+                QVERIFY2(vicino->isHidden() || !vicino->geometry().intersects(traffico->geometry()), nome);
+            }
+        }
+        QCOMPARE(Testo_Di(*form, "lblRx"), QString::fromLatin1(Frame_Risposta("ABCx").toHex().toUpper()));
+        QCOMPARE(Visibile(*form, "lblTarga"), file);
+        QVERIFY(!Visibile(*form, "lblVeicolo"));
     }
 
     /// The writing of the defaults asks for no status.
