@@ -22,7 +22,7 @@ public:
     frmComm();
     ~frmComm() override;
 
-    quint8 Modo = ModoMisura; ///< set by the parent before loading, never changed after
+    ModoScambio Modo = ModoMisura; ///< set by the parent before loading, never changed after
 
     /// A second way into the writing of the defaults, for a form that is loaded already; nothing calls it.
     QVariant Imposta_Default();
@@ -89,10 +89,9 @@ private:
 
 /// Runs one link session: makes the form, loads it, which starts the session, and shows it until it has
 /// ended.
-/// @param form the parent's reference. @param modo a ModoScambio. @param padre, notifica who hears the end of
-/// it.
+/// @param form the parent's reference. @param padre, notifica who hears the end of it.
 template <typename T>
-void Sessione_Esegui(std::shared_ptr<frmComm> &form, quint8 modo, T *padre,
+void Sessione_Esegui(std::shared_ptr<frmComm> &form, ModoScambio modo, T *padre,
                      void (T::*notifica)(qint16 &codice, QVariant &valore))
 {
     form = Nuovo<frmComm>();

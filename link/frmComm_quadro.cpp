@@ -6,6 +6,7 @@
 #include "core/testo_riempito.h"
 #include "link/modComm.h"
 #include "link/scambio.h"
+#include "toolkit/aspetto.h"
 #include "toolkit/lettura.h"
 #include "toolkit/modulo.h"
 #include "toolkit/schermo.h"
@@ -18,10 +19,10 @@ constexpr int SECONDO = 1000; // ms
 constexpr TestoMctc TESTI_PAROLE[] = {MctcLampadaAttesa, MctcLampadaFermo, MctcLampadaChiusa};
 
 // A step behind, the present one, one to come: told apart by a tick and by dark and light, not by the hue.
-constexpr quint32 FONDO_PRESENTE = 0x8A5C0B;
-constexpr quint32 FONDO_PASSATO = 0xF8F0E4;
-constexpr quint32 FONDO_FUTURO = 0xF8F6F3;
-constexpr quint32 SCRITTA_FUTURO = 0x72685A;
+constexpr Tinta FONDO_PRESENTE = Tinta::Fuoco;
+constexpr Tinta FONDO_PASSATO = Tinta::FuocoTenue;
+constexpr Tinta FONDO_FUTURO = Tinta::Sfondo;
+constexpr Tinta SCRITTA_FUTURO = Tinta::TestoSpento;
 const QString SPUNTA = QStringLiteral("√ "); // every type family of the screen has it
 
 /// Part of the width that the words of the lamp take of their line; the rest is the time's.
@@ -126,8 +127,11 @@ void QuadroSessione::Mostra_Passo(qint16 passo)
     for (qint16 i = 0; i < PASSI; ++i) {
         Etichetta &etichetta = lblPasso[i];
         etichetta.Caption((i < passo ? SPUNTA : QString()) + m_nomiPassi[i]);
-        etichetta.BackColor(i == passo ? FONDO_PRESENTE : i < passo ? FONDO_PASSATO : FONDO_FUTURO);
-        etichetta.ForeColor(i == passo ? COLORE_BIANCO : i < passo ? COLORE_NERO : SCRITTA_FUTURO);
+        const Tinta fondo = i == passo ? FONDO_PRESENTE : i < passo ? FONDO_PASSATO : FONDO_FUTURO;
+        etichetta.BackColor(Numero_Tinta(fondo));
+        etichetta.ForeColor(i == passo  ? COLORE_BIANCO
+                            : i < passo ? COLORE_NERO
+                                        : Numero_Tinta(SCRITTA_FUTURO));
         etichetta.Bordo();
     }
 }

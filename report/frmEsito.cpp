@@ -57,6 +57,7 @@ enum PulsanteEsito : qint16
 // The layout, in design units.
 constexpr qint32 CELLA_LARGA = 1300;
 constexpr qint32 CELLA_ALTA = 800;
+constexpr qint32 MARGINE_TESTA = 60; // of a head on one line: it would run into the next one
 constexpr qint32 CELLE_Y = 2370;
 constexpr qint32 GUASTI_Y = 5100;
 constexpr qint32 GUASTI_ALTI = 4800;
@@ -276,12 +277,14 @@ void frmEsito::Intestazioni_Tabella()
     lblDes[1].Caption(Testo_Mctc(TESTI_DES[1]));
     lblDes[1].Visible(true);
     // Other languages than the Italian need two lines for a column head.
-    const qint32 cima = gLingua == u"IT" ? 2000 : 1800;
+    const bool unaRiga = gLingua == u"IT";
+    const qint32 cima = unaRiga ? 2000 : 1800;
     for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_PAR)); ++i) {
         lblPar[i].Caption(Testo_Mctc(TESTI_PAR[i]));
         if (i < COLONNE) {
             lblPar[i].Posto(Meta_Schermo() + i * ScalaX(CELLA_LARGA), ScalaY(cima), ScalaX(CELLA_LARGA),
                             ScalaY(CELLE_Y - cima - 20));
+            lblPar[i].Margini(0, unaRiga ? ScalaX(MARGINE_TESTA) : 0);
         } else {
             const qint32 larghezza = ScalaX(2200);
             lblPar[i].Posto(Meta_Schermo() - larghezza - ScalaX(150),

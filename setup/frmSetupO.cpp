@@ -771,7 +771,7 @@ void frmSetupO::Mostra_Valore(qint16 riga, const QString &testo)
     campo.Value = txt[campo.CtlIndex].Text();
 }
 
-void frmSetupO::Collega_Strumento(quint8 modo)
+void frmSetupO::Collega_Strumento(ModoScambio modo)
 {
     Sessione_Esegui(formComm, modo, this, &frmSetupO::formComm_Notifica);
 }

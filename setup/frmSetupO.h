@@ -10,6 +10,7 @@
 
 class dlgPwd;
 class frmComm;
+enum ModoScambio : quint8;
 
 class frmSetupO : public Modulo
 {
@@ -57,7 +58,7 @@ private:
     void Setup_Aggiorna();
     void Mostra_Valore(qint16 riga, const QString &testo);
     void Chiedi_Password(const QString &password);
-    void Collega_Strumento(quint8 modo);
+    void Collega_Strumento(ModoScambio modo);
     void frmPwd_PwdReady(quint8 &esito);
     void formComm_Notifica(qint16 &codice, QVariant &valore);
     void Accetta_Strumento();

@@ -436,6 +436,18 @@ private Q_SLOTS:
         for (const char *lingua : {"FR", "EN", "ES", "DE"})
             QTest::newRow(lingua) << QString::fromLatin1(lingua) << 1800;
     }
+    /// A head on one line does not run into the next one: a blank of their type stands between them at least.
+    void testeStaccate()
+    {
+        Apri();
+        for (int i = 0; i < 4; ++i) {
+            const auto *testa = Membro_Di<QLabel>(*form, "lblPar", i);
+            const QFontMetrics metrica = testa->fontMetrics();
+            const int libero = testa->width() - metrica.horizontalAdvance(testa->text());
+            QVERIFY2(libero >= metrica.horizontalAdvance(u' '), qPrintable(testa->text()));
+        }
+    }
+
     /// Each head stands over its column or beside its row, and so every figure under its own lamp.
     void postiDellaTabella()
     {

@@ -129,6 +129,8 @@ constexpr Sottosoglia SOTTOSOGLIA[] = {
     {"frmMctc2",         "cmd_.*",              Lettera, 6.7,  "given for the smallest screen"                        },
     {"frmMctc2",         "lbl_.*",              Lettera, 3.9,  "rows of labels and boxes share a height that is given"},
     {"frmComm",          "lbl_0",               Lettera, 15.7, "its longest sentence, on the smallest screen"         },
+    {"frmComm",          "lblPorta",            Lettera, 12.5, "a wrong format, a sentence for a technician"          },
+    {"frmComm",          "lblRx",               Lettera, 4.7,  "a whole measure beside the plate, once it has failed" },
     {"frmMsg",           "lbl_0",               Lettera, 9.1,  "a low message has the height that is given"           },
     {"frmSetupO",        "lbl_.*",              Lettera, 4.9,  "a hair, on the smallest screen"                       },
     {"frmMctcO",         "(lbl|txt|lblDes)_.*", Lettera, 4.4,  "frames and pitch of its rows are given"               },
