@@ -64,11 +64,16 @@ quint8 Simmetrico_Da(const QString &valore)
 
 } // namespace
 
+LimitiFascio Limiti_Di(Fascio fascio)
+{
+    return fascio == FascioAnabbagliante ? LimitiFascio{gLuxMinAnab, gLuxMaxAnab}
+                                         : LimitiFascio{gLuxMinAbb, gLuxMaxAbb};
+}
+
 bool Lux_Regolare(double lux, Fascio fascio)
 {
-    const bool anabbagliante = fascio == FascioAnabbagliante;
-    return lux > (anabbagliante ? gLuxMinAnab : gLuxMinAbb) &&
-           lux < (anabbagliante ? gLuxMaxAnab : gLuxMaxAbb);
+    const LimitiFascio limiti = Limiti_Di(fascio);
+    return lux > limiti.minimo && lux < limiti.massimo;
 }
 
 void Carica_Limiti()

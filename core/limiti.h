@@ -20,7 +20,16 @@ enum Fascio : quint8
     FascioAbbagliante,
 };
 
-/// True when an intensity lies between the limits of its beam. The limits themselves are irregular.
+/// The two limits of intensity of a beam, both irregular themselves.
+struct LimitiFascio
+{
+    qint32 minimo, massimo;
+};
+
+/// The limits of intensity in force.
+LimitiFascio Limiti_Di(Fascio fascio);
+
+/// True when an intensity lies between the limits of its beam.
 /// @param lux in the unit of the limits; wide enough for a figure that was read back from its text.
 bool Lux_Regolare(double lux, Fascio fascio);
 
