@@ -64,11 +64,16 @@ quint8 Simmetrico_Da(const QString &valore)
 
 } // namespace
 
+LimitiLux Limiti_Lux(Fascio fascio)
+{
+    return fascio == FascioAnabbagliante ? LimitiLux{gLuxMinAnab, gLuxMaxAnab}
+                                         : LimitiLux{gLuxMinAbb, gLuxMaxAbb};
+}
+
 bool Lux_Regolare(double lux, Fascio fascio)
 {
-    const bool anabbagliante = fascio == FascioAnabbagliante;
-    return lux > (anabbagliante ? gLuxMinAnab : gLuxMinAbb) &&
-           lux < (anabbagliante ? gLuxMaxAnab : gLuxMaxAbb);
+    const LimitiLux limiti = Limiti_Lux(fascio);
+    return lux > limiti.Minimo && lux < limiti.Massimo;
 }
 
 void Carica_Limiti()

@@ -20,7 +20,15 @@ enum Fascio : quint8
     FascioAbbagliante,
 };
 
-/// True when an intensity lies between the limits of its beam. The limits themselves are irregular.
+/// What an intensity lies between when it is regular. The limits themselves are irregular.
+struct LimitiLux
+{
+    qint32 Minimo;
+    qint32 Massimo;
+};
+LimitiLux Limiti_Lux(Fascio fascio);
+
+/// True when an intensity lies between the limits of its beam.
 /// @param lux in the unit of the limits; wide enough for a figure that was read back from its text.
 bool Lux_Regolare(double lux, Fascio fascio);
 

@@ -43,13 +43,11 @@ QString Intensita(const Faro &faro, const QString &ammesso)
     const QString riga = Far_Valore(faro.lux);
     if (riga.isEmpty() || Lux_Regolare(Numero_Singolo(riga), faro.fascio))
         return {};
-    const bool anabbagliante = faro.fascio == FascioAnabbagliante;
-    const auto minimo = static_cast<float>(anabbagliante ? gLuxMinAnab : gLuxMinAbb);
-    const auto massimo = static_cast<float>(anabbagliante ? gLuxMaxAnab : gLuxMaxAbb);
+    const LimitiLux limiti = Limiti_Lux(faro.fascio);
     return QString(ammesso)
         .replace(QStringLiteral("%1"), In_Migliaia(Numero_Singolo(riga)))
-        .replace(QStringLiteral("%2"), In_Migliaia(minimo))
-        .replace(QStringLiteral("%3"), In_Migliaia(massimo));
+        .replace(QStringLiteral("%2"), In_Migliaia(static_cast<float>(limiti.Minimo)))
+        .replace(QStringLiteral("%3"), In_Migliaia(static_cast<float>(limiti.Massimo)));
 }
 
 QString Mira(const Faro &faro)
