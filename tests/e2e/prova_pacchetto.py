@@ -65,6 +65,28 @@ class Pacchetto(ProvaStazione):
             self.assertTrue((self.macchina / voce[chiave].lstrip("/")).exists(), chiave)
         self.assertTrue((self.macchina / f"usr/share/icons/hicolor/scalable/apps/{voce['Icon']}.svg").exists())
 
+    def test_ogni_strumento_ha_il_suo_nome_e_la_sua_pagina(self):
+        for nome in ("lumira-acc", "lumira-far", "lumira-password", "qx5sim"):
+            self.assertTrue((self.macchina / os.readlink(self.macchina / "usr/bin" / nome).lstrip("/")).is_file(), nome)
+            pagina = gzip.decompress((self.macchina / f"usr/share/man/man1/{nome}.1.gz").read_bytes()).decode()
+            self.assertTrue(pagina.startswith(f".TH {nome.upper()} 1"), nome)
+            # Every option that the program tells is in its page.
+            aiuto = subprocess.run([self.opt / os.readlink(self.macchina / "usr/bin" / nome).removeprefix("/opt/lumira/"),
+                                    "--help"], check=True, capture_output=True, text=True).stdout
+            for opzione in re.findall(r"(?m)^ +(--[a-z-]+)", aiuto):
+                self.assertIn(opzione.replace("-", "\\-"), pagina)
+
+    def test_gli_strumenti_trovano_la_loro_stazione(self):
+        for nome in ("lumira-acc", "lumira-far"):
+            with self.subTest(nome):
+                subprocess.run([self.opt / "strumenti" / nome, "--grafico" if nome == "lumira-far" else "--json",
+                                *([self.macchina / "g.svg"] if nome == "lumira-far" else []), self.opt / "dati"],
+                               stdout=subprocess.DEVNULL, check=nome == "lumira-far")
+        # The template is a whole file by a name that no work order has.
+        controllo = subprocess.run([self.opt / "strumenti" / "lumira-acc", self.opt / "dati"], capture_output=True,
+                                   text=True, check=False)
+        self.assertEqual((controllo.returncode, controllo.stdout.count("non idoneo")), (1, 1), controllo.stderr)
+
     def test_la_configurazione_si_puo_scrivere_dagli_utenti(self):
         for percorso in (self.opt, self.opt / "lumira.ini"):
             stato = percorso.stat()
