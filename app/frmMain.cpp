@@ -4,7 +4,6 @@
 
 #include "app/modApp.h"
 #include "core/codici.h"
-#include "core/esito_sessione.h"
 #include "core/modCtl.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
@@ -26,6 +25,7 @@
 #include "setup/frmAnagOffO.h"
 #include "setup/frmSetupO.h"
 #include "toolkit/applicazione.h"
+#include "toolkit/lettura.h"
 #include "toolkit/risalto.h"
 #include "toolkit/schermo.h"
 
@@ -60,34 +60,31 @@ constexpr TestoMctc VOCI_MENU[ULTIMO_PULSANTE + 1] = {
 constexpr qint16 VOCI_SPENTE[] = {0, 3};
 
 // The state of the station.
-constexpr qint16 RIGHE_STATO = 4;
 constexpr int DOPO_RITORNO = 100; // ms: the menu is painted first
 constexpr int FRA_DUE_SGUARDI = 30000;
-constexpr qint64 MINUTO = 60000;
+constexpr int MINUTO = 60000;
 
 // Their places, in design units: the lines in the cell of the grid that has no button, the notice on the
 // lower edge of the picture.
 constexpr qint32 STATO_MARGINE_X = 40;
 constexpr qint32 STATO_MARGINE_Y = 10;
-constexpr double STATO_PUNTI = 1.15; // times the normal size
 constexpr qint32 AVVISO_X = 400;
 constexpr qint32 AVVISO_SOTTO = 250;
 constexpr qint32 AVVISO_ALTO = 1900;
-constexpr double AVVISO_PUNTI = 2.3;
 
 /// Logo of a further customer variant, with a password of its own: a hook, no code assigns it today.
 constexpr const char16_t *LOGO_NORVO = u"norvo_logo.gif";
 
-/// Why the worklist does not open although it is in use.
-QString Motivo_SenzaLista()
+/// Why the worklist does not open although it is in use. @param stato what the look at the folder found.
+QString Motivo_SenzaLista(StatoCartella stato)
 {
-    switch (Cartella_Guarda(gDirAcc).Stato) {
+    switch (stato) {
     case StatoCartella::Mancante:
         return Testo_Mctc(MctcSceltaSenzaCartella);
     case StatoCartella::Illeggibile:
         return Testo_Mctc(MctcSceltaIlleggibile);
     case StatoCartella::Vuota:
-    case StatoCartella::ConAccettazioni: // the first came while the folder was looked at
+    case StatoCartella::ConAccettazioni: // the last went while the folder was listed
         break;
     }
     return Testo_Mctc(MctcSceltaVuota);
@@ -114,7 +111,7 @@ frmMain::frmMain()
       cmdMnu(QStringLiteral("cmdMnu")),
       lblStato(QStringLiteral("lblStato")),
       tmrStato([this] { Esegui([this] { tmrStato_Timer(); }); }),
-      tmrAvviso([this] { Esegui([this] { Mostra_Avviso(); }); })
+      tmrAvviso([this] { Esegui([this] { tmrAvviso_Timer(); }); })
 {
 }
 
@@ -186,13 +183,13 @@ void frmMain::Disponi_Stato(qint32 cima, qint32 larghezza, qint32 altezza)
     const qint32 riga = (altezza - 2 * ScalaY(STATO_MARGINE_Y)) / RIGHE_STATO;
     for (qint16 i = 0; i < RIGHE_STATO; ++i) {
         Etichetta &etichetta = lblStato.Carica(i);
-        etichetta.FontSize(Punti_Normali() * STATO_PUNTI);
+        etichetta.FontSize(Punti_Normali() * LETTURA_TASTIERA);
         etichetta.Posto(PULSANTE_NASCOSTO % COLONNE_MENU * larghezza + ScalaX(STATO_MARGINE_X),
                         sopra + i * riga, larghezza - 2 * ScalaX(STATO_MARGINE_X), riga);
         etichetta.Visible(true);
     }
     const qint32 fine = imgLogo->Top() + imgLogo->Height() - ScalaY(AVVISO_SOTTO);
-    lblAvviso->FontSize(Punti_Normali() * AVVISO_PUNTI);
+    lblAvviso->FontSize(Punti_Normali() * LETTURA_SCHERMO);
     lblAvviso->FontBold(true);
     lblAvviso->BackColor(COLORE_BIANCO);
     lblAvviso->Bordo_Evidente();
@@ -257,25 +254,32 @@ void frmMain::Rileva()
 
 void frmMain::Mostra_Stato()
 {
-    const QList<RigaStato> righe = Stato_Righe(mRilievo);
-    for (qint16 i = 0; i < RIGHE_STATO; ++i) {
-        lblStato[i].FontBold(righe[i].Avviso);
-        lblStato[i].Caption(righe[i].Testo);
+    qint16 i = 0;
+    for (const RigaStato &riga : Stato_Righe(mRilievo)) {
+        Etichetta &etichetta = lblStato[i++];
+        etichetta.FontBold(riga.Avviso);
+        etichetta.Caption(riga.Testo);
     }
+}
+
+/// The failure's minute begins when the menu stands before the operator: who read the message of the form
+/// between, or waited for a slow machine, has lost nothing of it. Another form in front shows it to nobody.
+void frmMain::Prendi_FineSessione()
+{
+    if (!Attivo() || mFine == Sessione_Fine())
+        return;
+    mFine = Sessione_Fine();
+    tmrAvviso.Interval(MINUTO); // a whole one, also during that of the session before
+    tmrAvviso.Enabled(!mFine.Testo.isEmpty());
 }
 
 /// For a minute what the last session failed of, otherwise the lines of the state that ask for somebody.
 void frmMain::Mostra_Avviso()
 {
-    const FineSessione &fine = Sessione_Fine();
-    const qint64 passati = fine.Quando.msecsTo(Orologio_Corrente().Adesso());
-    const bool fallita = !fine.Testo.isEmpty() && passati >= 0 && passati < MINUTO;
-    tmrAvviso.Enabled(false);
+    Prendi_FineSessione();
     QStringList avvisi;
-    if (fallita) {
-        avvisi.append(fine.Testo);
-        tmrAvviso.Interval(static_cast<int>(MINUTO - passati));
-        tmrAvviso.Enabled(true);
+    if (tmrAvviso.Enabled()) {
+        avvisi.append(mFine.Testo);
     } else {
         for (const RigaStato &riga : Stato_Righe(mRilievo)) {
             if (riga.Avviso && !riga.Testo.isEmpty())
@@ -284,6 +288,12 @@ void frmMain::Mostra_Avviso()
     }
     lblAvviso->Caption(avvisi.join(u'\n'));
     lblAvviso->Visible(!avvisi.isEmpty());
+}
+
+void frmMain::tmrAvviso_Timer()
+{
+    tmrAvviso.Enabled(false);
+    Mostra_Avviso();
 }
 
 // --- the entries -------------------------------------------------------------------------------------------
@@ -370,21 +380,28 @@ void frmMain::Inizia_Prova()
         return;
     const QScopedValueRollback<bool> apertura(mApertura, true);
     gTipoProva = ProvaScelta;
-    const bool lista = gIniFile && Accettazioni_Presenti();
+    QString motivo;
+    const bool lista = gIniFile && Accettazioni_Presenti(motivo);
     if (!Caricato())
         return; // the way out was taken while the folder was listed
     if (lista)
         Apri_Lista();
     else
-        Apri_Veicolo(gIniFile ? Motivo_SenzaLista() : QString());
+        Apri_Veicolo(motivo);
 }
 
-bool frmMain::Accettazioni_Presenti() const
+/// Whether there is a file to choose. One look finds what the folder holds and, when it holds none, why: a
+/// share that is out of reach lets every look wait.
+/// @param[out] motivo why there is none, in the operator's language.
+bool frmMain::Accettazioni_Presenti(QString &motivo) const
 {
+    const StatoCartella stato = Cartella_Guarda(gDirAcc).Stato;
     QStringList nomi;
-    // A folder that is too deep for its files is as good as none: start-up has said so.
-    return Fs_CartellaAmmessa(gDirAcc) && Fs_Esiste(gDirAcc, 0) &&
-           Fs_Elenco(gDirAcc, QStringLiteral("*.acc"), nomi, Falso, Vero) > -1;
+    if (stato == StatoCartella::ConAccettazioni &&
+        Fs_Elenco(gDirAcc, QStringLiteral("*.acc"), nomi, Falso, Vero) > -1)
+        return true;
+    motivo = Motivo_SenzaLista(stato);
+    return false;
 }
 
 void frmMain::Apri_Veicolo(const QString &motivo)

@@ -4,6 +4,7 @@
 
 #include "app/riposo.h"
 #include "app/stato_stazione.h"
+#include "core/esito_sessione.h"
 #include "platform/temporizzatore.h"
 #include "toolkit/modulo.h"
 
@@ -40,8 +41,10 @@ private:
     void Carica_Password();
     void Rileva();
     void Mostra_Stato();
+    void Prendi_FineSessione();
     void Mostra_Avviso();
     void tmrStato_Timer();
+    void tmrAvviso_Timer();
     void cmdMnu_Click(qint16 Index);
     template <typename Form, typename Gestore>
     Form &Nuovo_Sentito(std::shared_ptr<Form> &riferimento, Gestore gestore);
@@ -51,7 +54,7 @@ private:
     void Apri_Informazioni();
     void Chiedi_Password(const QString &password);
     void Inizia_Prova();
-    bool Accettazioni_Presenti() const;
+    bool Accettazioni_Presenti(QString &motivo) const;
     void Apri_Veicolo(const QString &motivo);
     void Apri_Lista();
     void Avvia_Prova(qint16 valore);
@@ -70,7 +73,8 @@ private:
     Temporizzatore tmrStato;
     Temporizzatore tmrAvviso;
     Rilievo mRilievo;
-    Riposo mRiposo; // of the exchange folder
+    Riposo mRiposo;     // of the exchange folder
+    FineSessione mFine; // the session whose end the menu told of last
     std::shared_ptr<frmSetupO> formSetup;
     std::shared_ptr<frmAnagOffO> formAnagOff;
     std::shared_ptr<frmMctc2> formMctc2;

@@ -2,6 +2,7 @@
 #include "app/modApp.h"
 
 #include "core/codici.h"
+#include "core/fari.h"
 #include "core/limiti.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
@@ -15,20 +16,8 @@
 
 namespace {
 
-/// Which rows of the result a record of the instrument feeds, and its kind of beam.
-struct FascioRisultato
-{
-    RigaFar vert, orizz, lux, esitoLux;
-    Fascio fascio;
-};
-
-/// In the order of the records: left dipped, left main, right dipped, right main.
-constexpr FascioRisultato FASCI[] = {
-    {FarVertAnabSx, FarOrizzAnabSx, FarIllumLuxAnabSx, FarEsitoIllumLuxAnabSx, FascioAnabbagliante},
-    {FarVertAbbSx,  FarOrizzAbbSx,  FarIllumLuxAbbSx,  FarEsitoIllumLuxAbbSx,  FascioAbbagliante  },
-    {FarVertAnabDx, FarOrizzAnabDx, FarIllumLuxAnabDx, FarEsitoIllumLuxAnabDx, FascioAnabbagliante},
-    {FarVertAbbDx,  FarOrizzAbbDx,  FarIllumLuxAbbDx,  FarEsitoIllumLuxAbbDx,  FascioAbbagliante  },
-};
+/// The lamps in the order of the records: left dipped, left main, right dipped, right main.
+constexpr Faro FARI_STRUMENTO[] = {FaroAnabSx, FaroAbbSx, FaroAnabDx, FaroAbbDx};
 
 struct RigaStrumento
 {
@@ -78,13 +67,13 @@ void Dati_Prova()
     Far_Imposta(FarNumVersioneSoftware, FAR_VERSIONE.toString());
 }
 
-void Verdetti_Fascio(const MisuraFaro &misura, const FascioRisultato &fascio)
+void Verdetti_Faro(const MisuraFaro &misura, const RigheFaro &faro)
 {
-    Far_Imposta(fascio.vert, Verdetto_Mira(misura.EsitoV));
-    Far_Imposta(fascio.orizz, Verdetto_Mira(misura.EsitoO));
+    Far_Imposta(faro.vert, Verdetto_Mira(misura.EsitoV));
+    Far_Imposta(faro.orizz, Verdetto_Mira(misura.EsitoO));
     const qint32 lux = Intero32(qint64{misura.Lux} * 100);
-    Far_Imposta(fascio.lux, QString::number(lux));
-    Far_Imposta(fascio.esitoLux, Verdetto(Lux_Regolare(lux, fascio.fascio)));
+    Far_Imposta(faro.lux, QString::number(lux));
+    Far_Imposta(faro.esitoLux, Verdetto(Lux_Regolare(lux, faro.fascio)));
 }
 
 void Tempi_Prova()
@@ -102,8 +91,8 @@ void Calcola_Esito()
     Carica_Limiti();
     Far_Azzera();
     Dati_Prova();
-    for (size_t i = 0; i < std::size(FASCI); ++i)
-        Verdetti_Fascio(gMisure[i], FASCI[i]);
+    for (size_t i = 0; i < std::size(FARI_STRUMENTO); ++i)
+        Verdetti_Faro(gMisure[i], FARI[FARI_STRUMENTO[i]]);
     Far_Imposta(FarEsito, Verdetto(Far_Regolare(gRisultatoFar)));
     Tempi_Prova();
     if (!gFileAcc.isEmpty())

@@ -4,11 +4,11 @@
 #include "platform/orologio.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 
 constexpr qint64 VOLTE = 100;
+constexpr qint64 MASSIMO = 3600000; // ms: a clock set forward during a look makes it seem to have taken days
 
 } // namespace
 
@@ -19,12 +19,13 @@ void Riposo::Comincia()
 
 void Riposo::Finisci()
 {
-    const QDateTime adesso = Orologio_Corrente().Adesso();
-    m_finoA = adesso.addMSecs(VOLTE * std::max<qint64>(0, m_inizio.msecsTo(adesso)));
+    m_fine = Orologio_Corrente().Adesso();
+    m_riposo = std::clamp<qint64>(VOLTE * m_inizio.msecsTo(m_fine), 0, MASSIMO);
 }
 
 int Riposo::Attesa(int almeno) const
 {
-    const qint64 manca = m_finoA.isValid() ? Orologio_Corrente().Adesso().msecsTo(m_finoA) : 0;
-    return static_cast<int>(std::clamp<qint64>(manca, almeno, std::numeric_limits<int>::max()));
+    const qint64 passati =
+        m_fine.isValid() ? std::max<qint64>(0, m_fine.msecsTo(Orologio_Corrente().Adesso())) : 0;
+    return static_cast<int>(std::max<qint64>(almeno, m_riposo - passati));
 }

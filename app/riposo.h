@@ -9,12 +9,14 @@ class Riposo
 public:
     /// A look begins.
     void Comincia();
-    /// It has ended: the next one may come a hundred times later than this one took.
+    /// It has ended: the next one may come a hundred times later than this one took, after an hour at most.
     void Finisci();
-    /// @return ms until the next look may begin, by the clock in force. @param almeno no less than this.
+    /// @return ms until the next look may begin, by the clock in force: the whole rest when it was set back
+    /// since. @param almeno no less than this.
     int Attesa(int almeno) const;
 
 private:
     QDateTime m_inizio;
-    QDateTime m_finoA;
+    QDateTime m_fine;
+    qint64 m_riposo = 0; // ms; a length and no moment: somebody may set the computer's clock meanwhile
 };

@@ -40,8 +40,7 @@ RigaStato Riga_Porta(const Rilievo &rilievo)
 
 RigaStato Riga_Verifica(const Rilievo &rilievo)
 {
-    const Verifica verifica = Verifica_Di(rilievo.Scadenza, rilievo.Oggi);
-    switch (verifica.Stato) {
+    switch (Verifica_Di(rilievo.Scadenza, rilievo.Oggi)) {
     case StatoVerifica::Valida:
         return {Testo_Riempito(Testo_Mctc(MctcVerificaValida), rilievo.Scadenza), false};
     case StatoVerifica::InScadenza:
@@ -70,25 +69,21 @@ int Pezzo(const QString &testo, int da, int quanti)
 
 } // namespace
 
-Verifica Verifica_Di(const QString &scadenza, const QDate &oggi)
+StatoVerifica Verifica_Di(const QString &scadenza, const QDate &oggi)
 {
     constexpr qsizetype LUNGA = 10; // dd/mm/yyyy
     if (scadenza.isEmpty())
-        return {StatoVerifica::SenzaData, {}};
+        return StatoVerifica::SenzaData;
     const QDate fine(Pezzo(scadenza, 6, 4), Pezzo(scadenza, 3, 2), Pezzo(scadenza, 0, 2));
     if (scadenza.size() != LUNGA || !fine.isValid())
-        return {StatoVerifica::Illeggibile, {}};
+        return StatoVerifica::Illeggibile;
     if (fine < oggi)
-        return {StatoVerifica::Scaduta, fine};
-    return {oggi.daysTo(fine) <= GIORNI_AVVISO ? StatoVerifica::InScadenza : StatoVerifica::Valida, fine};
+        return StatoVerifica::Scaduta;
+    return oggi.daysTo(fine) <= GIORNI_AVVISO ? StatoVerifica::InScadenza : StatoVerifica::Valida;
 }
 
-QList<RigaStato> Stato_Righe(const Rilievo &rilievo)
+std::array<RigaStato, RIGHE_STATO> Stato_Righe(const Rilievo &rilievo)
 {
-    return {
-        {QStringLiteral("lumira ") + Versione_Programma(), false},
-        Riga_Cartella(rilievo),
-        Riga_Porta(rilievo),
-        Riga_Verifica(rilievo)
-    };
+    const RigaStato versione{QStringLiteral("lumira ") + Versione_Programma(), false};
+    return {versione, Riga_Cartella(rilievo), Riga_Porta(rilievo), Riga_Verifica(rilievo)};
 }

@@ -5,9 +5,9 @@
 #include "mctc/cartella_scambio.h"
 
 #include <QDate>
-#include <QList>
 #include <QString>
 
+#include <array>
 #include <optional>
 
 enum class StatoVerifica
@@ -19,16 +19,10 @@ enum class StatoVerifica
     Illeggibile ///< the text is no date
 };
 
-struct Verifica
-{
-    StatoVerifica Stato = StatoVerifica::SenzaData;
-    QDate Fine; ///< the last day on which the verification holds
-};
-
-/// Judges the end of the instrument's verification.
+/// Judges the end of the instrument's verification, the last day on which it holds.
 /// @param scadenza as the configuration keeps it: free text, day, month and year by position (dd/mm/yyyy),
 /// whatever parts them, as the result file takes them. @param oggi today.
-Verifica Verifica_Di(const QString &scadenza, const QDate &oggi);
+StatoVerifica Verifica_Di(const QString &scadenza, const QDate &oggi);
 
 /// What was found of the station.
 struct Rilievo
@@ -48,5 +42,7 @@ struct RigaStato
     bool Avviso; ///< somebody has to do something about it
 };
 
+inline constexpr qint16 RIGHE_STATO = 4;
+
 /// The state, a line a thing: version, exchange folder, port, verification.
-QList<RigaStato> Stato_Righe(const Rilievo &rilievo);
+std::array<RigaStato, RIGHE_STATO> Stato_Righe(const Rilievo &rilievo);

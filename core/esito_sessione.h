@@ -9,6 +9,8 @@ struct FineSessione
 {
     QString Testo;    ///< what ended the session and what to check, in the operator's language
     QDateTime Quando; ///< when it ended, by the clock in force
+
+    bool operator==(const FineSessione &) const = default;
 };
 
 /// The session that ended last; an empty text when it went well, or before the first.

@@ -64,16 +64,16 @@ quint8 Simmetrico_Da(const QString &valore)
 
 } // namespace
 
-LimitiLux Limiti_Lux(Fascio fascio)
+LimitiFascio Limiti_Di(Fascio fascio)
 {
-    return fascio == FascioAnabbagliante ? LimitiLux{gLuxMinAnab, gLuxMaxAnab}
-                                         : LimitiLux{gLuxMinAbb, gLuxMaxAbb};
+    return fascio == FascioAnabbagliante ? LimitiFascio{gLuxMinAnab, gLuxMaxAnab}
+                                         : LimitiFascio{gLuxMinAbb, gLuxMaxAbb};
 }
 
 bool Lux_Regolare(double lux, Fascio fascio)
 {
-    const LimitiLux limiti = Limiti_Lux(fascio);
-    return lux > limiti.Minimo && lux < limiti.Massimo;
+    const LimitiFascio limiti = Limiti_Di(fascio);
+    return lux > limiti.minimo && lux < limiti.massimo;
 }
 
 void Carica_Limiti()

@@ -20,13 +20,14 @@ enum Fascio : quint8
     FascioAbbagliante,
 };
 
-/// What an intensity lies between when it is regular. The limits themselves are irregular.
-struct LimitiLux
+/// The two limits of intensity of a beam, both irregular themselves.
+struct LimitiFascio
 {
-    qint32 Minimo;
-    qint32 Massimo;
+    qint32 minimo, massimo;
 };
-LimitiLux Limiti_Lux(Fascio fascio);
+
+/// The limits of intensity in force.
+LimitiFascio Limiti_Di(Fascio fascio);
 
 /// True when an intensity lies between the limits of its beam.
 /// @param lux in the unit of the limits; wide enough for a figure that was read back from its text.

@@ -144,6 +144,13 @@ void Campi_Crea(TabellaCampi tabella, qint16 ultimaRiga, Modulo &form)
     }
 }
 
+void Campi_Carattere(Modulo &form, double punti)
+{
+    form.lbl[0].FontSize(punti);
+    form.txt[0].FontSize(punti);
+    form.cbo[0].FontSize(punti);
+}
+
 void Campi_Applica(TabellaCampi tabella, qint16 ultimaRiga, Modulo &form)
 {
     for (qint16 riga = 0; riga <= ultimaRiga; ++riga) {

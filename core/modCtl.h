@@ -21,6 +21,9 @@ void Disegna_Cornice(Modulo &form, qint32 x1, qint32 y1, qint32 x2, qint32 y2);
 /// every row under the row's number. Each control carries its row number in its Tag.
 void Campi_Crea(TabellaCampi tabella, qint16 ultimaRiga, Modulo &form);
 
+/// Gives the members 0 of lbl, txt and cbo, and so every row made from them, a size of type in points.
+void Campi_Carattere(Modulo &form, double punti);
+
 /// Reads every row's value and shows it; then the captions.
 /// @throws ErroreEsecuzione 9 for a combo row whose list is empty or whose ListIndexDefault is outside it.
 void Campi_Applica(TabellaCampi tabella, qint16 ultimaRiga, Modulo &form);

@@ -22,11 +22,15 @@ Flag Fs_CartellaAmmessa(const QString &cartella)
     return Flag_Da(Percorso_Ammesso(cartella + QStringLiteral("12345678.acc")));
 }
 
+QString Fs_ConBarra(const QString &cartella)
+{
+    return cartella.endsWith(u'\\') ? cartella : cartella + u'\\';
+}
+
 qint32 Fs_Elenco(QString &cartella, const QString &maschera, QStringList &nomi, Flag percorsoIntero,
                  Flag filtroEstensione)
 {
-    if (!cartella.endsWith(u'\\'))
-        cartella += u'\\';
+    cartella = Fs_ConBarra(cartella);
     const QString estensione = Fs_Estensione(maschera).toUpper();
     nomi.clear();
     const QStringList trovati = Cartella_Elenca(cartella + maschera, 0);

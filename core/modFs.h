@@ -23,6 +23,9 @@ Flag Fs_CartellaAmmessa(const QString &cartella);
 qint32 Fs_Elenco(QString &cartella, const QString &maschera, QStringList &nomi, Flag percorsoIntero,
                  Flag filtroEstensione);
 
+/// A folder as the procedures take it: with a backslash at its end.
+QString Fs_ConBarra(const QString &cartella);
+
 /// What stands behind the last backslash; the whole text if there is none.
 QString Fs_Nome(const QString &percorso);
 /// What stands behind the last point; a name without a point is its own extension.

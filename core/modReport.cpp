@@ -6,6 +6,7 @@
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
+#include "core/sezioni_acc.h"
 #include "platform/orologio.h"
 
 #include <algorithm>
@@ -125,15 +126,15 @@ void Veicolo_Prova()
     const bool confermato = gTipoProva == ProvaConfermata;
     Prendi_Sezione(SezioneVeicolo, &gRepVeicoloEt, confermato ? nullptr : &gRepVeicoloVal);
     for (size_t i = 0; confermato && i < gRepVeicoloVal.size(); ++i) {
-        gRepVeicoloVal[i] = Valore_Ini(gFileAcc, QStringLiteral("DatiLibrettoVeicolo"),
-                                       QString::fromUtf16(CHIAVI_LIBRETTO[i]));
+        gRepVeicoloVal[i] =
+            Valore_Ini(gFileAcc, SEZIONE_LIBRETTO.toString(), QString::fromUtf16(CHIAVI_LIBRETTO[i]));
     }
 }
 
 QString Operatore_Prova()
 {
     return gTipoProva == ProvaScelta
-               ? Valore_Ini(gFileAcc, QStringLiteral("Prenotazione"), QStringLiteral("Operatore"))
+               ? Valore_Ini(gFileAcc, SEZIONE_PRENOTAZIONE.toString(), QStringLiteral("Operatore"))
                : Valore_Ini(gFileIni, ChiaveOperatore);
 }
 

@@ -148,7 +148,7 @@
     testo(MctcRispostaFa,              164) \
     testo(MctcNessunaRisposta,         165) \
     testo(MctcLampadaAttesa,           166) \
-    testo(MctcLampadaRisposta,         167) \
+    testo(MctcPortaMalImpostata,       167) \
     testo(MctcLampadaFermo,            168) \
     testo(MctcLampadaChiusa,           169) \
     testo(MctcPassoMisura,             170) \

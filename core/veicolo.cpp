@@ -2,6 +2,7 @@
 #include "core/veicolo.h"
 
 #include "core/modGeneral.h"
+#include "core/sezioni_acc.h"
 
 VeicoloInMano gVeicolo;
 
@@ -10,7 +11,7 @@ VeicoloInMano Veicolo_Leggi(const QString &file)
     if (file.isEmpty())
         return {};
     const auto valore = [&file](const QString &chiave) {
-        return Valore_Ini(file, QStringLiteral("DatiLibrettoVeicolo"), chiave).trimmed();
+        return Valore_Ini(file, SEZIONE_LIBRETTO.toString(), chiave).trimmed();
     };
     const QString descrizione = valore(QStringLiteral("Fabbrica")) + u' ' + valore(QStringLiteral("Tipo"));
     return {valore(QStringLiteral("Targa")), descrizione.trimmed()};

@@ -3,6 +3,7 @@
 
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
+#include "toolkit/lettura.h"
 #include "toolkit/schermo.h"
 #include "toolkit/titolo.h"
 
@@ -37,16 +38,16 @@ void dlgPwd::Disegno()
     lblTitolo = std::make_unique<Titolo>(Finestra(), QStringLiteral("lblTitolo"));
     lblTitolo->Visible(true);
     lblTitolo->Posto(ScalaX(MARGINE), ScalaX(150), ScalaX(FORM_LARGO - 2 * MARGINE), ScalaX(400));
-    lblTitolo->FontSize(Punti_Normali() * 1.4);
+    lblTitolo->FontSize(Punti_Normali() * LETTURA_COMODA);
     txtPwd = std::make_unique<CasellaTesto>(Finestra(), QStringLiteral("txtPwd"));
     txtPwd->Posto(ScalaX(MARGINE), ScalaX(650), ScalaX(FORM_LARGO - 2 * MARGINE), ScalaX(600));
-    txtPwd->FontSize(Punti_Normali() * 1.4);
+    txtPwd->FontSize(Punti_Normali() * LETTURA_COMODA);
     txtPwd->Nascosta(true);
     Collega(
         *txtPwd, [this] { txtPwd_Change(); }, [this](qint16 &tasto) { txtPwd_KeyPress(tasto); });
     for (qint16 i = 0; i <= 1; ++i) {
         cmd.Carica(i).Posto(ScalaX(MARGINE + i * 2600), ScalaX(1550), ScalaX(2400), ScalaX(800));
-        cmd[i].FontSize(Punti_Normali() * 1.4);
+        cmd[i].FontSize(Punti_Normali() * LETTURA_COMODA);
         cmd[i].Visible(true);
     }
 }

@@ -13,7 +13,6 @@ namespace {
 constexpr qint32 FORM_LARGO = 9000;
 constexpr qint32 FORM_ALTO = 5250;
 constexpr qint32 SINISTRA = 2750;
-constexpr qint32 PASSO = 400;
 
 struct RigaAbout
 {
@@ -63,10 +62,8 @@ void frmAbout::Load()
 void frmAbout::Costruisci()
 {
     mCostruito = true;
-    for (qint16 i = 1; i <= ULTIMA_RIGA; ++i) {
-        lblAbout.Carica(i).Top(RIGHE[0].cima + i * PASSO);
-        lblAbout[i].Visible(true);
-    }
+    for (qint16 i = 1; i <= ULTIMA_RIGA; ++i)
+        lblAbout.Carica(i).Visible(true);
     for (qint16 i = 0; i <= ULTIMA_RIGA; ++i) {
         const RigaAbout &riga = RIGHE[i];
         lblAbout[i].Caption(Valore_Ini(gFileIni, riga.chiave));

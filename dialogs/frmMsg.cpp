@@ -99,14 +99,14 @@ void frmMsg::Adatta_Testo()
     const qint32 titolo = std::max(0, TITOLO_FONDO - (meta - spazio / 2));
     lbl[0].Posto(lbl[0].Left(), lbl[0].Top(), Width() - 2 * MARGINE_TESTO, spazio);
     lbl[0].Allineamento(Orizzontale::Centro);
-    lbl[0].Margine_Sopra(titolo);
+    lbl[0].Margini(titolo, 0);
     // Only now that the room is known: of a report many screens long no more is laid out than can be seen.
     lbl[0].Caption(lbl[0].Principio(Text));
     lbl[0].NomeAccessibile(Text);
     const qint32 alto = lbl[0].Altezza_Testo() - titolo;
     if (alto > spazio - 2 * titolo)
         return; // it stands between the title and the end of its room
-    lbl[0].Margine_Sopra(0);
+    lbl[0].Margini(0, 0);
     lbl[0].Height(alto);
 }
 

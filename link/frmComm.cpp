@@ -8,7 +8,6 @@
 #include "core/veicolo.h"
 #include "dialogs/dlgPwd.h"
 #include "link/frmComm_quadro.h"
-#include "link/modComm.h"
 #include "link/seriale.h"
 #include "toolkit/applicazione.h"
 #include "toolkit/aspetto.h"
@@ -36,7 +35,6 @@ constexpr qint32 PIEDE = 3075;
 constexpr qint32 LAMPADA = 540;
 constexpr qint32 CMD_LARGO = 2450;
 constexpr qint32 PARTE_PORTA = 60; // hundredths of the notice
-constexpr quint32 FONDO_PORTA = 0x1C1C9E;
 constexpr int RITARDO_TASTI = 500; // ms: the form comes up where the operator has just pressed Enter
 
 /// "Err Rs232" boxes that wait, at most: a frame leaves one for a byte, and no more bytes wait than these.
@@ -66,7 +64,8 @@ void frmComm::Disegno()
     for (Etichetta *etichetta : {lblPorta.get(), lblRimedio.get()}) {
         etichetta->Visible(false);
         etichetta->Allineamento(Orizzontale::Centro, Verticale::Basso);
-        etichetta->BackColor(FONDO_PORTA); // apart from the words above, which go on asking to wait
+        // Apart from the words above, which go on asking to wait.
+        etichetta->BackColor(Numero_Tinta(Tinta::Guasto));
         etichetta->ForeColor(COLORE_BIANCO);
     }
     lblTarga = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTarga"));
@@ -114,6 +113,7 @@ void frmComm::Load()
     Height(ScalaX(ALTA)); // by the x scale too: the form keeps its shape on every screen
     Centra();
     Image1->Posto(0, 0, Width(), Height());
+    lbl[0].Posto(0, 0, Width(), ScalaX(DUE_RIGHE));
     Disponi_Piede();
 
     Carica_Lingua(gFileLingue, ULTIMO_TESTO_LINGUA, gTabLingua);
@@ -121,11 +121,10 @@ void frmComm::Load()
     Report_Dati(1);
     cmd[0].Caption(Testo_Lingua(LinguaInterrompi));
     Mostra_Veicolo();
-    mMacchina->Modo = static_cast<ModoScambio>(Modo);
+    mMacchina->Modo = Modo;
     mMacchina->Prepara();
     mQuadro->Inizia(Testo_Mctc(Modo == ModoMisura ? MctcPassoMisura : MctcPassoStrumento),
                     Modo != ModoDefault);
-    Disponi();
     Mostra_Lbl(mMacchina->MsgIniziale);
     lbl[0].Visible(true);
     mMacchina->Avvia();
@@ -145,14 +144,16 @@ void frmComm::Disponi_Piede()
     cmd[0].Posto(sinistraCmd, centro - ScalaX(BERSAGLIO_ALTO) / 2, ScalaX(CMD_LARGO), ScalaX(BERSAGLIO_ALTO));
 }
 
-/// What stands between the words and the lowest line. A failure needs three lines for its words, a list of
-/// the traffic a column; the operator has no use for the traffic then, and a technician none for the steps.
+/// What stands between the words and the lowest line. A failure needs three lines for its words, and the last
+/// reply stays to be read out to whoever helps: of the vehicle only the plate does. A list of the traffic
+/// needs a column. A notice about the port keeps the words at their two lines: it is what counts.
 void frmComm::Disponi()
 {
-    const bool fallita = mMacchina->Stato == StatoChiusura && mMacchina->Esito == SessioneFallita;
+    const bool guasta = !lblPorta->Caption().isEmpty();
+    const bool fallita = !guasta && mMacchina->Stato == StatoChiusura && mMacchina->Esito == SessioneFallita;
     const bool elenco = gDebug || mElenco;
-    const bool passi = mPortaAperta && !fallita && !gDebug;
-    const bool veicolo = !elenco && mPortaAperta && !lblTarga->Caption().isEmpty();
+    const bool passi = !guasta && !fallita && !gDebug;
+    const bool veicolo = !elenco && !guasta && !lblTarga->Caption().isEmpty();
     const qint32 margine = ScalaX(MARGINE);
     const qint32 larghezza = Width() - 2 * margine;
     lbl[0].Posto(0, 0, Width(), ScalaX(fallita ? TRE_RIGHE : DUE_RIGHE));
@@ -164,7 +165,7 @@ void frmComm::Disponi()
     }
     qint32 fondo = ScalaX(PIEDE) - ScalaX(STACCO);
     lblTarga->Visible(veicolo);
-    lblVeicolo->Visible(veicolo);
+    lblVeicolo->Visible(veicolo && !fallita);
     if (veicolo)
         fondo -= ScalaX(VEICOLO_ALTO);
     lstDbg->Visible(elenco);
@@ -176,22 +177,22 @@ void frmComm::Disponi()
     const qint32 resto = Width() - margine - sinistra;
     const qint32 altezza = fondo - cima;
     for (Etichetta *etichetta : {lblPorta.get(), lblRimedio.get()})
-        etichetta->Visible(!mPortaAperta);
-    for (Etichetta *etichetta : {lblNomeTx.get(), lblTx.get(), lblNomeRx.get(), lblRx.get()})
-        etichetta->Visible(elenco || !fallita);
-    if (!mPortaAperta)
+        etichetta->Visible(guasta && !etichetta->Caption().isEmpty());
+    if (guasta)
         Disponi_Porta(sinistra, cima, resto, altezza);
+    else if (veicolo && fallita)
+        Disponi_InColonna(lblVeicolo->Left(), cima, lblVeicolo->Width(), altezza + ScalaX(VEICOLO_ALTO));
     else if (veicolo)
         Disponi_InRiga(sinistra, cima, resto);
     else
         Disponi_InColonna(sinistra, cima, resto, altezza);
 }
 
-/// Which port, and below it what to check; the traffic keeps its line.
+/// What is wrong with the port, and below it what to check; the traffic keeps its line.
 void frmComm::Disponi_Porta(qint32 left, qint32 top, qint32 width, qint32 height)
 {
     const qint32 avviso = height - ScalaX(RIGA_HEX) - ScalaX(STACCO);
-    const qint32 porta = avviso * PARTE_PORTA / 100;
+    const qint32 porta = lblRimedio->Visible() ? avviso * PARTE_PORTA / 100 : avviso;
     lblPorta->Posto(left, top, width, porta);
     lblRimedio->Posto(left, top + porta, width, avviso - porta);
     Disponi_InRiga(left, top + height - ScalaX(RIGA_HEX), width);
@@ -231,9 +232,9 @@ void frmComm::Mostra_Veicolo()
     lblTarga->Posto(ScalaX(MARGINE), cima, ScalaX(TARGA_LARGA), ScalaX(VEICOLO_ALTO));
     lblTarga->Caption(gVeicolo.Targa);
     lblVeicolo->Posto(destra, cima, Width() - ScalaX(MARGINE) - destra, ScalaX(VEICOLO_ALTO));
-    lblVeicolo->Caption(Accorcia(*lblVeicolo, gVeicolo.Descrizione));
-    lblVeicolo->NomeAccessibile(gVeicolo.Descrizione);
+    Mostra_Accorciata(*lblVeicolo, gVeicolo.Descrizione);
 }
+
 void frmComm::cmd_Click(qint16)
 {
     Scarica();
@@ -303,12 +304,11 @@ void frmComm::Colora_Sha(quint32 colore)
     mQuadro->Lampada(colore);
 }
 
-void frmComm::Mostra_Porta(bool aperta)
+void frmComm::Mostra_Porta()
 {
-    mPortaAperta = aperta;
-    lblPorta->Caption(Porta_NonAperta());
-    lblRimedio->Caption(Testo_Mctc(MctcPortaRimedio));
-    mQuadro->Porta(aperta);
+    lblPorta->Caption(mMacchina->Guasto_Porta());
+    lblRimedio->Caption(mMacchina->Rimedio_Porta());
+    mQuadro->Porta(*mMacchina);
     Disponi();
 }
 

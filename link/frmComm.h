@@ -22,7 +22,7 @@ public:
     frmComm();
     ~frmComm() override;
 
-    quint8 Modo = ModoMisura; ///< set by the parent before loading, never changed after
+    ModoScambio Modo = ModoMisura; ///< set by the parent before loading, never changed after
 
     /// A second way into the writing of the defaults, for a form that is loaded already; nothing calls it.
     QVariant Imposta_Default();
@@ -51,7 +51,7 @@ private:
     void Colora_Sha(quint32 colore) override;
     void Mostra_Errore(const QString &testo) override;
     void Scarica_Modulo() override;
-    void Mostra_Porta(bool aperta) override;
+    void Mostra_Porta() override;
     void Mostra_Avanzamento() override;
     void Mostra_Veicolo();
     void Disponi();
@@ -80,7 +80,6 @@ private:
     std::unique_ptr<ControlloSeriale> commApp;
     std::unique_ptr<MacchinaScambio> mMacchina;
     std::shared_ptr<dlgPwd> frmPwd;
-    bool mPortaAperta = true;
     bool mChiusura = false;
     bool mElenco = false;             // there is something in lstDbg
     QStringList mErrori;              // texts of "Err Rs232" boxes not yet shown
@@ -90,10 +89,9 @@ private:
 
 /// Runs one link session: makes the form, loads it, which starts the session, and shows it until it has
 /// ended.
-/// @param form the parent's reference. @param modo a ModoScambio. @param padre, notifica who hears the end of
-/// it.
+/// @param form the parent's reference. @param padre, notifica who hears the end of it.
 template <typename T>
-void Sessione_Esegui(std::shared_ptr<frmComm> &form, quint8 modo, T *padre,
+void Sessione_Esegui(std::shared_ptr<frmComm> &form, ModoScambio modo, T *padre,
                      void (T::*notifica)(qint16 &codice, QVariant &valore))
 {
     form = Nuovo<frmComm>();

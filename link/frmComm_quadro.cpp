@@ -3,8 +3,10 @@
 
 #include "core/codici.h"
 #include "core/modGeneral.h"
+#include "core/testo_riempito.h"
 #include "link/modComm.h"
 #include "link/scambio.h"
+#include "toolkit/aspetto.h"
 #include "toolkit/lettura.h"
 #include "toolkit/modulo.h"
 #include "toolkit/schermo.h"
@@ -14,14 +16,13 @@ namespace {
 constexpr int SECONDO = 1000; // ms
 
 /// The lamp's words, in the order of ParolaLampada.
-constexpr TestoMctc TESTI_PAROLE[] = {MctcLampadaAttesa, MctcLampadaRisposta, MctcLampadaFermo,
-                                      MctcLampadaChiusa};
+constexpr TestoMctc TESTI_PAROLE[] = {MctcLampadaAttesa, MctcLampadaFermo, MctcLampadaChiusa};
 
 // A step behind, the present one, one to come: told apart by a tick and by dark and light, not by the hue.
-constexpr quint32 FONDO_PRESENTE = 0x8A5C0B;
-constexpr quint32 FONDO_PASSATO = 0xF8F0E4;
-constexpr quint32 FONDO_FUTURO = 0xF8F6F3;
-constexpr quint32 SCRITTA_FUTURO = 0x72685A;
+constexpr Tinta FONDO_PRESENTE = Tinta::Fuoco;
+constexpr Tinta FONDO_PASSATO = Tinta::FuocoTenue;
+constexpr Tinta FONDO_FUTURO = Tinta::Sfondo;
+constexpr Tinta SCRITTA_FUTURO = Tinta::TestoSpento;
 const QString SPUNTA = QStringLiteral("√ "); // every type family of the screen has it
 
 /// Part of the width that the words of the lamp take of their line; the rest is the time's.
@@ -94,33 +95,28 @@ void QuadroSessione::Passi_Visibili(bool visibili)
         lblPasso[i].Visible(visibili && (m_conStato || i != PassoStato));
 }
 
-void QuadroSessione::Porta(bool aperta)
+void QuadroSessione::Porta(const MacchinaScambio &macchina)
 {
-    m_aperta = aperta;
-    Mostra_Parola(aperta ? ParolaAttesa : ParolaChiusa);
+    Mostra_Parola(macchina);
 }
 
 void QuadroSessione::Avanza(const MacchinaScambio &macchina)
 {
-    m_chiusura = macchina.Stato == StatoChiusura;
-    tmrSecondi.Enabled(!m_chiusura);
-    if (!m_chiusura)
+    const bool chiusura = macchina.Stato == StatoChiusura;
+    tmrSecondi.Enabled(!chiusura);
+    if (!chiusura)
         Mostra_Passo(macchina.Comando == CmdStato ? PassoStato : PassoDati);
     else if (macchina.Esito == SessioneCompletata)
         Mostra_Passo(PASSI); // all of them are behind
-    if (m_chiusura)
-        Mostra_Parola(ParolaFermo);
+    Mostra_Parola(macchina);
 }
 
 void QuadroSessione::Lampada(quint32 colore)
 {
-    if (colore == COLORE_VERDE) {
-        m_risposta.Parti();
-        Mostra_Tempi();
-    }
-    if (!m_aperta || m_chiusura)
+    if (colore != COLORE_VERDE)
         return;
-    Mostra_Parola(colore == COLORE_VERDE ? ParolaRisposta : ParolaAttesa);
+    m_risposta.Parti();
+    Mostra_Tempi();
 }
 
 void QuadroSessione::Mostra_Passo(qint16 passo)
@@ -131,15 +127,21 @@ void QuadroSessione::Mostra_Passo(qint16 passo)
     for (qint16 i = 0; i < PASSI; ++i) {
         Etichetta &etichetta = lblPasso[i];
         etichetta.Caption((i < passo ? SPUNTA : QString()) + m_nomiPassi[i]);
-        etichetta.BackColor(i == passo ? FONDO_PRESENTE : i < passo ? FONDO_PASSATO : FONDO_FUTURO);
-        etichetta.ForeColor(i == passo ? COLORE_BIANCO : i < passo ? COLORE_NERO : SCRITTA_FUTURO);
+        const Tinta fondo = i == passo ? FONDO_PRESENTE : i < passo ? FONDO_PASSATO : FONDO_FUTURO;
+        etichetta.BackColor(Numero_Tinta(fondo));
+        etichetta.ForeColor(i == passo  ? COLORE_BIANCO
+                            : i < passo ? COLORE_NERO
+                                        : Numero_Tinta(SCRITTA_FUTURO));
         etichetta.Bordo();
     }
 }
 
-void QuadroSessione::Mostra_Parola(ParolaLampada parola)
+/// By the session, not by the lamp, whose colour goes with the beats. On a port that did not open nothing
+/// runs that could stand still.
+void QuadroSessione::Mostra_Parola(const MacchinaScambio &macchina)
 {
-    const QString &testo = m_parole[parola];
+    const ParolaLampada corso = macchina.Stato == StatoChiusura ? ParolaFermo : ParolaAttesa;
+    const QString &testo = m_parole[macchina.PortaAperta ? corso : ParolaChiusa];
     const QString scritta =
         testo.isEmpty() ? Porta_Nome() : QStringLiteral("%1: %2").arg(Porta_Nome(), testo);
     if (scritta != lblLampada.Caption())
@@ -151,10 +153,9 @@ void QuadroSessione::Mostra_Tempi()
     const qint64 durata = m_durata.Secondi();
     const QString secondi = QString::number(durata % 60).rightJustified(2, u'0');
     lblDurata.Caption(QStringLiteral("%1:%2").arg(durata / 60).arg(secondi));
-    QString risposta = m_testoNessuna;
-    if (m_risposta.Partito())
-        risposta =
-            QString(m_testoRisposta).replace(QStringLiteral("%1"), QString::number(m_risposta.Secondi()));
+    const QString risposta = m_risposta.Partito()
+                                 ? Testo_Riempito(m_testoRisposta, QString::number(m_risposta.Secondi()))
+                                 : m_testoNessuna;
     if (risposta != lblRisposta.Caption())
         lblRisposta.Caption(risposta);
 }

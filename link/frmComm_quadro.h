@@ -31,10 +31,11 @@ public:
     void Posto_Righe(qint32 left, qint32 top, qint32 width, qint32 height);
     void Passi_Visibili(bool visibili);
 
-    void Porta(bool aperta);
+    /// The port has been tried.
+    void Porta(const MacchinaScambio &macchina);
     /// The session has gone on, or ended.
     void Avanza(const MacchinaScambio &macchina);
-    /// The lamp has another colour.
+    /// The lamp has another colour; green is a reply.
     void Lampada(quint32 colore);
 
 private:
@@ -48,13 +49,11 @@ private:
     enum ParolaLampada : qint16
     {
         ParolaAttesa,
-        ParolaRisposta,
         ParolaFermo,
-        ParolaChiusa,
-        PAROLE
+        ParolaChiusa
     };
     void Mostra_Passo(qint16 passo);
-    void Mostra_Parola(ParolaLampada parola);
+    void Mostra_Parola(const MacchinaScambio &macchina);
     void Mostra_Tempi();
 
     ArrayControlli<Etichetta> lblPasso;
@@ -69,7 +68,5 @@ private:
     Cronometro m_durata;
     Cronometro m_risposta; ///< since the last reply; at rest before the first
     bool m_conStato = true;
-    bool m_aperta = true;
-    bool m_chiusura = false;
     qint16 m_passo = -1; ///< shown as the present one
 };

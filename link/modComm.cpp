@@ -2,6 +2,7 @@
 #include "link/modComm.h"
 
 #include "core/modGeneral.h"
+#include "core/testo_riempito.h"
 #include "link/controllo_seriale.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/numeri.h"
@@ -86,6 +87,11 @@ QString Porta_Nome()
 QString Porta_NonAperta()
 {
     return QStringLiteral("%1 %2").arg(Porta_Nome(), Testo_Mctc(MctcPortaNonAperta)).trimmed();
+}
+
+QString Porta_MalImpostata()
+{
+    return Testo_Riempito(Testo_Mctc(MctcPortaMalImpostata), Porta_Nome());
 }
 
 void Chiudi_Porta(ControlloSeriale &porta)

@@ -41,6 +41,10 @@ QString Porta_Nome();
 /// What to say of a port that did not open: which it is.
 QString Porta_NonAperta();
 
+/// What to say of a port that is open without speed and format, since their text is none: which it is and
+/// where to look. Empty with a file of texts from before it.
+QString Porta_MalImpostata();
+
 /// Closes the port if it is open.
 void Chiudi_Porta(ControlloSeriale &porta);
 

@@ -138,9 +138,9 @@ void MacchinaScambio::Avvia()
 {
     Esito = SessioneFallita;
     Passa_Oltre([] { Leggi_Porta(gFileIni); });
-    Apri_Porta(commApp);
-    m_portaAperta = commApp.PortOpen();
-    m_finestra.Mostra_Porta(m_portaAperta);
+    PortaImpostata = Apri_Porta(commApp) == Vero;
+    PortaAperta = commApp.PortOpen();
+    m_finestra.Mostra_Porta();
     Ricezione.StatoRx = 0;
     if (Modo == ModoDefault) {
         Imposta_Sequenza();
@@ -159,12 +159,24 @@ void MacchinaScambio::Termina()
     Chiudi_Porta(commApp);
 }
 
+QString MacchinaScambio::Guasto_Porta() const
+{
+    if (!PortaAperta)
+        return Porta_NonAperta();
+    return PortaImpostata ? QString() : Porta_MalImpostata();
+}
+
+QString MacchinaScambio::Rimedio_Porta() const
+{
+    return PortaAperta ? QString() : Testo_Mctc(MctcPortaRimedio);
+}
+
 QString MacchinaScambio::Causa() const
 {
-    if (!m_portaAperta) {
-        const QString rimedio = Testo_Mctc(MctcPortaRimedio);
-        return rimedio.isEmpty() ? Porta_NonAperta() : Porta_NonAperta() + QStringLiteral(": ") + rimedio;
-    }
+    const QString guasto = Guasto_Porta();
+    const QString rimedio = Rimedio_Porta();
+    if (!guasto.isEmpty())
+        return rimedio.isEmpty() ? guasto : guasto + QStringLiteral(": ") + rimedio;
     return Stato == StatoChiusura ? m_fallimento : Testo_Mctc(MctcSessioneInterrotta);
 }
 

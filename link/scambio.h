@@ -55,8 +55,9 @@ public:
     virtual void Scarica_Modulo() = 0;
 
     // A window that shows no more than the words does without these.
-    /// The port has been tried: whether it is open. Its number is gPortaNum.
-    virtual void Mostra_Porta(bool /*aperta*/) {}
+    /// The port has been tried: PortaAperta and Guasto_Porta of the machine say how it stands. Its number is
+    /// gPortaNum.
+    virtual void Mostra_Porta() {}
     /// The session has gone on or ended: Stato, Comando and Esito of the machine say where it stands.
     virtual void Mostra_Avanzamento() {}
 };
@@ -77,6 +78,8 @@ public:
     qint16 UltimoPasso = 0;        ///< last index of Sequenza
     QString MsgIniziale;           ///< first caption of lbl
 
+    bool PortaAperta = false;    ///< Avvia has opened it
+    bool PortaImpostata = false; ///< and its settings were understood: otherwise nothing is heard on it
     StatoScambio Stato = StatoFermo;
     qint16 Passo = 0;       ///< index in Sequenza of the command on the wire
     quint8 Comando = 0;     ///< type last built
@@ -95,8 +98,13 @@ public:
     void Avvia();
 
     /// Stops the timer and closes the port; whatever still arrives is lost. Notes what the session failed of
-    /// (Sessione_Annota): the words that were on the screen, the port that did not open, or the operator.
+    /// (Sessione_Annota): the words that were on the screen, what is wrong with the port, or the operator.
     void Termina();
+
+    /// From Avvia on: what is wrong with the port, and what to do about it where the first does not say so;
+    /// empty when nothing is.
+    QString Guasto_Porta() const;
+    QString Rimedio_Porta() const;
 
     /// Writes the identity of the profile through a session that is loaded already. Sends the first identity
     /// frame as step 0 and leaves Sequenza alone: the caller sees to it. Nothing calls it at present.
@@ -137,6 +145,5 @@ private:
     FinestraScambio &m_finestra;
     ControlloSeriale &commApp;
     Temporizzatore tmrComm;
-    bool m_portaAperta = false;
     QString m_fallimento; // words of the last failure
 };

@@ -3,6 +3,7 @@
 #include "mctc/campi_acc.h"
 
 #include "core/modGeneral.h"
+#include "core/sezioni_acc.h"
 #include "platform/errore_esecuzione.h"
 
 std::array<CampoForm, RIGHE_ACC> gCampiAcc;
@@ -43,7 +44,7 @@ CampoForm &Campo_Acc(qint16 riga)
 
 QString Targa_Leggi(const QString &percorso)
 {
-    return Valore_Ini(percorso, QStringLiteral("DatiLibrettoVeicolo"), QStringLiteral("Targa"));
+    return Valore_Ini(percorso, SEZIONE_LIBRETTO.toString(), QStringLiteral("Targa"));
 }
 
 Flag Visivo_Compilato(const QString &percorso)

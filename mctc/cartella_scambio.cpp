@@ -44,8 +44,7 @@ CartellaScambio Cartella_Guarda(const QString &cartella)
     bool elencata = false;
     QStringList nomi = Nomi_Di(cartella + u'*', elencata);
     if (!elencata) {
-        const bool presente =
-            Fs_Esiste(cartella.chopped(cartella.endsWith(u'\\') ? 1 : 0), ATTRIBUTO_CARTELLA);
+        const bool presente = Fs_Esiste(cartella.chopped(1), ATTRIBUTO_CARTELLA);
         return {presente ? StatoCartella::Illeggibile : StatoCartella::Mancante, 0};
     }
     const VeicoliFatti fatti = Fatti_Tra(nomi);

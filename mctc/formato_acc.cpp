@@ -1,12 +1,14 @@
 // The tables of the exchange, a row a field. Constants only: no file and no code that walks them.
 #include "mctc/formato_acc.h"
 
+#include "core/sezioni_acc.h"
+
 namespace {
 
 using enum TipoControllo;
 
-constexpr QStringView PRENOTAZIONE = u"Prenotazione";
-constexpr QStringView LIBRETTO = u"DatiLibrettoVeicolo";
+constexpr QStringView PRENOTAZIONE = SEZIONE_PRENOTAZIONE;
+constexpr QStringView LIBRETTO = SEZIONE_LIBRETTO;
 constexpr QStringView PROTOCOLLO = u"IdentificazioneProtocollo";
 
 constexpr QStringView FRENATURA = u"Vis_DispositiviFrenatura";

@@ -68,9 +68,7 @@ void frmControlliMctc::Disegno()
     lbl.Carica(0).Posto(0, 0, ScalaX(SINISTRA - 200), ScalaY(CASELLA_ALTA));
     txt.Carica(0).Posto(0, 0, ScalaX(800), ScalaY(CASELLA_ALTA));
     cbo.Carica(0).Posto(0, 0, ScalaX(800), ScalaY(CASELLA_ALTA));
-    for (Controllo *riga : {static_cast<Controllo *>(&lbl[0]), static_cast<Controllo *>(&txt[0]),
-                            static_cast<Controllo *>(&cbo[0])})
-        riga->FontSize(Punti_Normali() * LETTURA_TASTIERA);
+    Campi_Carattere(*this, Punti_Normali() * LETTURA_TASTIERA);
     for (qint16 i = 0; i <= 1; ++i) {
         cmd.Carica(i).FontSize(Punti_Normali() * LETTURA_TASTIERA);
         cmd[i].Visible(true);

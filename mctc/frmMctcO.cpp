@@ -15,6 +15,7 @@
 #include "report/frmMctc2.h"
 #include "toolkit/aspetto.h"
 #include "toolkit/elenco_colonne.h"
+#include "toolkit/lettura.h"
 #include "toolkit/ricerca_elenco.h"
 #include "toolkit/schermo.h"
 
@@ -65,13 +66,11 @@ constexpr Posto POSTO_CERCA = {8000, 0, 7000, 490};
 constexpr Posto POSTO_ATTESA = {8000, 10840, 7000, 620};
 constexpr Posto POSTO_TARGA = {100, 9540, 3400, 1100};
 constexpr Posto POSTO_AVVISO = {3550, 9540, 3450, 1100};
-constexpr Posto POSTO_ESCI = {100, 10690, 2800, 780};
-constexpr Posto POSTO_CONFERMA = {4200, 10690, 2800, 780};
+constexpr Posto POSTO_ESCI = {100, 10690, 2800, BERSAGLIO_ALTO};
+constexpr Posto POSTO_CONFERMA = {4200, 10690, 2800, BERSAGLIO_ALTO};
 
 // Type, in times of the normal size.
-constexpr double PUNTI_CAMPO = 1.1;
-constexpr double PUNTI_GRANDE = 2.2; // of what is read from two metres
-constexpr double PUNTI_TARGA = 3.5;
+constexpr double PUNTI_CAMPO = 1.1; // frames and pitch of the rows are given
 
 // How a stored date or time reads on the screen.
 constexpr qint16 FORMATO_GREZZO = -1;
@@ -144,7 +143,7 @@ void frmMctcO::Disegno()
 {
     Massimizza();
     lstAuto = std::make_unique<ElencoVoci>(Finestra(), QStringLiteral("lstAuto"));
-    lstAuto->FontSize(Punti_Normali() * PUNTI_GRANDE);
+    lstAuto->FontSize(Punti_Normali() * LETTURA_SCHERMO);
     lstAuto->Click = [this] { Esegui([this] { lstAuto_Click(); }); };
     mRicerca = std::make_unique<RicercaElenco>(*lstAuto);
     mRicerca->Cambiata = [this] { Esegui([this] { Cerca(); }); };
@@ -218,20 +217,20 @@ void frmMctcO::Disponi()
         lbl[i].Width(ScalaX(VEICOLO.etichettaLarga));
 
     cmd[0].Caption(Testo_Mctc(MctcConferma));
-    Disponi_In(cmd[0], POSTO_CONFERMA, PUNTI_GRANDE);
+    Disponi_In(cmd[0], POSTO_CONFERMA, LETTURA_SCHERMO);
     cmd[0].Default(true);
     cmd[1].Caption(Testo_Mctc(MctcAnnulla));
-    Disponi_In(cmd[1], POSTO_ESCI, PUNTI_GRANDE);
+    Disponi_In(cmd[1], POSTO_ESCI, LETTURA_SCHERMO);
     cmd[1].Cancel(true);
     Disponi_Scritte();
 }
 
 void frmMctcO::Disponi_Scritte()
 {
-    Disponi_In(*lblCerca, POSTO_CERCA, PUNTI_GRANDE);
-    Disponi_In(*lblAttesa, POSTO_ATTESA, PUNTI_GRANDE);
-    Disponi_In(*lblTarga, POSTO_TARGA, PUNTI_TARGA);
-    Disponi_In(*lblAvviso, POSTO_AVVISO, PUNTI_GRANDE);
+    Disponi_In(*lblCerca, POSTO_CERCA, LETTURA_SCHERMO);
+    Disponi_In(*lblAttesa, POSTO_ATTESA, LETTURA_SCHERMO);
+    Disponi_In(*lblTarga, POSTO_TARGA, LETTURA_AUTO);
+    Disponi_In(*lblAvviso, POSTO_AVVISO, LETTURA_SCHERMO);
     lblTarga->FontBold(true);
     lblAvviso->FontBold(true);
     lblAvviso->BackColor(COLORE_BIANCO);
@@ -391,7 +390,6 @@ void frmMctcO::tmrLst_Timer()
     } catch (const ErroreEsecuzione &) {
         // A selection that lies beyond the shortened list, say, or a check broken off in the middle: the next
         // tick starts afresh, and the way out stays open.
-        mOccupato = false;
         cmd[1].Enabled(true);
     }
 }
@@ -422,10 +420,8 @@ void frmMctcO::lstAuto_Click()
         Togli_Avviso();
     }
     Mostra_Targa();
-    mOccupato = true;
     QString rapporto;
     const EsitoControllo esito = Esamina_File(gDirAcc + mVoci[scelta].NomeFile, rapporto);
-    mOccupato = false;
     cmd[0].Enabled(esito == AccBuona);
     cmd[1].Enabled(true);
     if (esito != AccBuona) {
@@ -438,6 +434,7 @@ void frmMctcO::lstAuto_Click()
 EsitoControllo frmMctcO::Esamina_File(const QString &percorso, QString &rapporto)
 {
     const Clessidra clessidra;
+    const QScopedValueRollback<bool> occupato(mOccupato, true);
     cmd[0].Enabled(false);
     cmd[1].Enabled(false);
     gFileAcc = percorso;
@@ -453,8 +450,8 @@ void frmMctcO::Dipingi_Errori()
     for (qint16 riga = 0; riga < RIGHE_ACC; ++riga) {
         const CampoForm &campo = Campo_Acc(riga);
         if (campo.Kind == CampoTesto)
-            txt[campo.CtlIndex].BackColor(gErroriCampiAcc[static_cast<size_t>(riga)] != 0 ? COLORE_ROSSO
-                                                                                          : COLORE_BIANCO);
+            txt[campo.CtlIndex].BackColor(
+                gErroriCampiAcc[static_cast<size_t>(riga)] != ValoreBuono ? COLORE_ROSSO : COLORE_BIANCO);
     }
 }
 

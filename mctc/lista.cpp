@@ -77,7 +77,7 @@ qint32 Liste_Differenze(const QStringList &prima, const QStringList &dopo)
 qint32 Lista_Cerca(const QList<VoceLista> &voci, const QString &testo, qint32 da, qint32 passo)
 {
     const qint32 targa = Primo_In_Giro(voci, da, passo, [&testo](const VoceLista &voce) {
-        return voce.Targa.contains(testo, Qt::CaseInsensitive);
+        return QString(voce.Targa).remove(u' ').contains(testo, Qt::CaseInsensitive);
     });
     if (targa >= 0)
         return targa;

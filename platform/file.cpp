@@ -37,7 +37,7 @@ QStringList Unita_Disco()
 {
     QStringList unita;
     for (const QFileInfo &radice : QDir::drives())
-        unita.append(QDir::toNativeSeparators(radice.path()).replace(u'/', u'\\'));
+        unita.append(radice.path().replace(u'/', u'\\'));
     return unita;
 }
 

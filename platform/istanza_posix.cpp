@@ -24,12 +24,12 @@ bool Istanza_Precedente()
     sockaddr_un indirizzo{};
     indirizzo.sun_family = AF_UNIX;
     std::copy(nome.cbegin(), nome.cend(), indirizzo.sun_path);
-    const auto misura =
+    const auto grandezza =
         static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + static_cast<size_t>(nome.size()));
     // Never closed: the name is taken as long as the process runs. A program that this one starts does not
     // get it.
     const int descrittore = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     return descrittore >= 0 &&
-           ::bind(descrittore, reinterpret_cast<const sockaddr *>(&indirizzo), misura) != 0 &&
+           ::bind(descrittore, reinterpret_cast<const sockaddr *>(&indirizzo), grandezza) != 0 &&
            errno == EADDRINUSE;
 }

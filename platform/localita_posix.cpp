@@ -25,7 +25,7 @@ quint32 Locale_Utente()
     return static_cast<quint32>(QLocale().language());
 }
 
-qint32 Locale_Dato(quint32, qint32 tipo, QByteArray &testo, qint32 misura)
+qint32 Locale_Dato(quint32, qint32 tipo, QByteArray &testo, qint32 capienza)
 {
     const QLocale locale;
     QString trovato;
@@ -38,9 +38,9 @@ qint32 Locale_Dato(quint32, qint32 tipo, QByteArray &testo, qint32 misura)
 
     const QByteArray conNul = Testo_InAnsi(trovato) + '\0';
     const auto serve = static_cast<qint32>(conNul.size());
-    if (misura == 0)
+    if (capienza == 0)
         return serve;
-    if (misura < serve)
+    if (capienza < serve)
         return 0;
     testo.replace(0, serve, conNul);
     return serve;

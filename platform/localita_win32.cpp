@@ -8,13 +8,13 @@ quint32 Locale_Utente()
     return GetUserDefaultLCID();
 }
 
-qint32 Locale_Dato(quint32 locale, qint32 tipo, QByteArray &testo, qint32 misura)
+qint32 Locale_Dato(quint32 locale, qint32 tipo, QByteArray &testo, qint32 capienza)
 {
     // A buffer of our own: the call may leave half a text in one that is too small.
-    QByteArray trovato(misura, Qt::Uninitialized);
+    QByteArray trovato(capienza, Qt::Uninitialized);
     const int scritti = GetLocaleInfoA(locale, static_cast<LCTYPE>(tipo),
-                                       misura == 0 ? nullptr : trovato.data(), static_cast<int>(misura));
-    if (misura > 0 && scritti > 0)
+                                       capienza == 0 ? nullptr : trovato.data(), static_cast<int>(capienza));
+    if (capienza > 0 && scritti > 0)
         testo.replace(0, scritti, trovato.first(scritti));
     return scritti;
 }

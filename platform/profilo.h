@@ -7,11 +7,11 @@
 /// Reads one value.
 /// @param sezione, chiave  compared without regard to case; spaces (only spaces) at both ends are dropped.
 /// @param predefinito      what a missing section, key or file gives.
-/// @param misura           size of the caller's buffer: at most misura - 1 characters come back.
+/// @param capienza           size of the caller's buffer: at most capienza - 1 characters come back.
 /// @param file             path of the profile, with backslashes.
 /// @return the value of the first such key in the first such section, without the blanks round it and
 /// without one pair of equal quotes (" or ') round what is left.
-QString Profilo_Leggi(const QString &sezione, const QString &chiave, const QString &predefinito, int misura,
+QString Profilo_Leggi(const QString &sezione, const QString &chiave, const QString &predefinito, int capienza,
                       const QString &file);
 
 /// True when a write of these three puts the value where a read of the section and the key finds it, and

@@ -25,7 +25,7 @@ struct StatoFile
 {
     quint64 dispositivo = 0;
     quint64 nodo = 0;
-    qint64 misura = 0;
+    qint64 lungo = 0;
     qint64 secondi = 0;
     qint64 nanosecondi = 0;
 
@@ -162,7 +162,7 @@ bool Valore_Sostituisci(const QString &vero, const QString &sezione, const QStri
 
 } // namespace
 
-QString Profilo_Leggi(const QString &sezione, const QString &chiave, const QString &predefinito, int misura,
+QString Profilo_Leggi(const QString &sezione, const QString &chiave, const QString &predefinito, int capienza,
                       const QString &file)
 {
     QString valore = predefinito;
@@ -171,7 +171,7 @@ QString Profilo_Leggi(const QString &sezione, const QString &chiave, const QStri
         if (trovata != profilo->valori.cend())
             valore = trovata->value(Nome_DaConfrontare(chiave)).value_or(predefinito);
     }
-    return valore.left(std::max(0, misura - 1));
+    return valore.left(std::max(0, capienza - 1));
 }
 
 bool Profilo_Scrivi(const QString &sezione, const QString &chiave, const QString &valore, const QString &file)

@@ -68,16 +68,16 @@ QString Percorso_Intero(const QString &file)
     return intero.left(static_cast<qsizetype>(lungo));
 }
 
-QString Leggi_Chiamata(const QString &sezione, const QString &chiave, const QString &predefinito, int misura,
-                       const QString &file)
+QString Leggi_Chiamata(const QString &sezione, const QString &chiave, const QString &predefinito,
+                       int capienza, const QString &file)
 {
     const QString percorso = Percorso_Intero(file);
     if (percorso.isEmpty())
-        return predefinito.left(misura - 1);
-    QString valore(misura, Qt::Uninitialized);
+        return predefinito.left(capienza - 1);
+    QString valore(capienza, Qt::Uninitialized);
     const DWORD letti = GetPrivateProfileStringW(
         Largo(Come_Sistema(sezione)), Largo(Come_Sistema(chiave)), Largo(Come_Sistema(predefinito)),
-        reinterpret_cast<wchar_t *>(valore.data()), static_cast<DWORD>(misura), Largo(percorso));
+        reinterpret_cast<wchar_t *>(valore.data()), static_cast<DWORD>(capienza), Largo(percorso));
     return Come_Stazione(valore.left(static_cast<qsizetype>(letti)));
 }
 
@@ -102,13 +102,13 @@ std::optional<QByteArray> Byte_Di(const QString &nativo)
     return aperto.error() == QFileDevice::NoError ? std::optional(byte) : std::nullopt;
 }
 
-QString Leggi_Byte(const QString &sezione, const QString &chiave, const QString &predefinito, int misura,
+QString Leggi_Byte(const QString &sezione, const QString &chiave, const QString &predefinito, int capienza,
                    const QString &file)
 {
     const auto valori = Valori_Profilo(Byte_Di(Percorso_Nativo(file)).value_or(QByteArray()));
     const std::optional<QString> valore =
         valori.value(Nome_DaConfrontare(sezione)).value(Nome_DaConfrontare(chiave));
-    return valore.value_or(predefinito).left(misura - 1);
+    return valore.value_or(predefinito).left(capienza - 1);
 }
 
 bool Scrivi_Byte(const QString &sezione, const QString &chiave, const QString &valore, const QString &file)
@@ -124,12 +124,12 @@ bool Scrivi_Byte(const QString &sezione, const QString &chiave, const QString &v
 
 } // namespace
 
-QString Profilo_Leggi(const QString &sezione, const QString &chiave, const QString &predefinito, int misura,
+QString Profilo_Leggi(const QString &sezione, const QString &chiave, const QString &predefinito, int capienza,
                       const QString &file)
 {
-    if (misura <= 0)
+    if (capienza <= 0)
         return {};
-    return (Pagina_DiUnByte() ? Leggi_Chiamata : Leggi_Byte)(sezione, chiave, predefinito, misura, file);
+    return (Pagina_DiUnByte() ? Leggi_Chiamata : Leggi_Byte)(sezione, chiave, predefinito, capienza, file);
 }
 
 bool Profilo_Scrivi(const QString &sezione, const QString &chiave, const QString &valore, const QString &file)

@@ -33,9 +33,10 @@ QList<QByteArray> Attributi_Di(const QByteArray &nome)
 void Attributo_Copia(const QByteArray &nome, const QByteArray &attributo, int nuovo)
 {
     QByteArray valore(XATTR_SIZE_MAX, Qt::Uninitialized);
-    const ssize_t misura = ::getxattr(nome.constData(), attributo.constData(), valore.data(), XATTR_SIZE_MAX);
-    if (misura >= 0)
-        ::fsetxattr(nuovo, attributo.constData(), valore.constData(), size_t(misura), 0);
+    const ssize_t grandezza =
+        ::getxattr(nome.constData(), attributo.constData(), valore.data(), XATTR_SIZE_MAX);
+    if (grandezza >= 0)
+        ::fsetxattr(nuovo, attributo.constData(), valore.constData(), size_t(grandezza), 0);
 }
 
 /// Gives the new file what the old one has beside its bytes and its rights. What this user may not give is

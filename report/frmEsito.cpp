@@ -3,6 +3,7 @@
 #include "report/frmEsito.h"
 
 #include "core/codici.h"
+#include "core/fari.h"
 #include "core/limiti.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
@@ -33,16 +34,9 @@ enum RigaEsito : qint16
 constexpr qint16 ULTIMA_RIGA = RigaTipoFaro;
 std::array<CampoForm, ULTIMA_RIGA + 1> gCampiEsito;
 
-constexpr qint16 CELLE_MIRA = 8;
-constexpr qint16 CELLE = 12;
-constexpr qint16 COLONNE = 4;
-
-/// The row of the result that each cell shows, in cell order.
-constexpr RigaFar RIGHE_CELLE[CELLE] = {
-    FarVertAnabDx,     FarVertAnabSx,     FarVertAbbDx,     FarVertAbbSx,     //
-    FarOrizzAnabDx,    FarOrizzAnabSx,    FarOrizzAbbDx,    FarOrizzAbbSx,    //
-    FarIllumLuxAnabDx, FarIllumLuxAnabSx, FarIllumLuxAbbDx, FarIllumLuxAbbSx, //
-};
+constexpr qint16 COLONNE = std::size(FARI); // a column a lamp
+constexpr qint16 CELLE_MIRA = 2 * COLONNE;
+constexpr qint16 CELLE = 3 * COLONNE;
 
 /// Texts of lblPar: four column heads, three row heads.
 constexpr TestoMctc TESTI_PAR[] = {
@@ -63,6 +57,7 @@ enum PulsanteEsito : qint16
 // The layout, in design units.
 constexpr qint32 CELLA_LARGA = 1300;
 constexpr qint32 CELLA_ALTA = 800;
+constexpr qint32 MARGINE_TESTA = 60; // of a head on one line: it would run into the next one
 constexpr qint32 CELLE_Y = 2370;
 constexpr qint32 GUASTI_Y = 5100;
 constexpr qint32 GUASTI_ALTI = 4800;
@@ -81,11 +76,6 @@ qint32 Meta_Schermo()
 bool Regolare(RigaFar riga)
 {
     return Far_Valore(riga) == u"R";
-}
-
-Fascio Fascio_Di(RigaFar lux)
-{
-    return lux == FarIllumLuxAnabDx || lux == FarIllumLuxAnabSx ? FascioAnabbagliante : FascioAbbagliante;
 }
 
 } // namespace
@@ -260,8 +250,7 @@ void frmEsito::Mostra_Veicolo()
     lblTarga->Caption(gVeicolo.Targa);
     lblTarga->Visible(scelto);
     lblVeicolo->Posto(destra, cima, gScreenW - ScalaX(VEICOLO_X) - destra, ScalaY(PULSANTE_ALTO));
-    lblVeicolo->Caption(Accorcia(*lblVeicolo, gVeicolo.Descrizione));
-    lblVeicolo->NomeAccessibile(gVeicolo.Descrizione);
+    Mostra_Accorciata(*lblVeicolo, gVeicolo.Descrizione);
     lblVeicolo->Visible(scelto);
 }
 
@@ -288,12 +277,14 @@ void frmEsito::Intestazioni_Tabella()
     lblDes[1].Caption(Testo_Mctc(TESTI_DES[1]));
     lblDes[1].Visible(true);
     // Other languages than the Italian need two lines for a column head.
-    const qint32 cima = gLingua == u"IT" ? 2000 : 1800;
+    const bool unaRiga = gLingua == u"IT";
+    const qint32 cima = unaRiga ? 2000 : 1800;
     for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_PAR)); ++i) {
         lblPar[i].Caption(Testo_Mctc(TESTI_PAR[i]));
         if (i < COLONNE) {
             lblPar[i].Posto(Meta_Schermo() + i * ScalaX(CELLA_LARGA), ScalaY(cima), ScalaX(CELLA_LARGA),
                             ScalaY(CELLE_Y - cima - 20));
+            lblPar[i].Margini(0, unaRiga ? ScalaX(MARGINE_TESTA) : 0);
         } else {
             const qint32 larghezza = ScalaX(2200);
             lblPar[i].Posto(Meta_Schermo() - larghezza - ScalaX(150),
@@ -309,7 +300,8 @@ void frmEsito::Intestazioni_Tabella()
 void frmEsito::Celle_Mira()
 {
     for (qint16 i = 0; i < CELLE_MIRA; ++i) {
-        const bool regolare = Regolare(RIGHE_CELLE[i]);
+        const RigheFaro &faro = FARI[i % COLONNE];
+        const bool regolare = Regolare(i < COLONNE ? faro.vert : faro.orizz);
         lblTab[i].Caption(regolare ? QStringLiteral("SI") : QStringLiteral("NO"));
         Colora_Cella(i, regolare);
     }
@@ -318,14 +310,15 @@ void frmEsito::Celle_Mira()
 void frmEsito::Celle_Intensita()
 {
     for (qint16 i = CELLE_MIRA; i < CELLE; ++i) {
-        const RigaFar riga = RIGHE_CELLE[i];
-        if (Far_Valore(riga).isEmpty()) {
+        const RigheFaro &faro = FARI[i % COLONNE];
+        const QString lux = Far_Valore(faro.lux);
+        if (lux.isEmpty()) {
             lblTab[i].Caption(QStringLiteral(" -"));
             continue;
         }
-        const float valore = Numero_Singolo(Far_Valore(riga));
+        const float valore = Numero_Singolo(lux);
         lblTab[i].Caption(Numero_Testo(valore / 1000));
-        Colora_Cella(i, Lux_Regolare(valore, Fascio_Di(riga)));
+        Colora_Cella(i, Lux_Regolare(valore, faro.fascio));
     }
 }
 

@@ -5,8 +5,10 @@
 #include "core/codici.h"
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
+#include "core/sezioni_acc.h"
 #include "dialogs/frmMsg.h"
 #include "platform/numeri.h"
+#include "toolkit/lettura.h"
 #include "toolkit/schermo.h"
 
 #include <array>
@@ -35,24 +37,24 @@ std::array<CampoForm, ULTIMA_RIGA + 1> gCampiVeicolo;
 struct RigaVeicolo
 {
     TestoMctc etichetta;
-    const char16_t *sezioneAcc;
+    QStringView sezioneAcc;
     const char16_t *chiaveAcc;
     ChiaveIni chiaveIni;
 };
 
 constexpr RigaVeicolo VEICOLO[RIGHE_VEICOLO] = {
-    {MctcFabbricaMarca,        u"DatiLibrettoVeicolo", u"Fabbrica",             ChiaveVeicoloMarca       },
-    {MctcTipo,                 u"DatiLibrettoVeicolo", u"Tipo",                 ChiaveVeicoloModello     },
-    {MctcMotoreAllestimento,   u"DatiLibrettoVeicolo", u"TipoMotore",           ChiaveVeicoloAllestimento},
-    {MctcTarga,                u"DatiLibrettoVeicolo", u"Targa",                ChiaveVeicoloTarga       },
-    {MctcTelaio,               u"DatiLibrettoVeicolo", u"Telaio",               ChiaveVeicoloTelaio      },
-    {MctcAnnoImmatricolazione, u"DatiLibrettoVeicolo", u"AnnoPrimaImm",         ChiaveVeicoloAnno        },
-    {MctcNomeCliente,          u"Prenotazione",        u"CognomeDenominazione", ChiaveClienteNome        },
-    {MctcIndirizzo,            u"Prenotazione",        u"Indirizzo",            ChiaveClienteIndirizzo   },
-    {MctcCitta,                u"Prenotazione",        u"Citta",                ChiaveClienteCitta       },
-    {MctcTelefonoFax,          u"Prenotazione",        u"Telefono",             ChiaveClienteTelefono    },
-    {MctcOperatore,            u"Prenotazione",        u"Operatore",            ChiaveOperatore          },
-    {MctcNote,                 u"Prenotazione",        u"Note",                 ChiaveVeicoloNote        },
+    {MctcFabbricaMarca,        SEZIONE_LIBRETTO,     u"Fabbrica",             ChiaveVeicoloMarca       },
+    {MctcTipo,                 SEZIONE_LIBRETTO,     u"Tipo",                 ChiaveVeicoloModello     },
+    {MctcMotoreAllestimento,   SEZIONE_LIBRETTO,     u"TipoMotore",           ChiaveVeicoloAllestimento},
+    {MctcTarga,                SEZIONE_LIBRETTO,     u"Targa",                ChiaveVeicoloTarga       },
+    {MctcTelaio,               SEZIONE_LIBRETTO,     u"Telaio",               ChiaveVeicoloTelaio      },
+    {MctcAnnoImmatricolazione, SEZIONE_LIBRETTO,     u"AnnoPrimaImm",         ChiaveVeicoloAnno        },
+    {MctcNomeCliente,          SEZIONE_PRENOTAZIONE, u"CognomeDenominazione", ChiaveClienteNome        },
+    {MctcIndirizzo,            SEZIONE_PRENOTAZIONE, u"Indirizzo",            ChiaveClienteIndirizzo   },
+    {MctcCitta,                SEZIONE_PRENOTAZIONE, u"Citta",                ChiaveClienteCitta       },
+    {MctcTelefonoFax,          SEZIONE_PRENOTAZIONE, u"Telefono",             ChiaveClienteTelefono    },
+    {MctcOperatore,            SEZIONE_PRENOTAZIONE, u"Operatore",            ChiaveOperatore          },
+    {MctcNote,                 SEZIONE_PRENOTAZIONE, u"Note",                 ChiaveVeicoloNote        },
 };
 
 struct RigaFaro
@@ -88,10 +90,6 @@ constexpr qint32 TARGA_ALTA = 1080;
 
 // Type, in times of the normal size.
 constexpr double PUNTI_ETICHETTA = 0.9; // three lines of labels and boxes share a height that is given
-constexpr double PUNTI_CAMPO = 1.15;
-constexpr double PUNTI_TARGA = 3.5;
-constexpr double PUNTI_MOTIVO = 2.2;
-constexpr double PUNTI_PULSANTE = 2.2;
 
 /// Rows 0 to 11 come from the acceptance file and are not to be changed.
 bool Da_Accettazione()
@@ -108,7 +106,7 @@ void Riga_Veicolo(CampoForm &campo, const RigaVeicolo &riga, bool accettazione)
         return;
     }
     campo.File = gFileAcc;
-    campo.Section = QString::fromUtf16(riga.sezioneAcc);
+    campo.Section = riga.sezioneAcc.toString();
     campo.Key = QString::fromUtf16(riga.chiaveAcc);
     campo.Editable = Falso;
 }
@@ -147,7 +145,7 @@ void frmMctc2::Disegno()
     lbl.Carica(0).Posto(0, 0, ScalaX(2000), ETICHETTA_ALTA);
     lbl[0].FontSize(Punti_Normali() * PUNTI_ETICHETTA);
     txt.Carica(0).Posto(0, 0, ScalaX(2000), ScalaY(CASELLA_ALTA));
-    txt[0].FontSize(Punti_Normali() * PUNTI_CAMPO);
+    txt[0].FontSize(Punti_Normali() * LETTURA_TASTIERA);
     chk.Carica(0).Posto(0, 0, ScalaX(500), ScalaY(FARO_ALTO));
     picSim = std::make_unique<Immagine>(Finestra(), QStringLiteral("picSim"));
     lblFaro = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblFaro"));
@@ -232,9 +230,9 @@ void frmMctc2::Disponi_Targa()
         etichetta->Allineamento(Orizzontale::Centro);
         etichetta->FontBold(true);
     }
-    lblTarga->FontSize(Punti_Normali() * PUNTI_TARGA);
+    lblTarga->FontSize(Punti_Normali() * LETTURA_AUTO);
     lblTarga->Visible(Motivo.isEmpty());
-    lblMotivo->FontSize(Punti_Normali() * PUNTI_MOTIVO);
+    lblMotivo->FontSize(Punti_Normali() * LETTURA_SCHERMO);
     lblMotivo->Caption(Motivo);
     lblMotivo->Visible(!Motivo.isEmpty());
 }
@@ -253,7 +251,7 @@ void frmMctc2::Disponi_Pulsanti()
     cmd[2].Cancel(true);
     cmd[0].Default(true);
     for (qint16 i = 0; i <= 2; ++i) {
-        cmd[i].FontSize(Punti_Normali() * PUNTI_PULSANTE);
+        cmd[i].FontSize(Punti_Normali() * LETTURA_SCHERMO);
         if (gScreenW == 12000) { // the smallest screen, 800 pixels
             cmd[i].Width(1000);
             cmd[i].FontSize(ScalaX(14));

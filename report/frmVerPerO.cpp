@@ -200,7 +200,7 @@ void frmVerPerO::Proponi_Scadenza()
     txt[RigaScadenza].Text(campo.Value);
 }
 
-void frmVerPerO::Collega_Strumento(quint8 modo)
+void frmVerPerO::Collega_Strumento(ModoScambio modo)
 {
     mScritto = Falso;
     Sessione_Esegui(formComm, modo, this, &frmVerPerO::formComm_Notifica);

@@ -8,6 +8,7 @@
 
 class frmComm;
 class Titolo;
+enum ModoScambio : quint8;
 
 class frmVerPerO : public Modulo
 {
@@ -30,7 +31,7 @@ private:
     void Campi_Imposta();
     void Scrivi_Strumento();
     void Proponi_Scadenza();
-    void Collega_Strumento(quint8 modo);
+    void Collega_Strumento(ModoScambio modo);
     void formComm_Notifica(qint16 &codice, QVariant &valore);
 
     std::unique_ptr<Titolo> lblTitolo;

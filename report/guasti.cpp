@@ -1,30 +1,19 @@
-// The four lamps as a table, and their sentences.
+// The names of the four lamps, and their sentences.
 #include "report/guasti.h"
 
+#include "core/fari.h"
 #include "core/limiti.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
+#include "core/testo_riempito.h"
 #include "platform/numeri.h"
 
 namespace {
 
-struct Faro
-{
-    TestoMctc nome;
-    Fascio fascio;
-    RigaFar verticale;
-    RigaFar orizzontale;
-    RigaFar lux;
-};
-
-// clang-format off
-constexpr Faro FARI[] = {
-    {MctcAnabbaglianteDestro,   FascioAnabbagliante, FarVertAnabDx, FarOrizzAnabDx, FarIllumLuxAnabDx},
-    {MctcAnabbaglianteSinistro, FascioAnabbagliante, FarVertAnabSx, FarOrizzAnabSx, FarIllumLuxAnabSx},
-    {MctcAbbaglianteDestro,     FascioAbbagliante,   FarVertAbbDx,  FarOrizzAbbDx,  FarIllumLuxAbbDx },
-    {MctcAbbaglianteSinistro,   FascioAbbagliante,   FarVertAbbSx,  FarOrizzAbbSx,  FarIllumLuxAbbSx },
-};
-// clang-format on
+/// In the order of Faro.
+constexpr TestoMctc NOMI[] = {MctcAnabbaglianteDestro, MctcAnabbaglianteSinistro, MctcAbbaglianteDestro,
+                              MctcAbbaglianteSinistro};
+static_assert(std::size(NOMI) == std::size(FARI));
 
 bool Errata(RigaFar riga)
 {
@@ -38,22 +27,21 @@ QString In_Migliaia(float valore)
 }
 
 /// @param ammesso the text, with %1 for the value, %2 and %3 for the limits.
-QString Intensita(const Faro &faro, const QString &ammesso)
+QString Intensita(const RigheFaro &faro, const QString &ammesso)
 {
     const QString riga = Far_Valore(faro.lux);
     if (riga.isEmpty() || Lux_Regolare(Numero_Singolo(riga), faro.fascio))
         return {};
-    const LimitiLux limiti = Limiti_Lux(faro.fascio);
-    return QString(ammesso)
-        .replace(QStringLiteral("%1"), In_Migliaia(Numero_Singolo(riga)))
-        .replace(QStringLiteral("%2"), In_Migliaia(static_cast<float>(limiti.Minimo)))
-        .replace(QStringLiteral("%3"), In_Migliaia(static_cast<float>(limiti.Massimo)));
+    const LimitiFascio limiti = Limiti_Di(faro.fascio);
+    return Testo_Riempito(ammesso, In_Migliaia(Numero_Singolo(riga)),
+                          In_Migliaia(static_cast<float>(limiti.minimo)),
+                          In_Migliaia(static_cast<float>(limiti.massimo)));
 }
 
-QString Mira(const Faro &faro)
+QString Mira(const RigheFaro &faro)
 {
-    const bool verticale = Errata(faro.verticale);
-    const bool orizzontale = Errata(faro.orizzontale);
+    const bool verticale = Errata(faro.vert);
+    const bool orizzontale = Errata(faro.orizz);
     if (verticale && orizzontale)
         return Testo_Mctc(MctcMiraErrata);
     if (verticale)
@@ -69,12 +57,12 @@ QStringList Guasti_Elenca()
     if (ammesso.isEmpty() || Far_Valore(FarEsito) == u"R")
         return {};
     QStringList guasti;
-    for (const Faro &faro : FARI) {
-        QStringList parti = {Intensita(faro, ammesso), Mira(faro)};
+    for (size_t i = 0; i < std::size(FARI); ++i) {
+        QStringList parti = {Intensita(FARI[i], ammesso), Mira(FARI[i])};
         parti.removeAll(QString());
         if (!parti.isEmpty())
             guasti.append(
-                QStringLiteral("%1: %2").arg(Testo_Mctc(faro.nome), parti.join(QStringLiteral("; "))));
+                QStringLiteral("%1: %2").arg(Testo_Mctc(NOMI[i]), parti.join(QStringLiteral("; "))));
     }
     return guasti;
 }

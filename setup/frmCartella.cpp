@@ -25,14 +25,11 @@ constexpr qint32 FORM_ALTO = 7600;
 constexpr qint32 MARGINE = 200;
 constexpr qint32 LARGHEZZA = FORM_LARGO - 2 * MARGINE;
 
-QString Con_Barra(const QString &percorso)
-{
-    return percorso.isEmpty() || percorso.endsWith(u'\\') ? percorso : percorso + u'\\';
-}
-
-/// The folder above; empty above a drive.
+/// The folder above; empty above a drive, and above a share, which is a drive of its own.
 QString Sopra(const QString &cartella)
 {
+    if (cartella.startsWith(u"\\\\") && cartella.count(u'\\') <= 4)
+        return {};
     const QString senza = cartella.chopped(1);
     return senza.left(senza.lastIndexOf(u'\\') + 1);
 }
@@ -64,7 +61,7 @@ void frmCartella::Disegno()
     Centra();
     lblTitolo = std::make_unique<Titolo>(Finestra(), QStringLiteral("lblTitolo"));
     lblTitolo->Posto(ScalaX(MARGINE), ScalaY(150), ScalaX(LARGHEZZA), ScalaY(450));
-    lblTitolo->FontSize(Punti_Normali() * 1.4);
+    lblTitolo->FontSize(Punti_Normali() * LETTURA_COMODA);
     lblTitolo->Visible(true);
     lbl.Carica(0).Posto(ScalaX(MARGINE), ScalaY(650), ScalaX(LARGHEZZA), ScalaY(600));
     lbl[0].FontSize(Punti_Normali() * LETTURA_TASTIERA);
@@ -72,7 +69,7 @@ void frmCartella::Disegno()
     lbl[0].Visible(true);
     lstCartelle = std::make_unique<ElencoVoci>(Finestra(), QStringLiteral("lstCartelle"));
     lstCartelle->Posto(ScalaX(MARGINE), ScalaY(1350), ScalaX(LARGHEZZA), ScalaY(4800));
-    lstCartelle->FontSize(Punti_Normali() * 1.4);
+    lstCartelle->FontSize(Punti_Normali() * LETTURA_COMODA);
     lstCartelle->Visible(true);
     lstCartelle->Click = [this] { Mostra_Indicata(); };
     const qint32 larghezza = (LARGHEZZA - 2 * MARGINE) / 3;
@@ -96,7 +93,7 @@ void frmCartella::Load()
     cmd[PulsanteAnnulla].Cancel(true);
     cmd[PulsanteApri].Caption(Testo_Mctc(MctcApriCartella));
     cmd[PulsanteApri].Default(true);
-    const QString da = Con_Barra(Cartella);
+    const QString da = Cartella.isEmpty() ? QString() : Fs_ConBarra(Cartella);
     Elenca(!da.isEmpty() && Fs_Esiste(da, ATTRIBUTO_CARTELLA) ? da : QString());
     lstCartelle->SetFocus();
 }
@@ -104,11 +101,11 @@ void frmCartella::Load()
 void frmCartella::Elenca(const QString &cartella)
 {
     const Clessidra clessidra; // a folder of the network may take its time
-    m_qui = cartella;
+    mQui = cartella;
     lstCartelle->Clear();
-    if (!m_qui.isEmpty())
+    if (!mQui.isEmpty())
         lstCartelle->AddItem(QStringLiteral(".."));
-    for (const QString &nome : m_qui.isEmpty() ? Unita_Disco() : Cartelle_In(m_qui))
+    for (const QString &nome : mQui.isEmpty() ? Unita_Disco() : Cartelle_In(mQui))
         lstCartelle->AddItem(nome);
     Mostra_Indicata();
 }
@@ -118,9 +115,9 @@ QString frmCartella::Indicata() const
 {
     const qint32 riga = lstCartelle->ListIndex();
     if (riga < 0)
-        return m_qui;
+        return mQui;
     const QString nome = lstCartelle->List(riga);
-    return nome == u".." ? Sopra(m_qui) : Con_Barra(m_qui + nome);
+    return nome == u".." ? Sopra(mQui) : Fs_ConBarra(mQui + nome);
 }
 
 void frmCartella::Mostra_Indicata()

@@ -28,5 +28,5 @@ private:
 
     std::unique_ptr<Titolo> lblTitolo;
     std::unique_ptr<ElencoVoci> lstCartelle;
-    QString m_qui; // the folder whose folders are listed; empty: the drives are
+    QString mQui; // the folder whose folders are listed; empty: the drives are
 };

@@ -119,8 +119,7 @@ constexpr DatiRiga RIGHE[ULTIMA_RIGA + 1] = {
     {MctcPortaSeriale,          CampoCombo,  ChiavePortaNumero,           Libera   },
 };
 
-/// The folders of RigaRisultati and RigaDati have a key for each work mode.
-constexpr ChiaveIni CHIAVI_RETE[] = {ChiaveReteRisultati, ChiaveReteDati};
+/// The folders of RigaRisultati and RigaDati have a key for each work mode: those of the local folders.
 constexpr ChiaveIni CHIAVI_LOCALI[] = {ChiaveLocaleRisultati, ChiaveLocaleDati};
 
 struct Lingua
@@ -221,7 +220,8 @@ QString Testo_Blocco(const QStringList &testi, qint16 indice)
 void Chiavi_Cartelle(bool rete)
 {
     for (qint16 i = 0; i < 2; ++i)
-        Campo_Chiave(Campo(Intero16(RigaRisultati + i)), rete ? CHIAVI_RETE[i] : CHIAVI_LOCALI[i]);
+        Campo_Chiave(Campo(Intero16(RigaRisultati + i)),
+                     rete ? RIGHE[RigaRisultati + i].chiave : CHIAVI_LOCALI[i]);
 }
 
 qint16 Lingua_Scelta()
@@ -334,9 +334,7 @@ void frmSetupO::Disegno()
     txt.Carica(0).Posto(0, 0, ScalaX(2000), ScalaY(CASELLA_ALTA));
     cbo.Carica(0).Posto(0, 0, ScalaX(2000), ScalaY(CASELLA_ALTA));
     chk.Carica(0).Posto(0, 0, ScalaX(400), ScalaY(CASELLA_ALTA));
-    for (Controllo *riga : {static_cast<Controllo *>(&lbl[0]), static_cast<Controllo *>(&txt[0]),
-                            static_cast<Controllo *>(&cbo[0])})
-        riga->FontSize(Punti_Normali() * LETTURA_TASTIERA);
+    Campi_Carattere(*this, Punti_Normali() * LETTURA_TASTIERA);
     lblDes.Inizia(Finestra());
     lblIntestazione.Inizia(Finestra());
     for (qint16 i = 0; i < static_cast<qint16>(std::size(INTESTAZIONI)); ++i) {
@@ -367,7 +365,7 @@ void frmSetupO::Disegno()
         lblDes[i].FontSize(Punti_Normali() * LETTURA_TASTIERA);
         lblDes[i].FontBold(true);
         lblDes[i].Visible(true);
-        cmd.Carica(i).FontSize(Punti_Normali() * 1.4);
+        cmd.Carica(i).FontSize(Punti_Normali() * LETTURA_COMODA);
         cmd[i].Visible(true);
     }
     cmd[0].Posto(ScalaX(11500), ScalaY(10200), ScalaX(3500), ScalaY(1100));
@@ -483,12 +481,12 @@ void frmSetupO::Mostra_Percorsi()
 /// means is decided when they leave it.
 void frmSetupO::Sfoglia(qint16 riga)
 {
-    CasellaTesto &casella = txt[Campo(riga).CtlIndex];
     const auto scelta = Nuovo<frmCartella>();
-    scelta->Cartella = casella.Text();
+    scelta->Cartella = txt[Campo(riga).CtlIndex].Text();
     scelta->Mostra(Modale);
     if (!scelta->Scelta || !Caricato())
         return;
+    CasellaTesto &casella = txt[Campo(riga).CtlIndex]; // the form may have been loaded anew meanwhile
     casella.SetFocus();
     casella.Text(scelta->Cartella);
 }
@@ -510,7 +508,7 @@ void frmSetupO::txt_Validate(qint16 Index, bool &Cancel)
         return;
     }
     if (riga == RigaDati && !testo.isEmpty()) {
-        Convalida_Cartella(testo.endsWith(u'\\') ? testo : testo + u'\\');
+        Convalida_Cartella(Fs_ConBarra(testo));
         return;
     }
     Campo(riga).Dirty = Vero;
@@ -773,7 +771,7 @@ void frmSetupO::Mostra_Valore(qint16 riga, const QString &testo)
     campo.Value = txt[campo.CtlIndex].Text();
 }
 
-void frmSetupO::Collega_Strumento(quint8 modo)
+void frmSetupO::Collega_Strumento(ModoScambio modo)
 {
     Sessione_Esegui(formComm, modo, this, &frmSetupO::formComm_Notifica);
 }

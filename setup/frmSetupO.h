@@ -10,6 +10,7 @@
 
 class dlgPwd;
 class frmComm;
+enum ModoScambio : quint8;
 
 class frmSetupO : public Modulo
 {
@@ -57,7 +58,7 @@ private:
     void Setup_Aggiorna();
     void Mostra_Valore(qint16 riga, const QString &testo);
     void Chiedi_Password(const QString &password);
-    void Collega_Strumento(quint8 modo);
+    void Collega_Strumento(ModoScambio modo);
     void frmPwd_PwdReady(quint8 &esito);
     void formComm_Notifica(qint16 &codice, QVariant &valore);
     void Accetta_Strumento();
@@ -65,8 +66,8 @@ private:
 
     ArrayControlli<Etichetta> lblDes;
     ArrayControlli<Titolo> lblIntestazione; ///< over the rows of the frames
-    ArrayControlli<Etichetta> lblPercorso;  ///< the whole path of rows 20 and 21
-    ArrayControlli<Pulsante> cmdSfoglia;    ///< choose a folder for rows 20 and 21
+    ArrayControlli<Etichetta> lblPercorso;  ///< the whole path of RigaRisultati and RigaDati
+    ArrayControlli<Pulsante> cmdSfoglia;    ///< choose a folder for these
     std::shared_ptr<frmComm> formComm;
     std::shared_ptr<dlgPwd> frmPwd;
     quint8 mPwdEsito = 0; // what the password box reported last

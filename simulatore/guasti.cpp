@@ -35,9 +35,9 @@ QByteArray Trama_GenereErrato(QByteArray trama, qsizetype postoGenere)
     return Trama_Controllata(trama);
 }
 
-QByteArray Trama_Allungata(const QByteArray &trama, qsizetype misura)
+QByteArray Trama_Allungata(const QByteArray &trama, qsizetype lunghezza)
 {
-    const qsizetype mancano = std::max<qsizetype>(0, misura - trama.size());
+    const qsizetype mancano = std::max<qsizetype>(0, lunghezza - trama.size());
     QByteArray lunga = trama;
     lunga.insert(trama.size() - 2, QByteArray(mancano, RIEMPIMENTO));
     return Trama_Controllata(lunga);

@@ -28,11 +28,12 @@ constexpr VoceTinta TINTE[] = {
     {"@testoSpento@", 0xFF5A6872},
     {"@cornice@",     0xFF7D93A3},
     {"@fuoco@",       0xFF0B5C8A},
+    {"@fuocoTenue@",  0xFFE4F0F8},
+    {"@guasto@",      0xFF9E1C1C},
 };
 
 // Of a control that the style sheet alone paints.
 constexpr VoceTinta TINTE_FOGLIO[] = {
-    {"@sopra@",         0xFFE4F0F8}, // the pointer is over it
     {"@premuto@",       0xFFC9E1F0},
     {"@corniceSpenta@", 0xFFC3CCD3},
     {"@risaltoSopra@",  0xFF0E6FA6}, // the pointer is over a button that stands out
@@ -67,7 +68,7 @@ constexpr double PARTE_MINIMA = 0.85; // of the normal type, where that is small
 const char *const FOGLIO = R"(
 QPushButton { background: @campo@; color: @testo@; border: @linea@ solid @cornice@; border-radius: @raggio@;
               padding: @linea@; }
-QPushButton:hover { background: @sopra@; }
+QPushButton:hover { background: @fuocoTenue@; }
 QPushButton:pressed { background: @premuto@; }
 QPushButton:focus { border: @lineaFuoco@ solid @fuoco@; padding: 0; }
 QPushButton:disabled { background: @campoSpento@; color: @testoSpento@; border-color: @corniceSpenta@; }
@@ -154,6 +155,12 @@ QColor Colore_Tema(Tinta tinta)
     return QColor::fromRgb(TINTE[static_cast<size_t>(tinta)].valore);
 }
 
+quint32 Numero_Tinta(Tinta tinta)
+{
+    const QColor colore = Colore_Tema(tinta);
+    return static_cast<quint32>(colore.blue() << 16 | colore.green() << 8 | colore.red());
+}
+
 QColor Colore_Cornice()
 {
     return Colore_Tema(Tinta::Cornice);
@@ -185,7 +192,7 @@ QString Carattere_Fisso()
 int Carattere_Minimo()
 {
     const double punti = std::min(PUNTI_MINIMI, Punti_Normali() * PARTE_MINIMA);
-    return static_cast<int>(std::lround(Pixel_DaPunti(punti)));
+    return Pixel_Interi(punti);
 }
 
 void Aspetto_Applica(QApplication &applicazione)
@@ -193,7 +200,7 @@ void Aspetto_Applica(QApplication &applicazione)
     applicazione.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     applicazione.setPalette(Tavolozza());
     QFont carattere(Carattere_Normale());
-    carattere.setPixelSize(static_cast<int>(std::lround(Pixel_DaPunti(Punti_Normali()))));
+    carattere.setPixelSize(Pixel_Interi(Punti_Normali()));
     applicazione.setFont(carattere);
     applicazione.setStyleSheet(Foglio());
 }

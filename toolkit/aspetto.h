@@ -13,10 +13,15 @@ enum class Tinta
     CampoSpento,
     Testo,
     TestoSpento,
-    Cornice, ///< lines that frame parts of a form, and controls
-    Fuoco,   ///< where the keyboard is, and the chosen line of a list
+    Cornice,    ///< lines that frame parts of a form, and controls
+    Fuoco,      ///< where the keyboard is, and the chosen line of a list
+    FuocoTenue, ///< where the pointer is, and what is behind
+    Guasto,     ///< ground of what stops the work, for white letters
 };
 QColor Colore_Tema(Tinta tinta);
+
+/// The same as the number that a control takes (platform/colori.h).
+quint32 Numero_Tinta(Tinta tinta);
 
 /// Colour of the lines that frame parts of a form.
 QColor Colore_Cornice();

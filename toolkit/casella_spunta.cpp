@@ -2,6 +2,7 @@
 #include "toolkit/casella_spunta.h"
 
 #include "toolkit/aspetto.h"
+#include "toolkit/segno_spunta.h"
 
 #include <QCheckBox>
 #include <QPainter>
@@ -32,11 +33,9 @@ protected:
         pennello.drawRect(casella);
         if (!isChecked())
             return;
-        const auto punto = [&casella](qreal x, qreal y) {
-            return casella.topLeft() + QPointF(casella.width() * x, casella.height() * y);
-        };
-        pennello.setPen(QPen(palette().color(QPalette::WindowText), lato / 7));
-        pennello.drawPolyline(QPolygonF({punto(0.22, 0.52), punto(0.42, 0.75), punto(0.78, 0.25)}));
+        const QRectF posto = casella.adjusted(lato * 0.22, lato * 0.25, -lato * 0.22, -lato * 0.25);
+        pennello.setPen(palette().color(QPalette::WindowText));
+        Segno_Spunta(pennello, posto, lato / 7);
     }
 
 private:

@@ -1,4 +1,4 @@
-// Every kind of control, for a form.
+// The kinds of control that most forms have.
 #pragma once
 
 #include "toolkit/casella_combinata.h"

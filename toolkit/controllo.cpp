@@ -5,15 +5,8 @@
 #include "toolkit/schermo.h"
 
 #include <QCoreApplication>
-#include <algorithm>
-#include <cmath>
 
 namespace {
-
-int Pixel_Interi(double punti)
-{
-    return std::max(1, static_cast<int>(std::lround(Pixel_DaPunti(punti))));
-}
 
 void Carattere_Pixel(QWidget &widget, int pixel)
 {
@@ -74,8 +67,8 @@ void Controllo::Disponi()
     // Edges are mapped, not sizes, so that neighbours meet without a gap.
     const int x = Pixel_DaTwip(m_left);
     const int y = Pixel_DaTwip(m_top);
-    const QSize misura(Pixel_DaTwip(m_left + m_width) - x, Pixel_DaTwip(m_top + m_height) - y);
-    Fai([&](QWidget &widget) { widget.setGeometry(QRect(QPoint(x, y), misura)); });
+    const QSize grandezza(Pixel_DaTwip(m_left + m_width) - x, Pixel_DaTwip(m_top + m_height) - y);
+    Fai([&](QWidget &widget) { widget.setGeometry(QRect(QPoint(x, y), grandezza)); });
     Adatta();
 }
 

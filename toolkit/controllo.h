@@ -48,13 +48,6 @@ public:
     /// Takes size and type from the member that was placed at design time.
     void Copia_Disegno(const Controllo &modello);
 
-protected:
-    explicit Controllo(QWidget *widget, const QString &nome);
-    /// Lays a style sheet on the widget and keeps its type.
-    void Stile(const QString &foglio);
-    /// Chooses the type anew: the text, the place or the look has changed.
-    void Adatta();
-
     /// Hands the widget to a procedure; does nothing when it has gone with its window. Whoever wants the
     /// widget comes by here, so that no other procedure asks whether it is there.
     /// @tparam W the kind of the widget, as the constructor made it.
@@ -71,6 +64,13 @@ protected:
         Fai<W>([&](const W &widget) { altrimenti = domanda(widget); });
         return altrimenti;
     }
+
+protected:
+    explicit Controllo(QWidget *widget, const QString &nome);
+    /// Lays a style sheet on the widget and keeps its type.
+    void Stile(const QString &foglio);
+    /// Chooses the type anew: the text, the place or the look has changed.
+    void Adatta();
 
 private:
     void Disponi();

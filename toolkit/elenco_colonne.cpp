@@ -4,6 +4,7 @@
 #include "toolkit/aspetto.h"
 #include "toolkit/controlli.h"
 #include "toolkit/schermo.h"
+#include "toolkit/segno_spunta.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -11,7 +12,6 @@
 #include <QStyledItemDelegate>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -20,11 +20,6 @@ constexpr double PUNTI_SISTEMA =
     12; // the type that a tab stop is counted in: it does not grow with the screen
 constexpr double SECONDA_PIU_GRANDE = 1.2;
 constexpr double SPUNTA_LARGA = 0.6; // of the type's height
-
-QListWidget *Lista_Di(const ElencoVoci &elenco)
-{
-    return static_cast<QListWidget *>(elenco.Widget());
-}
 
 class DelegatoColonne : public QStyledItemDelegate
 {
@@ -49,7 +44,9 @@ public:
         if (fatta) {
             const int lato = static_cast<int>(opzione.fontMetrics.height() * SPUNTA_LARGA);
             seconda.adjust(0, 0, -lato * 3 / 2, 0);
-            Spunta(*pennello, QRect(seconda.right() + lato / 4, seconda.center().y() - lato / 2, lato, lato));
+            Segno_Spunta(*pennello,
+                         QRectF(seconda.right() + lato / 4.0, seconda.center().y() - lato / 2.0, lato, lato),
+                         lato / 6.0);
         }
         QFont grande = opzione.font;
         grande.setBold(true);
@@ -59,10 +56,10 @@ public:
     }
     QSize sizeHint(const QStyleOptionViewItem &opzione, const QModelIndex &indice) const override
     {
-        QSize misura = QStyledItemDelegate::sizeHint(opzione, indice);
-        misura.setHeight(
+        QSize grandezza = QStyledItemDelegate::sizeHint(opzione, indice);
+        grandezza.setHeight(
             std::max(m_alta, static_cast<int>(opzione.fontMetrics.height() * SECONDA_PIU_GRANDE)));
-        return misura;
+        return grandezza;
     }
 
 protected:
@@ -85,16 +82,6 @@ private:
         const QString mostrato = QFontMetrics(carattere).elidedText(testo, Qt::ElideRight, posto.width());
         pennello.drawText(posto, Qt::AlignVCenter | Qt::TextSingleLine, mostrato);
     }
-    /// Drawn and not written: not every type has the sign.
-    static void Spunta(QPainter &pennello, const QRect &posto)
-    {
-        pennello.setRenderHint(QPainter::Antialiasing);
-        pennello.setPen(QPen(pennello.pen().color(), posto.width() / 6.0));
-        pennello.drawPolyline(
-            QPolygonF({posto.topLeft() + QPointF(0, posto.height() * 0.55),
-                       posto.topLeft() + QPointF(posto.width() * 0.35, posto.height() * 0.9),
-                       posto.topLeft() + QPointF(posto.width(), posto.height() * 0.1)}));
-    }
 
     int m_posto;
     int m_alta;
@@ -104,23 +91,25 @@ private:
 
 qint32 Elenco_Colonne(ElencoVoci &elenco, qint32 unita, int righe)
 {
-    QListWidget *lista = Lista_Di(elenco);
-    if (lista == nullptr)
-        return 0;
-    QFont sistema = QApplication::font();
-    sistema.setPixelSize(static_cast<int>(std::lround(Pixel_DaPunti(PUNTI_SISTEMA))));
-    const int posto = unita * QFontMetrics(sistema).averageCharWidth() / 4;
-    const int alta = (lista->height() - 2 * lista->frameWidth()) / righe;
-    lista->setItemDelegate(new DelegatoColonne(lista, posto, alta));
-    return Twip_DaPixel(posto);
+    qint32 seconda = 0;
+    elenco.Fai<QListWidget>([&](QListWidget &lista) {
+        QFont sistema = QApplication::font();
+        sistema.setPixelSize(Pixel_Interi(PUNTI_SISTEMA));
+        const int posto = unita * QFontMetrics(sistema).averageCharWidth() / 4;
+        const int alta = (lista.height() - 2 * lista.frameWidth()) / righe;
+        lista.setItemDelegate(new DelegatoColonne(&lista, posto, alta));
+        seconda = Twip_DaPixel(posto);
+    });
+    return seconda;
 }
 
 void Elenco_Fatta(ElencoVoci &elenco, qint32 riga, bool fatta, const QString &parola)
 {
-    QListWidget *lista = Lista_Di(elenco);
-    QListWidgetItem *voce = lista != nullptr ? lista->item(riga) : nullptr;
-    if (voce == nullptr || voce->data(RUOLO_FATTA).toBool() == fatta)
-        return;
-    voce->setData(RUOLO_FATTA, fatta);
-    voce->setData(Qt::AccessibleDescriptionRole, fatta ? parola : QVariant());
+    elenco.Fai<QListWidget>([&](QListWidget &lista) {
+        QListWidgetItem *voce = lista.item(riga);
+        if (voce == nullptr || voce->data(RUOLO_FATTA).toBool() == fatta)
+            return;
+        voce->setData(RUOLO_FATTA, fatta);
+        voce->setData(Qt::AccessibleDescriptionRole, fatta ? parola : QVariant());
+    });
 }

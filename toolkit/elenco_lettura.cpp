@@ -156,7 +156,6 @@ void ElencoLettura::Testo(const QString &testo)
 void ElencoLettura::Tasti_Di(const Controllo &controllo)
 {
     Fai([&controllo](QWidget &lista) {
-        if (controllo.Widget() != nullptr)
-            controllo.Widget()->installEventFilter(&lista);
+        controllo.Fai([&lista](QWidget &suo) { suo.installEventFilter(&lista); });
     });
 }

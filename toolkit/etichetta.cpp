@@ -217,9 +217,11 @@ QString Etichetta::Principio(const QString &testo) const
     });
 }
 
-void Etichetta::Margine_Sopra(qint32 twip)
+void Etichetta::Margini(qint32 sopra, qint32 lati)
 {
-    Fai<QLabel>([twip](QLabel &label) { label.setContentsMargins(0, Pixel_DaTwip(twip), 0, 0); });
+    const int lato = Pixel_DaTwip(lati);
+    const QMargins margini(lato, Pixel_DaTwip(sopra), lato, 0);
+    Fai<QLabel>([&margini](QLabel &label) { label.setContentsMargins(margini); });
     Adatta();
 }
 

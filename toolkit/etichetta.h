@@ -40,8 +40,8 @@ public:
     /// The beginning of a text: what fills the label even in the smallest type, and as much again. Behind it
     /// nothing of the text could be seen, and a layout of all of it would cost its length.
     QString Principio(const QString &testo) const;
-    /// Keeps a strip of the label free of text. @param twip its height, from the top.
-    void Margine_Sopra(qint32 twip);
+    /// Keeps strips of the label free of text, in twips: from the top, and from each side.
+    void Margini(qint32 sopra, qint32 lati);
     /// Height that the caption and the free strip need at the present width, in twips.
     qint32 Altezza_Testo() const;
     bool Entra() const override;

@@ -4,10 +4,16 @@
 #include <functional>
 #include <utility>
 
-class Evento
+/// @tparam Firma what its procedure takes and gives back. One that gives something back has an answer of its
+/// type for when nobody listens: the one made of nothing.
+template <typename Firma>
+class EventoDi;
+
+template <typename Risposta, typename... Valori>
+class EventoDi<Risposta(Valori...)>
 {
 public:
-    Evento &operator=(std::function<void()> procedura)
+    EventoDi &operator=(std::function<Risposta(Valori...)> procedura)
     {
         m_procedura = std::move(procedura);
         return *this;
@@ -15,13 +21,14 @@ public:
 
     /// Calls the procedure, if there is one. A copy of it: a handler may unload its own control, and with it
     /// this event, and goes on with what it has captured.
-    void operator()() const
+    Risposta operator()(Valori... valori) const
     {
-        const std::function<void()> procedura = m_procedura;
-        if (procedura)
-            procedura();
+        const std::function<Risposta(Valori...)> procedura = m_procedura;
+        return procedura ? procedura(valori...) : Risposta();
     }
 
 private:
-    std::function<void()> m_procedura;
+    std::function<Risposta(Valori...)> m_procedura;
 };
+
+using Evento = EventoDi<void()>;

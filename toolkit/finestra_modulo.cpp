@@ -24,9 +24,9 @@ FinestraModulo::FinestraModulo(GestoriModulo &modulo, TastieraModulo &tastiera, 
 void FinestraModulo::Disponi(qint32 left, qint32 top, qint32 width, qint32 height)
 {
     const QPoint origine = QGuiApplication::primaryScreen()->geometry().topLeft();
-    const QSize misura(Pixel_DaTwip(width), Pixel_DaTwip(height));
-    if (size() != misura)
-        setFixedSize(misura);
+    const QSize grandezza(Pixel_DaTwip(width), Pixel_DaTwip(height));
+    if (size() != grandezza)
+        setFixedSize(grandezza);
     const QPoint posto = origine + QPoint(Pixel_DaTwip(left), Pixel_DaTwip(top));
     if (pos() != posto)
         move(posto);

@@ -7,33 +7,36 @@
 #include <QFontMetrics>
 
 #include <algorithm>
-#include <cmath>
 
-QString Accorcia(const Etichetta &etichetta, const QString &testo)
+void Mostra_Accorciata(Etichetta &etichetta, const QString &testo)
 {
-    if (etichetta.Widget() == nullptr)
-        return testo;
-    QFont carattere = etichetta.Widget()->font();
-    carattere.setPixelSize(static_cast<int>(std::lround(Pixel_DaPunti(etichetta.FontSize()))));
-    return QFontMetrics(carattere).elidedText(testo, Qt::ElideRight, Pixel_DaTwip(etichetta.Width()));
+    etichetta.Fai([&](const QWidget &widget) {
+        QFont carattere = widget.font();
+        carattere.setPixelSize(Pixel_Interi(etichetta.FontSize()));
+        const QFontMetrics metrica(carattere);
+        etichetta.Caption(metrica.elidedText(testo, Qt::ElideRight, Pixel_DaTwip(etichetta.Width())));
+        etichetta.NomeAccessibile(testo);
+    });
 }
 
 qint32 Larghezza_Scritta(const Etichetta &etichetta)
 {
-    if (etichetta.Widget() == nullptr)
-        return 0;
-    return Twip_DaPixel(etichetta.Widget()->fontMetrics().horizontalAdvance(etichetta.Caption()));
+    return etichetta.Chiedi(qint32{0}, [&](const QWidget &widget) {
+        return Twip_DaPixel(widget.fontMetrics().horizontalAdvance(etichetta.Caption()));
+    });
 }
 
 void Pareggia(const std::vector<Etichetta *> &etichette)
 {
     double punti = -1;
     for (const Etichetta *etichetta : etichette) {
-        if (etichetta->Widget() == nullptr)
-            return;
-        const double mostrati = etichetta->Widget()->font().pixelSize() / Pixel_DaPunti(1);
-        punti = punti < 0 ? mostrati : std::min(punti, mostrati);
+        etichetta->Fai([&punti](const QWidget &widget) {
+            const double mostrati = widget.font().pixelSize() / Pixel_DaPunti(1);
+            punti = punti < 0 ? mostrati : std::min(punti, mostrati);
+        });
     }
+    if (punti < 0)
+        return; // their window has gone
     for (Etichetta *etichetta : etichette)
         etichetta->FontSize(punti);
 }

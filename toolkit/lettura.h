@@ -13,13 +13,14 @@ class Etichetta;
 inline constexpr double LETTURA_AUTO = 3.45;     ///< read from the car: 16 minutes at two metres
 inline constexpr double LETTURA_SCHERMO = 2.2;   ///< read in passing: 10 minutes
 inline constexpr double LETTURA_TASTIERA = 1.15; ///< read by who sits there: 5 minutes
+inline constexpr double LETTURA_COMODA = 1.4;    ///< the same where there is room: headings, few buttons
 
 /// Height of a button that an operator presses, in design units: 15 mm.
 inline constexpr qint32 BERSAGLIO_ALTO = 780;
 
-/// A text cut with dots where it is longer than one line of a label, in the label's full type: a long name
-/// shows its beginning instead of shrinking.
-QString Accorcia(const Etichetta &etichetta, const QString &testo);
+/// Gives a label, which has its place, a text on one line in its full type: a long name shows its beginning
+/// and dots instead of shrinking. An assistive technology hears all of it.
+void Mostra_Accorciata(Etichetta &etichetta, const QString &testo);
 
 /// Width of a label's caption on one line, in the type that it is shown in, in twips.
 qint32 Larghezza_Scritta(const Etichetta &etichetta);

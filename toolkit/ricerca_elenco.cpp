@@ -21,8 +21,7 @@ bool Scrive(const QKeyEvent &tasto)
 RicercaElenco::RicercaElenco(const ElencoVoci &elenco) : m_pausa([this] { Azzera(); })
 {
     m_pausa.Interval(PAUSA_RICERCA);
-    if (elenco.Widget() != nullptr)
-        elenco.Widget()->installEventFilter(this);
+    elenco.Fai([this](QWidget &lista) { lista.installEventFilter(this); });
 }
 
 void RicercaElenco::Azzera()
@@ -61,8 +60,7 @@ bool RicercaElenco::eventFilter(QObject *oggetto, QEvent *evento)
         return false;
     m_pausa.Enabled(false);
     const QPointer<RicercaElenco> vivo(this);
-    const auto freccia = Freccia;
-    const bool presa = freccia && freccia(tasto.key() == Qt::Key_Down);
+    const bool presa = Freccia(tasto.key() == Qt::Key_Down);
     if (vivo != nullptr)
         m_pausa.Enabled(!m_testo.isEmpty());
     return presa;

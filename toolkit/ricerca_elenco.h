@@ -8,8 +8,6 @@
 #include <QObject>
 #include <QString>
 
-#include <functional>
-
 class ElencoVoci;
 
 /// How long a typed text waits for its next key, in ms.
@@ -32,7 +30,7 @@ public:
     Evento Cambiata;
     /// Told of an arrow pressed while a text stands, true for the one downwards. @return false when the key
     /// shall move by a line, as ever.
-    std::function<bool(bool)> Freccia;
+    EventoDi<bool(bool)> Freccia;
 
 protected:
     bool eventFilter(QObject *oggetto, QEvent *evento) override;

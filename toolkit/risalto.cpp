@@ -10,14 +10,13 @@ namespace {
 /// The style sheet looks at a control once: it is made to look again, and the type is kept.
 void Segna(const Pulsante &pulsante, const char *risalto)
 {
-    QWidget *widget = pulsante.Widget();
-    if (widget == nullptr)
-        return;
-    const QFont carattere = widget->font();
-    widget->setProperty("risalto", QLatin1String(risalto));
-    widget->style()->unpolish(widget);
-    widget->style()->polish(widget);
-    widget->setFont(carattere);
+    pulsante.Fai([risalto](QWidget &widget) {
+        const QFont carattere = widget.font();
+        widget.setProperty("risalto", QLatin1String(risalto));
+        widget.style()->unpolish(&widget);
+        widget.style()->polish(&widget);
+        widget.setFont(carattere);
+    });
 }
 
 } // namespace

@@ -56,6 +56,11 @@ double Pixel_DaPunti(double punti)
     return punti * TWIP_PUNTO / Unita();
 }
 
+int Pixel_Interi(double punti)
+{
+    return std::max(1, static_cast<int>(std::lround(Pixel_DaPunti(punti))));
+}
+
 double Punti_Normali()
 {
     return PUNTI_DISEGNO * std::min(Schermo_Larghezza() / GRIGLIA_X, Schermo_Altezza() / GRIGLIA_Y);

@@ -20,6 +20,8 @@ qint32 Schermo_Altezza();
 int Pixel_DaTwip(qint32 twip);
 qint32 Twip_DaPixel(int pixel);
 double Pixel_DaPunti(double punti);
+/// The same as type is set in: whole pixels, one at least.
+int Pixel_Interi(double punti);
 
 /// The size of type of a control that asks for none, in points: 10 on the design screen, and in proportion.
 double Punti_Normali();

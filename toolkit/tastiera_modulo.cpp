@@ -188,7 +188,8 @@ void TastieraModulo::Offri(const QWidget *widget, const QString &testo, qint16 &
 bool TastieraModulo::Inghiottito(const QWidget *widget, const QString &testo)
 {
     qint16 codice = testo.isEmpty() ? qint16{1} : static_cast<qint16>(testo.front().unicode());
-    m_modulo.Esegui([&] { Offri(widget, testo, codice); });
+    const auto vivo = m_modulo.Vivo(); // the handler may unload the form, and this goes with it
+    Offri(widget, testo, codice);
     return codice == 0 || !m_modulo.Caricato();
 }
 

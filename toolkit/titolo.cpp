@@ -7,8 +7,7 @@
 
 Titolo::Titolo(QWidget *finestra, const QString &nome) : Etichetta(finestra, nome)
 {
-    const QColor colore = Colore_Tema(Tinta::Fuoco);
-    ForeColor(static_cast<quint32>(colore.blue() << 16 | colore.green() << 8 | colore.red()));
+    ForeColor(Numero_Tinta(Tinta::Fuoco));
     FontBold(true);
     FontSize(Punti_Normali() * LETTURA_TASTIERA);
     Allineamento(Orizzontale::Sinistra, Verticale::Alto);

@@ -63,20 +63,16 @@ private Q_SLOTS:
     void verifica()
     {
         QFETCH(QString, scadenza);
-        const Verifica verifica = Verifica_Di(scadenza, OGGI);
-        QTEST(verifica.Stato, "stato");
-        const bool data =
-            verifica.Stato != StatoVerifica::SenzaData && verifica.Stato != StatoVerifica::Illeggibile;
-        QCOMPARE(verifica.Fine.isValid(), data);
+        QTEST(Verifica_Di(scadenza, OGGI), "stato");
     }
 
     void righe_data()
     {
         QTest::addColumn<Rilievo>("rilievo");
-        QTest::addColumn<int>("riga");
+        QTest::addColumn<size_t>("riga");
         QTest::addColumn<QString>("testo");
         QTest::addColumn<bool>("avviso");
-        const auto riga = [](const char *nome, int quale, const char16_t *testo, bool avviso,
+        const auto riga = [](const char *nome, size_t quale, const char16_t *testo, bool avviso,
                              const std::function<void(Rilievo &)> &cambia) {
             Rilievo rilievo = In_Ordine();
             cambia(rilievo);
@@ -114,20 +110,19 @@ private Q_SLOTS:
     void righe()
     {
         QFETCH(Rilievo, rilievo);
-        QFETCH(int, riga);
-        const QList<RigaStato> righe = Stato_Righe(rilievo);
-        QCOMPARE(righe.size(), 4);
-        QTEST(righe[riga].Testo, "testo");
-        QTEST(righe[riga].Avviso, "avviso");
+        QFETCH(size_t, riga);
+        const RigaStato stato = Stato_Righe(rilievo)[riga];
+        QTEST(stato.Testo, "testo");
+        QTEST(stato.Avviso, "avviso");
     }
 
     /// A file of texts from before these leaves the lines empty; the version has no text of a language.
     void fileDeiTestiDiPrima()
     {
         QVERIFY(QFile::remove(stazione->Nativo(QStringLiteral("lingueMCTC.ini"))));
-        const QList<RigaStato> righe = Stato_Righe(In_Ordine());
+        const auto righe = Stato_Righe(In_Ordine());
         QCOMPARE(righe[0].Testo, QStringLiteral("lumira " LUMIRA_VERSIONE));
-        for (int i = 1; i < 4; ++i)
+        for (size_t i = 1; i < righe.size(); ++i)
             QCOMPARE(righe[i].Testo, QString());
         QCOMPARE(Versione_Programma(), QStringLiteral(LUMIRA_VERSIONE));
     }

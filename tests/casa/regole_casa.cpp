@@ -48,8 +48,8 @@ bool Senza_Finestra(const QString &file)
 /// What of Qt a form may say: types of text, time, list and value, the sender of its signal, a value that is
 /// put back.
 constexpr const char16_t *QT_DEI_FORM[] = {
-    u"QString",   u"QStringList", u"QStringLiteral", u"QLatin1String", u"QChar",
-    u"QDateTime", u"QVariant",    u"QList",          u"QObject",       u"QScopedValueRollback"};
+    u"QString",   u"QStringView", u"QStringList", u"QStringLiteral", u"QLatin1String",       u"QChar",
+    u"QDateTime", u"QVariant",    u"QList",       u"QObject",        u"QScopedValueRollback"};
 
 /// Who lets events run: the one name, a modal show, a box of the system, the program's own loop.
 constexpr const char16_t *CON_EVENTI[] = {u"platform/eventi.cpp", u"toolkit/modulo.h", u"toolkit/modulo.cpp",

@@ -20,6 +20,8 @@ public:
 
     /// Moves time on, playing the beats on the way.
     void Avanza(qint64 ms);
+    /// Sets the clock on the wall, back where negative: no beat comes sooner or later for it.
+    void Sposta(qint64 ms) { m_inizio = m_inizio.addMSecs(ms); }
     /// Time passed since the clock was made, in ms.
     qint64 Passati() const { return m_passati; }
     /// How many alarms are armed.

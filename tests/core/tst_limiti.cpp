@@ -280,6 +280,17 @@ private Q_SLOTS:
         QTEST(Lux_Regolare(lux, fascio), "regolare");
     }
 
+    void limitiDiOgniFascio()
+    {
+        Carica_Limiti();
+        const LimitiFascio anabbagliante = Limiti_Di(FascioAnabbagliante);
+        const LimitiFascio abbagliante = Limiti_Di(FascioAbbagliante);
+        QCOMPARE(anabbagliante.minimo, 3750);
+        QCOMPARE(anabbagliante.massimo, 90000);
+        QCOMPARE(abbagliante.minimo, 20000);
+        QCOMPARE(abbagliante.massimo, 150000);
+    }
+
     /// The file is read at every call: what setup saved counts at once.
     void rilettiOgniVolta()
     {

@@ -122,7 +122,7 @@ std::shared_ptr<Modulo> Lista_Cambiata(const BancoForm &banco)
 template <TestoMctc testo>
 std::shared_ptr<Modulo> Veicolo_SenzaLista(const BancoForm &)
 {
-    gTipoProva = 2;
+    gTipoProva = ProvaScelta;
     const auto form = Nuovo<frmMctc2>();
     form->Motivo = Testo_Mctc(testo);
     return Mostrato(form);
@@ -272,6 +272,25 @@ std::shared_ptr<Modulo> Sessione_Spenta(const BancoForm &banco)
     return Sessione_Operatore({}, RINUNCIA);
 }
 
+/// A measure that the line has damaged, and which is shown as it came.
+std::shared_ptr<Modulo> Sessione_Rifiutata(const BancoForm &banco)
+{
+    QByteArray guasta = Risposta_Misura("0123O#", "0456OO", "0789XO", "9999##");
+    guasta[4] = '9';
+    gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
+    return Sessione_Operatore(
+        [guasta](LineaProva &linea) {
+            linea.Copione({Risposta_Stato('4'), guasta});
+        },
+        1000);
+}
+
+std::shared_ptr<Modulo> Sessione_MalImpostata(const BancoForm &banco)
+{
+    gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
+    return Sessione_Operatore([](LineaProva &linea) { linea.RifiutaImpostazioni = true; }, 1000);
+}
+
 std::shared_ptr<Modulo> Sessione_SenzaPorta(const BancoForm &banco)
 {
     gFileAcc = banco.Stazione.Accettazione(QStringLiteral("12345678.acc"));
@@ -390,7 +409,9 @@ constexpr Scena SCENE[] = {
     {"collegamento, inizio",      Sessione_Iniziata                          },
     {"collegamento, veicolo",     Sessione_Veicolo                           },
     {"collegamento, senza porta", Sessione_SenzaPorta                        },
+    {"collegamento, formato",     Sessione_MalImpostata                      },
     {"collegamento, spento",      Sessione_Spenta                            },
+    {"collegamento, rifiutata",   Sessione_Rifiutata                         },
     {"collegamento, completato",  Sessione_Completata                        },
     {"collegamento, misura",      Sessione_Misura                            },
     {"collegamento, lettura",     Sessione_Lettura                           },

@@ -15,6 +15,7 @@ class tst_aspetto : public QObject
 private Q_SLOTS:
     void coloreBluVerdeRosso_data();
     void coloreBluVerdeRosso();
+    void numeroDellaTinta();
     void coloriDiSistemaDiversi();
     void carattereDellApplicazione();
     void testiLeggibili_data();
@@ -45,6 +46,15 @@ void tst_aspetto::coloreBluVerdeRosso()
     QFETCH(quint32, colore);
     QFETCH(QColor, atteso);
     QCOMPARE(Colore_Da(colore), atteso);
+}
+
+// A control that takes a number shows the colour of the look.
+void tst_aspetto::numeroDellaTinta()
+{
+    for (const Tinta tinta :
+         {Tinta::Sfondo, Tinta::Testo, Tinta::TestoSpento, Tinta::Fuoco, Tinta::FuocoTenue, Tinta::Guasto})
+        QCOMPARE(Colore_Da(Numero_Tinta(tinta)), Colore_Tema(tinta));
+    QCOMPARE(Numero_Tinta(Tinta::Fuoco), 0x8A5C0Bu);
 }
 
 // A box that is locked looks different from one to write in.

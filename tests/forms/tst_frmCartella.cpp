@@ -137,6 +137,20 @@ private Q_SLOTS:
             form->Scarica();
         }
     }
+
+    /// A share is a drive of its own: what stands above it is no folder.
+    void sopraUnaCartellaCondivisa()
+    {
+        const QString condivisa = u'\\' + banco->Stazione.Percorso(QString()); // \\server\share\ in form
+        QCOMPARE(condivisa.count(u'\\'), 4);
+        Apri(condivisa);
+        if (!Voci().contains(QStringLiteral("..")))
+            QSKIP("no server answers by the name of the folder for temporary files");
+        Indica(QStringLiteral(".."));
+        QVERIFY(!Abilitato(*form, "cmd_0"));
+        Premi(*form, "cmd_2");
+        QVERIFY(!Voci().contains(QStringLiteral("..")));
+    }
 };
 
 int main(int argc, char **argv)

@@ -10,8 +10,10 @@
 #include "dialogs/dlgPwd.h"
 #include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
+#include "tests/forms/difetti_prova.h"
 #include "tests/forms/seriale_prova.h"
 #include "toolkit/applicazione.h"
+#include "toolkit/lettura.h"
 #include "toolkit/schermo.h"
 
 #include <QListWidget>
@@ -83,7 +85,7 @@ class tst_frmComm : public QObject
     Q_OBJECT
 
 private:
-    void Apri(quint8 modo = ModoMisura)
+    void Apri(ModoScambio modo = ModoMisura)
     {
         form = Nuovo<frmComm>();
         form->Modo = modo;
@@ -229,7 +231,7 @@ private Q_SLOTS:
         gRepMisure.fill(QStringLiteral("prima"));
         gRepOfficina.fill(QStringLiteral("prima"));
         const QDateTime adesso = Orologio_Banco().Adesso();
-        Apri(static_cast<quint8>(modo));
+        Apri(static_cast<ModoScambio>(modo));
         QCOMPARE(Scritta(), scritta ? Testo_Mctc(Id_Mctc(152)) : QString());
         QVERIFY(Visibile(*form, "lbl_0"));
         QCOMPARE(gRepMisure[RepData], adesso.toString(QStringLiteral("dd-MM-yyyy")));
@@ -275,6 +277,33 @@ private Q_SLOTS:
         QVERIFY(form->Caricato());
         QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(152)));
         QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("Interrompi"));
+    }
+
+    /// The port is open and deaf: the session goes its way, and the notice says why nothing will come.
+    void portaMalImpostata()
+    {
+        const QString avviso = QStringLiteral("COM1: velocità o formato errati in lumira.ini");
+        Linee_Prepara([](LineaProva &linea) { linea.RifiutaImpostazioni = true; });
+        gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
+        Apri();
+        QVERIFY(Visibile(*form, "lblPorta") && !Visibile(*form, "lblRimedio"));
+        QCOMPARE(Testo_Di(*form, "lblPorta"), avviso);
+        QVERIFY(!Visibile(*form, "lblTarga") && !Visibile(*form, "lblVeicolo"));
+        QVERIFY(!Visibile(*form, "lblPasso_0"));
+        QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM1: in attesa"));
+        const QRect posto = Widget_Di(*form, "lblPorta")->geometry();
+        QCOMPARE(Widget_Di(*form, "lblTx")->geometry().top(), Widget_Di(*form, "lblRx")->geometry().top());
+        QVERIFY(posto.bottom() < Widget_Di(*form, "lblTx")->geometry().top());
+        Passa(24200);
+        QCOMPARE(Linea_Corrente()->Usciti.size(), 12);
+        QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(153)));
+        QVERIFY(Visibile(*form, "lblPorta"));
+        QCOMPARE(Widget_Di(*form, "lblPorta")->geometry(), posto); // what counts stays as large as it was
+        Passa(4000);
+        QCOMPARE(*notifiche, (Notifiche{
+                                 {SessioneFallita, 0}
+        }));
+        QCOMPARE(Sessione_Fine().Testo, avviso);
     }
 
     // --- a session ----------------------------------------------------------------------------------------
@@ -347,7 +376,7 @@ private Q_SLOTS:
         gDatiStrumento = {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"), QStringLiteral("D"),
                           QStringLiteral("E")};
         Con_Copione(risposte);
-        Apri(static_cast<quint8>(modo));
+        Apri(static_cast<ModoScambio>(modo));
         Passa(TICK * risposte.size());
         QCOMPARE(Scritta(), Testo_Mctc(Id_Mctc(scritta)));
         Passa(2000);
@@ -436,13 +465,16 @@ private Q_SLOTS:
 
     // --- what the operator sees ---------------------------------------------------------------------------
 
-    /// The words are read from the car: the plate too. Nothing of them is cut or shrunk on the design screen.
+    /// The words are read from the car: the plate too. Neither is shrunk on this screen.
     void veicoloDellaMisura()
     {
         gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
         Apri();
         QVERIFY(Visibile(*form, "lblTarga") && Visibile(*form, "lblVeicolo"));
         QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
+        for (const char *daLontano : {"lbl_0", "lblTarga"})
+            QCOMPARE(Widget_Di(*form, daLontano)->font().pixelSize(),
+                     qRound(Pixel_DaPunti(Punti_Normali() * LETTURA_AUTO)));
         QVERIFY(Testo_Di(*form, "lblVeicolo").startsWith(QStringLiteral("FABBRICA")));
         QCOMPARE(Widget_Di(*form, "lblVeicolo")->accessibleName(),
                  QStringLiteral("FABBRICA DI PROVA BERLINA 1.6"));
@@ -461,8 +493,33 @@ private Q_SLOTS:
         QFETCH(int, modo);
         QFETCH(bool, file);
         gFileAcc = file ? banco->Stazione.Accettazione(QStringLiteral("12345678.acc")) : QString();
-        Apri(static_cast<quint8>(modo));
+        Apri(static_cast<ModoScambio>(modo));
         QVERIFY(!Visibile(*form, "lblTarga") && !Visibile(*form, "lblVeicolo"));
+    }
+
+    void veicoloCedeIlPosto_data()
+    {
+        QTest::addColumn<QString>("a");
+        for (const char *a : {"debug", "porta", "elenco"})
+            QTest::newRow(a) << QString::fromLatin1(a);
+    }
+    /// To the column of the traffic, and to the notice about the port.
+    void veicoloCedeIlPosto()
+    {
+        QFETCH(QString, a);
+        gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
+        gDebug = a == u"debug" ? Vero : Falso;
+        Linee_Prepara([a](LineaProva &linea) {
+            linea.RifiutaApertura = a == u"porta";
+            linea.Copione({Risposta_Stato('4'), MISURA});
+        });
+        Apri();
+        QCOMPARE(Visibile(*form, "lblTarga"), a == u"elenco"); // its first line has not come yet
+        QCOMPARE(Visibile(*form, "lblVeicolo"), a == u"elenco");
+        Passa(2 * TICK);
+        QCOMPARE(Visibile(*form, "lstDbg"), a != u"porta");
+        QVERIFY(!Visibile(*form, "lblTarga") && !Visibile(*form, "lblVeicolo"));
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
     }
 
     void passiDellaMisura()
@@ -481,9 +538,19 @@ private Q_SLOTS:
         QCOMPARE(Passi(), QStringLiteral("√ Misura √ Dati √ Fatto"));
     }
 
-    /// A session that has failed has no step to go on with: the words take their place.
+    void passiDiUnaSessioneFallita_data()
+    {
+        QTest::addColumn<bool>("file");
+        QTest::newRow("prova a mano") << false;
+        QTest::newRow("veicolo") << true;
+    }
+    /// A session that has failed has no step to go on with: the words take their place. What came in stays to
+    /// be read, and the plate.
     void passiDiUnaSessioneFallita()
     {
+        QFETCH(bool, file);
+        if (file)
+            gFileAcc = banco->Stazione.Accettazione(QStringLiteral("12345678.acc"));
         Con_Copione({Frame_Risposta("ABCx")});
         Apri();
         QVERIFY(Visibile(*form, "lblPasso_0"));
@@ -493,6 +560,17 @@ private Q_SLOTS:
         QVERIFY(!Visibile(*form, "lblPasso_0"));
         QVERIFY(Widget_Di(*form, "lbl_0")->height() > prima);
         QCOMPARE(Widget_Di(*form, "lbl_0")->width(), Pixel_DaTwip(form->Width()));
+        for (const char *nome : {"lblNomeTx", "lblTx", "lblNomeRx", "lblRx"}) {
+            QWidget *traffico = Widget_Di(*form, nome);
+            QVERIFY2(Visibile(*form, nome) && !Scritta_Tagliata(traffico), nome);
+            for (const char *altro : {"lbl_0", "lblTarga", "shaComm"}) {
+                const QWidget *vicino = Widget_Di(*form, altro);
+                QVERIFY2(vicino->isHidden() || !vicino->geometry().intersects(traffico->geometry()), nome);
+            }
+        }
+        QCOMPARE(Testo_Di(*form, "lblRx"), QString::fromLatin1(Frame_Risposta("ABCx").toHex().toUpper()));
+        QCOMPARE(Visibile(*form, "lblTarga"), file);
+        QVERIFY(!Visibile(*form, "lblVeicolo"));
     }
 
     /// The writing of the defaults asks for no status.
@@ -557,6 +635,18 @@ private Q_SLOTS:
         Linea_Corrente()->Arriva(Frame_Risposta("ABCx"));
         Passa(TICK);
         QCOMPARE(parola(), QStringLiteral("COM1: fermo")); // nothing goes out any more
+    }
+
+    /// The word follows the session, whose next command has gone out, in the beat that takes the reply.
+    void parolaDopoUnaRispostaTardiva()
+    {
+        Apri();
+        Passa(24200);
+        QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM1: fermo"));
+        Linea_Corrente()->Arriva(Risposta_Stato('4'));
+        Passa(4000);
+        QCOMPARE(Linea_Corrente()->Usciti.size(), 13);
+        QCOMPARE(Testo_Di(*form, "lblLampada"), QStringLiteral("COM1: in attesa"));
     }
 
     void elencoSoloSeServe()

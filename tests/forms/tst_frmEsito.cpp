@@ -17,6 +17,8 @@
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
 #include "toolkit/aspetto.h"
+#include "toolkit/lettura.h"
+#include "toolkit/schermo.h"
 #include "toolkit/segnale.h"
 
 #include <QFile>
@@ -226,6 +228,21 @@ private Q_SLOTS:
         QVERIFY(!Visibile(*form, "lblTarga") && !Visibile(*form, "lblVeicolo"));
     }
 
+    /// A long name shows its beginning in the full type, and is heard whole.
+    void veicoloDalNomeLungo()
+    {
+        const QString nome = QStringLiteral("FABBRICA ") + QString(100, u'X');
+        gFileAcc = banco->Stazione.Percorso(QStringLiteral("DIR_FAR\\12345678.acc"));
+        gVeicolo = {QStringLiteral("AB123CD"), nome};
+        Apri();
+        const QString mostrato = Testo_Di(*form, "lblVeicolo");
+        QVERIFY(mostrato.startsWith(QStringLiteral("FABBRICA X")));
+        QVERIFY(mostrato.endsWith(u'…'));
+        const QWidget *veicolo = Widget_Di(*form, "lblVeicolo");
+        QCOMPARE(veicolo->font().pixelSize(), qRound(Pixel_DaPunti(Punti_Normali() * LETTURA_SCHERMO)));
+        QCOMPARE(veicolo->accessibleName(), nome);
+    }
+
     void guastiInGrande()
     {
         Far_Imposta(FarEsito, QStringLiteral("I"));
@@ -419,6 +436,18 @@ private Q_SLOTS:
         for (const char *lingua : {"FR", "EN", "ES", "DE"})
             QTest::newRow(lingua) << QString::fromLatin1(lingua) << 1800;
     }
+    /// A head on one line does not run into the next one: a blank of their type stands between them at least.
+    void testeStaccate()
+    {
+        Apri();
+        for (int i = 0; i < 4; ++i) {
+            const auto *testa = Membro_Di<QLabel>(*form, "lblPar", i);
+            const QFontMetrics metrica = testa->fontMetrics();
+            const int libero = testa->width() - metrica.horizontalAdvance(testa->text());
+            QVERIFY2(libero >= metrica.horizontalAdvance(u' '), qPrintable(testa->text()));
+        }
+    }
+
     /// Each head stands over its column or beside its row, and so every figure under its own lamp.
     void postiDellaTabella()
     {

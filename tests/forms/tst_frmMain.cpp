@@ -14,8 +14,8 @@
 #include "link/frmComm.h"
 #include "mctc/cartella_scambio.h"
 #include "mctc/frmMctcO.h"
+#include "platform/elenco.h"
 #include "platform/percorsi.h"
-#include "platform/porta_seriale.h"
 #include "report/frmMctc2.h"
 #include "setup/frmSetupO.h"
 #include "tests/comuni/testi_prova.h"
@@ -51,16 +51,34 @@ const char *const USCITA_DAL_RISULTATO = "uscita-dal-risultato";
 
 constexpr int DOPO_RITORNO = 100; // ms until the menu looks at its folder
 constexpr int FRA_DUE_SGUARDI = 30000;
+constexpr int MINUTO = 60000; // that a failure stays on the menu
 
 /// How long the exchange folder takes to answer, in ms of the test's clock, and how often it was looked at.
 int gLentezza = 0;
 int gSguardi = 0;
+
+/// Listings of the exchange folder, by either call of the platform.
+int gElenchi = 0;
+
+/// The one port that the machine has; 0 for none.
+qint16 gPorta = 0;
 
 } // namespace
 
 // The linker leads the menu's look at the folder through the second of these, on to the first.
 CartellaScambio Cartella_Vera(const QString &cartella) asm("__real__Z15Cartella_GuardaRK7QString");
 CartellaScambio Cartella_Chiesta(const QString &cartella) asm("__wrap__Z15Cartella_GuardaRK7QString");
+// And its question for a port to this one.
+bool Porta_Chiesta(qint16 numero) asm("__wrap__Z14Porta_Presentes");
+// And every listing of a folder.
+bool Trova_Vera(const QString &percorso,
+                QList<RecordTrovato> &trovati) asm("__real__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoE");
+bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati) asm(
+    "__wrap__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoE");
+QStringList Elenca_Vera(const QString &percorso,
+                        qint16 attributo) asm("__real__Z15Cartella_ElencaRK7QStrings");
+QStringList Elenca_Chiesta(const QString &percorso,
+                           qint16 attributo) asm("__wrap__Z15Cartella_ElencaRK7QStrings");
 
 /// A network that takes its time.
 CartellaScambio Cartella_Chiesta(const QString &cartella)
@@ -68,6 +86,24 @@ CartellaScambio Cartella_Chiesta(const QString &cartella)
     ++gSguardi;
     Orologio_Banco().Avanza(gLentezza);
     return Cartella_Vera(cartella);
+}
+
+/// A machine whose adapter is plugged in and pulled out by the test.
+bool Porta_Chiesta(qint16 numero)
+{
+    return numero == gPorta;
+}
+
+bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati)
+{
+    gElenchi += percorso.startsWith(gDirAcc) ? 1 : 0;
+    return Trova_Vera(percorso, trovati);
+}
+
+QStringList Elenca_Chiesta(const QString &percorso, qint16 attributo)
+{
+    gElenchi += percorso.startsWith(gDirAcc) ? 1 : 0;
+    return Elenca_Vera(percorso, attributo);
 }
 
 namespace {
@@ -232,6 +268,7 @@ private Q_SLOTS:
         Far_Azzera();
         Sessione_Annota(QString());
         gLentezza = gSguardi = 0;
+        gPorta = 1;
     }
     void cleanup()
     {
@@ -299,8 +336,7 @@ private Q_SLOTS:
         QVERIFY(Voce(2)->isVisible());
     }
 
-    // --- what stands out
-    // ------------------------------------------------------------------------------------
+    // --- what stands out -----------------------------------------------------------------------------------
 
     /// The working day begins with Enter.
     void laProvaHaIlPrimoFuoco()
@@ -337,8 +373,7 @@ private Q_SLOTS:
         }
     }
 
-    // --- the state of the station
-    // ---------------------------------------------------------------------------
+    // --- the state of the station --------------------------------------------------------------------------
 
     /// The lines stand where the ninth button would; all but the folder at once, the folder when the menu has
     /// been painted.
@@ -354,12 +389,30 @@ private Q_SLOTS:
             QVERIFY(cella.contains(Membro_Di<QLabel>(*form, "lblStato", i)->geometry()));
         QCOMPARE(Stato(0), QStringLiteral("lumira ") + Versione_Programma());
         QCOMPARE(Stato(1), QString());
-        QCOMPARE(Stato(2), Porta_Presente(1) ? QStringLiteral("Porta COM1 presente")
-                                             : QStringLiteral("Porta COM1 assente"));
+        QCOMPARE(Stato(2), QStringLiteral("Porta COM1 presente"));
         QCOMPARE(Stato(3), QStringLiteral("Verifica valida fino al 31/12/2027"));
         Orologio_Banco().Avanza(DOPO_RITORNO);
         QCOMPARE(Stato(1), QStringLiteral("Cartella: 1 in attesa"));
         QCOMPARE(gSguardi, 1);
+        QVERIFY(Avviso().isEmpty()); // a station in order asks for nobody
+    }
+
+    /// An adapter that is pulled out and plugged in again: told at the next look.
+    void portaCheVaEViene()
+    {
+        Imposta_Porta(QStringLiteral("12"));
+        gPorta = 12;
+        Apri();
+        QCOMPARE(Stato(2), QStringLiteral("Porta COM12 presente"));
+        QVERIFY(Avviso().isEmpty());
+        gPorta = 0;
+        Orologio_Banco().Avanza(DOPO_RITORNO);
+        QCOMPARE(Stato(2), QStringLiteral("Porta COM12 assente"));
+        QCOMPARE(Avviso(), QStringLiteral("Porta COM12 assente"));
+        gPorta = 12;
+        Orologio_Banco().Avanza(FRA_DUE_SGUARDI);
+        QCOMPARE(Stato(2), QStringLiteral("Porta COM12 presente"));
+        QVERIFY(Avviso().isEmpty());
     }
 
     void senzaListaLaCartellaNonSiGuarda()
@@ -484,14 +537,16 @@ private Q_SLOTS:
 
     void statoNellaLinguaNuova()
     {
+        Imposta_Porta(QStringLiteral("77"));
         Apri();
         Orologio_Banco().Avanza(DOPO_RITORNO);
         Premi(*form, "cmdMnu_1");
         gLingua = QStringLiteral("EN");
-        qint16 codice = 2;
+        qint16 codice = SetupLingua;
         QVariant valore = 0;
         Q_EMIT Modulo_Aperto<frmSetupO>("frmSetupO")->Notifica(codice, valore);
         QCOMPARE(Stato(1), QStringLiteral("Folder: no vehicles"));
+        QCOMPARE(Avviso(), QStringLiteral("Port COM77 not found"));
     }
 
     // --- picture and password -----------------------------------------------------------------------------
@@ -593,45 +648,62 @@ private Q_SLOTS:
     void motivoDelModuloVuoto_data()
     {
         QTest::addColumn<Flag>("lista");
+        QTest::addColumn<QString>("cosa"); // written into the station; empty: nothing
         QTest::addColumn<bool>("cartella");
         QTest::addColumn<QString>("motivo");
-        QTest::newRow("vuota") << Vero << true
-                               << QStringLiteral(
-                                      "Nessun veicolo da scegliere: la cartella delle accettazioni è "
-                                      "vuota");
-        QTest::newRow("mancante") << Vero << false
-                                  << QStringLiteral(
-                                         "Nessun veicolo da scegliere: la cartella delle accettazioni "
-                                         "manca o non si raggiunge. Controllare rete e impostazioni");
-        QTest::newRow("senza lista") << Falso << false << QString();
+        const QString nessuno =
+            QStringLiteral("Nessun veicolo da scegliere: la cartella delle accettazioni ");
+        const QString vuota = nessuno + QStringLiteral("è vuota");
+        QTest::newRow("vuota") << Vero << QString() << true << vuota;
+        QTest::newRow("risultati soli") << Vero << FILE_FAR << true << vuota;
+        QTest::newRow("mancante") << Vero << QString() << false
+                                  << nessuno +
+                                         QStringLiteral(
+                                             "manca o non si raggiunge. Controllare rete e impostazioni");
+        QTest::newRow("un file al suo posto")
+            << Vero << QStringLiteral("DIR_FAR") << false
+            << nessuno + QStringLiteral("non si può leggere. Controllare i diritti");
+        QTest::newRow("senza lista") << Falso << QString() << false << QString();
     }
-    /// Why the form of the vehicle comes up empty and locked instead of the list.
+    /// Why the form of the vehicle comes up empty and locked instead of the list. The folder, which may be
+    /// slow, is listed once for it.
     void motivoDelModuloVuoto()
     {
         QFETCH(Flag, lista);
+        QFETCH(QString, cosa);
         QFETCH(bool, cartella);
         QFETCH(QString, motivo);
         gIniFile = lista;
         if (!cartella)
             QVERIFY(QDir(Nativo(QStringLiteral("DIR_FAR"))).removeRecursively());
+        if (!cosa.isEmpty())
+            banco->Stazione.Scrivi(cosa, "x");
         Apri();
+        gElenchi = 0;
         Premi_Prova();
+        QCOMPARE(gElenchi, lista ? 1 : 0);
         const auto veicolo = Modulo_Aperto("frmMctc2");
         QCOMPARE(Testo_Di(*veicolo, "lblMotivo"), motivo);
         QCOMPARE(Visibile(*veicolo, "lblMotivo"), !motivo.isEmpty());
     }
 
-    /// What ended a session stays on the menu for a minute, in its words, in place of all else.
+    /// What ended a session stays on the menu for a minute, in its words, in place of all else. The minute is
+    /// counted from when the menu shows it, and once.
     void fineDellaSessionePerUnMinuto()
     {
         Imposta_Porta(QStringLiteral("77"));
         Apri();
         Orologio_Banco().Avanza(DOPO_RITORNO);
         QCOMPARE(Avviso(), QStringLiteral("Porta COM77 assente"));
+        Premi(*form, "cmdMnu_5");
+        QVERIFY(Attiva(*Modulo_Aperto("frmAnagOffO")));
         Sessione_Annota(QStringLiteral("Lo strumento non risponde"));
+        Orologio_Banco().Avanza(2 * MINUTO); // a long message is read
+        Premi(*Modulo_Aperto("frmAnagOffO"), "cmd_1");
+        QVERIFY(Attiva(*form));
+        QCOMPARE(Avviso(), QStringLiteral("Lo strumento non risponde"));
         Orologio_Banco().Avanza(20000);
         Va_E_Torna();
-        QCOMPARE(Avviso(), QStringLiteral("Lo strumento non risponde"));
         Orologio_Banco().Avanza(39999);
         QCOMPARE(Avviso(), QStringLiteral("Lo strumento non risponde"));
         Orologio_Banco().Avanza(1);
@@ -642,6 +714,38 @@ private Q_SLOTS:
         Sessione_Annota(QString());
         Va_E_Torna();
         QCOMPARE(Avviso(), QStringLiteral("Porta COM77 assente"));
+    }
+
+    /// A second failure within the minute of the first has a whole one too.
+    void ogniFineHaIlSuoMinuto()
+    {
+        Apri();
+        for (const char16_t *testo : {u"Lo strumento non risponde", u"Linea disturbata"}) {
+            Sessione_Annota(QString::fromUtf16(testo));
+            Va_E_Torna();
+            QCOMPARE(Avviso(), QString::fromUtf16(testo));
+            Orologio_Banco().Avanza(MINUTO - 1);
+            QCOMPARE(Avviso(), QString::fromUtf16(testo));
+        }
+        Orologio_Banco().Avanza(1);
+        QVERIFY(Avviso().isEmpty());
+    }
+
+    /// A change of language, which writes the notice anew behind the form of setup, begins no minute.
+    void ilMinutoNonCominciaDietroUnaFinestra()
+    {
+        Apri();
+        Premi(*form, "cmdMnu_1");
+        const auto setup = Modulo_Aperto<frmSetupO>("frmSetupO");
+        QVERIFY(Attiva(*setup));
+        Sessione_Annota(QStringLiteral("Lo strumento non risponde"));
+        qint16 codice = SetupLingua;
+        QVariant valore = 0;
+        Q_EMIT setup->Notifica(codice, valore);
+        Orologio_Banco().Avanza(MINUTO);
+        setup->Scarica();
+        QVERIFY(Attiva(*form));
+        QCOMPARE(Avviso(), QStringLiteral("Lo strumento non risponde"));
     }
 
     /// An instrument that is off: the menu says it, in the words of the session.

@@ -567,7 +567,7 @@ private Q_SLOTS:
     void motivoAlPostoDellaTarga()
     {
         gIniFile = Vero;
-        gTipoProva = 2;
+        gTipoProva = ProvaScelta;
         form = Nuovo<frmMctc2>();
         form->Motivo = QStringLiteral("Nessun veicolo");
         form->Mostra();

@@ -683,8 +683,7 @@ private Q_SLOTS:
         QVERIFY(Conferma_Abilitata());
     }
 
-    // --- the search for a plate
-    // -----------------------------------------------------------------------------
+    // --- the search for a plate ----------------------------------------------------------------------------
 
     void targaTrovataScrivendola()
     {
@@ -733,20 +732,33 @@ private Q_SLOTS:
         QCOMPARE(Lista()->currentRow(), 3);
     }
 
+    /// Down to the next that fits, up to the one before it, and round at either end.
     void laFrecciaVaAllaProssima()
     {
         Scrivi_Targhe();
         Apri();
-        QTest::keyClicks(Lista(), QStringLiteral("EF45"));
+        QTest::keyClicks(Lista(), QStringLiteral("G"));
         QCOMPARE(Lista()->currentRow(), 1);
-        QTest::keyClick(Lista(), Qt::Key_Down);
-        QCOMPARE(Lista()->currentRow(), 2);
-        QCOMPARE(gFileAcc, gDirAcc + QStringLiteral("30000000.ACC"));
-        QTest::keyClick(Lista(), Qt::Key_Down); // round
-        QCOMPARE(Lista()->currentRow(), 1);
-        QTest::keyClick(Lista(), Qt::Key_Up);
-        QCOMPARE(Lista()->currentRow(), 2);
-        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("Cerca: EF45"));
+        struct Passo
+        {
+            Qt::Key tasto;
+            int riga;
+            const char *file;
+        };
+        constexpr Passo PASSI[] = {
+            {Qt::Key_Down, 2, "30000000.ACC"},
+            {Qt::Key_Down, 3, "40000000.ACC"},
+            {Qt::Key_Up,   2, "30000000.ACC"},
+            {Qt::Key_Up,   1, "20000000.ACC"},
+            {Qt::Key_Up,   3, "40000000.ACC"},
+            {Qt::Key_Down, 1, "20000000.ACC"},
+        };
+        for (const Passo &passo : PASSI) {
+            QTest::keyClick(Lista(), passo.tasto);
+            QCOMPARE(Lista()->currentRow(), passo.riga);
+            QCOMPARE(gFileAcc, gDirAcc + QString::fromLatin1(passo.file));
+            QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("Cerca: G"));
+        }
     }
 
     /// With no other that fits, and with nothing typed, an arrow moves by a line as ever.
@@ -828,8 +840,7 @@ private Q_SLOTS:
         QCOMPARE(Testo_Di(*form, "lblAttesa"), QStringLiteral("In attesa: 0 di 0"));
     }
 
-    // --- what is done, and what has changed under the hand
-    // ---------------------------------------------------
+    // --- what is done, and what has changed under the hand -------------------------------------------------
 
     void fattiEInAttesa()
     {
@@ -872,12 +883,28 @@ private Q_SLOTS:
         QVERIFY(Conferma_Abilitata());
         QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("EF456GH"));
         QVERIFY(Visibile(*form, "lblAvviso"));
-        QCOMPARE(Testo_Di(*form, "lblAvviso"), QStringLiteral("Ora è un altro veicolo"));
+        QCOMPARE(Testo_Di(*form, "lblAvviso"), QStringLiteral("Altro veicolo"));
         // A file behind it changes nothing of that.
         Scrivi_File(QStringLiteral("30000000.acc"), Buono());
         Battito();
         QVERIFY(Visibile(*form, "lblAvviso"));
         Clicca_Riga(1);
+        QVERIFY(!Visibile(*form, "lblAvviso"));
+        QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
+    }
+
+    /// A plate that is typed is a choice too.
+    void altroVeicoloPoiCercato()
+    {
+        Scrivi_File(QStringLiteral("20000000.acc"), Buono());
+        Apri();
+        Battito();
+        Clicca_Riga(0);
+        Scrivi_File(QStringLiteral("10000000.acc"), Con("Targa=AB123CD", "Targa=EF456GH"));
+        Battito();
+        QVERIFY(Visibile(*form, "lblAvviso"));
+        QTest::keyClicks(Lista(), QStringLiteral("AB"));
+        QCOMPARE(Lista()->currentRow(), 1);
         QVERIFY(!Visibile(*form, "lblAvviso"));
         QCOMPARE(Testo_Di(*form, "lblTarga"), QStringLiteral("AB123CD"));
     }
@@ -930,7 +957,7 @@ private Q_SLOTS:
         Clicca_Riga(0);
         Togli_File(QStringLiteral("12345678.acc"));
         Battito();
-        QCOMPARE(Testo_Di(*form, "lblAvviso"), QStringLiteral("Il veicolo scelto non c'è più"));
+        QCOMPARE(Testo_Di(*form, "lblAvviso"), QStringLiteral("Veicolo rimosso"));
         QVERIFY(Visibile(*form, "lblAvviso"));
         QCOMPARE(Testo_Di(*form, "lblTarga"), QString());
     }

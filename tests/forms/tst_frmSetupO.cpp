@@ -522,6 +522,8 @@ private Q_SLOTS:
     {
         const QString lungo = QStringLiteral("C:\\") + QStringLiteral("cartella\\").repeated(8) + u'z';
         Apri();
+        for (const int riga : {RISULTATI, DATI})
+            Riscrivi_Riga(riga, QStringLiteral("C:\\"));
         QVERIFY(!Visibile(*form, "lblPercorso_0") && !Visibile(*form, "lblPercorso_1"));
         Riscrivi_Riga(RISULTATI, lungo);
         QVERIFY(Visibile(*form, "lblPercorso_0"));

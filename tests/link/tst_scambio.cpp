@@ -843,6 +843,9 @@ void tst_scambio::fineAnnotata_data()
     QTest::newRow("interrotta") << Che_Risponde({Risposta_Stato('1')}) << 1000
                                 << QStringLiteral("Collegamento interrotto dall'operatore");
     QTest::newRow("chiusa mentre dice il silenzio") << Che_Risponde({}) << 25000 << QStringLiteral("153");
+    QTest::newRow("porta senza formato")
+        << Linea([](LineaProva &linea) { linea.RifiutaImpostazioni = true; }) << MAI
+        << QStringLiteral("COM3: velocità o formato errati in lumira.ini");
     QTest::newRow("porta che non si apre")
         << Linea([](LineaProva &linea) { linea.RifiutaApertura = true; }) << 1000
         << QStringLiteral("COM3 non si è aperta: controllare cavo e porta");

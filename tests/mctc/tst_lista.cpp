@@ -211,6 +211,7 @@ private Q_SLOTS:
         riga("da oltre l'ultima", u"ab", 4, 1, 0);
         riga("nome di file", u"4000", 0, 1, 3);
         riga("la targa prima del nome", u"1", 1, 1, 0);
+        riga("scritta senza gli spazi", u"B123c", 1, 1, 0);
         riga("nessuna", u"zz", 0, 1, -1);
     }
     void cerca()
@@ -219,7 +220,7 @@ private Q_SLOTS:
         QFETCH(qint32, da);
         QFETCH(qint32, passo);
         QList<VoceLista> voci(4);
-        const char16_t *const targhe[] = {u"AB123CD", u"EF456GH", u"ef459gh", u""};
+        const char16_t *const targhe[] = {u"AB 123 CD", u"EF456GH", u"ef459gh", u""};
         for (int i = 0; i < 4; ++i) {
             voci[i].Targa = QString::fromUtf16(targhe[i]);
             voci[i].NomeFile = QStringLiteral("%1000000.ACC").arg(i + 1);
