@@ -30,13 +30,15 @@ if(WIN32)
   set(CPACK_NSIS_DEFINES "Target amd64-unicode
   !include /CHARSET=UTF8 \"${PROJECT_SOURCE_DIR}/packaging/windows/stazione.nsh\"")
   set(CPACK_NSIS_EXTRA_PREINSTALL_COMMANDS "Call Annuncia_Diritti
-  Call Esigi_StazioneChiusa")
+  Call Esigi_StazioneChiusa
+  Call Copia_Configurazione")
   # The uninstaller takes away what the installer brought: the configuration, made here, stays.
   set(CPACK_NSIS_EXTRA_INSTALL_COMMANDS [[
     IfFileExists "$INSTDIR\lumira.ini" +2
       CopyFiles /SILENT "$INSTDIR\impianto\lumira.ini" "$INSTDIR\lumira.ini"
     Call Concedi_Diritti]])
-  set(CPACK_NSIS_EXTRA_UNINSTALL_COMMANDS "Call un.Esigi_StazioneChiusa")
+  set(CPACK_NSIS_EXTRA_UNINSTALL_COMMANDS "Call un.Annuncia_CosaResta
+  Call un.Esigi_StazioneChiusa")
   # The installer is signed when it is made, the uninstaller before it goes into it.
   set(firma "'\"${PROJECT_SOURCE_DIR}/packaging/windows/firma.sh\" \"%1\"' = 0")
   string(APPEND CPACK_NSIS_DEFINES "\n  !finalize ${firma}\n  !uninstfinalize ${firma}")

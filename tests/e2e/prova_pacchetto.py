@@ -47,7 +47,7 @@ class Pacchetto(ProvaStazione):
 
     def dpkg(self, *azione):
         # What it depends on is on the real machine, not in the folder.
-        esegui("dpkg", f"--root={self.macchina}", "--force-script-chrootless", "--force-depends", *azione)
+        return esegui("dpkg", f"--root={self.macchina}", "--force-script-chrootless", "--force-depends", *azione)
 
     def test_cio_da_cui_dipende_si_trova(self):
         piano = esegui("apt-get", "install", "--simulate", self.pacchetto)
@@ -99,6 +99,33 @@ class Pacchetto(ProvaStazione):
         self.dpkg("--install", self.pacchetto)
         self.assertEqual(ini.valore("LUMIRA", "Comm_NSerie"), "987654")
         self.assertNotEqual((self.opt / "lingue.ini").read_bytes(), b"")
+
+    def test_un_aggiornamento_tiene_la_copia_del_giorno(self):
+        self.assertEqual(self.copie(), [])  # nothing came before the first installation
+        ini = operatore.Profilo(self.opt / "lumira.ini")
+        ini.imposta("LUMIRA", "Comm_NSerie", "prima")
+        prima = (self.opt / "lumira.ini").read_bytes()
+        self.dpkg("--install", self.pacchetto)
+        (copia,) = self.copie()
+        self.assertRegex(copia.name, r"^lumira\.ini\.\d{4}-\d\d-\d\d$")
+        self.assertEqual(copia.read_bytes(), prima)
+        # The second update of a day leaves the copy of the first.
+        ini.imposta("LUMIRA", "Comm_NSerie", "dopo")
+        self.dpkg("--install", self.pacchetto)
+        if self.copie() == [copia]:  # no midnight passed
+            self.assertEqual(copia.read_bytes(), prima)
+
+    def copie(self):
+        return sorted(self.opt.glob("lumira.ini.*"))
+
+    def test_la_rimozione_dice_cosa_resta_e_la_cancellazione_porta_via_le_copie(self):
+        self.dpkg("--install", self.pacchetto)
+        self.assertEqual(len(self.copie()), 1)
+        uscita = self.dpkg("--remove", "lumira")
+        self.assertIn("restano la configurazione", uscita)
+        self.assertEqual(len(self.copie()), 1)
+        self.assertNotIn("restano", self.dpkg("--purge", "lumira"))
+        self.assertEqual(self.copie(), [])
 
     def test_la_rimozione_lascia_la_configurazione_e_lo_scambio(self):
         scambio = self.opt / "scambio"
