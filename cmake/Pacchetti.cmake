@@ -47,6 +47,11 @@ else()
   set(CPACK_PACKAGING_INSTALL_PREFIX /opt/lumira)
   set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
   set(CPACK_DEBIAN_PACKAGE_SECTION misc)
+  set(CPACK_DEBIAN_PACKAGE_DESCRIPTION 
+"The operator picks a vehicle, the program waits on the instrument over a
+serial line, judges the intensity of the four beams, shows the outcome, prints
+the report and leaves a result file for the network software of the workshop.
+With its command-line tools and a simulated instrument.")
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
   set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-liberation)
   set(CPACK_DEBIAN_PACKAGE_RECOMMENDS cups)

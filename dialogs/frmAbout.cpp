@@ -53,6 +53,7 @@ void frmAbout::Disegno()
     lblAbout[0].Visible(true);
     lblVersione = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblVersione"));
     lblVersione->Posto(VERSIONE_SINISTRA, FORM_ALTO - 1100, VERSIONE_LARGA, 800);
+    lblVersione->FontSize(Punti_Normali() * LETTURA_TASTIERA);
     lblVersione->Visible(true);
     cmd.Carica(0).Posto((FORM_LARGO - 2000) / 2, FORM_ALTO - 1100, 2000, 800);
     cmd[0].FontSize(Punti_Normali() * LETTURA_TASTIERA);

@@ -1,12 +1,15 @@
 """The Debian package: made, installed in a folder that stands for a machine, used, upgraded and removed."""
 
 import gzip
+import hashlib
+import json
 import os
 import re
 import shutil
 import subprocess
 import tempfile
 import unittest
+import xml.etree.ElementTree
 from pathlib import Path
 
 import operatore
@@ -85,6 +88,59 @@ class Pacchetto(ProvaStazione):
         grafico = self.macchina / "grafico.svg"
         esegui(self.opt / "strumenti/lumira-far", "--grafico", grafico, self.opt / "dati")
         self.assertIn("minimo 4321", grafico.read_text(encoding="utf-8"))
+
+    def test_i_documenti_stanno_dove_debian_li_cerca(self):
+        documenti = self.macchina / "usr/share/doc/lumira"
+        self.assertTrue((documenti / "copyright").read_text(encoding="utf-8").startswith("Format: "))
+        versione = esegui("dpkg-deb", "--field", self.pacchetto, "Version").strip()
+        modifiche = gzip.decompress((documenti / "changelog.gz").read_bytes()).decode()
+        self.assertTrue(modifiche.startswith(f"lumira ({versione}) "), modifiche)
+        self.assertIn(f"## {versione}", gzip.decompress((documenti / "NEWS.gz").read_bytes()).decode())
+        for nome in ("elenco.json", "lumira.txt"):
+            self.assertTrue((documenti / "licenze" / nome).is_file(), nome)
+
+    def test_i_centri_software_conoscono_la_stazione(self):
+        metainfo = self.macchina / "usr/share/metainfo/lumira.metainfo.xml"
+        radice = xml.etree.ElementTree.parse(metainfo).getroot()
+        versione = esegui("dpkg-deb", "--field", self.pacchetto, "Version").strip()
+        self.assertEqual([r.get("version") for r in radice.iter("release")], [versione])
+        self.assertTrue((self.macchina / "usr/share/applications" / radice.findtext("launchable")).is_file())
+        provvisti = {b.text for b in radice.iter("binary")}
+        self.assertEqual(provvisti, {p.name for p in (self.macchina / "usr/bin").iterdir()})
+        if shutil.which("appstreamcli"):
+            esito = subprocess.run(["appstreamcli", "validate", "--no-net", metainfo], capture_output=True, text=True)
+            self.assertNotRegex(esito.stdout, r"(?m)^E: ")
+
+    def test_la_distinta_dice_ogni_file_con_la_sua_somma(self):
+        nome = "usr/share/doc/lumira/distinta.spdx.json"
+        distinta = json.loads((self.macchina / nome).read_text(encoding="utf-8"))
+        self.assertEqual(distinta["spdxVersion"], "SPDX-2.3")
+        portati = esegui("dpkg", f"--root={self.macchina}", "--listfiles", "lumira").split()
+        percorsi = [self.macchina / p.lstrip("/") for p in portati]
+        file = {str(p.relative_to(self.macchina)) for p in percorsi if p.is_file() and not p.is_symlink()}
+        dette = {f["fileName"][2:]: f["checksums"][1]["checksumValue"] for f in distinta["files"]}
+        vere = {f: hashlib.sha256((self.macchina / f).read_bytes()).hexdigest() for f in file - {nome}}
+        self.assertEqual(dette, vere)
+        # Whatever is referred to is there, under an identifier of its own.
+        noti = [x["SPDXID"] for x in (distinta, *distinta["packages"], *distinta["files"])]
+        self.assertEqual(len(noti), len(set(noti)))
+        citati = {r[lato] for r in distinta["relationships"] for lato in ("spdxElementId", "relatedSpdxElement")}
+        self.assertEqual(citati, set(noti))
+        fuori = {licenza["licenseId"] for licenza in distinta["hasExtractedLicensingInfos"]}
+        usate = {p["licenseDeclared"] for p in distinta["packages"]}
+        self.assertEqual({licenza for licenza in usate if licenza.startswith("LicenseRef-")}, fuori)
+
+    def test_lo_stesso_pacchetto_due_volte(self):
+        fatti = []
+        for _ in range(2):
+            with tempfile.TemporaryDirectory(prefix="pacchetto-") as cartella:
+                ambiente = os.environ | {"SOURCE_DATE_EPOCH": "1767225600"}
+                configurazione = COSTRUZIONE / "CPackConfig.cmake"
+                subprocess.run(["cpack", "--config", configurazione, "-B", cartella], env=ambiente, check=True,
+                               stdout=subprocess.DEVNULL, timeout=120)
+                (pacchetto,) = Path(cartella).glob("*.deb")
+                fatti.append(pacchetto.read_bytes())
+        self.assertEqual(*(hashlib.sha256(byte).hexdigest() for byte in fatti))
 
     def test_la_configurazione_si_puo_scrivere_dagli_utenti(self):
         for percorso in (self.opt, self.opt / "lumira.ini"):
