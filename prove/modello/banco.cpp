@@ -19,23 +19,32 @@ namespace {
 constexpr const char *CHIAVI[] = {"MaxManopola", "MinManopola", "S1", "S2", "S3",
                                   "S4",          "S5",          "S6", "S7", "S8"};
 
-QByteArray Profilo()
+QByteArray Profilo(bool cambiato)
 {
     constexpr const char *IDENTITA[] = {"Modello", "Marca", "NOmologazione", "NSerie", "ScadRevisione"};
     QByteArray profilo = "[COMM]\r\nNum=3\r\nBaud=9600\r\nParity=N\r\nDataBit=8\r\nStopBit=1\r\n[LUMIRA]\r\n";
     for (qsizetype i = 0; i < std::ssize(IDENTITA); ++i)
         profilo += QByteArray("Comm_") + IDENTITA[i] + '=' + Testo_InAnsi(PROFILO_IDENTITA[i]) + "\r\n";
     profilo += "[VEICOLO]\r\nOperatore=" + Testo_InAnsi(PROFILO_IDENTITA[5]) + "\r\n[CALIBRAZIONE_COM]\r\n";
+    const QStringList taratura = Profilo_Taratura(cambiato);
     for (qsizetype i = 0; i < std::ssize(CHIAVI); ++i)
-        profilo += QByteArray(CHIAVI[i]) + '=' + Testo_InAnsi(PROFILO_TARATURA[i]) + "\r\n";
+        profilo += QByteArray(CHIAVI[i]) + '=' + Testo_InAnsi(taratura[i]) + "\r\n";
     return profilo;
+}
+
+/// The station has its profile twice, the second as somebody leaves it who changes it: to go from the one to
+/// the other costs nothing.
+void Usa_Profilo(bool cambiato)
+{
+    gFileIni = gAppPath + (cambiato ? QStringLiteral("cambiato.ini") : QStringLiteral("lumira.ini"));
 }
 
 } // namespace
 
 Stazione::Stazione()
 {
-    m_stazione.Scrivi(QStringLiteral("lumira.ini"), Profilo());
+    m_stazione.Scrivi(QStringLiteral("lumira.ini"), Profilo(false));
+    m_stazione.Scrivi(QStringLiteral("cambiato.ini"), Profilo(true));
     gTabMctc = QStringList(ULTIMO_TESTO_MCTC + 1);
     for (int numero = 152; numero <= 156; ++numero)
         gTabMctc[numero] = Testo_Scritta(numero);
@@ -180,6 +189,7 @@ Banco::Banco(quint8 modo, Porta porta, const QStringList &strumento)
       m_finestra(m_orologio, m_giornale),
       m_macchina(m_finestra, m_linea)
 {
+    Usa_Profilo(false);
     gMisure.fill(MisuraFaro());
     gDatiStrumento = strumento;
     gDatiTaratura.clear();
@@ -233,6 +243,9 @@ void Banco::Muovi(const modello::Evento &evento, int fra)
     case Genere::Vuoto:
         m_linea.Evento(EventoRicezione);
         break;
+    case Genere::Profilo:
+        Usa_Profilo(true);
+        break;
     case Genere::Default:
         m_macchina.Imposta_Default();
         break;
@@ -245,8 +258,13 @@ void Banco::Muovi(const modello::Evento &evento, int fra)
 void Banco::Dopo_LaFine()
 {
     m_giornale.Righe.clear();
-    m_linea.Arriva(Alfabeto().first().Byte);
-    m_orologio.Avanza(60000);
+    try {
+        m_linea.Arriva(Alfabeto().first().Byte);
+        m_orologio.Avanza(60000);
+    } catch (const ErroreEsecuzione &errore) {
+        m_errore = errore.Numero();
+    }
+    Uguali("errore dopo la fine", m_errore, 0);
     Uguali("dopo la fine", m_giornale.Righe, QStringList());
     Uguali("timer accesi", m_orologio.Armate(), 0);
 }

@@ -14,6 +14,7 @@ enum class Genere : quint8
     Byte,               ///< a batch comes in
     Linea,              ///< the line says something that is no byte
     Vuoto,              ///< a receive event without a byte
+    Profilo,            ///< somebody changes the calibration in the profile
     Default,            ///< the write of the defaults into a session that is on
     Pulsante,           ///< the operator breaks off
 };

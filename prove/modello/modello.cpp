@@ -16,6 +16,19 @@ namespace {
 const QByteArray INIZIO_BLOCCO = "<!-- modello dello scambio -->\n";
 const QByteArray FINE_BLOCCO = "<!-- fine: modello dello scambio -->\n";
 
+constexpr const char *TESTO =
+    R"(## Modello dello scambio
+
+Written by `modello --documento docs/affidabilita.md` (`prove/modello`). A second writing of the exchange, tables only
+and without a line of `link/`, finds every state that a session can come to, and the exchange machine is led through
+every event in each of them: right, wrong, refused, damaged, short, long, split, doubled and late replies, noise, line
+errors, silence, a port that does not open, is deaf or refuses what is sent, a profile that changes, the operator's
+button. After each event what the machine has shown and sent, byte for byte and in order, its state, timer, resends,
+results and notification are what the model has, or it is a difference. States: those that go different ways; the beat
+falls due to the millisecond. Depth: events from the start to the farthest state; behind it nothing new turns up.
+
+)";
+
 constexpr const char *NOMI[MODI] = {"measure", "read", "write", "default"};
 
 QByteArray Numero(qint64 valore)
@@ -106,5 +119,5 @@ int main(int quanti, char **argomenti)
     if (!diverse.isEmpty())
         return 1;
     const QString documento = riga.value(QStringLiteral("documento"));
-    return documento.isEmpty() || Scrivi_Sezione(documento, tabelle) ? 0 : 1;
+    return documento.isEmpty() || Scrivi_Sezione(documento, TESTO + tabelle) ? 0 : 1;
 }

@@ -8,9 +8,15 @@ namespace modello {
 
 const QStringList PROFILO_IDENTITA = {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"),
                                       QStringLiteral("D"), QStringLiteral("E"), QStringLiteral("AB")};
-const QStringList PROFILO_TARATURA = {
-    QStringLiteral("1"), QStringLiteral("22"), QString(), QStringLiteral("4"), QString(), QStringLiteral("6"),
-    QString(),           QStringLiteral("8"),  QString(), QStringLiteral("10")};
+QStringList Profilo_Taratura(bool cambiato)
+{
+    QStringList testi(10);
+    testi[0] = QStringLiteral("1");
+    testi[1] = QStringLiteral("22");
+    testi[4] = QStringLiteral("S3");
+    testi[9] = cambiato ? QStringLiteral("77") : QStringLiteral("10");
+    return testi;
+}
 
 namespace {
 
@@ -129,7 +135,7 @@ struct Sessione::RigaRisposta
 {
     quint8 Modo;
     quint8 Comando;
-    int Posto;
+    qint8 Posto;
     quint8 Atteso;
     Passi Poi;
 };
@@ -220,6 +226,8 @@ bool Sessione::Offre(const Evento &evento) const
     case Genere::Byte:
         // A reply that begins inside another is there as a whole one: two heads are one with a longer head.
         return Linea != Porta::Chiusa && (StatoRx == 0 || evento.Byte.contains(static_cast<char>(FINE)));
+    case Genere::Profilo: // of the other modes none reads it
+        return Modo == 3 && !ProfiloCambiato;
     case Genere::Linea:
     case Genere::Vuoto:
     case Genere::Default:
@@ -261,6 +269,9 @@ void Sessione::Accada(const Evento &evento, Giornale &giornale)
         case Genere::Vuoto:
             giornale.Annota(QLatin1String("Errore"), QStringLiteral("Rec sts: 13\r\nSubscript out of range"));
             break;
+        case Genere::Profilo:
+            ProfiloCambiato = true;
+            break;
         case Genere::Default:
             Strumento = PROFILO_IDENTITA;
             giornale.Annota(QLatin1String("Titolo"), Testo_Scritta(MODALITA[Modo].Scritta));
@@ -295,6 +306,7 @@ quint64 Sessione::Chiave() const
     aggiungi(Esito, 3);
     aggiungi(Intervallo / Beat, 5);
     aggiungi(Scritta == 0 || Scritta == SCRITTA_ATTESA ? Scritta : Scritta - Titolo + 2, 3);
+    aggiungi(ProfiloCambiato ? 1 : 0, 1);
     aggiungi(StatoRx, 1);
     aggiungi(StatoRx == 0 ? 0 : Indice, 7);
     // What lies in the buffer counts by what the rows of this mode would find there. A short reply leaves
@@ -350,7 +362,7 @@ void Sessione::Componi(quint8 tipo)
         sommato = Dati.mid(Quinto(Dati) + 1);
         corpo = sommato + '\0';
     } else if (riga.Cosa == Carico::Taratura) {
-        Taratura = PROFILO_TARATURA;
+        Taratura = Profilo_Taratura(ProfiloCambiato);
         Dati = Carica(Taratura);
         corpo = sommato = Dati;
     }
@@ -526,15 +538,14 @@ void Sessione::Prendi_Misura(Giornale &giornale)
 {
     Misure.fill(Faro());
     for (int k = 0; k < 4; ++k) {
-        const auto carattere = [this, k](int posto) {
-            const quint8 byte = Rx[static_cast<size_t>(posto + 6 * k)];
-            return Testo_DaAnsi(QByteArray(1, static_cast<char>(byte)));
+        const auto carattere = [this](int posto) {
+            return Testo_DaAnsi(QByteArray(1, static_cast<char>(Rx[static_cast<size_t>(posto)])));
         };
         const int cifra = Cifra(k);
         if (cifra == TRABOCCATA)
             throw Fatale{TRABOCCO};
         Faro &faro = Misure[static_cast<size_t>(k)];
-        faro = {cifra, carattere(8), carattere(9)};
+        faro = {cifra, carattere(8 + 6 * k), carattere(9 + 6 * k)};
         const QString numero = QString::number(k) + u'=';
         giornale.Annota(QLatin1String("Dbg"), u'L' + numero + QString::number(cifra));
         giornale.Annota(QLatin1String("Dbg"), u'V' + numero + faro.V);

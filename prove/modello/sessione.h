@@ -32,9 +32,10 @@ struct Faro
 inline constexpr int CAPIENZA = 106; ///< bytes of a reply that the station holds
 using Buffer = std::array<quint8, CAPIENZA>;
 
-/// What the profile of the station holds: the six identity texts, the ten of the calibration.
+/// What the profile of the station holds: the six identity texts, and the ten of the calibration.
 extern const QStringList PROFILO_IDENTITA;
-extern const QStringList PROFILO_TARATURA;
+/// @param cambiato as somebody leaves it who changes the last text while the session is on.
+QStringList Profilo_Taratura(bool cambiato);
 
 class Sessione
 {
@@ -72,6 +73,7 @@ public:
     QByteArray Frame; ///< built last
     std::array<Faro, 4> Misure;
     QStringList Strumento, Taratura;
+    bool ProfiloCambiato = false;
     bool Finita = false; ///< unloaded, or ended by an error
     int Errore = 0;      ///< number of the run-time error that ended the program
 
