@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QLocale>
 
 #include <cstdio>
 
@@ -31,11 +30,6 @@ falls due to the millisecond. Depth: events from the start to the farthest state
 
 constexpr const char *NOMI[MODI] = {"measure", "read", "write", "default"};
 
-QByteArray Numero(qint64 valore)
-{
-    return QLocale::c().toString(valore).toUtf8();
-}
-
 QByteArray Secondi(qint64 ms)
 {
     return QByteArray::number(static_cast<double>(ms) / 1000, 'f', 1) + " s";
@@ -43,17 +37,18 @@ QByteArray Secondi(qint64 ms)
 
 QByteArray Riga_Esplorata(quint8 modo, const Misurata &misurata, qint64 ms)
 {
-    return QByteArray("| ") + NOMI[modo] + " | " + Numero(misurata.Stati) + " | " +
-           Numero(misurata.Transizioni) + " | " + Numero(misurata.Profondita) + " | " +
-           Numero(misurata.Sessioni) + " | " + Numero(misurata.Diverse.size()) + " | " + Secondi(ms) + " |\n";
+    return QByteArray("| ") + NOMI[modo] + " | " + QByteArray::number(misurata.Stati) + " | " +
+           QByteArray::number(misurata.Transizioni) + " | " + QByteArray::number(misurata.Profondita) +
+           " | " + QByteArray::number(misurata.Sessioni) + " | " +
+           QByteArray::number(misurata.Diverse.size()) + " | " + Secondi(ms) + " |\n";
 }
 
 QByteArray Riga_Estratta(const Estratte &estratte, quint32 seme, qint64 ms)
 {
-    return "| " + Numero(estratte.Sessioni) + " | " + QByteArray::number(seme) + " | " +
-           Numero(estratte.Eventi) + " | " + Numero(estratte.Riuscite) + " | " + Numero(estratte.Fallite) +
-           " | " + Numero(estratte.Fatali) + " | " + Numero(estratte.Diverse.size()) + " | " + Secondi(ms) +
-           " |\n";
+    return "| " + QByteArray::number(estratte.Sessioni) + " | " + QByteArray::number(seme) + " | " +
+           QByteArray::number(estratte.Eventi) + " | " + QByteArray::number(estratte.Riuscite) + " | " +
+           QByteArray::number(estratte.Fallite) + " | " + QByteArray::number(estratte.Fatali) + " | " +
+           QByteArray::number(estratte.Diverse.size()) + " | " + Secondi(ms) + " |\n";
 }
 
 /// Puts the section in the place of the one that the document has, or at its end.
@@ -68,7 +63,7 @@ bool Scrivi_Sezione(const QString &documento, const QByteArray &sezione)
     if (da >= 0 && a > da)
         testo.replace(da, a + FINE_BLOCCO.size() - da, blocco);
     else
-        testo += blocco;
+        testo += (testo.endsWith("\n\n") ? "" : "\n") + blocco;
     return file.open(QIODevice::WriteOnly) && file.write(testo) == testo.size();
 }
 
