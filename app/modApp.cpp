@@ -14,8 +14,6 @@
 #include "platform/numeri.h"
 #include "platform/orologio.h"
 
-#include <algorithm>
-
 namespace {
 
 /// The lamps in the order of the records: left dipped, left main, right dipped, right main.
@@ -36,7 +34,7 @@ constexpr RigaStrumento RIGHE_STRUMENTO[] = {
 
 QString Verdetto(bool regolare)
 {
-    return regolare ? QStringLiteral("R") : QStringLiteral("I");
+    return (regolare ? FAR_REGOLARE : FAR_IRREGOLARE).toString();
 }
 
 QString Verdetto_Mira(const QString &esito)
@@ -64,10 +62,9 @@ void Dati_Prova()
         Far_Imposta(riga.riga, Valore_Ini(gFileIni, riga.chiave));
     Far_Imposta(FarDataScadenza, Data_SenzaSeparatori(Valore_Ini(gFileIni, ChiaveStrumentoScadenza)));
     Far_Imposta(FarOperatore, Valore_Ini(gFileIni, ChiaveOperatore));
-    Far_Imposta(FarTipoAnab, gSimmetrico == 1 ? QStringLiteral("#S") : QStringLiteral("#A"));
+    Far_Imposta(FarTipoAnab, (gSimmetrico == 1 ? FAR_SIMMETRICO : FAR_ASIMMETRICO).toString());
     Far_Imposta(FarCodErrore, QString());
-    // A fixed text for the ministry's system: it does not follow the program's version.
-    Far_Imposta(FarNumVersioneSoftware, QStringLiteral("1.0"));
+    Far_Imposta(FarNumVersioneSoftware, FAR_VERSIONE.toString());
 }
 
 void Verdetti_Faro(const MisuraFaro &misura, const RigheFaro &faro)
@@ -77,12 +74,6 @@ void Verdetti_Faro(const MisuraFaro &misura, const RigheFaro &faro)
     const qint32 lux = Intero32(qint64{misura.Lux} * 100);
     Far_Imposta(faro.lux, QString::number(lux));
     Far_Imposta(faro.esitoLux, Verdetto(Lux_Regolare(lux, faro.fascio)));
-}
-
-bool Regolari(RigaFar prima, RigaFar ultima)
-{
-    return std::all_of(gRisultatoFar.begin() + prima, gRisultatoFar.begin() + ultima + 1,
-                       [](const VoceFar &riga) { return riga.Valore == u"R"; });
 }
 
 void Tempi_Prova()
@@ -102,10 +93,7 @@ void Calcola_Esito()
     Dati_Prova();
     for (size_t i = 0; i < std::size(FARI_STRUMENTO); ++i)
         Verdetti_Faro(gMisure[i], FARI[FARI_STRUMENTO[i]]);
-    // The aims and the verdicts on the intensity decide; the figures between them do not.
-    const bool regolare =
-        Regolari(FarVertAnabDx, FarOrizzAbbSx) && Regolari(FarEsitoIllumLuxAnabDx, FarEsitoIllumLuxAbbSx);
-    Far_Imposta(FarEsito, Verdetto(regolare));
+    Far_Imposta(FarEsito, Verdetto(Far_Regolare(gRisultatoFar)));
     Tempi_Prova();
     if (!gFileAcc.isEmpty())
         Far_Scrivi(gFileAcc);

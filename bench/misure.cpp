@@ -114,14 +114,6 @@ void Carica_Lingua_160(benchmark::State &stato)
     }
 }
 
-/// The record of a file, as the worklist reads it.
-void Record_Apri(const QString &file)
-{
-    Acc_AssegnaFile(file);
-    for (CampoForm &campo : gCampiAcc)
-        Campo_Leggi(campo);
-}
-
 void Acc_Controlla_Completo(benchmark::State &stato)
 {
     La_Stazione();
@@ -132,7 +124,7 @@ void Acc_Controlla_Completo(benchmark::State &stato)
     QString rapporto;
     for (auto giro : stato) {
         (void)giro;
-        Record_Apri(file);
+        Acc_Apri(file);
         if (Acc_Controlla(file, rapporto) != AccBuona)
             stato.SkipWithError("the file does not pass");
     }
@@ -252,7 +244,7 @@ void File_Peggiore_Detto(benchmark::State &stato)
     for (auto giro : stato) {
         (void)giro;
         QString rapporto;
-        Record_Apri(file);
+        Acc_Apri(file);
         if (Acc_Controlla(file, rapporto) != AccAnomala)
             stato.SkipWithError("the file passes");
         Mostra_E_Chiudi(Testo_Mctc(MctcFileConAnomalie) + QStringLiteral(": \r\n") + rapporto);

@@ -1,7 +1,9 @@
 // The keys of the result record in the order of the result file. What the values mean is not known here.
 #include "core/risultato.h"
 
-std::array<VoceFar, RIGHE_FAR> gRisultatoFar;
+#include <algorithm>
+
+RisultatoFar gRisultatoFar;
 
 namespace {
 
@@ -42,10 +44,21 @@ static_assert(std::size(CHIAVI_FAR) == RIGHE_FAR);
 
 } // namespace
 
+QString Far_Chiave(RigaFar riga)
+{
+    return QString::fromLatin1(CHIAVI_FAR[riga]);
+}
+
+bool Far_Regolare(const RisultatoFar &risultato)
+{
+    return std::all_of(FAR_DECISIVE.begin(), FAR_DECISIVE.end(),
+                       [&](RigaFar riga) { return risultato[riga].Valore == FAR_REGOLARE; });
+}
+
 void Far_Azzera()
 {
     for (size_t i = 0; i < gRisultatoFar.size(); ++i)
-        gRisultatoFar[i] = {QString::fromLatin1(CHIAVI_FAR[i]), QString()};
+        gRisultatoFar[i] = {Far_Chiave(static_cast<RigaFar>(i)), QString()};
 }
 
 QString Far_Valore(RigaFar riga)

@@ -34,6 +34,7 @@ struct AnomaliaAcc
     quint8 Tipo;     ///< a TipoAnomalia
     quint8 Errore;   ///< an ErroreAnomalia
     QString Sezione; ///< where an entry stands; empty otherwise
+    qint32 Riga = 0; ///< line of the file, from 1; 0 when the pass does not look at lines
 
     bool operator==(const AnomaliaAcc &) const = default;
 };

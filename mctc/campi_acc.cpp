@@ -28,6 +28,13 @@ void Acc_AssegnaFile(const QString &percorso)
         campo.File = percorso;
 }
 
+void Acc_Apri(const QString &percorso)
+{
+    Acc_AssegnaFile(percorso);
+    for (CampoForm &campo : gCampiAcc)
+        Campo_Leggi(campo);
+}
+
 CampoForm &Campo_Acc(qint16 riga)
 {
     if (riga < 0 || riga > ULTIMA_RIGA_ACC)

@@ -14,6 +14,10 @@ void Campi_ImpostaAcc();
 /// Points the 49 rows at a file. @param percorso with backslashes.
 void Acc_AssegnaFile(const QString &percorso);
 
+/// Points the 49 rows at a file and reads them, for whoever shows them to nobody. The worklist reads them
+/// with its boxes. @param percorso with backslashes.
+void Acc_Apri(const QString &percorso);
+
 /// A row of gCampiAcc. @throws ErroreEsecuzione 9 for a number outside 0 to 48.
 CampoForm &Campo_Acc(qint16 riga);
 

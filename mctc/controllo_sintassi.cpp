@@ -17,6 +17,7 @@ public:
 
     void Riga(const QString &riga)
     {
+        ++m_numero;
         if (riga.isEmpty())
             return;
         const bool uguale = riga.contains(u'=');
@@ -65,11 +66,12 @@ private:
 
     void Aggiungi(const QString &testo, quint8 tipo, quint8 errore, const QString &sezione = {})
     {
-        m_lista.append({testo, tipo, errore, sezione});
+        m_lista.append({testo, tipo, errore, sezione, m_numero});
     }
 
     ListaAnomalie &m_lista;
     QString m_sezione;
+    qint32 m_numero = 0;  // of the line
     bool m_vista = false; // some section head has been seen
 };
 

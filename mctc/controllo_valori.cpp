@@ -65,14 +65,19 @@ ErroreValore Valore_Controlla(qint16 riga, TipoControllo tipo, qint16 massimo, V
     return Valore_Errore(Campo_Acc(riga).Value, tipo, massimo, ammessi, obbligatorio);
 }
 
+QString Errore_Motivo(ErroreValore errore)
+{
+    if (errore < 0 || errore >= static_cast<qint16>(std::size(TESTI_ERRORE)))
+        Solleva(NumeroErrore::IndiceFuoriIntervallo);
+    const TestoErrore &testo = TESTI_ERRORE[errore];
+    return testo.Id != MctcNessuno ? Testo_Mctc(testo.Id) : testo.Parole.toString();
+}
+
 QString Errore_Testo(qint16 riga, ErroreValore errore)
 {
     const CampoForm &campo = Campo_Acc(riga);
     if (errore == ValoreBuono)
         return {};
-    if (errore < 0 || errore >= static_cast<qint16>(std::size(TESTI_ERRORE)))
-        Solleva(NumeroErrore::IndiceFuoriIntervallo);
-    const TestoErrore &testo = TESTI_ERRORE[errore];
     return QStringLiteral("Sezione:[") + campo.Section + QStringLiteral("] - Campo:") + campo.Key +
-           QStringLiteral(" - ") + (testo.Id != MctcNessuno ? Testo_Mctc(testo.Id) : testo.Parole.toString());
+           QStringLiteral(" - ") + Errore_Motivo(errore);
 }

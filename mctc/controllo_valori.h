@@ -21,6 +21,10 @@ qint16 Dati_Controlla(QStringList &righe);
 ErroreValore Valore_Controlla(qint16 riga, TipoControllo tipo, qint16 massimo, Vocabolario ammessi,
                               Flag obbligatorio);
 
+/// The words for an error. @return empty for ValoreBuono.
+/// @throws ErroreEsecuzione 9 for an unknown error.
+QString Errore_Motivo(ErroreValore errore);
+
 /// The report line of an error. @return empty for ValoreBuono.
 /// @throws ErroreEsecuzione 9 for a row outside 0 to 48 or an unknown error.
 QString Errore_Testo(qint16 riga, ErroreValore errore);

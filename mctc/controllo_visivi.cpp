@@ -6,19 +6,21 @@
 #include "platform/numeri.h"
 
 QStringList mErroriVisivi;
+QList<DifettoVisivo> gDifettiVisivi;
 
 namespace {
 
-/// How many faults a value has: in a time of the right form each piece counts for itself, anything else is
-/// good or not.
-qint16 Difetti(const QString &valore, const RegolaVisivo &regola)
+/// The faults of a value: in a time of the right form each piece counts for itself, anything else is good or
+/// not.
+QList<ErroreValore> Difetti(const QString &valore, const RegolaVisivo &regola)
 {
     const bool oraInForma =
         regola.Controllo == TipoControllo::Ora && valore.size() == LUNGHEZZA_ORA && Numero_Valido(valore);
     if (oraInForma)
-        return Ora_PezziFuori(valore);
-    const qint16 errore = Valore_Errore(valore, regola.Controllo, regola.Massimo, regola.Ammessi, Falso);
-    return errore == ValoreBuono ? 0 : 1;
+        return QList<ErroreValore>(Ora_PezziFuori(valore), ValoreNonOra);
+    const ErroreValore errore =
+        Valore_Errore(valore, regola.Controllo, regola.Massimo, regola.Ammessi, Falso);
+    return errore == ValoreBuono ? QList<ErroreValore>() : QList<ErroreValore>{errore};
 }
 
 } // namespace
@@ -26,11 +28,15 @@ qint16 Difetti(const QString &valore, const RegolaVisivo &regola)
 qint16 Visivo_Controlla(const QString &percorso, QStringList &sezioni)
 {
     sezioni.clear();
+    gDifettiVisivi.clear();
     for (const RegolaVisivo &regola : REGOLE_VISIVI) {
         const QString sezione = regola.Section.toString();
-        const qint16 difetti = Difetti(Valore_Ini(percorso, sezione, regola.Key.toString()), regola);
-        for (qint16 i = 0; i < difetti; ++i)
+        const QString chiave = regola.Key.toString();
+        const QList<ErroreValore> difetti = Difetti(Valore_Ini(percorso, sezione, chiave), regola);
+        for (const ErroreValore errore : difetti) {
             sezioni.append(sezione);
+            gDifettiVisivi.append({sezione, chiave, errore});
+        }
     }
     return Intero16(sezioni.size());
 }

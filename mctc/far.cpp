@@ -12,7 +12,7 @@ QString gFileFar;
 void Far_Scrivi(const QString &percorsoAcc)
 {
     gFileFar = gDirAcc + Fs_Radice(percorsoAcc) + QStringLiteral(".far");
-    QStringList righe{QStringLiteral("[Kandelo]")};
+    QStringList righe{TESTA_FAR.toString()};
     // Whoever takes the file up reads it by its lines: a value is one line, whatever it holds.
     for (const VoceFar &riga : gRisultatoFar)
         righe.append(riga.Chiave + u'=' + Una_Riga(riga.Valore));

@@ -4,6 +4,9 @@
 
 #include <QString>
 
+/// First line of a result file: the head that makes a profile text of it.
+inline constexpr QStringView TESTA_FAR = u"[Kandelo]";
+
 /// Path of the result file written last. Nothing reads it.
 extern QString gFileFar;
 

@@ -2,6 +2,7 @@
 #include "mctc/modMctc.h"
 
 #include "core/modGeneral.h"
+#include "mctc/campi_acc.h"
 #include "mctc/controllo_sintassi.h"
 #include "mctc/controllo_struttura.h"
 #include "mctc/controllo_valori.h"
@@ -38,32 +39,59 @@ QString Inizio_Riga(const AnomaliaAcc &anomalia)
     return riga % PAROLE_TIPO[anomalia.Tipo] % u": " % anomalia.Testo.Vista() % u" - ";
 }
 
-/// Not composed beyond what a report may hold: of a file of 30 KB it can be half a gigabyte.
-QString Rapporto_Anomalie()
+/// A finding about names: its text is the section or the key.
+RilievoAcc Rilievo_Struttura(const AnomaliaAcc &anomalia)
 {
-    QString rapporto;
-    for (const AnomaliaAcc &anomalia : std::as_const(gAnomalieStruttura)) {
-        if (rapporto.size() > MASSIMO_RAPPORTO)
-            break;
-        rapporto += Inizio_Riga(anomalia) % PAROLE_TIPO[anomalia.Tipo] % u' ' %
-                    PAROLE_ERRORE[anomalia.Errore] % A_CAPO;
-    }
-    for (const AnomaliaAcc &anomalia : std::as_const(gAnomalieSintassi)) {
-        if (rapporto.size() > MASSIMO_RAPPORTO)
-            break;
-        rapporto += Inizio_Riga(anomalia) % PAROLE_ERRORE[anomalia.Errore] % A_CAPO;
-    }
-    return rapporto;
+    const QStringView parola = PAROLE_ERRORE[anomalia.Errore];
+    const bool sezione = anomalia.Tipo == AnomaliaSezione;
+    return {Inizio_Riga(anomalia) % PAROLE_TIPO[anomalia.Tipo] % u' ' % parola,
+            sezione ? anomalia.Testo.Copia() : anomalia.Sezione,
+            anomalia.Tipo == AnomaliaEntry ? anomalia.Testo.Copia() : QString(), parola.trimmed().toString(),
+            anomalia.Riga};
 }
 
-QString Rapporto_Errori()
+/// A finding about a line: its text is the whole line, and the key what stands before the sign.
+RilievoAcc Rilievo_Sintassi(const AnomaliaAcc &anomalia)
 {
-    QString rapporto;
-    for (const QString &riga : std::as_const(mErroriDati))
-        rapporto += riga % A_CAPO;
-    for (const QString &sezione : std::as_const(mErroriVisivi))
-        rapporto += u"Controllo Visivo-Sezione: " % sezione % A_CAPO;
-    return rapporto;
+    const QStringView parola = PAROLE_ERRORE[anomalia.Errore];
+    const QStringView riga = anomalia.Testo.Vista();
+    const qsizetype uguale = anomalia.Tipo == AnomaliaEntry ? riga.indexOf(u'=') : -1;
+    return {Inizio_Riga(anomalia) % parola, anomalia.Sezione,
+            uguale < 0 ? QString() : riga.first(uguale).trimmed().toString(), parola.trimmed().toString(),
+            anomalia.Riga};
+}
+
+/// Not composed beyond what a report may hold: of a file of 30 KB it can be half a gigabyte.
+ListaRilievi Rilievi_Anomalie()
+{
+    ListaRilievi rilievi;
+    qsizetype caratteri = 0;
+    const auto aggiungi = [&](const ListaAnomalie &anomalie, RilievoAcc (*rilievo)(const AnomaliaAcc &)) {
+        for (const AnomaliaAcc &anomalia : anomalie) {
+            if (caratteri > MASSIMO_RAPPORTO)
+                return;
+            rilievi.append(rilievo(anomalia));
+            caratteri += rilievi.last().Testo.size() + A_CAPO.size();
+        }
+    };
+    aggiungi(gAnomalieStruttura, Rilievo_Struttura);
+    aggiungi(gAnomalieSintassi, Rilievo_Sintassi);
+    return rilievi;
+}
+
+ListaRilievi Rilievi_Errori()
+{
+    ListaRilievi rilievi;
+    for (qint16 riga = 0; riga <= ULTIMA_RIGA_ACC; ++riga) {
+        const ErroreValore errore = gErroriCampiAcc[static_cast<size_t>(riga)];
+        if (errore != ValoreBuono)
+            rilievi.append({Errore_Testo(riga, errore), Campo_Acc(riga).Section, Campo_Acc(riga).Key,
+                            Errore_Motivo(errore)});
+    }
+    for (const DifettoVisivo &difetto : std::as_const(gDifettiVisivi))
+        rilievi.append({u"Controllo Visivo-Sezione: " % difetto.Sezione, difetto.Sezione, difetto.Chiave,
+                        Errore_Motivo(difetto.Errore)});
+    return rilievi;
 }
 
 /// Cuts a report at the last end of a line that it may hold; a single line beyond that is cut where it is.
@@ -78,21 +106,28 @@ QString Tagliato(QString rapporto)
 
 } // namespace
 
+ControlloAcc Acc_Esamina(const QString &percorso)
+{
+    Acc_ControllaStruttura(gFileModelloAcc, percorso, gAnomalieStruttura);
+    Acc_ControllaSintassi(percorso, gAnomalieSintassi);
+    Dati_Controlla(mErroriDati);
+    mErroriVisivi.clear();
+    gDifettiVisivi.clear();
+    if (gControlloVisivo)
+        Visivo_Controlla(percorso, mErroriVisivi);
+
+    if (!gAnomalieStruttura.isEmpty() || !gAnomalieSintassi.isEmpty())
+        return {AccAnomala, Rilievi_Anomalie()};
+    const ListaRilievi errori = Rilievi_Errori();
+    return {errori.isEmpty() ? AccBuona : AccErrata, errori};
+}
+
 EsitoControllo Acc_Controlla(const QString &percorso, QString &rapporto)
 {
     rapporto.clear();
-    Acc_ControllaStruttura(gFileModelloAcc, percorso, gAnomalieStruttura);
-    Acc_ControllaSintassi(percorso, gAnomalieSintassi);
-    const qint16 dati = Dati_Controlla(mErroriDati);
-    mErroriVisivi.clear();
-    const qint16 visivi = gControlloVisivo ? Visivo_Controlla(percorso, mErroriVisivi) : qint16{0};
-
-    if (!gAnomalieStruttura.isEmpty() || !gAnomalieSintassi.isEmpty()) {
-        rapporto = Tagliato(Rapporto_Anomalie());
-        return AccAnomala;
-    }
-    if (dati == 0 && visivi == 0)
-        return AccBuona;
-    rapporto = Tagliato(Rapporto_Errori());
-    return AccErrata;
+    const ControlloAcc controllo = Acc_Esamina(percorso);
+    for (const RilievoAcc &rilievo : controllo.Rilievi)
+        rapporto += rilievo.Testo % A_CAPO;
+    rapporto = Tagliato(rapporto);
+    return controllo.Esito;
 }

@@ -2,6 +2,7 @@
 // report. Knows no window and no folder.
 #pragma once
 
+#include "mctc/rilievo_acc.h"
 #include "platform/tipi.h"
 
 #include <QString>
@@ -17,10 +18,22 @@ enum EsitoControllo : qint16
 /// Characters of a report: many screens of it, and nobody reads as many.
 inline constexpr qsizetype MASSIMO_RAPPORTO = 64000;
 
+/// What a check has come to.
+struct ControlloAcc
+{
+    EsitoControllo Esito = AccBuona;
+    ListaRilievi Rilievi; ///< what the report tells, in its order; not beyond what it holds
+};
+
 /// Checks a file against the template gFileModelloAcc, line by line, field by field and, with
 /// gControlloVisivo, in its visual check. The fields are those of gCampiAcc, read before from the same file.
-/// @param[out] rapporto lines for the operator, each ended by CR LF; empty for a clean file. While the
-/// structure or the text is faulty the errors in the values stay out of it, for they may be its consequence.
-/// A report longer than MASSIMO_RAPPORTO is cut there, at the end of a line.
+/// While the structure or the text is faulty the errors in the values are not told, for they may be its
+/// consequence.
+/// @throws ErroreEsecuzione 6 for a file past 32767 bytes.
+ControlloAcc Acc_Esamina(const QString &percorso);
+
+/// The same for the operator.
+/// @param[out] rapporto its lines, each ended by CR LF; empty for a clean file. A report longer than
+/// MASSIMO_RAPPORTO is cut there, at the end of a line.
 /// @throws ErroreEsecuzione 6 for a file past 32767 bytes.
 EsitoControllo Acc_Controlla(const QString &percorso, QString &rapporto);

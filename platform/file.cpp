@@ -60,7 +60,8 @@ QString FileRighe::Leggi()
     while (!Fine() && m_testo[m_posto] != u'\r' && m_testo[m_posto] != u'\n')
         ++m_posto;
     const QString riga = m_testo.mid(inizio, m_posto - inizio);
+    m_conCrLf = QStringView(m_testo).sliced(m_posto).startsWith(u"\r\n");
     if (!Fine())
-        m_posto += m_testo.mid(m_posto, 2) == u"\r\n" ? 2 : 1;
+        m_posto += m_conCrLf ? 2 : 1;
     return riga;
 }

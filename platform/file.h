@@ -24,8 +24,11 @@ public:
     bool Fine() const { return m_posto >= m_testo.size(); }
     /// @return the next line, without its end.
     QString Leggi();
+    /// True when the line last read ended with CR LF, as this program ends them.
+    bool ConCrLf() const { return m_conCrLf; }
 
 private:
     QString m_testo;
     qsizetype m_posto = 0;
+    bool m_conCrLf = false;
 };

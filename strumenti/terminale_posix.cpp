@@ -62,6 +62,22 @@ void Terminale_Scrivi(Canale canale, const QString &testo)
     std::fflush(flusso);
 }
 
+void Terminale_ScriviByte(const QByteArray &byte)
+{
+    std::fwrite(byte.constData(), 1, static_cast<size_t>(byte.size()), stdout);
+    std::fflush(stdout);
+}
+
+bool Terminale_Presente(Canale canale)
+{
+    return ::isatty(canale == Canale::Errori ? STDERR_FILENO : STDOUT_FILENO) == 1;
+}
+
+bool Terminale_Integro()
+{
+    return std::ferror(stdout) == 0;
+}
+
 std::optional<QString> Terminale_Chiedi(const QString &domanda)
 {
     const SenzaEco muto; // before the question: who answers it at once is not shown either

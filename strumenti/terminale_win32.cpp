@@ -7,6 +7,8 @@
 #include <qt_windows.h>
 
 #include <cstdio>
+#include <fcntl.h>
+#include <io.h>
 
 namespace {
 
@@ -74,6 +76,26 @@ void Terminale_Scrivi(Canale canale, const QString &testo)
     std::FILE *flusso = errori ? stderr : stdout;
     std::fputs(testo.toUtf8().constData(), flusso);
     std::fflush(flusso);
+}
+
+void Terminale_ScriviByte(const QByteArray &byte)
+{
+    const int prima = _setmode(_fileno(stdout), _O_BINARY);
+    std::fwrite(byte.constData(), 1, static_cast<size_t>(byte.size()), stdout);
+    std::fflush(stdout);
+    _setmode(_fileno(stdout), prima);
+}
+
+bool Terminale_Presente(Canale canale)
+{
+    DWORD modo = 0;
+    return GetConsoleMode(GetStdHandle(canale == Canale::Errori ? STD_ERROR_HANDLE : STD_OUTPUT_HANDLE),
+                          &modo) != FALSE;
+}
+
+bool Terminale_Integro()
+{
+    return std::ferror(stdout) == 0;
 }
 
 std::optional<QString> Terminale_Chiedi(const QString &domanda)

@@ -24,13 +24,6 @@ Tratto Tratto_Di(const QByteArray &byte, const QByteArray &sezione)
 
 } // namespace
 
-void Record_Apri(const QString &percorso)
-{
-    Acc_AssegnaFile(percorso);
-    for (CampoForm &campo : gCampiAcc)
-        Campo_Leggi(campo);
-}
-
 ProvaAcc::ProvaAcc() : m_buono(Stazione.Leggi(QStringLiteral("dati\\ModelloAcc.acc")))
 {
     Campi_Azzera(gCampiAcc, ULTIMA_RIGA_ACC);
@@ -71,6 +64,6 @@ QString ProvaAcc::Scrivi(const QByteArray &byte, const QString &nome) const
 qint16 ProvaAcc::Controlla(const QByteArray &byte, const QString &nome)
 {
     Percorso = Scrivi(byte, nome);
-    Record_Apri(Percorso);
+    Acc_Apri(Percorso);
     return Acc_Controlla(Percorso, Rapporto);
 }

@@ -7,9 +7,6 @@
 #include <QByteArray>
 #include <QString>
 
-/// Points the rows of gCampiAcc at a file and reads them all, as the worklist does with their boxes.
-void Record_Apri(const QString &percorso);
-
 class ProvaAcc
 {
 public:

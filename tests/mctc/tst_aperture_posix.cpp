@@ -52,7 +52,7 @@ private Q_SLOTS:
         const Aperture suFile(nativo);
         const Aperture suModello(prova.Stazione.Nativo(QStringLiteral("dati\\ModelloAcc.acc")));
 
-        Record_Apri(percorso);
+        Acc_Apri(percorso);
         QCOMPARE(qint16{Acc_Controlla(percorso, prova.Rapporto)}, qint16{0});
         const int aperture = suFile.Conta();
         QVERIFY2(aperture >= 1 && aperture <= 5, qPrintable(QString::number(aperture)));

@@ -39,7 +39,7 @@ private Q_SLOTS:
     {
         const ProvaAcc prova;
         const QString percorso = prova.Scrivi(prova.Con("Prenotazione", "CAP", "47122"));
-        Record_Apri(percorso);
+        Acc_Apri(percorso);
         QCOMPARE(gCampiAcc[AccCAP].Value, QStringLiteral("47122"));
         QCOMPARE(gCampiAcc[AccTarga].Value, QStringLiteral("AB123CD"));
         for (const CampoForm &campo : gCampiAcc)
@@ -58,7 +58,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, fine);
         const ProvaAcc prova;
-        Record_Apri(prova.Scrivi(prova.Con("Prenotazione", "CAP", "47122").replace("\r\n", fine)));
+        Acc_Apri(prova.Scrivi(prova.Con("Prenotazione", "CAP", "47122").replace("\r\n", fine)));
         QCOMPARE(gCampiAcc[AccCAP].Value, QStringLiteral("47122"));
         QCOMPARE(gCampiAcc[AccTarga].Value, QStringLiteral("AB123CD"));
     }
@@ -76,33 +76,32 @@ private Q_SLOTS:
     void ilValoreRestaComeScritto()
     {
         const ProvaAcc prova;
-        Record_Apri(prova.Scrivi(prova.Con("DatiLibrettoVeicolo", "PotMaxkW", "085.0x")));
+        Acc_Apri(prova.Scrivi(prova.Con("DatiLibrettoVeicolo", "PotMaxkW", "085.0x")));
         QCOMPARE(gCampiAcc[AccPotMaxkW].Value, QStringLiteral("085.0x"));
     }
 
     void chiaveMancanteEVuotaSiLeggonoUguali()
     {
         const ProvaAcc prova;
-        Record_Apri(prova.Scrivi(prova.Buono()));
-        Record_Apri(
-            prova.Scrivi(prova.Al_Posto("Prenotazione", "Nome=", ""), QStringLiteral("00000001.acc")));
+        Acc_Apri(prova.Scrivi(prova.Buono()));
+        Acc_Apri(prova.Scrivi(prova.Al_Posto("Prenotazione", "Nome=", ""), QStringLiteral("00000001.acc")));
         QVERIFY(gCampiAcc[AccNome].Value.isEmpty());
-        Record_Apri(prova.Scrivi(prova.Con("Prenotazione", "Nome", ""), QStringLiteral("00000002.acc")));
+        Acc_Apri(prova.Scrivi(prova.Con("Prenotazione", "Nome", ""), QStringLiteral("00000002.acc")));
         QVERIFY(gCampiAcc[AccNome].Value.isEmpty());
     }
 
     void chiaveDoppiaDaLaPrima()
     {
         const ProvaAcc prova;
-        Record_Apri(prova.Scrivi(prova.Al_Posto("Prenotazione", "Nome=", "Nome=UNO\r\nNome=DUE\r\n")));
+        Acc_Apri(prova.Scrivi(prova.Al_Posto("Prenotazione", "Nome=", "Nome=UNO\r\nNome=DUE\r\n")));
         QCOMPARE(gCampiAcc[AccNome].Value, QStringLiteral("UNO"));
     }
 
     void fileCheNonCeDaValoriVuoti()
     {
         const ProvaAcc prova;
-        Record_Apri(prova.Scrivi(prova.Buono()));
-        Record_Apri(prova.Stazione.Percorso(QStringLiteral("DIR_FAR\\99999999.acc")));
+        Acc_Apri(prova.Scrivi(prova.Buono()));
+        Acc_Apri(prova.Stazione.Percorso(QStringLiteral("DIR_FAR\\99999999.acc")));
         for (const CampoForm &campo : gCampiAcc)
             QVERIFY(campo.Value.isEmpty());
     }

@@ -19,7 +19,7 @@ private:
     /// Row and error of every field that fails.
     QMap<int, int> Errori(const QByteArray &byte)
     {
-        Record_Apri(m_prova.Scrivi(byte));
+        Acc_Apri(m_prova.Scrivi(byte));
         QStringList righe;
         const qint16 quanti = Dati_Controlla(righe);
         QMap<int, int> errori;
@@ -174,7 +174,7 @@ private Q_SLOTS:
 
     void rigaSenzaTipoNonSiControlla()
     {
-        Record_Apri(m_prova.Scrivi(m_prova.Con("Prenotazione", "CAP", "1")));
+        Acc_Apri(m_prova.Scrivi(m_prova.Con("Prenotazione", "CAP", "1")));
         QStringList righe;
         QCOMPARE(Dati_Controlla(righe), qint16{1});
         gCampiAcc[AccCAP].ValueKind = ValoreNessuno;
@@ -188,7 +188,7 @@ private Q_SLOTS:
     {
         QByteArray byte = m_prova.Con("Prenotazione", "CAP", "1");
         byte.replace("Linea=1", "Linea=X").replace("Targa=AB123CD", "Targa=A");
-        Record_Apri(m_prova.Scrivi(byte));
+        Acc_Apri(m_prova.Scrivi(byte));
         QStringList righe;
         for (int volta = 0; volta < 2; ++volta) {
             QCOMPARE(Dati_Controlla(righe), qint16{3});

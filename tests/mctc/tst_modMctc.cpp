@@ -61,7 +61,7 @@ private Q_SLOTS:
     {
         m_prova.Scrivi(m_prova.Buono(), QStringLiteral("00000001.acc"));
         const QString percorso = m_prova.Stazione.Percorso(QStringLiteral("DIR_FAR\\00000001.ACC"));
-        Record_Apri(percorso);
+        Acc_Apri(percorso);
         QCOMPARE(qint16{Acc_Controlla(percorso, m_prova.Rapporto)}, qint16{0});
     }
 
@@ -97,7 +97,7 @@ private Q_SLOTS:
     void fileSparito()
     {
         const QString percorso = m_prova.Stazione.Percorso(QStringLiteral("DIR_FAR\\99999999.acc"));
-        Record_Apri(percorso);
+        Acc_Apri(percorso);
         QCOMPARE(qint16{Acc_Controlla(percorso, m_prova.Rapporto)}, qint16{1});
         QCOMPARE(m_prova.Rapporto,
                  Righe({QStringLiteral("File: ") + percorso + QStringLiteral(" - File  non disponibile"),

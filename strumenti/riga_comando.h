@@ -1,0 +1,34 @@
+// The command line of a tool that reads files: what is the same in all of them. It opens none of them.
+#pragma once
+
+#include "strumenti/fine_strumento.h"
+#include "strumenti/parole.h"
+
+#include <QCommandLineParser>
+#include <QList>
+
+#include <optional>
+
+class RigaComando
+{
+public:
+    /// @param nome of the tool. @param aiuto what --help says. @param opzioni its own, beside --help,
+    /// --version and --lingua.
+    RigaComando(const QString &nome, const Parole &aiuto, const QList<QCommandLineOption> &opzioni);
+
+    /// Takes the arguments, and answers what needs no files.
+    /// @return how the run ends, when it ends with this.
+    std::optional<FineStrumento> Leggi(const QStringList &argomenti);
+
+    bool Ha(const QString &opzione) const { return m_righe.isSet(opzione); }
+    QString Valore(const QString &opzione) const { return m_righe.value(opzione); }
+    QStringList Posti() const { return m_righe.positionalArguments(); }
+
+    /// Tells what is wrong, with the tool's name. @return NonGuardato.
+    FineStrumento Rifiuta(const QString &errore) const;
+
+private:
+    const QString m_nome;
+    const Parole m_aiuto;
+    QCommandLineParser m_righe;
+};
