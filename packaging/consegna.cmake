@@ -15,6 +15,16 @@ if(CPACK_GENERATOR STREQUAL "DEB")
        DESTINATION ${CPACK_TEMPORARY_DIRECTORY}/usr/share/applications)
   file(COPY ${sorgente}/dati/sorgenti/lumira.svg
        DESTINATION ${CPACK_TEMPORARY_DIRECTORY}/usr/share/icons/hicolor/scalable/apps)
+  # The manual's pages, packed as Debian has them, and each program by its name wherever somebody stands.
+  file(GLOB pagine ${sorgente}/docs/man/*.1)
+  set(man ${CPACK_TEMPORARY_DIRECTORY}/usr/share/man/man1)
+  file(MAKE_DIRECTORY ${man} ${CPACK_TEMPORARY_DIRECTORY}/usr/bin)
+  foreach(pagina ${pagine})
+    get_filename_component(nome ${pagina} NAME_WE)
+    execute_process(COMMAND gzip -9n INPUT_FILE ${pagina} OUTPUT_FILE ${man}/${nome}.1.gz COMMAND_ERROR_IS_FATAL ANY)
+    file(GLOB programma RELATIVE ${CPACK_TEMPORARY_DIRECTORY} ${CPACK_TEMPORARY_DIRECTORY}/opt/lumira/*/${nome})
+    file(CREATE_LINK /${programma} ${CPACK_TEMPORARY_DIRECTORY}/usr/bin/${nome} SYMBOLIC)
+  endforeach()
 endif()
 
 # Signed last of all: a signature covers every byte. Programs are ours, libraries are others'.

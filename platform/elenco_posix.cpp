@@ -13,6 +13,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <optional>
 #include <sys/stat.h>
 
 namespace {
@@ -113,6 +114,19 @@ int Elenca(const QString &cartella, const QRegularExpression &espressione, QList
     return 0;
 }
 
+/// The entry that a path names as it is spelled; nothing when there is none, or when a mask is asked for. The
+/// question whether a file is there must not cost a listing: in a folder of ten thousand, asked for each of
+/// them, that took minutes.
+std::optional<RecordTrovato> Voce_Esatta(const Richiesta &richiesta)
+{
+    struct stat stato;
+    const QByteArray nome = QFile::encodeName(richiesta.cartella + richiesta.maschera);
+    if (richiesta.maschera.isEmpty() || richiesta.maschera.contains(u'*') ||
+        richiesta.maschera.contains(u'?') || nome.contains('\0') || ::stat(nome.constData(), &stato) != 0)
+        return std::nullopt;
+    return Record_Di(richiesta.maschera, stato);
+}
+
 } // namespace
 
 bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati)
@@ -125,6 +139,8 @@ bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati)
 QStringList Cartella_Elenca(const QString &percorso, qint16 attributo)
 {
     const Richiesta richiesta = Richiesta_Di(percorso);
+    if (const std::optional<RecordTrovato> voce = Voce_Esatta(richiesta))
+        return Nomi_Con({*voce}, attributo);
     const QString maschera = richiesta.maschera.isEmpty() ? QStringLiteral("*") : richiesta.maschera;
     QList<RecordTrovato> trovati;
     const int errore = Elenca(richiesta.cartella, Espressione_Di(maschera), trovati);

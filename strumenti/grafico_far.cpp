@@ -68,17 +68,17 @@ constexpr std::array<Riquadro, std::size(FARI)> RIQUADRI_FARI = {
      }
 };
 
-/// The next of 1, 2, 5, 10, 20 ... that is not below.
+/// The next of 2, 4, 6, 8, 10, 20, 40 ... that is not below: its half is a count too.
 double Tondo(double valore)
 {
     double decina = 1;
     while (decina * 10 < valore)
         decina *= 10;
-    for (const double volte : {1.0, 2.0, 5.0}) {
+    for (const double volte : {1.0, 2.0, 4.0, 6.0, 8.0}) {
         if (volte * decina >= valore)
             return volte * decina;
     }
-    return 10 * decina;
+    return 10 * decina; // above 8
 }
 
 void Scrivi(Disegno &disegno, double x, double y, Appoggio lato, const QString &testo, quint32 colore = NERO)
@@ -92,7 +92,7 @@ double Scala(Disegno &disegno, const Riquadro &riquadro, int massimo)
     const double cima = Tondo(std::max(2, massimo));
     for (int tacca = 0; tacca <= 2; ++tacca) {
         const double y = riquadro.Base - riquadro.Alto * tacca / 2;
-        disegno.Linee.append({riquadro.X, y, riquadro.X + riquadro.Largo, y, tacca == 0 ? NERO : GRIGIO});
+        disegno.Rettangoli.append({riquadro.X, y, riquadro.Largo, 1, tacca == 0 ? NERO : GRIGIO});
         Scrivi(disegno, riquadro.X - 6, y + 4, Appoggio::Fine, QString::number(cima * tacca / 2));
     }
     return cima;

@@ -1,6 +1,8 @@
 """The Debian package: made, installed in a folder that stands for a machine, used, upgraded and removed."""
 
+import gzip
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -64,6 +66,25 @@ class Pacchetto(ProvaStazione):
         for chiave in ("Exec", "Path"):
             self.assertTrue((self.macchina / voce[chiave].lstrip("/")).exists(), chiave)
         self.assertTrue((self.macchina / f"usr/share/icons/hicolor/scalable/apps/{voce['Icon']}.svg").exists())
+
+    def test_ogni_strumento_ha_il_suo_nome_e_la_sua_pagina(self):
+        for nome in ("lumira-acc", "lumira-far", "lumira-password", "qx5sim"):
+            self.assertTrue((self.macchina / os.readlink(self.macchina / "usr/bin" / nome).lstrip("/")).is_file(), nome)
+            pagina = gzip.decompress((self.macchina / f"usr/share/man/man1/{nome}.1.gz").read_bytes()).decode()
+            self.assertTrue(pagina.startswith(f".TH {nome.upper()} 1"), nome)
+            # Every option that the program tells is in its page.
+            aiuto = esegui(self.macchina / os.readlink(self.macchina / "usr/bin" / nome).lstrip("/"), "--help")
+            for opzione in re.findall(r"(?m)^ +(--[a-z-]+)", aiuto):
+                self.assertIn(opzione.replace("-", "\\-"), pagina)
+
+    def test_gli_strumenti_trovano_la_loro_stazione(self):
+        # The template is a whole file by a name that no work order has.
+        acc = subprocess.run([self.opt / "strumenti/lumira-acc", self.opt / "dati"], capture_output=True, text=True)
+        self.assertEqual((acc.returncode, acc.stdout.count("non idoneo"), acc.stderr), (1, 1, ""))
+        operatore.Profilo(self.opt / "lumira.ini").imposta("PARAMETRI", "LuxMinAnab", "4321")
+        grafico = self.macchina / "grafico.svg"
+        esegui(self.opt / "strumenti/lumira-far", "--grafico", grafico, self.opt / "dati")
+        self.assertIn("minimo 4321", grafico.read_text(encoding="utf-8"))
 
     def test_la_configurazione_si_puo_scrivere_dagli_utenti(self):
         for percorso in (self.opt, self.opt / "lumira.ini"):

@@ -1,5 +1,6 @@
 // How often a check opens its files, and what it makes of a file that cannot be opened. Watches the file
 // system's own events, so it stands apart from the tests that run on every system.
+#include "core/modFs.h"
 #include "core/modGeneral.h"
 #include "mctc/campi_acc.h"
 #include "mctc/controllo_sintassi.h"
@@ -72,6 +73,19 @@ private Q_SLOTS:
         QCOMPARE(primo.Conta(), 1);
         QCOMPARE(secondo.Conta(), 1);
         QCOMPARE(terzo.Conta(), 1);
+    }
+
+    /// Asked for each of thousands of files, a listing each time would take minutes.
+    void seUnFileCeNonCostaUnElenco()
+    {
+        const ProvaAcc prova;
+        const QString percorso = prova.Scrivi(prova.Buono());
+        const Aperture cartella(prova.Stazione.Nativo(QStringLiteral("DIR_FAR")));
+        QVERIFY(Fs_Esiste(percorso, 0));
+        QCOMPARE(cartella.Conta(), 0);
+        // In another case it is found by listing, as before.
+        QVERIFY(Fs_Esiste(prova.Stazione.Percorso(QStringLiteral("DIR_FAR\\12345678.ACC")), 0));
+        QCOMPARE(cartella.Conta(), 1);
     }
 
     /// A hidden file is not there for the scan, though it could be opened.

@@ -2,32 +2,18 @@
 #include "core/modGeneral.h"
 #include "core/modStr.h"
 #include "tests/comuni/stazione_prova.h"
+#include "tests/strumenti/processo.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
 
 namespace {
 
-struct Esecuzione
-{
-    int stato = -1;
-    QString uscita;
-    QString errori;
-};
-
 Esecuzione Esegui(const QStringList &argomenti, const QByteArray &ingresso = {})
 {
-    QProcess strumento;
-    strumento.start(QStringLiteral(LUMIRA_PASSWORD), argomenti);
-    strumento.write(ingresso);
-    strumento.closeWriteChannel();
-    if (!strumento.waitForFinished() || strumento.exitStatus() != QProcess::NormalExit)
-        return {};
-    return {strumento.exitCode(), QString::fromUtf8(strumento.readAllStandardOutput()),
-            QString::fromUtf8(strumento.readAllStandardError())};
+    return Processo_Esegui(QStringLiteral(LUMIRA_PASSWORD), argomenti, ingresso);
 }
 
 QString Password_Attesa(const char16_t *chiave)
@@ -181,7 +167,6 @@ private Q_SLOTS:
     {
         const Esecuzione aiuto = Esegui({QStringLiteral("--help")});
         QCOMPARE(aiuto.stato, 0);
-        // Windows ends its lines with CR and LF.
         QCOMPARE(aiuto.uscita.section(u'\n', 0, 0).trimmed(),
                  QStringLiteral("Uso: lumira-password --scrivi FILE"));
         QVERIFY(aiuto.errori.isEmpty());

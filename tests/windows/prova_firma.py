@@ -45,7 +45,8 @@ class Firma(ProvaMacchina):
         self.firmato(installatore)
         self.macchina.esegui(installatore, "/S", r"/D=C:\firmata")
         programmi = {programma.name: programma for programma in (self.macchina.disco / "firmata").glob("*.exe")}
-        self.assertEqual(set(programmi), {"lumira.exe", "qx5sim.exe", "lumira-password.exe", "Uninstall.exe"})
+        self.assertEqual(set(programmi), {"lumira.exe", "qx5sim.exe", "lumira-password.exe", "lumira-acc.exe",
+                                           "lumira-far.exe", "Uninstall.exe"})
         for nome, programma in programmi.items():
             with self.subTest(nome):
                 self.firmato(programma)

@@ -12,6 +12,8 @@ DESCRIZIONI = {
     "lumira": "Stazione di prova dei proiettori",
     "qx5sim": "Simulatore dello strumento QX5",
     "lumira-password": "Cifratura della password della stazione",
+    "lumira-acc": "Controllo dei file di accettazione",
+    "lumira-far": "Lettura dei file di risultato",
 }
 
 
