@@ -13,15 +13,14 @@ private Q_SLOTS:
     {
         const QList<RigaProfilo> righe =
             Righe_Profilo("; nota\r\n\r\n[ Uno ]x\r\nA = 1\r\n\tsola\n[uno\nA=2");
-        const auto in_breve = [](const RigaProfilo &riga) {
-            return QStringLiteral("%1%2%3 %4")
-                       .arg(riga.Numero)
-                       .arg(riga.Testa ? u'[' : u' ')
-                       .arg(riga.Nome, QString::fromLatin1(riga.Byte)) +
-                   (riga.Uguale ? QStringLiteral(" =") : QString());
+        const auto inBreve = [](const RigaProfilo &riga) {
+            const QString testa = riga.Testa ? QStringLiteral("[") : QStringLiteral(" ");
+            const QString uguale = riga.Uguale ? QStringLiteral(" =") : QString();
+            return QString::number(riga.Numero) + testa + riga.Nome + u' ' + QString::fromLatin1(riga.Byte) +
+                   uguale;
         };
         QStringList trovate;
-        std::transform(righe.cbegin(), righe.cend(), std::back_inserter(trovate), in_breve);
+        std::transform(righe.cbegin(), righe.cend(), std::back_inserter(trovate), inBreve);
         QCOMPARE(trovate, (QStringList{QStringLiteral("3[UNO [ Uno ]x"), QStringLiteral("4 A A = 1 ="),
                                        QStringLiteral("5 SOLA \tsola"), QStringLiteral("6[UNO [uno"),
                                        QStringLiteral("7 A A=2 =")}));
