@@ -59,18 +59,16 @@ EsitoSonda SondaStrumento::Chiedi_Stato(int attesa)
         return aperta;
     m_risposta = Assemblatore();
     m_completa = false;
-    QEventLoop giro;
-    m_porta->OnComm = [this, &giro] {
-        Ricevi();
-        if (m_completa)
-            giro.quit();
-    };
-    QTimer::singleShot(attesa, &giro, [&giro] { giro.quit(); });
+    m_porta->OnComm = [this] { Ricevi(); };
+    QTimer fine;
+    fine.setSingleShot(true);
+    QObject::connect(&fine, &QTimer::timeout, &m_giro, &QEventLoop::quit);
+    fine.start(attesa);
     QByteArray senzaDati;
     quint8 comando = 0;
     Componi_Comando(CmdStato, senzaDati, comando);
     Scrivi_Porta(*m_porta, gTxFrame);
-    giro.exec();
+    m_giro.exec();
     m_porta->OnComm = nullptr;
 
     if (!m_completa)
@@ -92,22 +90,24 @@ void SondaStrumento::Ricevi()
     } catch (const ErroreEsecuzione &) {
         // Longer than any reply: its end will not come, and the wait tells it.
     }
+    if (m_completa)
+        m_giro.quit();
 }
 
 bool SondaStrumento::Leggi_Identita()
 {
     gDatiStrumento.clear();
-    const auto finestra = std::make_unique<SenzaFinestra>();
+    SenzaFinestra finestra;
     // The session finds the port open and leaves its settings as they are.
-    MacchinaScambio sessione(*finestra, *m_porta);
-    finestra->Sessione = &sessione;
+    MacchinaScambio sessione(finestra, *m_porta);
+    finestra.Sessione = &sessione;
     sessione.Modo = ModoLeggi;
     sessione.Prepara();
-    QTimer::singleShot(LIMITE_IDENTITA, &finestra->Giro, [&finestra] { finestra->Giro.quit(); });
+    QTimer::singleShot(LIMITE_IDENTITA, &finestra.Giro, &QEventLoop::quit);
     sessione.Avvia();
-    finestra->Giro.exec();
+    finestra.Giro.exec();
     const bool letta = sessione.Esito == SessioneCompletata;
-    finestra->Sessione = nullptr;
+    finestra.Sessione = nullptr;
     sessione.Termina();
     return letta;
 }

@@ -4,6 +4,7 @@
 
 #include "link/protocollo.h"
 
+#include <QEventLoop>
 #include <QString>
 #include <QStringList>
 
@@ -44,6 +45,7 @@ private:
     void Ricevi();
 
     std::unique_ptr<ControlloSeriale> m_porta;
+    QEventLoop m_giro;
     Assemblatore m_risposta;
     bool m_completa = false;
     char m_stato = 0;
