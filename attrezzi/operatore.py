@@ -173,19 +173,23 @@ class Stazione:
 
 
 class Strumento:
-    """qx5sim on a pseudo terminal, linked as COM1 of a station."""
+    """qx5sim on a pseudo terminal, linked as a port of a station."""
 
-    def __init__(self, qx5sim, stazione, scenario, *opzioni):
-        """@param scenario text of a scenario, or the path of a scenario file."""
-        if not isinstance(scenario, Path):
+    def __init__(self, qx5sim, stazione, scenario, *opzioni, porta="COM1", nome="qx5sim"):
+        """
+        @param scenario text of a scenario, or the path of a scenario file; None for none.
+        @param nome of the files that hold its log and what it writes.
+        """
+        if scenario is not None and not isinstance(scenario, Path):
             testo, scenario = scenario, stazione.percorso("scenario.ini")
             scenario.write_text(testo, encoding="cp1252")
-        self._registro = stazione.percorso("qx5sim.log")
-        self._uscita = stazione.percorso("qx5sim.out")
-        porta = stazione.percorso("porte", "COM1")
+        self._registro = stazione.percorso(f"{nome}.log")
+        self._uscita = stazione.percorso(f"{nome}.out")
+        self.porta = stazione.percorso("porte", porta)
+        argomenti = ["--collega", self.porta, "--registro", self._registro, *opzioni]
         with open(self._uscita, "wb") as uscita:
             self.processo = avvia_processo(
-                [qx5sim, "--collega", porta, "--registro", self._registro, *opzioni, scenario],
+                [qx5sim, *argomenti, *([scenario] if scenario is not None else [])],
                 stdout=uscita,
                 stderr=subprocess.STDOUT,
             )
@@ -296,18 +300,22 @@ class SchermoVirtuale:
 
 
 class Programma:
-    """The station program, running on a virtual display."""
+    """A program with windows, by default that of the station, running on a virtual display."""
 
     SCHERMATE = os.environ.get("LUMIRA_SCHERMATE")  # where a wait that failed leaves its picture
 
-    def __init__(self, stazione, schermo, *davanti, **ambiente):
-        """@param davanti command that runs the program, if it is not run by itself."""
+    def __init__(self, stazione, schermo, *davanti, comando=None, **ambiente):
+        """
+        @param davanti command that runs the program, if it is not run by itself.
+        @param comando another program and its arguments.
+        """
         self.schermo = schermo
-        self._diario = stazione.percorso("lumira.out")
+        comando = [stazione.percorso("lumira")] if comando is None else comando
+        self._diario = stazione.percorso(f"{Path(comando[0]).name}.out")
         self._applicazione = None
         with open(self._diario, "wb") as diario:
             self.processo = avvia_processo(
-                [*davanti, stazione.percorso("lumira")],
+                [*davanti, *comando],
                 cwd=stazione.cartella,
                 env=schermo.ambiente | ambiente,
                 stdout=diario,

@@ -63,6 +63,10 @@ public:
     /// The code of the event just raised.
     virtual qint16 CommEvent() const = 0;
 
+    /// True for an open port whose device has gone, an adapter pulled out: to the properties above it stays
+    /// open, as an empty line.
+    virtual bool Persa() const { return false; }
+
     /// Raised at each event.
     std::function<void()> OnComm;
 };

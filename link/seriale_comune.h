@@ -55,6 +55,7 @@ public:
     void OutBufferCount(qint16 numero) override;
     void Output(const QByteArray &byte) override;
     qint16 CommEvent() const override { return m_evento; }
+    bool Persa() const override { return m_aperta && !Dispositivo_Aperto(); }
 
 protected:
     /// Opens the device of that port. @return false when there is none, or somebody has it.

@@ -2,9 +2,8 @@
 // business.
 #include "simulatore/banco.h"
 
+#include "simulatore/apertura.h"
 #include "simulatore/trama.h"
-
-#include <QTextStream>
 
 #include <algorithm>
 
@@ -15,8 +14,8 @@ constexpr int RIPROVA_MS = 1000;
 
 } // namespace
 
-Banco::Banco(Linea &linea, Strumento &strumento, Registro &registro, Collegamento &collegamento)
-    : m_linea(linea), m_strumento(strumento), m_registro(registro), m_collegamento(collegamento)
+Banco::Banco(Linea &linea, Interlocutore &interlocutore, Registro &registro, Collegamento &collegamento)
+    : m_linea(linea), m_interlocutore(interlocutore), m_registro(registro), m_collegamento(collegamento)
 {
     m_orologio.start();
     for (QTimer *timer : {&m_prossimo, &m_ritorno}) {
@@ -26,26 +25,18 @@ Banco::Banco(Linea &linea, Strumento &strumento, Registro &registro, Collegament
     QObject::connect(&m_prossimo, &QTimer::timeout, &m_prossimo, [this] { Manda_Dovuti(); });
     QObject::connect(&m_ritorno, &QTimer::timeout, &m_ritorno, [this] { Riapri(); });
     m_linea.Ricevuti = [this](const QByteArray &byte) {
-        for (const Invio &invio : m_strumento.Ricevi(byte))
+        for (const Invio &invio : m_interlocutore.Ricevi(byte))
             Programma(invio);
     };
     m_linea.Lasciata = [this] {
         m_registro.Annota(QStringLiteral("-- la stazione ha chiuso la porta"));
-        m_strumento.Linea_Lasciata();
+        m_interlocutore.Linea_Lasciata();
     };
 }
 
 bool Banco::Apri(QString &errore)
 {
-    if (!m_linea.Apri(errore))
-        return false;
-    if (!m_collegamento.Metti(m_linea.Nome(), errore)) {
-        m_linea.Chiudi();
-        return false;
-    }
-    // Not through the log, which may be a file: whoever started the program waits for this line.
-    QTextStream(stdout) << QStringLiteral("pronto: ") << m_linea.Nome() << Qt::endl;
-    return true;
+    return Linea_Apri(m_linea, m_collegamento, errore);
 }
 
 void Banco::Programma(const Invio &invio)
@@ -77,7 +68,8 @@ void Banco::Esegui(const Invio &invio)
         return;
     }
     const QString verso = m_linea.Scrivi(invio.byte) ? QStringLiteral("-> ") : QStringLiteral("-- perduta: ");
-    m_registro.Annota(verso + Trama_Hex(invio.byte) + QStringLiteral("  ") + invio.nota);
+    const QString nota = invio.nota.isEmpty() ? QString() : QStringLiteral("  ") + invio.nota;
+    m_registro.Annota(verso + Trama_Hex(invio.byte) + nota);
 }
 
 void Banco::Riaggancia(int ms)
@@ -86,7 +78,7 @@ void Banco::Riaggancia(int ms)
     m_coda.clear();
     m_collegamento.Togli();
     m_linea.Chiudi();
-    m_strumento.Linea_Lasciata();
+    m_interlocutore.Linea_Lasciata();
     m_ritorno.start(ms);
 }
 

@@ -1,11 +1,11 @@
-// The bench: the instrument on its line. It carries bytes, keeps the delays, hangs up and comes back, and
-// logs what goes out.
+// The bench: the instrument, or the record of one, on its line. It carries bytes, keeps the delays, hangs up
+// and comes back, and logs what goes out.
 #pragma once
 
 #include "simulatore/collegamento.h"
+#include "simulatore/interlocutore.h"
 #include "simulatore/linea.h"
 #include "simulatore/registro.h"
-#include "simulatore/strumento.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
@@ -13,7 +13,7 @@
 class Banco
 {
 public:
-    Banco(Linea &linea, Strumento &strumento, Registro &registro, Collegamento &collegamento);
+    Banco(Linea &linea, Interlocutore &interlocutore, Registro &registro, Collegamento &collegamento);
 
     /// Opens the line, makes the link and tells on the standard output that it is ready.
     /// @param[out] errore why not, when it returns false.
@@ -35,7 +35,7 @@ private:
     void Riapri();
 
     Linea &m_linea;
-    Strumento &m_strumento;
+    Interlocutore &m_interlocutore;
     Registro &m_registro;
     Collegamento &m_collegamento;
     QElapsedTimer m_orologio;

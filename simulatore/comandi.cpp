@@ -27,6 +27,11 @@ const DefComando *Comando_Cerca(Prova prova)
 
 } // namespace
 
+std::span<const DefComando> Comandi_Tutti()
+{
+    return COMANDI;
+}
+
 const DefComando *Comando_DaCodice(quint8 codice)
 {
     return Comando_Cerca([codice](const DefComando &d) { return static_cast<quint8>(d.codice) == codice; });

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <span>
+
 enum class CodiceComando : quint8
 {
     Stato = 0x10,
@@ -31,6 +33,9 @@ struct DefComando
     CaricoComando carico;
     quint8 postoGenere; ///< offset in the reply of the byte by which the station tells its kind
 };
+
+/// All commands, in the order of the documents.
+std::span<const DefComando> Comandi_Tutti();
 
 /// The command with that code on the wire; nullptr when there is none.
 const DefComando *Comando_DaCodice(quint8 codice);

@@ -1,20 +1,12 @@
 // What a fault makes of a good reply. No line and no clock: a list of what goes out, and when.
 #pragma once
 
+#include "simulatore/invio.h"
 #include "simulatore/scenario.h"
 
 #include <QByteArray>
 #include <QList>
 #include <QString>
-
-/// One piece that goes out to the station.
-struct Invio
-{
-    int ritardo = 0; ///< ms from the command
-    QByteArray byte;
-    int riaggancio = -1; ///< 0 or more: no bytes, the line goes away for so many ms
-    QString nota;        ///< for the log
-};
 
 /// A good reply, ready to go.
 struct Risposta

@@ -32,7 +32,10 @@ public:
     QString Nome() const override { return m_porta.isOpen() ? m_dispositivo : QString(); }
     bool Scrivi(const QByteArray &byte) override
     {
-        return m_porta.isOpen() && m_porta.write(byte) == byte.size();
+        if (!m_porta.isOpen() || m_porta.write(byte) != byte.size())
+            return false;
+        m_porta.flush(); // at once, and not in a later turn of the loop: a program that ends would keep them
+        return true;
     }
 
 private:

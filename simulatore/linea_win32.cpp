@@ -6,8 +6,12 @@
 #include "platform/errore_esecuzione.h"
 
 #include <QRegularExpression>
+#include <QTimer>
 
 namespace {
+
+/// How often the device is looked at.
+constexpr int OGNI_MS = 250;
 
 class LineaSeriale : public Linea
 {
@@ -19,6 +23,8 @@ public:
             if (m_porta->CommEvent() == EventoRicezione)
                 Ricevuti(m_porta->Input());
         };
+        // The control tells of no adapter pulled out: it keeps the port as an empty line.
+        QObject::connect(&m_sguardo, &QTimer::timeout, &m_sguardo, [this] { Guarda_Dispositivo(); });
     }
 
     bool Apri(QString &errore) override
@@ -39,9 +45,14 @@ public:
             errore = QStringLiteral("%1: %2").arg(m_dispositivo, perche.Descrizione());
             return false;
         }
+        m_sguardo.start(OGNI_MS);
         return true;
     }
-    void Chiudi() override { m_porta->PortOpen(false); }
+    void Chiudi() override
+    {
+        m_sguardo.stop();
+        m_porta->PortOpen(false);
+    }
     QString Nome() const override { return m_porta->PortOpen() ? m_dispositivo : QString(); }
     /// Nobody tells whether the other end is open: what the port takes counts as sent.
     bool Scrivi(const QByteArray &byte) override
@@ -53,9 +64,18 @@ public:
     }
 
 private:
+    void Guarda_Dispositivo()
+    {
+        if (!m_porta->Persa())
+            return;
+        Chiudi();
+        Perduta();
+    }
+
     QString m_dispositivo;
     qint32 m_velocita;
     std::unique_ptr<ControlloSeriale> m_porta;
+    QTimer m_sguardo;
 };
 
 class LineaMancante : public Linea

@@ -1,80 +1,144 @@
-// qx5sim: stands in for the instrument on a serial line, for demonstration, training and tests.
+// qx5sim: stands in for the instrument on a serial line, for demonstration, training and tests; keeps the
+// record of a real one, and plays it again.
+#include "platform/orologio.h"
+#include "simulatore/apertura.h"
 #include "simulatore/banco.h"
+#include "simulatore/errore.h"
+#include "simulatore/esercizio.h"
 #include "simulatore/fine.h"
-#include "simulatore/opzioni.h"
+#include "simulatore/finestra_carica.h"
+#include "simulatore/ponte.h"
+#include "simulatore/riproduzione.h"
 
 #include <QCoreApplication>
-#include <QRandomGenerator>
-#include <QTemporaryDir>
 #include <QTextStream>
 
 namespace {
 
-/// Status of an end because the device has gone; 1 stands for a start that failed.
-constexpr int STATO_SENZA_DISPOSITIVO = 2;
-
-int Errore_Mostra(const QString &errore)
+/// What went wrong while the program ran.
+void Esci_Perduto(const QString &perche)
 {
-    QTextStream(stderr) << QStringLiteral("qx5sim: ") << errore << Qt::endl;
-    return 1;
+    Errore_Mostra(perche);
+    QCoreApplication::exit(STATO_LINEA_PERDUTA);
 }
 
 int Simula(const Opzioni &opzioni)
 {
+    Esercizio esercizio(opzioni);
+    esercizio.Perduta = Esci_Perduto;
+    Fine_Prepara();
     QString errore;
-    Scenario scenario;
-    if (const QStringList errori = Scenario_Leggi(opzioni.scenario, scenario); !errori.isEmpty())
+    if (!esercizio.Apri(errore))
+        return Errore_Mostra(errore);
+    return QCoreApplication::exec();
+}
+
+/// Where the record of a bridge goes.
+QString Registrazione_Percorso(const Opzioni &opzioni)
+{
+    const QString adesso = Orologio_Corrente().Adesso().toString(QStringLiteral("yyyyMMdd-hhmmss"));
+    return opzioni.registrazione.isEmpty() ? QStringLiteral("registrazione-%1.txt").arg(adesso)
+                                           : opzioni.registrazione;
+}
+
+int Fai_Ponte(const Opzioni &opzioni)
+{
+    QString errore;
+    Registro registro;
+    if (!registro.Apri(opzioni.registro, errore))
+        return Errore_Mostra(errore);
+    const std::unique_ptr<Linea> strumento = Crea_LineaSeriale(opzioni.ponte, opzioni.velocita);
+    const std::unique_ptr<Linea> stazione = Linea_Stazione(opzioni);
+    Collegamento collegamento(opzioni.collega);
+    ScrittoreRegistrazione registrazione;
+    const QString percorso = Registrazione_Percorso(opzioni);
+    Ponte ponte(*stazione, *strumento, registrazione, registro);
+    const auto perduta = [&ponte](const QString &dispositivo) {
+        const QString perche = Dispositivo_Perduto(dispositivo);
+        ponte.Annota(perche);
+        Esci_Perduto(perche);
+    };
+    strumento->Perduta = [&perduta, &opzioni] { perduta(opzioni.ponte); };
+    stazione->Perduta = [&perduta, &opzioni] { perduta(opzioni.dispositivo); };
+    ponte.Senza_Registrazione = [&percorso] {
+        Esci_Perduto(QStringLiteral("%1: la registrazione non si scrive più").arg(percorso));
+    };
+    Fine_Prepara();
+    // The record last but for the station's line: a port that does not open leaves no empty one behind.
+    const QString nota =
+        QStringLiteral("%1, strumento %2 a %3 baud 8N1")
+            .arg(Orologio_Corrente().Adesso().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")))
+            .arg(opzioni.ponte)
+            .arg(opzioni.velocita);
+    if (!strumento->Apri(errore) || !registrazione.Apri(percorso, nota, errore) ||
+        !Linea_Apri(*stazione, collegamento, errore))
+        return Errore_Mostra(errore);
+    registro.Annota(QStringLiteral("-- registrazione: ") + percorso);
+    return QCoreApplication::exec();
+}
+
+int Riproduci(const Opzioni &opzioni)
+{
+    QString errore;
+    Registrazione registrazione;
+    if (const QStringList errori = Registrazione_Leggi(opzioni.riproduci, registrazione); !errori.isEmpty())
         return Errore_Mostra(errori.join(QStringLiteral("\nqx5sim: ")));
     Registro registro;
     if (!registro.Apri(opzioni.registro, errore))
         return Errore_Mostra(errore);
-
-    // Without a state file the texts that the station writes live as long as the program.
-    const QTemporaryDir passeggero;
-    const QString stato =
-        opzioni.stato.isEmpty() ? passeggero.filePath(QStringLiteral("stato.ini")) : opzioni.stato;
-    const quint32 seme = opzioni.seme.value_or(QRandomGenerator::global()->generate());
-    registro.Annota(
-        QStringLiteral("-- qx5sim %1, seme %2").arg(QCoreApplication::applicationVersion()).arg(seme));
-    Strumento strumento(opzioni.scenario, stato, seme,
-                        [&registro](const QString &riga) { registro.Annota(riga); });
-    const std::unique_ptr<Linea> linea = opzioni.dispositivo.isEmpty()
-                                             ? Crea_LineaPty()
-                                             : Crea_LineaSeriale(opzioni.dispositivo, opzioni.velocita);
-    // An adapter that comes back has often another name: whoever started the program knows, and starts it
-    // again.
+    Riproduzione riproduzione(registrazione, opzioni.svelto,
+                              [&registro](const QString &riga) { registro.Annota(riga); });
+    const std::unique_ptr<Linea> linea = Linea_Stazione(opzioni);
     linea->Perduta = [&opzioni, &registro] {
-        const QString perche = QStringLiteral("%1: il dispositivo non c'è più").arg(opzioni.dispositivo);
+        const QString perche = Dispositivo_Perduto(opzioni.dispositivo);
         registro.Annota(QStringLiteral("-- ") + perche);
-        Errore_Mostra(perche);
-        QCoreApplication::exit(STATO_SENZA_DISPOSITIVO);
+        Esci_Perduto(perche);
     };
     Collegamento collegamento(opzioni.collega);
-    Banco banco(*linea, strumento, registro, collegamento);
+    Banco banco(*linea, riproduzione, registro, collegamento);
     Fine_Prepara();
     if (!banco.Apri(errore))
         return Errore_Mostra(errore);
-    return QCoreApplication::exec();
+    const int stato = QCoreApplication::exec();
+    if (stato != 0 || !riproduzione.Diversa())
+        return stato;
+    Errore_Mostra(QStringLiteral("la stazione ha fatto diversamente dalla registrazione"));
+    return STATO_DIVERSO;
+}
+
+int Esegui(const Opzioni &opzioni)
+{
+    if (opzioni.aiuto) {
+        QTextStream(stdout) << Opzioni_Aiuto();
+        return 0;
+    }
+    if (opzioni.versione) {
+        QTextStream(stdout) << QStringLiteral("qx5sim ") << QCoreApplication::applicationVersion()
+                            << Qt::endl;
+        return 0;
+    }
+    if (!opzioni.ponte.isEmpty())
+        return Fai_Ponte(opzioni);
+    return opzioni.riproduci.isEmpty() ? Simula(opzioni) : Riproduci(opzioni);
 }
 
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    const QCoreApplication programma(argc, argv);
+    std::optional<Opzioni> opzioni;
+    QString cartella;
     QCoreApplication::setApplicationVersion(QStringLiteral(QX5SIM_VERSIONE));
-    QString errore;
-    const std::optional<Opzioni> opzioni = Opzioni_Leggi(QCoreApplication::arguments(), errore);
-    if (!opzioni)
-        return Errore_Mostra(errore + QStringLiteral(" (qx5sim --help)"));
-    if (opzioni->aiuto) {
-        QTextStream(stdout) << Opzioni_Aiuto();
-        return 0;
+    {
+        const QCoreApplication programma(argc, argv);
+        QString errore;
+        opzioni = Opzioni_Leggi(QCoreApplication::arguments(), errore);
+        if (!opzioni)
+            return Errore_Mostra(errore + QStringLiteral(" (qx5sim --help)"));
+        if (!opzioni->finestra || opzioni->aiuto || opzioni->versione)
+            return Esegui(*opzioni);
+        cartella = QCoreApplication::applicationDirPath();
     }
-    if (opzioni->versione) {
-        QTextStream(stdout) << QStringLiteral("qx5sim ") << QCoreApplication::applicationVersion()
-                            << Qt::endl;
-        return 0;
-    }
-    return Simula(*opzioni);
+    // A window asks for another application object, which its module makes.
+    return Finestra_Avvia(cartella, argc, argv, *opzioni);
 }

@@ -5,6 +5,9 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 struct DefOpzione
@@ -16,18 +19,51 @@ struct DefOpzione
 
 // clang-format off
 constexpr DefOpzione OPZIONI[] = {
-    {u"collega",     u"PERCORSO", u"collegamento al terminale, es. porte/COM1 nella cartella della stazione"},
-    {u"dispositivo", u"PERCORSO", u"porta seriale vera al posto del terminale, es. /dev/ttyUSB0"},
-    {u"velocita",    u"BAUD",     u"velocità della porta seriale vera (9600), con formato 8N1"},
-    {u"stato",       u"FILE",     u"file che conserva i testi scritti dalla stazione"},
-    {u"registro",    u"FILE",     u"file del registro (uscita standard)"},
-    {u"seme",        u"NUMERO",   u"seme della giornata di lavoro: lo stesso seme dà gli stessi veicoli"},
-    {u"help",        u"",         u"mostra questo aiuto"},
-    {u"version",     u"",         u"mostra la versione"},
+    {u"collega",       u"PERCORSO", u"collegamento al terminale, es. porte/COM1 nella cartella della stazione"},
+    {u"dispositivo",   u"PERCORSO", u"porta seriale vera al posto del terminale, es. /dev/ttyUSB0"},
+    {u"velocita",      u"BAUD",     u"velocità della porta seriale vera (9600), con formato 8N1"},
+    {u"stato",         u"FILE",     u"file che conserva i testi scritti dalla stazione"},
+    {u"registro",      u"FILE",     u"file del registro (uscita standard)"},
+    {u"seme",          u"NUMERO",   u"seme della giornata di lavoro: lo stesso seme dà gli stessi veicoli"},
+    {u"finestra",      u"",         u"apre una finestra per condurre l'esercitazione"},
+    {u"lingua",        u"SIGLA",    u"lingua della finestra: IT, FR, EN, ES, DE (quella del sistema)"},
+    {u"ponte",         u"PORTA",    u"sta fra la stazione e lo strumento vero su questa porta, e registra"},
+    {u"registrazione", u"FILE",     u"file nuovo della registrazione (registrazione-DATA-ORA.txt)"},
+    {u"riproduci",     u"FILE",     u"fa le veci dello strumento di una registrazione"},
+    {u"svelto",        u"",         u"nella riproduzione risponde subito, senza i tempi della registrazione"},
+    {u"help",          u"",         u"mostra questo aiuto"},
+    {u"version",       u"",         u"mostra la versione"},
 };
 // clang-format on
 
 constexpr int COLONNA_DESCRIZIONI = 26;
+
+/// Languages of the window.
+constexpr const char16_t *LINGUE[] = {u"IT", u"FR", u"EN", u"ES", u"DE"};
+
+/// How an option agrees with others, whose names stand with a blank between them; "scenario" is the file
+/// without an option.
+struct DefAccordo
+{
+    const char16_t *nome;
+    bool vieta; ///< true: none of the others may stand beside it; false: one of them must
+    const char16_t *altre;
+    const char16_t *errore;
+};
+
+// clang-format off
+constexpr DefAccordo ACCORDI[] = {
+    {u"collega",       true,  u"dispositivo",
+     u"--collega vale per il terminale, non con --dispositivo"},
+    {u"ponte",         true,  u"riproduci finestra stato seme scenario",
+     u"con --ponte risponde lo strumento vero: senza scenario, --stato, --seme, --finestra, --riproduci"},
+    {u"riproduci",     true,  u"finestra stato seme scenario",
+     u"con --riproduci risponde la registrazione: senza scenario, --stato, --seme, --finestra"},
+    {u"registrazione", false, u"ponte",     u"--registrazione vale con --ponte"},
+    {u"svelto",        false, u"riproduci", u"--svelto vale con --riproduci"},
+    {u"lingua",        false, u"finestra",  u"--lingua vale con --finestra"},
+};
+// clang-format on
 
 QString Percorso_Intero(const QString &percorso)
 {
@@ -44,6 +80,21 @@ bool Numero_Leggi(const QCommandLineParser &analisi, const QString &nome, Numero
     const qlonglong letto = analisi.value(nome).toLongLong(&buono);
     numero = static_cast<Numero>(letto);
     return buono && letto >= 0 && static_cast<qlonglong>(numero) == letto;
+}
+
+/// What contradicts itself; empty when nothing does.
+QString Accordo_Difetto(const QCommandLineParser &analisi)
+{
+    const auto data = [&analisi](const QString &nome) {
+        return nome == u"scenario" ? !analisi.positionalArguments().isEmpty() : analisi.isSet(nome);
+    };
+    for (const DefAccordo &accordo : ACCORDI) {
+        const QStringList altre = QString::fromUtf16(accordo.altre).split(u' ');
+        const bool insieme = std::any_of(altre.cbegin(), altre.cend(), data);
+        if (data(QString::fromUtf16(accordo.nome)) && insieme == accordo.vieta)
+            return QString::fromUtf16(accordo.errore);
+    }
+    return {};
 }
 
 } // namespace
@@ -63,10 +114,8 @@ std::optional<Opzioni> Opzioni_Leggi(const QStringList &argomenti, QString &erro
         errore = QStringLiteral("più di uno scenario");
         return std::nullopt;
     }
-    if (analisi.isSet(QStringLiteral("collega")) && analisi.isSet(QStringLiteral("dispositivo"))) {
-        errore = QStringLiteral("--collega vale per il terminale, non con --dispositivo");
+    if (errore = Accordo_Difetto(analisi); !errore.isEmpty())
         return std::nullopt;
-    }
 
     Opzioni opzioni;
     opzioni.aiuto = analisi.isSet(QStringLiteral("help"));
@@ -76,6 +125,18 @@ std::optional<Opzioni> Opzioni_Leggi(const QStringList &argomenti, QString &erro
     opzioni.dispositivo = analisi.value(QStringLiteral("dispositivo"));
     opzioni.stato = Percorso_Intero(analisi.value(QStringLiteral("stato")));
     opzioni.registro = Percorso_Intero(analisi.value(QStringLiteral("registro")));
+    opzioni.ponte = analisi.value(QStringLiteral("ponte"));
+    opzioni.registrazione = Percorso_Intero(analisi.value(QStringLiteral("registrazione")));
+    opzioni.riproduci = Percorso_Intero(analisi.value(QStringLiteral("riproduci")));
+    opzioni.svelto = analisi.isSet(QStringLiteral("svelto"));
+    opzioni.finestra = analisi.isSet(QStringLiteral("finestra"));
+    opzioni.lingua = analisi.value(QStringLiteral("lingua")).toUpper();
+    if (!opzioni.lingua.isEmpty() &&
+        std::find(std::begin(LINGUE), std::end(LINGUE), opzioni.lingua) == std::end(LINGUE))
+    {
+        errore = QStringLiteral("--lingua vuole una di queste sigle: IT, FR, EN, ES, DE");
+        return std::nullopt;
+    }
     quint32 seme = 0;
     if (!Numero_Leggi(analisi, QStringLiteral("seme"), seme) ||
         !Numero_Leggi(analisi, QStringLiteral("velocita"), opzioni.velocita))
@@ -92,7 +153,9 @@ QString Opzioni_Aiuto()
 {
     QString aiuto = QStringLiteral("Uso: qx5sim [opzioni] [scenario.ini]\n"
                                    "Fa le veci dello strumento QX5 su una linea seriale.\n"
-                                   "Senza scenario recita una giornata di lavoro.\n\nOpzioni:\n");
+                                   "Senza scenario recita una giornata di lavoro.\n"
+                                   "Con --ponte registra uno strumento vero, con --riproduci lo ripete.\n"
+                                   "\nOpzioni:\n");
     for (const DefOpzione &def : OPZIONI) {
         const QString nome = QStringLiteral("  --%1 %2").arg(def.nome, def.valore);
         aiuto += nome.leftJustified(COLONNA_DESCRIZIONI) + QString::fromUtf16(def.descrizione) + u'\n';

@@ -17,6 +17,12 @@ struct Opzioni
     QString stato;
     QString registro;
     std::optional<quint32> seme;
+    QString ponte;         ///< port of the real instrument; empty for no bridge
+    QString registrazione; ///< file that the bridge makes; empty for a name of its own
+    QString riproduci;     ///< record to play; empty for none
+    bool svelto = false;   ///< replies of the record at once
+    bool finestra = false;
+    QString lingua; ///< of the window, two capitals; empty for that of the system
 };
 
 /// @param argomenti as the program got them, its name first.

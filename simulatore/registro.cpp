@@ -18,6 +18,9 @@ bool Registro::Apri(const QString &percorso, QString &errore)
 void Registro::Annota(const QString &testo)
 {
     const QString ora = Orologio_Corrente().Adesso().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"));
-    m_file.write((ora + u' ' + testo + u'\n').toUtf8());
+    const QString riga = ora + u' ' + testo;
+    m_file.write((riga + u'\n').toUtf8());
     m_file.flush();
+    if (Annotata)
+        Annotata(riga);
 }

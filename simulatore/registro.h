@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QString>
 
+#include <functional>
+
 class Registro
 {
 public:
@@ -12,6 +14,9 @@ public:
     bool Apri(const QString &percorso, QString &errore);
 
     void Annota(const QString &testo);
+
+    /// Takes each line too, with its date and time and without its end.
+    std::function<void(const QString &)> Annotata;
 
 private:
     QFile m_file;

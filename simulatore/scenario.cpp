@@ -13,6 +13,7 @@
 namespace {
 
 constexpr int MASSIMO_NUMERO = 60000;
+constexpr int SEMPRE = std::numeric_limits<int>::max(); // a last time that never comes
 constexpr qsizetype MISURA_RECORD = 6;
 constexpr qsizetype CIFRE_RECORD = 4;
 
@@ -94,7 +95,6 @@ QByteArray Record_Leggi(const Lettura &lettura, size_t numero)
 /// The times of a fault: "*", "3", "2-5", "4-". @return false when the text is none of these.
 bool Volte_Leggi(const QString &testo, Guasto &guasto)
 {
-    constexpr int SEMPRE = std::numeric_limits<int>::max();
     if (testo == u"*") {
         guasto.aVolta = SEMPRE;
         return true;
@@ -186,13 +186,34 @@ Veicolo Veicolo_Leggi(const Lettura &lettura)
     return veicolo;
 }
 
+const DefGuasto &Guasto_Def(TipoGuasto tipo)
+{
+    return *std::find_if(std::begin(GUASTI), std::end(GUASTI),
+                         [tipo](const DefGuasto &d) { return d.tipo == tipo; });
+}
+
 } // namespace
+
+QList<TipoGuasto> Guasti_Tutti()
+{
+    QList<TipoGuasto> tipi;
+    for (const DefGuasto &def : GUASTI)
+        tipi.append(def.tipo);
+    return tipi;
+}
+
+Guasto Guasto_Continuo(TipoGuasto tipo, std::optional<CodiceComando> comando)
+{
+    return {.comando = comando,
+            .daVolta = 1,
+            .aVolta = SEMPRE,
+            .tipo = tipo,
+            .numero = Guasto_Def(tipo).predefinito};
+}
 
 QString Guasto_Nome(TipoGuasto tipo)
 {
-    const auto *def = std::find_if(std::begin(GUASTI), std::end(GUASTI),
-                                   [tipo](const DefGuasto &d) { return d.tipo == tipo; });
-    return QString::fromUtf16(def->nome);
+    return QString::fromUtf16(Guasto_Def(tipo).nome);
 }
 
 QStringList Scenario_Leggi(const QString &file, Scenario &scenario)

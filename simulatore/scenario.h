@@ -35,13 +35,15 @@ struct Guasto
     int numero = 0; ///< ms or bytes, by the type
 };
 
-/// One vehicle: how many polls are answered "1" and "2" before "4", and the four records of six bytes, in
-/// the order left dipped, left main, right dipped, right main.
+/// The four records of six bytes, in the order left dipped, left main, right dipped, right main.
+using RecordMisura = std::array<QByteArray, 4>;
+
+/// One vehicle: how many polls are answered "1" and "2" before "4", and its records.
 struct Veicolo
 {
     int riposo = 0;
     int prova = 0;
-    std::array<QByteArray, 4> record;
+    RecordMisura record;
     QList<Guasto> guasti; ///< of this vehicle alone
 };
 
@@ -55,6 +57,13 @@ struct Scenario
     QList<Veicolo> veicoli;  ///< empty: vehicles of the plausible day
     QList<Guasto> guasti;    ///< of all vehicles
 };
+
+/// All types of fault, in the order of the documents.
+QList<TipoGuasto> Guasti_Tutti();
+
+/// A fault of that type that strikes every reply, with the number that stands for one left out.
+/// @param comando empty: the replies to all commands.
+Guasto Guasto_Continuo(TipoGuasto tipo, std::optional<CodiceComando> comando);
 
 /// Name of a type of fault, as scenarios and log spell it.
 QString Guasto_Nome(TipoGuasto tipo);

@@ -100,16 +100,26 @@ QString Record_Nota(const Veicolo &veicolo)
     return nota;
 }
 
-QString Stato_Nota(char stato)
+/// What a poll is told.
+struct DefStato
 {
-    switch (stato) {
-    case '1':
-        return QStringLiteral("\"1\" a riposo");
-    case '2':
-        return QStringLiteral("\"2\" prova in corso");
-    default:
-        return QStringLiteral("\"4\" misura pronta");
-    }
+    StatoStrumento stato;
+    char byte;
+    const char16_t *nota;
+};
+
+// clang-format off
+constexpr DefStato STATI[] = {
+    {StatoStrumento::Riposo, '1', u"\"1\" a riposo"},
+    {StatoStrumento::Prova,  '2', u"\"2\" prova in corso"},
+    {StatoStrumento::Pronta, '4', u"\"4\" misura pronta"},
+};
+// clang-format on
+
+const DefStato &Stato_Def(StatoStrumento stato)
+{
+    return *std::find_if(std::begin(STATI), std::end(STATI),
+                         [stato](const DefStato &d) { return d.stato == stato; });
 }
 
 } // namespace
@@ -147,6 +157,39 @@ void Strumento::Linea_Lasciata()
         return;
     m_indice = std::clamp<qsizetype>(m_indice, 0, m_scenario.veicoli.size() - 1);
     m_veicolo = m_scenario.veicoli[m_indice];
+    m_veicolo.record = m_recordFissi.value_or(m_veicolo.record);
+}
+
+StatoStrumento Strumento::Stato() const
+{
+    if (Misura_Pronta())
+        return StatoStrumento::Pronta;
+    return m_interrogazioni <= m_veicolo.riposo ? StatoStrumento::Riposo : StatoStrumento::Prova;
+}
+
+void Strumento::Stato_Imposta(StatoStrumento stato)
+{
+    if (m_misurato)
+        Veicolo_Nuovo();
+    switch (stato) {
+    case StatoStrumento::Riposo:
+        m_interrogazioni = 0;
+        break;
+    case StatoStrumento::Prova:
+        m_veicolo.prova = std::max(1, m_veicolo.prova); // a scenario may leave no poll for it
+        m_interrogazioni = m_veicolo.riposo + 1;
+        break;
+    case StatoStrumento::Pronta:
+        m_interrogazioni = m_veicolo.riposo + m_veicolo.prova + 1;
+        break;
+    }
+}
+
+void Strumento::Record_Fissa(const std::optional<RecordMisura> &record)
+{
+    m_recordFissi = record;
+    if (record)
+        m_veicolo.record = *record;
 }
 
 QList<Invio> Strumento::Comando_Ricevuto(const QByteArray &trama)
@@ -192,7 +235,7 @@ const Guasto *Strumento::Guasto_Dovuto(CodiceComando comando, int volta) const
     const auto colpisce = [comando, volta](const Guasto &g) {
         return (!g.comando || *g.comando == comando) && volta >= g.daVolta && volta <= g.aVolta;
     };
-    for (const QList<Guasto> *elenco : {&m_veicolo.guasti, &m_scenario.guasti}) {
+    for (const QList<Guasto> *elenco : {&m_guastiManuali, &m_veicolo.guasti, &m_scenario.guasti}) {
         const auto trovato = std::find_if(elenco->cbegin(), elenco->cend(), colpisce);
         if (trovato != elenco->cend())
             return &*trovato;
@@ -230,9 +273,10 @@ Risposta Strumento::Risposta_Stato()
 {
     if (m_misurato)
         Veicolo_Nuovo();
-    ++m_interrogazioni;
-    const char stato = Misura_Pronta() ? '4' : A_Riposo() ? '1' : '2';
-    return {Trama_Componi(QByteArray(1, stato)), Stato_Nota(stato)};
+    if (!m_fermo)
+        ++m_interrogazioni;
+    const DefStato &stato = Stato_Def(Stato());
+    return {Trama_Componi(QByteArray(1, stato.byte)), QString::fromUtf16(stato.nota)};
 }
 
 Risposta Strumento::Risposta_Misura()
@@ -296,5 +340,6 @@ void Strumento::Veicolo_Nuovo()
             m_indice = m_scenario.ricomincia ? 0 : veicoli - 1;
         m_veicolo = m_scenario.veicoli[m_indice];
     }
+    m_veicolo.record = m_recordFissi.value_or(m_veicolo.record);
     m_annota(QStringLiteral("-- nuovo veicolo:") + Record_Nota(m_veicolo));
 }

@@ -4,6 +4,7 @@
 
 #include "simulatore/giornata.h"
 #include "simulatore/guasti.h"
+#include "simulatore/interlocutore.h"
 #include "simulatore/memoria.h"
 #include "simulatore/scenario.h"
 #include "simulatore/trama.h"
@@ -11,8 +12,17 @@
 #include <QHash>
 
 #include <functional>
+#include <optional>
 
-class Strumento
+/// Where a vehicle stands.
+enum class StatoStrumento : quint8
+{
+    Riposo,
+    Prova,
+    Pronta,
+};
+
+class Strumento : public Interlocutore
 {
 public:
     /// @param fileScenario path of the scenario, empty for none; read anew at each new vehicle, and when the
@@ -23,11 +33,23 @@ public:
     Strumento(const QString &fileScenario, const QString &fileStato, quint32 seme,
               std::function<void(const QString &)> annota);
 
-    /// Takes bytes as they come, in whatever pieces. @return what goes out.
-    QList<Invio> Ricevi(const QByteArray &byte);
+    QList<Invio> Ricevi(const QByteArray &byte) override;
+    void Linea_Lasciata() override;
 
-    /// The station has closed its side: what it had begun to say, and what was held for it, is void.
-    void Linea_Lasciata();
+    // --- what a teacher does by hand, in the window ---------------------------------------------------
+
+    /// Where the vehicle at hand stands: what the last poll was told, or would be.
+    StatoStrumento Stato() const;
+    /// Puts the vehicle there; at rest after a measure that has been fetched it is a new vehicle.
+    void Stato_Imposta(StatoStrumento stato);
+    /// True: polls no longer bring the measure nearer, only Stato_Imposta does.
+    void Stato_Ferma(bool fermo) { m_fermo = fermo; }
+    /// The four records of the vehicle at hand.
+    const RecordMisura &Record() const { return m_veicolo.record; }
+    /// The records of this vehicle and of every one to come; nothing: each to come has its own again.
+    void Record_Fissa(const std::optional<RecordMisura> &record);
+    /// Faults of all vehicles, which count before those of the scenario.
+    void Guasti_Imposta(const QList<Guasto> &guasti) { m_guastiManuali = guasti; }
 
 private:
     QList<Invio> Comando_Ricevuto(const QByteArray &trama);
@@ -55,4 +77,7 @@ private:
     bool m_misurato = false;           // its measure has been fetched
     QHash<CodiceComando, int> m_volte; // commands that this vehicle has had
     QByteArray m_trattenuta;           // reply held to go out with the next
+    bool m_fermo = false;              // polls are not counted
+    std::optional<RecordMisura> m_recordFissi;
+    QList<Guasto> m_guastiManuali;
 };

@@ -2,6 +2,7 @@
 // stand beside them.
 #include "strumenti/grafico_far.h"
 
+#include "core/fari.h"
 #include "core/limiti.h"
 #include "strumenti/parole.h"
 
@@ -38,18 +39,12 @@ constexpr Parole MINIMO = {u"minimo %1", u"lowest %1"};
 constexpr Parole MASSIMO = {u"massimo %1", u"highest %1"};
 constexpr Parole MAI_MISURATI = {u"%1 (%2 mai misurati)", u"%1 (%2 never measured)"};
 
-struct Faro
-{
-    Parole nome;
-    RigaFar lux;
-    Fascio fascio;
-};
-
-constexpr Faro FARI[] = {
-    {{u"Anabbagliante sinistro", u"Dipped beam, left"}, FarIllumLuxAnabSx, FascioAnabbagliante},
-    {{u"Anabbagliante destro", u"Dipped beam, right"},  FarIllumLuxAnabDx, FascioAnabbagliante},
-    {{u"Abbagliante sinistro", u"Main beam, left"},     FarIllumLuxAbbSx,  FascioAbbagliante  },
-    {{u"Abbagliante destro", u"Main beam, right"},      FarIllumLuxAbbDx,  FascioAbbagliante  },
+/// By Faro.
+constexpr Parole NOMI_FARI[] = {
+    {u"Anabbagliante destro",   u"Dipped beam, right"},
+    {u"Anabbagliante sinistro", u"Dipped beam, left" },
+    {u"Abbagliante destro",     u"Main beam, right"  },
+    {u"Abbagliante sinistro",   u"Main beam, left"   },
 };
 
 /// Where the bars of a diagram stand: its base line, its width, its height.
@@ -59,14 +54,15 @@ struct Riquadro
 };
 
 constexpr Riquadro RIQUADRO_GIORNI = {60, 380, 920, 270};
-constexpr std::array<Riquadro, std::size(FARI)> RIQUADRI_FARI = {
-    {
-     {60, 670, 410, 160},
-     {550, 670, 410, 160},
-     {60, 960, 410, 160},
-     {550, 960, 410, 160},
-     }
+/// By Faro: left lamps on the left.
+constexpr Riquadro RIQUADRI_FARI[] = {
+    {550, 670, 410, 160},
+    {60,  670, 410, 160},
+    {550, 960, 410, 160},
+    {60,  960, 410, 160},
 };
+
+static_assert(std::size(NOMI_FARI) == std::size(FARI) && std::size(RIQUADRI_FARI) == std::size(FARI));
 
 /// The next of 2, 4, 6, 8, 10, 20, 40 ... that is not below: its half is a count too.
 double Tondo(double valore)
@@ -178,9 +174,10 @@ void Disegna_Limite(Disegno &disegno, const Riquadro &r, double fondo, qint32 li
     Scrivi(disegno, x, r.Base - r.Alto - 10, lato, In_Parole(parole).arg(limite), ROSSO);
 }
 
-void Disegna_Faro(Disegno &disegno, const Faro &faro, const Riquadro &r, const Figure &figure)
+void Disegna_Faro(Disegno &disegno, Faro faro, const Figure &figure)
 {
-    const LimitiFascio limiti = Limiti_Di(faro.fascio);
+    const Riquadro &r = RIQUADRI_FARI[faro];
+    const LimitiFascio limiti = Limiti_Di(FARI[faro].fascio);
     qint32 massimo = limiti.massimo;
     for (const qint32 lux : figure.lux)
         massimo = std::max(massimo, lux);
@@ -190,7 +187,7 @@ void Disegna_Faro(Disegno &disegno, const Faro &faro, const Riquadro &r, const F
     std::array<int, COLONNE> colonne{};
     for (const qint32 lux : figure.lux)
         ++colonne[static_cast<size_t>(lux / fondo * COLONNE)];
-    const QString nome = In_Parole(faro.nome);
+    const QString nome = In_Parole(NOMI_FARI[faro]);
     Scrivi(disegno, r.X, r.Base - r.Alto - 34, Appoggio::Inizio,
            figure.maiMisurati == 0 ? nome : In_Parole(MAI_MISURATI).arg(nome).arg(figure.maiMisurati));
     const double cima = Scala(disegno, r, *std::max_element(colonne.begin(), colonne.end()));
@@ -219,7 +216,7 @@ Disegno Raccolta_Grafico(const RaccoltaFar &raccolta)
     disegno.Rettangoli.append({0, 0, LARGO, ALTO, 0xFFFFFF});
     disegno.Scritte.append({LARGO / 2, 36, CORPO_TITOLO, NERO, Appoggio::Centro, disegno.Titolo});
     Disegna_Giorni(disegno, Giorni_Di(raccolta));
-    for (size_t i = 0; i < std::size(FARI); ++i)
-        Disegna_Faro(disegno, FARI[i], RIQUADRI_FARI[i], Figure_Di(raccolta, FARI[i].lux));
+    for (const Faro faro : {FaroAnabDx, FaroAnabSx, FaroAbbDx, FaroAbbSx})
+        Disegna_Faro(disegno, faro, Figure_Di(raccolta, FARI[faro].lux));
     return disegno;
 }

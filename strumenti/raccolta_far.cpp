@@ -24,7 +24,7 @@ struct NomeDifetto
 // clang-format off
 /// By ErroreFar.
 constexpr NomeDifetto DIFETTI[] = {
-    {u"testa",       {u"la prima riga non è [Kandelo]",            u"the first line is not [Kandelo]"}},
+    {u"testa",       {u"la prima riga non è quella dei risultati", u"the first line is not that of result files"}},
     {u"mancante",    {u"manca la chiave",                          u"the key is missing"}},
     {u"estranea",    {u"la riga non è di un file di risultato",    u"the line is none of a result file"}},
     {u"doppia",      {u"la chiave c'è già",                        u"the key is there already"}},

@@ -17,8 +17,9 @@ export WINEDLLOVERRIDES="mscoree=;mshtml="
 sostituisci() {
     wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$1" /t REG_SZ /d "$2" /f
 }
+# A workshop has a network: \\localhost\condivisa, with a folder in it.
 prepara() {
-    wineboot -i && sostituisci "Arial" "Liberation Sans" && sostituisci "Courier New" "Liberation Mono" &&
+    wineboot -i && mkdir -p "$WINEPREFIX/dosdevices/unc/localhost/condivisa/cartella" && sostituisci "Arial" "Liberation Sans" && sostituisci "Courier New" "Liberation Mono" &&
         wineserver -w
 }
 

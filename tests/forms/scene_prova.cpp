@@ -372,9 +372,7 @@ std::shared_ptr<Modulo> Messaggio_Rapporto(const BancoForm &banco)
     const QString percorso = banco.Stazione.Percorso(QStringLiteral("DIR_FAR\\23456789.acc"));
     Campi_Azzera(gCampiAcc, ULTIMA_RIGA_ACC);
     Campi_ImpostaAcc();
-    Acc_AssegnaFile(percorso);
-    for (CampoForm &campo : gCampiAcc)
-        Campo_Leggi(campo);
+    Acc_Apri(percorso);
     QString rapporto;
     Acc_Controlla(percorso, rapporto);
     return Messaggio(1, Testo_Mctc(Id_Mctc(110)) + QStringLiteral(": \r\n") + rapporto);

@@ -141,11 +141,14 @@ private Q_SLOTS:
     /// A share is a drive of its own: what stands above it is no folder.
     void sopraUnaCartellaCondivisa()
     {
-        const QString condivisa = u'\\' + banco->Stazione.Percorso(QString()); // \\server\share\ in form
+        // Two backslashes, server and share: on Debian the folder for temporary files in another spelling, on
+        // Windows the share that a machine of the tests has.
+        const QString stazione = banco->Stazione.Percorso(QString());
+        const QString condivisa =
+            stazione.contains(u':') ? QStringLiteral("\\\\localhost\\condivisa\\") : u'\\' + stazione;
         QCOMPARE(condivisa.count(u'\\'), 4);
         Apri(condivisa);
-        if (!Voci().contains(QStringLiteral("..")))
-            QSKIP("no server answers by the name of the folder for temporary files");
+        QVERIFY(Voci().size() > 1); // ".." and what the share holds
         Indica(QStringLiteral(".."));
         QVERIFY(!Abilitato(*form, "cmd_0"));
         Premi(*form, "cmd_2");

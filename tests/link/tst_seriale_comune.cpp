@@ -14,11 +14,12 @@ public:
     FormatoLinea Formato;
     int Formati = 0; ///< how many it was given
     bool Rifiuta = false;
+    bool Tolto = false; ///< the adapter has been pulled out
 
 private:
     bool Apri_Dispositivo(qint16) override { return true; }
     void Chiudi_Dispositivo() override {}
-    bool Dispositivo_Aperto() const override { return PortOpen(); }
+    bool Dispositivo_Aperto() const override { return PortOpen() && !Tolto; }
     bool Imposta_Formato(const FormatoLinea &formato) override
     {
         Formato = formato;
@@ -36,6 +37,20 @@ class tst_seriale_comune : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void dispositivoTolto()
+    {
+        SerialeProva porta;
+        porta.Tolto = true;
+        QVERIFY(!porta.Persa()); // nobody has opened it
+        porta.Tolto = false;
+        porta.PortOpen(true);
+        QVERIFY(!porta.Persa());
+        porta.Tolto = true;
+        QVERIFY(porta.Persa());
+        QVERIFY(porta.PortOpen());
+        porta.PortOpen(false);
+        QVERIFY(!porta.Persa());
+    }
     void impostazioniLette_data()
     {
         QTest::addColumn<QString>("testo");

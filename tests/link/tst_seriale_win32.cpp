@@ -4,6 +4,7 @@
 #include "link/seriale.h"
 
 #include "platform/errore_esecuzione.h"
+#include "platform/porta_seriale.h"
 #include "tests/comuni/errore_prova.h"
 #include "tests/comuni/linea_prova.h"
 #include "tests/link/porta_vera_win32.h"
@@ -55,6 +56,7 @@ private Q_SLOTS:
     void portaOltreLaNona();
     void nomeDellaPorta_data();
     void nomeDellaPorta();
+    void porteDellaMacchina();
     void portaMancante();
     void portaOccupata();
     void portaChiusaSolleva();
@@ -345,6 +347,16 @@ void tst_seriale_win32::nomeDellaPorta()
     m_porta->CommPort(numero);
     Errore_Di([this] { m_porta->PortOpen(true); });
     QCOMPARE(porta.Nomi, QStringList(nome));
+}
+
+/// What the menu says of a port, without opening it.
+void tst_seriale_win32::porteDellaMacchina()
+{
+    QVERIFY(Porta_Presente(PORTA));
+    QVERIFY(Porta_Presente(PORTA_OLTRE_LA_NONA));
+    QVERIFY(!Porta_Presente(PORTA_MANCANTE));
+    Apri();
+    QVERIFY(Porta_Presente(PORTA)); // a session has it
 }
 
 void tst_seriale_win32::portaMancante()

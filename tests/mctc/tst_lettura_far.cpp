@@ -138,7 +138,7 @@ private Q_SLOTS:
         valore("DataMisura=29022024", "DataMisura=29022023", 28);
         valore("InizioMisura=080000", "InizioMisura=080060", 29);
         valore("InizioMisura=080000", "InizioMisura=8.0000", 29);
-        caso("vertetto incoerente", Con("\r\nEsito=R", "\r\nEsito=I"), 26, ErroreFar::Incoerente, u"Esito=I");
+        caso("verdetto incoerente", Con("\r\nEsito=R", "\r\nEsito=I"), 26, ErroreFar::Incoerente, u"Esito=I");
         caso("una riga irregolare", Con("OrizzAbbSx=R", "OrizzAbbSx=I"), 26, ErroreFar::Incoerente,
              u"Esito=R");
     }

@@ -12,6 +12,9 @@ private Q_SLOTS:
     void nessuna();
     void tutte();
     void percorsiInteri();
+    void ponte();
+    void riproduzione();
+    void finestra();
     void errate_data();
     void errate();
     void aiutoDiceOgniOpzione();
@@ -72,6 +75,37 @@ void tst_opzioni::percorsiInteri()
     QCOMPARE(opzioni->stato, QDir::current().absoluteFilePath(QStringLiteral("s.ini")));
 }
 
+void tst_opzioni::ponte()
+{
+    QString errore;
+    const auto opzioni =
+        Leggi(QStringLiteral("--ponte COM3 --registrazione r.txt --collega porte/COM1"), errore);
+    QVERIFY2(opzioni, qUtf8Printable(errore));
+    QCOMPARE(opzioni->ponte, QStringLiteral("COM3"));
+    QCOMPARE(opzioni->registrazione, QDir::current().absoluteFilePath(QStringLiteral("r.txt")));
+    QVERIFY(opzioni->riproduci.isEmpty());
+}
+
+void tst_opzioni::riproduzione()
+{
+    QString errore;
+    const auto opzioni = Leggi(QStringLiteral("--riproduci r.txt --svelto --dispositivo COM3"), errore);
+    QVERIFY2(opzioni, qUtf8Printable(errore));
+    QCOMPARE(opzioni->riproduci, QDir::current().absoluteFilePath(QStringLiteral("r.txt")));
+    QVERIFY(opzioni->svelto);
+    QVERIFY(!Leggi(QStringLiteral("--riproduci r.txt"), errore)->svelto);
+}
+
+void tst_opzioni::finestra()
+{
+    QString errore;
+    const auto opzioni = Leggi(QStringLiteral("--finestra --lingua de --seme 3 scenario.ini"), errore);
+    QVERIFY2(opzioni, qUtf8Printable(errore));
+    QVERIFY(opzioni->finestra);
+    QCOMPARE(opzioni->lingua, QStringLiteral("DE"));
+    QVERIFY(Leggi(QStringLiteral("--finestra"), errore)->lingua.isEmpty());
+}
+
 void tst_opzioni::errate_data()
 {
     QTest::addColumn<QString>("errore");
@@ -82,6 +116,17 @@ void tst_opzioni::errate_data()
     QTest::newRow("--seme dodici") << QStringLiteral("vogliono un numero");
     QTest::newRow("--seme 4294967296") << QStringLiteral("vogliono un numero");
     QTest::newRow("--collega a --dispositivo b") << QStringLiteral("--collega vale per il terminale");
+    QTest::newRow("--ponte a --riproduci b") << QStringLiteral("con --ponte");
+    QTest::newRow("--ponte a --finestra") << QStringLiteral("con --ponte");
+    QTest::newRow("--ponte a --stato b") << QStringLiteral("con --ponte");
+    QTest::newRow("--ponte a --seme 1") << QStringLiteral("con --ponte");
+    QTest::newRow("--ponte a scenario.ini") << QStringLiteral("con --ponte");
+    QTest::newRow("--riproduci a scenario.ini") << QStringLiteral("con --riproduci");
+    QTest::newRow("--riproduci a --finestra") << QStringLiteral("con --riproduci");
+    QTest::newRow("--registrazione a") << QStringLiteral("--registrazione vale con --ponte");
+    QTest::newRow("--svelto") << QStringLiteral("--svelto vale con --riproduci");
+    QTest::newRow("--lingua IT") << QStringLiteral("--lingua vale con --finestra");
+    QTest::newRow("--finestra --lingua PT") << QStringLiteral("--lingua vuole");
     QTest::newRow("--velocita=-9600") << QStringLiteral("vogliono un numero");
 }
 
@@ -96,9 +141,10 @@ void tst_opzioni::errate()
 void tst_opzioni::aiutoDiceOgniOpzione()
 {
     const QString aiuto = Opzioni_Aiuto();
-    for (const char16_t *nome :
-         {u"--collega PERCORSO", u"--dispositivo PERCORSO", u"--velocita BAUD", u"--stato FILE",
-          u"--registro FILE", u"--seme NUMERO", u"--help", u"--version", u"scenario.ini"})
+    for (const char16_t *nome : {u"--collega PERCORSO", u"--dispositivo PERCORSO", u"--velocita BAUD",
+                                 u"--stato FILE", u"--registro FILE", u"--seme NUMERO", u"--finestra",
+                                 u"--lingua SIGLA", u"--ponte PORTA", u"--registrazione FILE",
+                                 u"--riproduci FILE", u"--svelto", u"--help", u"--version", u"scenario.ini"})
         QVERIFY2(aiuto.contains(QString::fromUtf16(nome)), qUtf8Printable(QString::fromUtf16(nome)));
 }
 

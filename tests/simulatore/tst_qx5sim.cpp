@@ -2,6 +2,7 @@
 #include "tests/simulatore/byte_prova.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -23,7 +24,10 @@ constexpr int ATTESA_MS = 10000;
 class Simulatore
 {
 public:
-    explicit Simulatore(const QStringList &argomenti) { m_processo.start(QStringLiteral(QX5SIM), argomenti); }
+    explicit Simulatore(const QStringList &argomenti, const QString &programma = QStringLiteral(QX5SIM))
+    {
+        m_processo.start(programma, argomenti);
+    }
     ~Simulatore() { Termina(); }
 
     /// What stands behind the next "pronto: "; empty when the program ends or tarries.
@@ -52,11 +56,17 @@ public:
         ::kill(static_cast<pid_t>(m_processo.processId()), SIGINT);
         return Finito() && m_processo.exitCode() == 0;
     }
+    void Uccidi()
+    {
+        m_processo.kill();
+        m_processo.waitForFinished(ATTESA_MS);
+    }
     bool Finito()
     {
         return (m_processo.state() == QProcess::NotRunning || m_processo.waitForFinished(ATTESA_MS)) &&
                m_processo.exitStatus() == QProcess::NormalExit;
     }
+    qint64 Numero() const { return m_processo.processId(); }
     int Codice() { return Finito() ? m_processo.exitCode() : -1; }
     QString Uscita() { return QString::fromUtf8(m_processo.readAllStandardOutput()); }
     QString Errori() { return QString::fromUtf8(m_processo.readAllStandardError()); }
@@ -114,6 +124,40 @@ private:
     int m_porta;
 };
 
+/// A line whose far end a program opens by its name: an instrument, or a station, of this test's own.
+struct Cavo
+{
+    Cavo()
+    {
+        const int capo = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+        if (capo < 0 || ::grantpt(capo) != 0 || ::unlockpt(capo) != 0)
+            qFatal("no pseudo terminal");
+        nome = QFile::decodeName(::ptsname(capo));
+        vicino = std::make_unique<Sessione>(capo);
+    }
+    QString nome;
+    std::unique_ptr<Sessione> vicino;
+};
+
+/// A bridge between two lines of this test's own.
+class PonteProva
+{
+public:
+    explicit PonteProva(const QString &registrazione, const QStringList &altri = {})
+        : m_simulatore(QStringList{QStringLiteral("--ponte"), strumento.nome, QStringLiteral("--dispositivo"),
+                                   stazione.nome, QStringLiteral("--registrazione"), registrazione} +
+                       altri)
+    {
+    }
+    Simulatore *operator->() { return &m_simulatore; }
+
+    Cavo strumento;
+    Cavo stazione;
+
+private:
+    Simulatore m_simulatore;
+};
+
 /// Processor time of the programs that have ended, in seconds.
 double Secondi_Dei_Finiti()
 {
@@ -138,6 +182,8 @@ class tst_qx5sim : public QObject
     QString Scenario(const QByteArray &testo) const;
     QString Esempio(const QString &nome) const { return QStringLiteral(QX5SIM_SCENARI) + nome; }
     QByteArray Registro() const;
+    QByteArray Registrazione() const;
+    QString Registra() const { return File(QStringLiteral("r.txt")); }
     qsizetype Registrate(const QByteArray &segno) const { return Registro().count(segno); }
 
     std::unique_ptr<QTemporaryDir> m_cartella;
@@ -164,6 +210,18 @@ private Q_SLOTS:
     void dispositivoVero();
     void dispositivoMancante();
     void dispositivoPerduto();
+    void ponteTrasparente();
+    void ponteSenzaStrumento();
+    void ponteStrumentoPerduto();
+    void ponteStazionePerduta();
+    void ponteSenzaPiuSpazio();
+    void ponteNonCopreUnaRegistrazione();
+    void ponteUccisoLasciaLaRegistrazione();
+    void registrazioneRiprodotta_data();
+    void registrazioneRiprodotta();
+    void riproduzioneDiversa();
+    void riproduzioneErrata();
+    void finestraSenzaIlSuoModulo();
     void registroLeggibile();
     void scenariDiEsempio_data();
     void scenariDiEsempio();
@@ -183,6 +241,12 @@ QString tst_qx5sim::Scenario(const QByteArray &testo) const
 QByteArray tst_qx5sim::Registro() const
 {
     QFile file(File(QStringLiteral("registro.txt")));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray tst_qx5sim::Registrazione() const
+{
+    QFile file(Registra());
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
@@ -416,6 +480,183 @@ void tst_qx5sim::dispositivoPerduto()
     QCOMPARE(simulatore.Errori(), QStringLiteral("qx5sim: ") + perche);
     QVERIFY(QString::fromUtf8(Registro()).endsWith(QStringLiteral("-- ") + perche));
     QVERIFY(Secondi_Dei_Finiti() - prima < 1);
+}
+
+void tst_qx5sim::ponteTrasparente()
+{
+    PonteProva ponte(Registra());
+    QCOMPARE(ponte->Pronto(), ponte.stazione.nome);
+    QByteArray tutti;
+    for (int b = 255; b >= 0; --b)
+        tutti.append(static_cast<char>(b)); // the end byte, where the test stops reading, near the end
+    const QByteArray letti = tutti.first(253);
+    ponte.stazione.vicino->Manda(letti);
+    QCOMPARE(ponte.strumento.vicino->Ricevi(), letti);
+    ponte.strumento.vicino->Manda(letti);
+    QCOMPARE(ponte.stazione.vicino->Ricevi(), letti);
+    ponte.stazione.vicino->Manda(STATO);
+    QCOMPARE(ponte.strumento.vicino->Ricevi(), STATO);
+    QTRY_VERIFY(Registrazione().endsWith(" stazione  02 41 42 43 10 36 03\n"));
+    QVERIFY(ponte->Termina());
+
+    const QList<QByteArray> righe = Registrazione().split('\n');
+    QCOMPARE(righe[0], QByteArray("qx5sim registrazione 1"));
+    QVERIFY(righe[1].contains("strumento " + ponte.strumento.nome.toUtf8() + " a 9600 baud"));
+    QByteArray stazione, strumento;
+    for (const QByteArray &riga : righe) {
+        const QByteArray esa = riga.mid(19);
+        if (riga.mid(9).startsWith("stazione"))
+            stazione += QByteArray::fromHex(esa);
+        else if (riga.mid(9).startsWith("strumento"))
+            strumento += QByteArray::fromHex(esa);
+    }
+    QCOMPARE(stazione, letti + STATO);
+    QCOMPARE(strumento, letti);
+}
+
+void tst_qx5sim::ponteSenzaStrumento()
+{
+    Simulatore ponte({QStringLiteral("--ponte"), File(QStringLiteral("manca")),
+                      QStringLiteral("--registrazione"), Registra()});
+    QCOMPARE(ponte.Codice(), 1);
+    QVERIFY(ponte.Errori().startsWith(QStringLiteral("qx5sim: ") + File(QStringLiteral("manca"))));
+    QVERIFY(!QFileInfo::exists(Registra()));
+}
+
+void tst_qx5sim::ponteStrumentoPerduto()
+{
+    PonteProva ponte(Registra());
+    QVERIFY(!ponte->Pronto().isEmpty());
+    ponte.stazione.vicino->Manda(STATO);
+    QCOMPARE(ponte.strumento.vicino->Ricevi(), STATO);
+    ponte.strumento.vicino.reset();
+    QCOMPARE(ponte->Codice(), 2);
+    const QString perche = ponte.strumento.nome + QStringLiteral(": il dispositivo non c'è più\n");
+    QCOMPARE(ponte->Errori(), QStringLiteral("qx5sim: ") + perche);
+    const QString scritta = QString::fromUtf8(Registrazione());
+    QVERIFY(scritta.contains(QStringLiteral(" stazione  02 41 42 43 10 36 03\n")));
+    QVERIFY2(scritta.endsWith(perche), qUtf8Printable(scritta));
+}
+
+void tst_qx5sim::ponteStazionePerduta()
+{
+    PonteProva ponte(Registra());
+    QVERIFY(!ponte->Pronto().isEmpty());
+    ponte.stazione.vicino.reset();
+    QCOMPARE(ponte->Codice(), 2);
+    const QString perche = ponte.stazione.nome + QStringLiteral(": il dispositivo non c'è più\n");
+    QCOMPARE(ponte->Errori(), QStringLiteral("qx5sim: ") + perche);
+    QVERIFY(QString::fromUtf8(Registrazione()).endsWith(perche));
+}
+
+void tst_qx5sim::ponteSenzaPiuSpazio()
+{
+    // A limit on the size of files stands for the full disk: the record's head fits, the frames do not.
+    const rlimit stretto = {256, 256};
+    rlimit largo = {};
+    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &largo), 0);
+    const auto prima = ::signal(SIGXFSZ, SIG_IGN); // what was not written is told by the call
+    PonteProva ponte(Registra());
+    QVERIFY(!ponte->Pronto().isEmpty());
+    QCOMPARE(::prlimit(static_cast<pid_t>(ponte->Numero()), RLIMIT_FSIZE, &stretto, nullptr), 0);
+    ponte.stazione.vicino->Manda(QByteArray(200, 'x') + '\x03');
+    QCOMPARE(ponte->Codice(), 2);
+    QCOMPARE(ponte->Errori(),
+             QStringLiteral("qx5sim: %1: la registrazione non si scrive più\n").arg(Registra()));
+    QVERIFY(ponte.strumento.vicino->Ricevi().startsWith("xxx")); // passed on all the same
+    ::signal(SIGXFSZ, prima);
+}
+
+void tst_qx5sim::ponteNonCopreUnaRegistrazione()
+{
+    QFile file(Registra());
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("ieri") == 4);
+    file.close();
+    PonteProva ponte(Registra());
+    QCOMPARE(ponte->Codice(), 1);
+    QVERIFY(ponte->Errori().contains(QStringLiteral("esiste già")));
+    QCOMPARE(Registrazione(), QByteArray("ieri"));
+}
+
+void tst_qx5sim::ponteUccisoLasciaLaRegistrazione()
+{
+    PonteProva ponte(Registra());
+    QVERIFY(!ponte->Pronto().isEmpty());
+    ponte.stazione.vicino->Manda(STATO);
+    QCOMPARE(ponte.strumento.vicino->Ricevi(), STATO);
+    QTRY_VERIFY(Registrazione().endsWith(" stazione  02 41 42 43 10 36 03\n"));
+    ponte->Uccidi();
+    QVERIFY(Registrazione().endsWith(" stazione  02 41 42 43 10 36 03\n"));
+}
+
+void tst_qx5sim::registrazioneRiprodotta_data()
+{
+    QTest::addColumn<QStringList>("opzioni");
+    QTest::addColumn<qint64>("almeno"); // ms of the whole
+    QTest::newRow("con i suoi tempi") << QStringList() << qint64{750};
+    QTest::newRow("svelta") << QStringList(QStringLiteral("--svelto")) << qint64{0};
+}
+
+void tst_qx5sim::registrazioneRiprodotta()
+{
+    QFETCH(QStringList, opzioni);
+    QFETCH(qint64, almeno);
+    QByteArrayList risposte;
+    {
+        Simulatore strumento({Scenario("[GENERALE]\nRitardo=200\n[VEICOLO1]\nRiposo=1\nProva=1\n")});
+        Simulatore ponte(
+            {QStringLiteral("--ponte"), strumento.Pronto(), QStringLiteral("--registrazione"), Registra()});
+        const QString porta = ponte.Pronto();
+        for (const QByteArray &comando : {STATO, STATO, STATO, MISURA})
+            risposte.append(Sessione(porta).Chiedi(comando)); // a session each
+        QTRY_VERIFY(Registrazione().contains("la stazione ha chiuso la porta"));
+        QVERIFY(ponte.Termina());
+    }
+    QCOMPARE(risposte.first(), A_RIPOSO);
+
+    Simulatore riproduzione(QStringList{QStringLiteral("--riproduci"), Registra()} + opzioni);
+    const Sessione sessione(riproduzione.Pronto());
+    QElapsedTimer durata;
+    durata.start();
+    for (const QByteArray &comando : {STATO, STATO, STATO, MISURA})
+        QCOMPARE(sessione.Chiedi(comando), risposte.takeFirst());
+    QVERIFY2(durata.elapsed() >= almeno, qUtf8Printable(QString::number(durata.elapsed())));
+    QVERIFY(riproduzione.Termina());
+}
+
+void tst_qx5sim::riproduzioneDiversa()
+{
+    QFile file(Registra());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("qx5sim registrazione 1\n0 stazione 02 41 42 43 10 36 03\n5 strumento 02 41 42 43 31 39 03\n");
+    file.close();
+    Simulatore simulatore({QStringLiteral("--riproduci"), Registra(), QStringLiteral("--registro"),
+                           File(QStringLiteral("registro.txt"))});
+    const Sessione sessione(simulatore.Pronto());
+    sessione.Manda(MISURA);
+    QTRY_COMPARE(Registrate("-- diverso: nella registrazione il comando 1 è 02 41 42 43 10 36 03"), 1);
+    QCOMPARE(sessione.Chiedi(STATO), A_RIPOSO);
+    QVERIFY(!simulatore.Termina());
+    QCOMPARE(simulatore.Codice(), 3);
+    QCOMPARE(simulatore.Errori(),
+             QStringLiteral("qx5sim: la stazione ha fatto diversamente dalla registrazione\n"));
+}
+
+void tst_qx5sim::riproduzioneErrata()
+{
+    Simulatore simulatore({QStringLiteral("--riproduci"), Scenario("[VEICOLO1]\n")});
+    QCOMPARE(simulatore.Codice(), 1);
+    QVERIFY(simulatore.Errori().contains(QStringLiteral("non è una registrazione di qx5sim")));
+}
+
+void tst_qx5sim::finestraSenzaIlSuoModulo()
+{
+    const QString solo = File(QStringLiteral("qx5sim"));
+    QVERIFY(QFile::copy(QStringLiteral(QX5SIM), solo));
+    Simulatore simulatore({QStringLiteral("--finestra")}, solo);
+    QCOMPARE(simulatore.Codice(), 1);
+    QVERIFY2(simulatore.Errori().contains(QStringLiteral("qx5finestra")),
+             qUtf8Printable(simulatore.Errori()));
 }
 
 void tst_qx5sim::registroLeggibile()

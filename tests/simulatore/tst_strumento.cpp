@@ -130,6 +130,16 @@ private Q_SLOTS:
     void veicoliDaCapo();
     void giornataSenzaVeicoli();
 
+    // --- by hand --------------------------------------------------------------------------------------
+    void statoDelVeicolo();
+    void statoMessoAMano_data();
+    void statoMessoAMano();
+    void statoFermo();
+    void statoMessoDopoLaMisura();
+    void recordFissati();
+    void recordFissatiDopoLaMisuraPresa();
+    void guastiMessiAMano();
+
     // --- identity and calibration ---------------------------------------------------------------------
     void datiAlByte();
     void taraturaAlByte();
@@ -686,6 +696,107 @@ void tst_strumento::scenarioErratoLasciaIlPrecedente()
     banco.Scrivi("[VEICOLO1]\nRiposo=1\nProva=0\nAnabSx=12\n");
     QCOMPARE(banco.Misura_Prendi(), QByteArray("0001"));
     QVERIFY(banco.registro.join(u'\n').contains(QStringLiteral("scenario: [VEICOLO1] AnabSx")));
+}
+
+// --- by hand
+// ------------------------------------------------------------------------------------------------
+
+void tst_strumento::statoDelVeicolo()
+{
+    const Banchetto banchetto("[VEICOLO1]\nRiposo=1\nProva=1\n");
+    QCOMPARE((*banchetto).Stato(), StatoStrumento::Riposo);
+    banchetto.Chiedi(STATO);
+    QCOMPARE((*banchetto).Stato(), StatoStrumento::Riposo);
+    banchetto.Chiedi(STATO);
+    QCOMPARE((*banchetto).Stato(), StatoStrumento::Prova);
+    banchetto.Chiedi(STATO);
+    QCOMPARE((*banchetto).Stato(), StatoStrumento::Pronta);
+    banchetto.Chiedi(MISURA);
+    QCOMPARE((*banchetto).Stato(), StatoStrumento::Pronta);
+    banchetto.Chiedi(STATO);
+    QCOMPARE((*banchetto).Stato(), StatoStrumento::Riposo);
+}
+
+void tst_strumento::statoMessoAMano_data()
+{
+    QTest::addColumn<StatoStrumento>("stato");
+    QTest::addColumn<QByteArray>("risposta");
+    QTest::newRow("riposo") << StatoStrumento::Riposo << A_RIPOSO;
+    QTest::newRow("prova") << StatoStrumento::Prova << IN_PROVA;
+    QTest::newRow("pronta") << StatoStrumento::Pronta << PRONTA;
+}
+
+void tst_strumento::statoMessoAMano()
+{
+    QFETCH(StatoStrumento, stato);
+    QFETCH(QByteArray, risposta);
+    // A vehicle without polls in test too.
+    for (const char *scenario : {"[VEICOLO1]\nRiposo=9\nProva=9\n", "[VEICOLO1]\nRiposo=9\nProva=0\n"}) {
+        const Banchetto banchetto(scenario);
+        (*banchetto).Stato_Ferma(true);
+        (*banchetto).Stato_Imposta(stato);
+        QCOMPARE((*banchetto).Stato(), stato);
+        QCOMPARE(banchetto.Chiedi(STATO), risposta);
+    }
+}
+
+void tst_strumento::statoFermo()
+{
+    const Banchetto banchetto("[VEICOLO1]\nRiposo=1\nProva=1\n");
+    (*banchetto).Stato_Ferma(true);
+    for (int n = 0; n < 10; ++n)
+        QCOMPARE(banchetto.Chiedi(STATO), A_RIPOSO);
+    (*banchetto).Stato_Ferma(false);
+    QCOMPARE(banchetto.Chiedi(STATO), A_RIPOSO);
+    QCOMPARE(banchetto.Chiedi(STATO), IN_PROVA);
+}
+
+void tst_strumento::statoMessoDopoLaMisura()
+{
+    const Banchetto banchetto(TRE_VEICOLI);
+    QCOMPARE(banchetto.Misura_Prendi(), QByteArray("0001"));
+    (*banchetto).Stato_Imposta(StatoStrumento::Riposo);
+    QCOMPARE(banchetto.Misura_Prendi(), QByteArray("0002"));
+}
+
+void tst_strumento::recordFissati()
+{
+    const Banchetto banchetto(TRE_VEICOLI);
+    (*banchetto).Record_Fissa(RecordMisura{"0123OA", "0456OO", "0789SO", "9999OO"});
+    QCOMPARE((*banchetto).Record()[0], QByteArray("0123OA"));
+    banchetto.Chiedi(STATO);
+    QCOMPARE(banchetto.Chiedi(STATO), PRONTA);
+    QCOMPARE(banchetto.Chiedi(MISURA).sliced(4).chopped(2), QByteArray("0123OA0456OO0789SO9999OO"));
+    QCOMPARE(banchetto.Misura_Prendi(), QByteArray("0123")); // the next vehicle too
+    (*banchetto).Record_Fissa(std::nullopt);
+    QCOMPARE(banchetto.Misura_Prendi(), QByteArray("0003"));
+}
+
+void tst_strumento::recordFissatiDopoLaMisuraPresa()
+{
+    const Banchetto banchetto(TRE_VEICOLI);
+    QCOMPARE(banchetto.Misura_Prendi(), QByteArray("0001"));
+    (*banchetto).Record_Fissa(RecordMisura{"0123OO", "0456OO", "0789OO", "9999OO"});
+    QCOMPARE(banchetto.Misura_Prendi(), QByteArray("0123"));
+    // A station that leaves the line at rest has the scenario read anew: what was fixed stays.
+    banchetto.Chiedi(STATO);
+    (*banchetto).Linea_Lasciata();
+    QCOMPARE(banchetto.Misura_Prendi(), QByteArray("0123"));
+}
+
+void tst_strumento::guastiMessiAMano()
+{
+    const Banchetto banchetto("[VEICOLO1]\nRiposo=9\nGuasto1=Stato;*;controllo\n");
+    (*banchetto).Guasti_Imposta({Guasto_Continuo(TipoGuasto::Silenzio, CodiceComando::Stato)});
+    QCOMPARE(banchetto.Chiedi(STATO), QByteArray());
+    QCOMPARE(banchetto.Chiedi(STATO), QByteArray());
+    QVERIFY(!banchetto.Chiedi(LEGGI_DATI).isEmpty());
+    (*banchetto).Guasti_Imposta({Guasto_Continuo(TipoGuasto::Ritardo, std::nullopt)});
+    const QList<Invio> tardiva = banchetto.Manda(LEGGI_DATI);
+    QCOMPARE(tardiva.size(), 1);
+    QCOMPARE(tardiva.first().ritardo, 2540);
+    (*banchetto).Guasti_Imposta({});
+    QVERIFY(banchetto.Chiedi(STATO) != A_RIPOSO); // the scenario's own is back
 }
 
 QTEST_GUILESS_MAIN(tst_strumento)

@@ -1,0 +1,38 @@
+// Bytes passed on first and written down after: the line must not wait for the disk. It knows no frame.
+#include "simulatore/ponte.h"
+
+#include "simulatore/trama.h"
+
+Ponte::Ponte(Linea &stazione, Linea &strumento, ScrittoreRegistrazione &registrazione, Registro &registro)
+    : m_stazione(stazione), m_strumento(strumento), m_registrazione(registrazione), m_registro(registro)
+{
+    m_orologio.start();
+    m_stazione.Ricevuti = [this](const QByteArray &byte) { Passa(Voce::Stazione, m_strumento, byte); };
+    m_strumento.Ricevuti = [this](const QByteArray &byte) { Passa(Voce::Strumento, m_stazione, byte); };
+    m_stazione.Lasciata = [this] { Annota(QStringLiteral("la stazione ha chiuso la porta")); };
+}
+
+void Ponte::Annota(const QString &testo)
+{
+    m_registro.Annota(QStringLiteral("-- ") + testo);
+    Esigi(m_registrazione.Annota(m_orologio.elapsed(), testo));
+}
+
+void Ponte::Passa(Voce voce, Linea &verso, const QByteArray &byte)
+{
+    const Brano brano = {m_orologio.elapsed(), voce, byte};
+    // What the other side did not get is no part of what was said: played again it would be heard.
+    if (!verso.Scrivi(byte)) {
+        Annota(QStringLiteral("non passati: ") + Brano_Testo(brano).simplified());
+        return;
+    }
+    m_registro.Annota((voce == Voce::Stazione ? QStringLiteral("<- ") : QStringLiteral("-> ")) +
+                      Trama_Hex(byte));
+    Esigi(m_registrazione.Aggiungi(brano));
+}
+
+void Ponte::Esigi(bool scritto)
+{
+    if (!scritto)
+        Senza_Registrazione();
+}

@@ -1,0 +1,156 @@
+// The lines of a record made and read. It knows no frame.
+#include "simulatore/registrazione.h"
+
+#include "simulatore/trama.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+/// The first line, up to the number of the format.
+constexpr char16_t TESTA[] = u"qx5sim registrazione ";
+constexpr int VERSIONE = 1;
+
+constexpr char16_t PAROLA_FAR[] = u"far ";
+constexpr char16_t COMMENTO = u'#';
+
+/// Columns, so that the times and the voices stand below each other.
+constexpr int LARGHEZZA_MS = 8;
+constexpr int LARGHEZZA_VOCE = 9;
+
+struct DefVoce
+{
+    Voce voce;
+    const char16_t *nome;
+};
+
+// clang-format off
+constexpr DefVoce VOCI[] = {
+    {Voce::Stazione,  u"stazione"},
+    {Voce::Strumento, u"strumento"},
+};
+// clang-format on
+
+QString Voce_Nome(Voce voce)
+{
+    const auto *def =
+        std::find_if(std::begin(VOCI), std::end(VOCI), [voce](const DefVoce &d) { return d.voce == voce; });
+    return QString::fromUtf16(def->nome);
+}
+
+/// What is wrong with the first line; empty when nothing is.
+QString Testa_Difetto(const QString &riga)
+{
+    if (!riga.startsWith(TESTA))
+        return QStringLiteral("non è una registrazione di qx5sim");
+    bool buono = false;
+    const int versione = riga.sliced(QStringView(TESTA).size()).toInt(&buono);
+    if (!buono || versione < 1)
+        return QStringLiteral("non è una registrazione di qx5sim");
+    if (versione > VERSIONE)
+        return QStringLiteral("registrazione di formato %1: questo programma legge fino al %2")
+            .arg(versione)
+            .arg(VERSIONE);
+    return {};
+}
+
+/// @return what is wrong with the line of a piece; empty when nothing is.
+QString Brano_Leggi(const QString &riga, Brano &brano)
+{
+    static const QRegularExpression FORMA(
+        QStringLiteral("^(\\d{1,15})\\s+(\\w+)\\s+([0-9A-Fa-f]{2}(?:\\s+[0-9A-Fa-f]{2})*)$"));
+    const QRegularExpressionMatch forma = FORMA.match(riga);
+    if (!forma.hasMatch())
+        return QStringLiteral("non ha la forma: millesimi, chi parla, byte in esadecimale");
+    const auto *def = std::find_if(std::begin(VOCI), std::end(VOCI), [&forma](const DefVoce &d) {
+        return forma.capturedView(2) == QStringView(d.nome);
+    });
+    if (def == std::end(VOCI))
+        return QStringLiteral("\"%1\" non è né stazione né strumento").arg(forma.captured(2));
+    brano.ms = forma.captured(1).toLongLong();
+    brano.voce = def->voce;
+    brano.byte = QByteArray::fromHex(forma.captured(3).toLatin1());
+    return {};
+}
+
+/// @return what is wrong with a line behind the first; empty when nothing is.
+QString Riga_Leggi(const QString &riga, Registrazione &registrazione)
+{
+    if (riga.isEmpty() || riga.startsWith(COMMENTO))
+        return {};
+    if (riga.startsWith(PAROLA_FAR)) {
+        registrazione.far = riga.sliced(QStringView(PAROLA_FAR).size()).trimmed();
+        return {};
+    }
+    Brano brano;
+    if (QString difetto = Brano_Leggi(riga, brano); !difetto.isEmpty())
+        return difetto;
+    if (!registrazione.brani.isEmpty() && brano.ms < registrazione.brani.last().ms)
+        return QStringLiteral("il tempo torna indietro");
+    registrazione.brani.append(brano);
+    return {};
+}
+
+} // namespace
+
+QString Brano_Testo(const Brano &brano)
+{
+    return QString::number(brano.ms).rightJustified(LARGHEZZA_MS) + u' ' +
+           Voce_Nome(brano.voce).leftJustified(LARGHEZZA_VOCE) + u' ' + Trama_Hex(brano.byte);
+}
+
+QStringList Registrazione_Leggi(const QString &file, Registrazione &registrazione)
+{
+    QFile aperto(file);
+    if (!aperto.open(QIODevice::ReadOnly))
+        return {QStringLiteral("%1: %2").arg(file, aperto.errorString())};
+    const QStringList righe = QString::fromUtf8(aperto.readAll()).split(u'\n');
+    if (const QString difetto = Testa_Difetto(righe.first().trimmed()); !difetto.isEmpty())
+        return {QStringLiteral("%1: %2").arg(file, difetto)};
+
+    Registrazione letta;
+    QStringList errori;
+    for (qsizetype i = 1; i < righe.size(); ++i) {
+        const QString difetto = Riga_Leggi(righe[i].trimmed(), letta);
+        if (!difetto.isEmpty())
+            errori.append(QStringLiteral("%1, riga %2: %3").arg(file).arg(i + 1).arg(difetto));
+    }
+    if (errori.isEmpty())
+        registrazione = letta;
+    return errori;
+}
+
+bool ScrittoreRegistrazione::Apri(const QString &percorso, const QString &nota, QString &errore)
+{
+    m_file.setFileName(percorso);
+    if (m_file.exists()) {
+        errore = QStringLiteral("%1: esiste già").arg(percorso);
+        return false;
+    }
+    const bool scritta = m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly) &&
+                         Scrivi(QString::fromUtf16(TESTA) + QString::number(VERSIONE)) &&
+                         Scrivi(QStringLiteral("# ") + nota) &&
+                         Scrivi(QStringLiteral("# millesimi dall'inizio, chi parla, byte"));
+    if (!scritta)
+        errore = QStringLiteral("%1: %2").arg(percorso, m_file.errorString());
+    return scritta;
+}
+
+bool ScrittoreRegistrazione::Aggiungi(const Brano &brano)
+{
+    return Scrivi(Brano_Testo(brano));
+}
+
+bool ScrittoreRegistrazione::Annota(qint64 ms, const QString &testo)
+{
+    return Scrivi(QStringLiteral("# %1 %2").arg(ms, LARGHEZZA_MS - 2).arg(testo));
+}
+
+bool ScrittoreRegistrazione::Scrivi(const QString &riga)
+{
+    const QByteArray byte = (riga + u'\n').toUtf8();
+    return m_file.write(byte) == byte.size() && m_file.flush();
+}

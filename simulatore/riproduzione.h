@@ -1,0 +1,45 @@
+// The instrument of a record again: it answers what the record holds when the station says what stands there,
+// and tells where the station says something else.
+#pragma once
+
+#include "simulatore/interlocutore.h"
+#include "simulatore/registrazione.h"
+#include "simulatore/trama.h"
+
+#include <functional>
+
+class Riproduzione : public Interlocutore
+{
+public:
+    /// @param svelta replies at once; otherwise each as long after its command as in the record.
+    /// @param annota takes a line of the log.
+    Riproduzione(const Registrazione &registrazione, bool svelta,
+                 std::function<void(const QString &)> annota);
+
+    /// A command that does not stand in the record at this place gets no reply, as from an instrument that
+    /// does not know it, and the place stays: a station that comes back to the record is answered again.
+    QList<Invio> Ricevi(const QByteArray &byte) override;
+    void Linea_Lasciata() override;
+
+    /// The station has said something that does not stand in the record at its place.
+    bool Diversa() const { return m_diversa; }
+    /// All of the record has been played.
+    bool Finita() const { return m_prossimo == m_turni.size(); }
+
+private:
+    /// A command of the station, and what the instrument said up to the next one.
+    struct Turno
+    {
+        QByteArray comando;
+        QList<Invio> risposte;
+    };
+
+    QList<Invio> Comando_Ricevuto(const QByteArray &trama);
+    void Distingui(const QString &testo);
+
+    QList<Turno> m_turni;
+    qsizetype m_prossimo = 0;
+    AssemblatoreComandi m_assemblatore;
+    std::function<void(const QString &)> m_annota;
+    bool m_diversa = false;
+};
