@@ -6,6 +6,7 @@ import subprocess
 
 from installatore import CHIAVE, DISINSTALLAZIONE, ProvaInstallatore
 from macchina import COSTRUZIONE, RADICE
+from manuale_consegnato import difetti
 from operatore import Profilo
 
 
@@ -17,6 +18,10 @@ class Installatore(ProvaInstallatore):
                        platforms/qwindows.dll imageformats/qjpeg.dll""".split():
             self.assertTrue((self.stazione / nome).is_file(), nome)
         self.assertIn("lumira.lnk", self.gruppo())
+        self.assertEqual(difetti(self.stazione), [])
+        self.assertIn("Manuale di lumira.lnk", self.gruppo())
+        collegamento = (self.menu / "Manuale di lumira.lnk").read_bytes()
+        self.assertIn(rb"C:\stazione\manuale.html", collegamento)
 
     def test_senza_una_cartella_scelta_va_dove_si_puo_scrivere(self):
         self.installa()
