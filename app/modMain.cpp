@@ -1,6 +1,7 @@
 // The entry point: start-up in its order, then the form loop until the main window is unloaded.
 #include "app/avvio.h"
 #include "app/frmMain.h"
+#include "app/manuale.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
@@ -8,6 +9,7 @@
 #include "platform/istanza.h"
 #include "platform/percorsi.h"
 #include "platform/profilo_scrivibile.h"
+#include "toolkit/aiuto.h"
 #include "toolkit/applicazione.h"
 #include "toolkit/schermo.h"
 
@@ -67,6 +69,7 @@ bool Avvia()
     if (Istanza_Precedente())
         return false;
     Avvio_Percorsi(Cartella_Programma());
+    Aiuto_Imposta(Manuale_Indirizzo);
     Esige_File(gFileIni);
     // lingueMCTC.ini is not asked for: without it every text of the screen is empty and the program goes on.
     Esige_File(gFileLingue);

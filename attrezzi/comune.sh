@@ -8,6 +8,8 @@ export LC_ALL=C.UTF-8
 REGISTRI=build/registri # one log a step
 
 PACCHETTI_COSTRUZIONE=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libcups2-dev)
+# The manual that is delivered: its page and its print.
+PACCHETTI_MANUALE=(cmark-gfm weasyprint)
 # Type with the measures of Arial and Courier New; python3 lays out the demonstration station.
 PACCHETTI_STAZIONE=(fonts-liberation python3)
 PACCHETTI_SCHERMO_VIRTUALE=(xvfb xdotool imagemagick dbus at-spi2-core python3-gi)

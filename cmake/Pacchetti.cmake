@@ -23,6 +23,9 @@ if(WIN32)
   set(CPACK_NSIS_INSTALLED_ICON_NAME lumira.exe)
   set(CPACK_NSIS_EXECUTABLES_DIRECTORY .)
   set(CPACK_PACKAGE_EXECUTABLES lumira lumira)
+  if(LUMIRA_MANUALE)
+    set(CPACK_NSIS_MENU_LINKS manuale.html "Manuale di lumira")
+  endif()
   set(CPACK_NSIS_MANIFEST_DPI_AWARE ON)
   # Nobody has written a licence that could be shown.
   set(CPACK_NSIS_IGNORE_LICENSE_PAGE ON)
@@ -47,14 +50,15 @@ else()
   set(CPACK_PACKAGING_INSTALL_PREFIX /opt/lumira)
   set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
   set(CPACK_DEBIAN_PACKAGE_SECTION misc)
-  set(CPACK_DEBIAN_PACKAGE_DESCRIPTION 
+  set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "The operator picks a vehicle, the program waits on the instrument over a
 serial line, judges the intensity of the four beams, shows the outcome, prints
 the report and leaves a result file for the network software of the workshop.
 With its command-line tools and a simulated instrument.")
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
   set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-liberation)
-  set(CPACK_DEBIAN_PACKAGE_RECOMMENDS cups)
+  # xdg-utils: the help key and the manual's entry in the menu.
+  set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "cups, xdg-utils")
   set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/postinst
       ${PROJECT_SOURCE_DIR}/packaging/debian/postrm)
   set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)

@@ -15,7 +15,16 @@ if(CPACK_GENERATOR STREQUAL "DEB")
        DESTINATION ${CPACK_TEMPORARY_DIRECTORY}/usr/share/applications)
   file(COPY ${sorgente}/dati/sorgenti/lumira.svg
        DESTINATION ${CPACK_TEMPORARY_DIRECTORY}/usr/share/icons/hicolor/scalable/apps)
-  # The manual's pages, packed as Debian has them, and each program by its name wherever somebody stands.
+  # The manual is the station's, which opens it: where documents are looked for it has its name alone.
+  if(EXISTS ${CPACK_TEMPORARY_DIRECTORY}/opt/lumira/manuale.html)
+    file(COPY ${CMAKE_CURRENT_LIST_DIR}/debian/lumira-manuale.desktop
+         DESTINATION ${CPACK_TEMPORARY_DIRECTORY}/usr/share/applications)
+    file(MAKE_DIRECTORY ${CPACK_TEMPORARY_DIRECTORY}/usr/share/doc/lumira)
+    foreach(nome manuale.html manuale.pdf)
+      file(CREATE_LINK /opt/lumira/${nome} ${CPACK_TEMPORARY_DIRECTORY}/usr/share/doc/lumira/${nome} SYMBOLIC)
+    endforeach()
+  endif()
+  # The man pages, packed as Debian has them, and each program by its name wherever somebody stands.
   file(GLOB pagine ${sorgente}/docs/man/*.1)
   set(man ${CPACK_TEMPORARY_DIRECTORY}/usr/share/man/man1)
   file(MAKE_DIRECTORY ${man} ${CPACK_TEMPORARY_DIRECTORY}/usr/bin)

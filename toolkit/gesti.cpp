@@ -21,11 +21,12 @@ const QWidget *Form_Di(const QWidget *widget)
     return finestra;
 }
 
-/// Enter and Escape press buttons and do nothing else, so that no control misses their repeats. Space does on
-/// a button alone: a text box takes its repeats.
+/// Enter and Escape press buttons and do nothing else, so that no control misses their repeats, and F1 opens
+/// a page at every press. Space presses on a button alone: a text box takes its repeats.
 bool Preme(const QObject *ricevente, int tasto)
 {
     return tasto == Qt::Key_Return || tasto == Qt::Key_Enter || tasto == Qt::Key_Escape ||
+           tasto == Qt::Key_F1 ||
            (tasto == Qt::Key_Space && qobject_cast<const QAbstractButton *>(ricevente) != nullptr);
 }
 

@@ -2,6 +2,7 @@
 #include "toolkit/tastiera_modulo.h"
 
 #include "platform/orologio.h"
+#include "toolkit/aiuto.h"
 #include "toolkit/gestori_modulo.h"
 
 #include <QKeyEvent>
@@ -227,7 +228,10 @@ bool TastieraModulo::Tasto(QWidget *widget, int tasto, const QString &testo)
         return true; // it has been offered, and chose or did not
     const auto vivo = m_modulo.Vivo();
     if (tasto >= Qt::Key_F1 && tasto <= Qt::Key_F12) {
+        const QString modulo = m_modulo.Finestra()->objectName(); // the handler may unload the form
         m_modulo.Esegui([&] { m_modulo.FunctionKey(static_cast<qint16>(tasto - Qt::Key_F1 + 1)); });
+        if (tasto == Qt::Key_F1)
+            Aiuto_Apri(modulo);
         return true;
     }
     if (Inghiottito(widget, testo))

@@ -13,6 +13,7 @@ import xml.etree.ElementTree
 from pathlib import Path
 
 import operatore
+from manuale_consegnato import capitoli_di_f1, difetti
 from prova import ProvaStazione
 
 COSTRUZIONE = Path(os.environ["LUMIRA_COSTRUZIONE"])
@@ -70,8 +71,35 @@ class Pacchetto(ProvaStazione):
             self.assertTrue((self.macchina / voce[chiave].lstrip("/")).exists(), chiave)
         self.assertTrue((self.macchina / f"usr/share/icons/hicolor/scalable/apps/{voce['Icon']}.svg").exists())
 
+    def test_il_manuale_e_intero_e_si_trova(self):
+        self.assertGreater(len(capitoli_di_f1()), 5)
+        self.assertEqual(difetti(self.opt), [])
+        for nome in ("manuale.html", "manuale.pdf"):
+            dove = os.readlink(self.macchina / "usr/share/doc/lumira" / nome)
+            self.assertTrue((self.macchina / dove.lstrip("/")).is_file(), nome)
+        testo = (self.macchina / "usr/share/applications/lumira-manuale.desktop").read_text(encoding="utf-8")
+        voce = dict(riga.split("=", 1) for riga in testo.splitlines() if "=" in riga)
+        programma, pagina = voce["Exec"].split(" ")
+        self.assertEqual((voce["Name"], programma), ("Manuale di lumira", "xdg-open"))
+        self.assertTrue((self.macchina / pagina.lstrip("/")).is_file())
+        self.assertIn(programma.split("-")[0], esegui("dpkg-deb", "--field", self.pacchetto, "Recommends"))
+
+    def test_un_manuale_guasto_si_nota(self):
+        manuale = self.opt / "manuale.html"
+        intero = manuale.read_text(encoding="utf-8")
+        for prima, dopo, difetto in (
+            ("data:image/png;base64,i", "figure/menu.png", "figura assente: figure/menu.png"),
+            ('id="impostazioni"', 'id="altro"', "capitolo assente: impostazioni"),
+            ('href="#la-stampa"', 'href="#la-carta"', "rimando a niente: la-carta"),
+            ('href="#la-stampa"', 'href="simulatore.md"', "fuori: simulatore.md"),
+        ):
+            manuale.write_text(intero.replace(prima, dopo, 1), encoding="utf-8")
+            self.assertIn(difetto, difetti(self.opt))
+        (self.opt / "manuale" / "verifica-periodica.html").unlink()
+        self.assertIn("pagina di F1 assente: verifica-periodica", difetti(self.opt))
+
     def test_ogni_strumento_ha_il_suo_nome_e_la_sua_pagina(self):
-        for nome in ("lumira-acc", "lumira-far", "lumira-password", "qx5sim"):
+        for nome in ("lumira-acc", "lumira-diagnosi", "lumira-far", "lumira-password", "qx5sim"):
             self.assertTrue((self.macchina / os.readlink(self.macchina / "usr/bin" / nome).lstrip("/")).is_file(), nome)
             pagina = gzip.decompress((self.macchina / f"usr/share/man/man1/{nome}.1.gz").read_bytes()).decode()
             self.assertTrue(pagina.startswith(f".TH {nome.upper()} 1"), nome)
@@ -141,6 +169,13 @@ class Pacchetto(ProvaStazione):
                 (pacchetto,) = Path(cartella).glob("*.deb")
                 fatti.append(pacchetto.read_bytes())
         self.assertEqual(*(hashlib.sha256(byte).hexdigest() for byte in fatti))
+
+    def test_la_stazione_installata_e_intera_per_la_diagnosi(self):
+        diagnosi = subprocess.run([self.opt / "strumenti/lumira-diagnosi", "--lingua", "IT", "--json"], text=True,
+                                  capture_output=True)
+        riscontri = [r for r in json.loads(diagnosi.stdout)["riscontri"] if r["materia"] in ("programma", "testi")]
+        self.assertEqual([r for r in riscontri if r["grado"] != "ok"], [])
+        self.assertTrue(riscontri[0]["trovato"].startswith("lumira "), riscontri)
 
     def test_la_configurazione_si_puo_scrivere_dagli_utenti(self):
         for percorso in (self.opt, self.opt / "lumira.ini"):

@@ -1,7 +1,10 @@
 """The program without a mouse, and what a person who does not see the screen is told of it."""
 
+import os
+import shutil
 import tempfile
 import time
+from pathlib import Path
 
 from accessibilita import FOCALIZZATO, VISIBILE
 from operatore import RIPROVA, resta
@@ -55,6 +58,42 @@ class Tastiera(ProvaStazione):
         programma.attendi_pulsante("Prova proiettori")
         self.tab_fino_a(programma, "push button", voce)
         programma.tasto("Return")
+
+    def test_f1_apre_il_manuale_al_capitolo_della_finestra(self):
+        cartella = tempfile.TemporaryDirectory(prefix="pagine-")
+        self.addCleanup(cartella.cleanup)
+        aperte = Path(cartella.name) / "aperte"
+        apre = Path(cartella.name) / "xdg-open"  # what the system opens a page with
+        apre.write_text(f'#!/bin/sh\necho "$@" >>"{aperte}"\n')
+        apre.chmod(0o755)
+
+        def chiede(ancora):
+            programma.tasto("F1")
+            pagina = (self.stazione.cartella / "manuale" / f"{ancora}.html").as_uri()
+            programma.attendi(lambda: aperte.exists() and aperte.read_text().splitlines()[-1:] == [pagina], cosa=pagina)
+
+        self.stazione.accettazione("12345678")
+        self.simula(MUTO)
+        programma = self.avvia_al_menu(PATH=f"{cartella.name}:{os.environ['PATH']}")
+        chiede("che-cosa-dice-il-menu")
+        self.apri(programma, "Impostazioni")
+        programma.attendi_pulsante("Ok")
+        chiede("impostazioni")
+        programma.premi("Ok")
+        self.porta_al_collegamento(programma, "12345678")
+        chiede("i-messaggi-e-che-cosa-fare")
+        programma.premi("Interrompi")
+        programma.attendi_pulsante("Prova proiettori")
+        self.assertEqual(len(aperte.read_text().splitlines()), 3)
+
+    def test_f1_senza_manuale_non_fa_niente(self):
+        shutil.rmtree(self.stazione.cartella / "manuale")
+        (self.stazione.cartella / "manuale.html").unlink()
+        programma = self.avvia_al_menu()
+        titolo = programma.titolo()
+        programma.tasto("F1")
+        resta(lambda: programma.titolo() == titolo, 1, "la finestra di prima")
+        self.esci(programma)
 
     def test_una_prova_intera_stampa_compresa(self):
         cartella = tempfile.TemporaryDirectory(prefix="stampante-")

@@ -276,6 +276,7 @@ void tst_gesti::ripetizioneNonRiconosciuta_data()
     riga("Invio nello stesso momento", Qt::Key_Return, Qt::Key_Return, 0, "cmd_0", true);
     riga("Invio del tastierino", Qt::Key_Enter, Qt::Key_Enter, 0, "txt_0", true);
     riga("Escape", Qt::Key_Escape, Qt::Key_Escape, 0, "txt_0", true);
+    riga("aiuto", Qt::Key_F1, Qt::Key_F1, 0, "txt_0", true);
     riga("Invio premuto di nuovo", Qt::Key_Return, Qt::Key_Return, 1, "cmd_0", false);
     riga("un altro tasto", Qt::Key_A, Qt::Key_Return, 0, "cmd_0", false);
     riga("spazio su un pulsante", Qt::Key_Space, Qt::Key_Space, 0, "cmd_0", true);

@@ -6,6 +6,7 @@ import subprocess
 
 from installatore import CHIAVE, DISINSTALLAZIONE, ProvaInstallatore
 from macchina import COSTRUZIONE, RADICE
+from manuale_consegnato import difetti
 from operatore import Profilo
 
 
@@ -13,10 +14,14 @@ class Installatore(ProvaInstallatore):
     def test_la_stazione_e_completa_e_ha_il_suo_gruppo(self):
         self.installa_in_stazione()
         for nome in """lumira.exe lumira.ini lingue.ini lingueMCTC.ini dati/ModelloAcc.acc dati/faro0.jpg qx5sim.exe
-                       qx5finestra.dll lumira-password.exe lumira-acc.exe lumira-far.exe Qt6Widgets.dll
+                       qx5finestra.dll lumira-password.exe lumira-acc.exe lumira-far.exe lumira-diagnosi.exe Qt6Widgets.dll
                        platforms/qwindows.dll imageformats/qjpeg.dll""".split():
             self.assertTrue((self.stazione / nome).is_file(), nome)
         self.assertIn("lumira.lnk", self.gruppo())
+        self.assertEqual(difetti(self.stazione), [])
+        self.assertIn("Manuale di lumira.lnk", self.gruppo())
+        collegamento = (self.menu / "Manuale di lumira.lnk").read_bytes()
+        self.assertIn(rb"C:\stazione\manuale.html", collegamento)
 
     def test_senza_una_cartella_scelta_va_dove_si_puo_scrivere(self):
         self.installa()
