@@ -43,14 +43,14 @@ constexpr VoceEvento EVENTI[] = {
 };
 // clang-format on
 
+} // namespace
+
 QString Impostazioni_Porta()
 {
     const QStringList pezzi = {QString::number(gPortaBaud), gPortaParity, QString::number(gPortaDataBit),
                                QString::number(gPortaStopBit)};
     return pezzi.join(u',');
 }
-
-} // namespace
 
 void Leggi_Porta(const QString &profilo)
 {

@@ -29,6 +29,9 @@ extern QByteArray gRxDati; ///< those bytes
 /// stay unread and every value not reached keeps what it held.
 void Leggi_Porta(const QString &profilo);
 
+/// The settings text of the port, "speed,parity,data bits,stop bits", of the values read last.
+QString Impostazioni_Porta();
+
 /// Opens the port gPortaNum and sets it up for binary frames. The settings are written after the opening: a
 /// settings text that is none leaves the port open all the same, and deaf; a format that the device does not
 /// have leaves it closed.

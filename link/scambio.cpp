@@ -177,7 +177,7 @@ QString MacchinaScambio::Causa() const
     const QString rimedio = Rimedio_Porta();
     if (!guasto.isEmpty())
         return rimedio.isEmpty() ? guasto : guasto + QStringLiteral(": ") + rimedio;
-    return Stato == StatoChiusura ? m_fallimento : Testo_Mctc(MctcSessioneInterrotta);
+    return m_fallimento.isEmpty() ? Testo_Mctc(MctcSessioneInterrotta) : m_fallimento;
 }
 
 QVariant MacchinaScambio::Imposta_Default()
@@ -226,6 +226,7 @@ void MacchinaScambio::Avanza()
         m_finestra.Mostra_Avanzamento();
         return;
     }
+    m_fallimento.clear();
     m_finestra.Mostra_Lbl(QStringLiteral("Attesa dati..."));
     Componi_Comando(static_cast<quint8>(Sequenza[Passo]), Dati, Comando);
     Invia_Comando();

@@ -145,5 +145,5 @@ private:
     FinestraScambio &m_finestra;
     ControlloSeriale &commApp;
     Temporizzatore tmrComm;
-    QString m_fallimento; // words of the last failure
+    QString m_fallimento; // words of the failure that is on the screen, empty when there is none
 };

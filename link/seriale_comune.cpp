@@ -39,7 +39,8 @@ qint32 Numero_Tra(const QString &testo, qint32 minimo, qint32 massimo)
     return valore;
 }
 
-/// The whole text is read before anything of it is used.
+} // namespace
+
 FormatoLinea Formato_Di(const QString &testo)
 {
     const QStringList pezzi = testo.split(u',');
@@ -52,8 +53,6 @@ FormatoLinea Formato_Di(const QString &testo)
     formato.stop = static_cast<BitStop>(Posto_Di(pezzi[3], TESTI_STOP));
     return formato;
 }
-
-} // namespace
 
 /// The control does the one value that the link uses, and no other.
 void SerialeComune::Pretendi(bool condizione)

@@ -35,6 +35,10 @@ struct FormatoLinea
     BitStop stop = BitStop::Uno;
 };
 
+/// Reads a settings text whole before anything of it is used. @throws ErroreEsecuzione 380 for one that is
+/// none.
+FormatoLinea Formato_Di(const QString &testo);
+
 class SerialeComune : public ControlloSeriale
 {
 public:

@@ -3,8 +3,11 @@
 // file in the old one's place leaves it alone. The folder itself is locked by whoever saves a profile in it.
 #include "platform/istanza.h"
 
+#include "platform/percorsi.h"
+
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <cerrno>
@@ -13,14 +16,27 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 
+namespace {
+
+/// The name that a station of a folder takes, behind its leading NUL; empty when there is no such folder.
+/// However the path is spelled, the folder is the same one.
+QByteArray Nome_Istanza(const QString &cartella)
+{
+    struct stat dati;
+    if (::stat(QFile::encodeName(cartella).constData(), &dati) != 0)
+        return {};
+    return "lumira-" + QByteArray::number(quint64{dati.st_dev}, 16) + '-' +
+           QByteArray::number(quint64{dati.st_ino}, 16);
+}
+
+} // namespace
+
 bool Istanza_Precedente()
 {
-    struct stat cartella;
-    if (::stat(QFile::encodeName(QCoreApplication::applicationDirPath()).constData(), &cartella) != 0)
+    const QByteArray istanza = Nome_Istanza(QCoreApplication::applicationDirPath());
+    if (istanza.isEmpty())
         return false;
-    // A NUL in front: the name stands in no folder. However the path is spelled, the folder is the same one.
-    const QByteArray nome = QByteArray("\0lumira-", 8) + QByteArray::number(quint64{cartella.st_dev}, 16) +
-                            '-' + QByteArray::number(quint64{cartella.st_ino}, 16);
+    const QByteArray nome = '\0' + istanza; // a NUL in front: the name stands in no folder
     sockaddr_un indirizzo{};
     indirizzo.sun_family = AF_UNIX;
     std::copy(nome.cbegin(), nome.cend(), indirizzo.sun_path);
@@ -32,4 +48,12 @@ bool Istanza_Precedente()
     return descrittore >= 0 &&
            ::bind(descrittore, reinterpret_cast<const sockaddr *>(&indirizzo), grandezza) != 0 &&
            errno == EADDRINUSE;
+}
+
+bool Istanza_InCorso(const QString &programma)
+{
+    const QByteArray istanza = Nome_Istanza(QFileInfo(Percorso_Nativo(programma)).path());
+    QFile nomi(QStringLiteral("/proc/net/unix")); // where the system lists the names taken, "@" for the NUL
+    return !istanza.isEmpty() && nomi.open(QIODevice::ReadOnly) &&
+           nomi.readAll().contains(" @" + istanza + '\n');
 }

@@ -173,6 +173,21 @@ QHash<QString, ValoriSezione> Valori_Profilo(QByteArrayView byte)
     return valori;
 }
 
+QList<RigaProfilo> Righe_Profilo(QByteArrayView byte)
+{
+    QList<RigaProfilo> righe;
+    qint32 numero = 0;
+    for (qsizetype inizio = 0; inizio < byte.size();) {
+        const Riga riga = Riga_Da(byte, inizio);
+        ++numero;
+        if (riga.tipo != TipoRiga::Altro)
+            righe.append({numero, riga.tipo == TipoRiga::Testa, riga.nome, riga.uguale,
+                          byte.sliced(inizio, riga.fine - inizio).toByteArray()});
+        inizio = riga.dopo;
+    }
+    return righe;
+}
+
 QByteArray Profilo_Aggiornato(QByteArray byte, const QString &sezione, const QString &chiave,
                               const QString &valore)
 {

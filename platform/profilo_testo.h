@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QList>
 #include <QString>
 
 #include <optional>
@@ -18,6 +19,19 @@ QString Nome_DaConfrontare(const QString &nome);
 
 /// What a profile's bytes give to read: the first section of each name and the first key of each name in it.
 QHash<QString, ValoriSezione> Valori_Profilo(QByteArrayView byte);
+
+/// A head or a key as it stands in the file, also one that another hides.
+struct RigaProfilo
+{
+    qint32 Numero;   ///< of the line, from 1
+    bool Testa;      ///< of a section; otherwise a key
+    QString Nome;    ///< as Nome_DaConfrontare gives it
+    bool Uguale;     ///< of a key: it has its "="
+    QByteArray Byte; ///< the line without its end
+};
+
+/// The heads and keys of a profile, line by line; notes and empty lines are none.
+QList<RigaProfilo> Righe_Profilo(QByteArrayView byte);
 
 /// The bytes of a profile with one value changed: in the line that holds the key, in a new one right after
 /// the last key of its section, or in a new section at the end. Every other byte stays.

@@ -2,6 +2,7 @@
 // exchange with the instrument is the link form's.
 #include "setup/frmSetupO.h"
 
+#include "core/lingue.h"
 #include "core/modCtl.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
@@ -122,20 +123,6 @@ constexpr DatiRiga RIGHE[ULTIMA_RIGA + 1] = {
 /// The folders of RigaRisultati and RigaDati have a key for each work mode: those of the local folders.
 constexpr ChiaveIni CHIAVI_LOCALI[] = {ChiaveLocaleRisultati, ChiaveLocaleDati};
 
-struct Lingua
-{
-    const char16_t *codice;
-    TestoMctc testo;
-};
-
-constexpr Lingua LINGUE[] = {
-    {u"it", MctcItaliano},
-    {u"fr", MctcFrancese},
-    {u"en", MctcInglese },
-    {u"es", MctcSpagnolo},
-    {u"de", MctcTedesco },
-};
-
 /// Flags that a save brings into force, by row.
 struct FlagRiga
 {
@@ -244,7 +231,7 @@ void Liste_Imposta()
 {
     CampoForm &lingua = Campo(RigaLingua);
     lingua.List.clear();
-    for (const Lingua &voce : LINGUE)
+    for (const LinguaStazione &voce : LINGUE)
         lingua.List.append(Testo_Mctc(voce.testo));
     lingua.ListIndexDefault = Lingua_Scelta();
     CampoForm &modalita = Campo(RigaModalita);
@@ -563,7 +550,7 @@ void frmSetupO::cbo_Click(qint16 Index)
 void frmSetupO::Scegli_Lingua(qint16 Index)
 {
     CampoForm &campo = Campo(RigaLingua);
-    for (const Lingua &lingua : LINGUE) {
+    for (const LinguaStazione &lingua : LINGUE) {
         if (cbo[Index].Text() == Testo_Mctc(lingua.testo)) {
             campo.Value = QString::fromUtf16(lingua.codice);
             break;

@@ -11,6 +11,7 @@ constexpr Parole SENZA_VALORE = {u"a un'opzione manca il suo valore (%1 --help)"
                                  u"an option lacks its value (%1 --help)"};
 constexpr Parole SENZA_POSTI = {u"serve almeno un FILE o una CARTELLA (%1 --help)",
                                 u"at least one FILE or FOLDER is needed (%1 --help)"};
+constexpr Parole TROPPI_POSTI = {u"più di una CARTELLA (%1 --help)", u"more than one FOLDER (%1 --help)"};
 constexpr Parole LINGUA_IGNOTA = {u"le lingue sono IT ed EN, non %1", u"the languages are IT and EN, not %1"};
 
 const QString AIUTO = QStringLiteral("help");
@@ -19,8 +20,9 @@ const QString LINGUA = QStringLiteral("lingua");
 
 } // namespace
 
-RigaComando::RigaComando(const QString &nome, const Parole &aiuto, const QList<QCommandLineOption> &opzioni)
-    : m_nome(nome), m_aiuto(aiuto)
+RigaComando::RigaComando(const QString &nome, const Parole &aiuto, const QList<QCommandLineOption> &opzioni,
+                         Luoghi luoghi)
+    : m_nome(nome), m_aiuto(aiuto), m_luoghi(luoghi)
 {
     m_righe.addOption(QCommandLineOption(AIUTO));
     m_righe.addOption(QCommandLineOption(VERSIONE));
@@ -46,8 +48,10 @@ std::optional<FineStrumento> RigaComando::Leggi(const QStringList &argomenti)
         return Rifiuta(In_Parole(SCONOSCIUTA).arg(m_righe.unknownOptionNames().first(), m_nome));
     if (!letti)
         return Rifiuta(In_Parole(SENZA_VALORE).arg(m_nome));
-    if (Posti().isEmpty())
+    if (m_luoghi == Luoghi::UnoOPiu && Posti().isEmpty())
         return Rifiuta(In_Parole(SENZA_POSTI).arg(m_nome));
+    if (m_luoghi == Luoghi::UnoAlPiu && Posti().size() > 1)
+        return Rifiuta(In_Parole(TROPPI_POSTI).arg(m_nome));
     return std::nullopt;
 }
 

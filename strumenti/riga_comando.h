@@ -12,9 +12,17 @@
 class RigaComando
 {
 public:
+    /// What stands on the line beside the options.
+    enum class Luoghi
+    {
+        UnoOPiu,
+        UnoAlPiu, ///< a station's folder
+    };
+
     /// @param nome of the tool. @param aiuto what --help says. @param opzioni its own, beside --help,
     /// --version and --lingua.
-    RigaComando(const QString &nome, const Parole &aiuto, const QList<QCommandLineOption> &opzioni);
+    RigaComando(const QString &nome, const Parole &aiuto, const QList<QCommandLineOption> &opzioni,
+                Luoghi luoghi = Luoghi::UnoOPiu);
 
     /// Takes the arguments, and answers what needs no files.
     /// @return how the run ends, when it ends with this.
@@ -30,5 +38,6 @@ public:
 private:
     const QString m_nome;
     const Parole m_aiuto;
+    const Luoghi m_luoghi;
     QCommandLineParser m_righe;
 };

@@ -22,7 +22,7 @@ CON_FINESTRE = ("forms",)
 WINE = RADICE / "packaging/windows/wine.sh"
 SALTATE = RADICE / "packaging/windows/prove_saltate.txt"
 CARATTERI = RADICE / "build/caratteri"
-TEMPO = 300  # seconds, for one program
+TEMPO = 600  # seconds, for one program
 
 
 def leggi_saltate():

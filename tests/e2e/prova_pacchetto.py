@@ -1,6 +1,7 @@
 """The Debian package: made, installed in a folder that stands for a machine, used, upgraded and removed."""
 
 import gzip
+import json
 import os
 import re
 import shutil
@@ -96,7 +97,7 @@ class Pacchetto(ProvaStazione):
         self.assertIn("pagina di F1 assente: verifica-periodica", difetti(self.opt))
 
     def test_ogni_strumento_ha_il_suo_nome_e_la_sua_pagina(self):
-        for nome in ("lumira-acc", "lumira-far", "lumira-password", "qx5sim"):
+        for nome in ("lumira-acc", "lumira-diagnosi", "lumira-far", "lumira-password", "qx5sim"):
             self.assertTrue((self.macchina / os.readlink(self.macchina / "usr/bin" / nome).lstrip("/")).is_file(), nome)
             pagina = gzip.decompress((self.macchina / f"usr/share/man/man1/{nome}.1.gz").read_bytes()).decode()
             self.assertTrue(pagina.startswith(f".TH {nome.upper()} 1"), nome)
@@ -113,6 +114,13 @@ class Pacchetto(ProvaStazione):
         grafico = self.macchina / "grafico.svg"
         esegui(self.opt / "strumenti/lumira-far", "--grafico", grafico, self.opt / "dati")
         self.assertIn("minimo 4321", grafico.read_text(encoding="utf-8"))
+
+    def test_la_stazione_installata_e_intera_per_la_diagnosi(self):
+        diagnosi = subprocess.run([self.opt / "strumenti/lumira-diagnosi", "--lingua", "IT", "--json"], text=True,
+                                  capture_output=True)
+        riscontri = [r for r in json.loads(diagnosi.stdout)["riscontri"] if r["materia"] in ("programma", "testi")]
+        self.assertEqual([r for r in riscontri if r["grado"] != "ok"], [])
+        self.assertTrue(riscontri[0]["trovato"].startswith("lumira "), riscontri)
 
     def test_la_configurazione_si_puo_scrivere_dagli_utenti(self):
         for percorso in (self.opt, self.opt / "lumira.ini"):

@@ -843,6 +843,13 @@ void tst_scambio::fineAnnotata_data()
     QTest::newRow("interrotta") << Che_Risponde({Risposta_Stato('1')}) << 1000
                                 << QStringLiteral("Collegamento interrotto dall'operatore");
     QTest::newRow("chiusa mentre dice il silenzio") << Che_Risponde({}) << 25000 << QStringLiteral("153");
+    const auto tardiva = [](LineaProva &linea) {
+        linea.Copione({Risposta_Stato('9')});
+        linea.Arriva_Dopo(1000, Risposta_Stato('1'));
+    };
+    QTest::newRow("chiusa prima di vedere la tardiva") << Linea(tardiva) << 1500 << QStringLiteral("154");
+    QTest::newRow("interrotta dopo la tardiva")
+        << Linea(tardiva) << 2300 << QStringLiteral("Collegamento interrotto dall'operatore");
     QTest::newRow("porta senza formato")
         << Linea([](LineaProva &linea) { linea.RifiutaImpostazioni = true; }) << MAI
         << QStringLiteral("COM3: velocità o formato errati in lumira.ini");

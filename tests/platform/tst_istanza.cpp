@@ -2,6 +2,7 @@
 #include "platform/istanza.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -154,6 +155,22 @@ private Q_SLOTS:
         QCOMPARE(seconda.Detto(), "second");
         QVERIFY(prima.Chiudi() && seconda.Chiudi());
         Programma dopo(programma);
+        QCOMPARE(dopo.Detto(), "first");
+        QVERIFY(dopo.Chiudi());
+    }
+
+    /// Who only looks finds it running, and does not keep the next one out.
+    void chiGuardaNonTieneIlPosto()
+    {
+        const QString programma = QCoreApplication::applicationFilePath().replace(u'/', u'\\');
+        QVERIFY(!Istanza_InCorso(programma));
+        Programma prima;
+        QCOMPARE(prima.Detto(), "first");
+        QVERIFY(Istanza_InCorso(programma));
+        QVERIFY(!Istanza_InCorso(QDir::tempPath().replace(u'/', u'\\') + QStringLiteral("\\lumira")));
+        QVERIFY(prima.Chiudi());
+        QTRY_VERIFY(!Istanza_InCorso(programma));
+        Programma dopo;
         QCOMPARE(dopo.Detto(), "first");
         QVERIFY(dopo.Chiudi());
     }

@@ -4,8 +4,10 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
@@ -56,6 +58,35 @@ private Q_SLOTS:
         ::close(maestro);
         QVERIFY(!Porta_Presente(NUMERO));
         QCOMPARE(Porta_Dispositivo(NUMERO), dispositivo);
+    }
+
+    /// Those with a number in its order; a station elsewhere has links of its own.
+    void elenco()
+    {
+        const int maestro = ::posix_openpt(O_RDWR | O_NOCTTY);
+        QVERIFY(maestro >= 0 && ::grantpt(maestro) == 0 && ::unlockpt(maestro) == 0);
+        const QString dispositivo = QFile::decodeName(::ptsname(maestro));
+        QVERIFY(QFile::link(dispositivo, Legame()));
+        const auto trovata = [&dispositivo] {
+            const QList<PortaTrovata> porte = Porte_Elenca();
+            return std::any_of(porte.cbegin(), porte.cend(), [&dispositivo](const PortaTrovata &porta) {
+                return porta.Numero == NUMERO && porta.Dispositivo == dispositivo && porta.Permessa;
+            });
+        };
+        QVERIFY(trovata());
+        const QList<PortaTrovata> porte = Porte_Elenca();
+        QVERIFY(std::is_sorted(porte.cbegin(), porte.cend(),
+                               [](const PortaTrovata &una, const PortaTrovata &altra) {
+                                   return una.Numero != 0 && (altra.Numero == 0 || una.Numero < altra.Numero);
+                               }));
+        const QTemporaryDir altrove;
+        Porte_Stazione(altrove.path().replace(u'/', u'\\'));
+        QVERIFY(!trovata());
+        QVERIFY(!Porta_Presente(NUMERO));
+        Porte_Stazione(QCoreApplication::applicationDirPath().replace(u'/', u'\\'));
+        QVERIFY(trovata());
+        ::close(maestro);
+        QVERIFY(!trovata());
     }
 
     /// A name that the system keeps for a chip that the machine has not got is no port: the driver says which

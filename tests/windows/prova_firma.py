@@ -46,7 +46,7 @@ class Firma(ProvaMacchina):
         self.macchina.esegui(installatore, "/S", r"/D=C:\firmata")
         programmi = {programma.name: programma for programma in (self.macchina.disco / "firmata").glob("*.exe")}
         self.assertEqual(set(programmi), {"lumira.exe", "qx5sim.exe", "lumira-password.exe", "lumira-acc.exe",
-                                           "lumira-far.exe", "Uninstall.exe"})
+                                           "lumira-far.exe", "lumira-diagnosi.exe", "Uninstall.exe"})
         for nome, programma in programmi.items():
             with self.subTest(nome):
                 self.firmato(programma)

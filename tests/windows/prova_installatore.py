@@ -14,7 +14,7 @@ class Installatore(ProvaInstallatore):
     def test_la_stazione_e_completa_e_ha_il_suo_gruppo(self):
         self.installa_in_stazione()
         for nome in """lumira.exe lumira.ini lingue.ini lingueMCTC.ini dati/ModelloAcc.acc dati/faro0.jpg qx5sim.exe
-                       qx5finestra.dll lumira-password.exe lumira-acc.exe lumira-far.exe Qt6Widgets.dll
+                       qx5finestra.dll lumira-password.exe lumira-acc.exe lumira-far.exe lumira-diagnosi.exe Qt6Widgets.dll
                        platforms/qwindows.dll imageformats/qjpeg.dll""".split():
             self.assertTrue((self.stazione / nome).is_file(), nome)
         self.assertIn("lumira.lnk", self.gruppo())

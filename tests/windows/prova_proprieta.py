@@ -14,6 +14,7 @@ DESCRIZIONI = {
     "lumira-password": "Cifratura della password della stazione",
     "lumira-acc": "Controllo dei file di accettazione",
     "lumira-far": "Lettura dei file di risultato",
+    "lumira-diagnosi": "Diagnosi della stazione",
 }
 
 

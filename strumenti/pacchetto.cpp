@@ -1,0 +1,71 @@
+// The entries of the package, and its file.
+#include "strumenti/pacchetto.h"
+
+#include "core/modGeneral.h"
+#include "platform/orologio.h"
+#include "platform/percorsi.h"
+#include "strumenti/archivio_zip.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+namespace {
+
+QByteArray Byte_Di(const QString &percorso)
+{
+    QFile file(Percorso_Nativo(percorso));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray Testo_Di(const Riscontri &riscontri)
+{
+    QString testo;
+    for (const Riscontro &riscontro : riscontri)
+        testo += Riscontro_Testo(riscontro);
+    return testo.toUtf8();
+}
+
+/// In the lines of the usual checking programs.
+QByteArray Somme()
+{
+    QByteArray somme;
+    for (const QString &percorso : {gFileLingue, gFileLingueMctc, gFileModelloAcc}) {
+        const QByteArray byte = Byte_Di(percorso);
+        somme += QCryptographicHash::hash(byte, QCryptographicHash::Sha256).toHex() + "  " +
+                 QFileInfo(Percorso_Nativo(percorso)).fileName().toUtf8() + '\n';
+    }
+    return somme;
+}
+
+} // namespace
+
+QByteArray Senza_Password(const QByteArray &configurazione)
+{
+    // Byte for byte as letters, so that every other one stays. In two bytes a letter nothing would be found.
+    if (configurazione.contains('\0'))
+        return {};
+    static const QRegularExpression PASSWORD(
+        QStringLiteral("(\\b(?:%1|%2)[ \\t\\v]*=)[^\\r\\n]*").arg(ChiavePassword.Nome, ChiavePassword2.Nome),
+        QRegularExpression::CaseInsensitiveOption);
+    return QString::fromLatin1(configurazione).replace(PASSWORD, QStringLiteral("\\1********")).toLatin1();
+}
+
+bool Pacchetto_Scrivi(const QString &file, const Riscontri &riscontri, const QString &stazione)
+{
+    const QList<VoceZip> voci = {
+        {"diagnosi.txt",  Testo_Di(riscontri)     },
+        {"diagnosi.json", Riscontri_Json(riscontri, stazione)},
+        {"lumira.ini",               Senza_Password(Byte_Di(gFileIni))                           },
+        {"somme.sha256",               Somme()},
+    };
+    const QByteArray zip = Zip_Componi(voci, Orologio_Corrente().Adesso());
+    QFile pacchetto(file);
+    if (!pacchetto.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        return false;
+    if (pacchetto.write(zip) == zip.size() && pacchetto.flush())
+        return true;
+    pacchetto.remove();
+    return false;
+}

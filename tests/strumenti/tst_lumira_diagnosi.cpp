@@ -1,0 +1,395 @@
+// lumira-diagnosi as a process, on stations of which each has one thing wrong: it has to name it.
+#include "mctc/campi_acc.h"
+#include "strumenti/archivio_zip.h"
+#include "strumenti/diagnosi.h"
+#include "strumenti/pacchetto.h"
+#include "strumenti/riscontro.h"
+#include "tests/strumenti/diagnosi_prova.h"
+
+#include <QDate>
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+const QString INI = QStringLiteral("lumira.ini");
+const QString TESTI = QStringLiteral("lingueMCTC.ini");
+const QString JSON = QStringLiteral("--json");
+
+/// What does not hang on the machine that the test runs on.
+const QStringList DELLA_STAZIONE = {QStringLiteral("programma"), QStringLiteral("configurazione"),
+                                    QStringLiteral("testi"), QStringLiteral("cartelle"),
+                                    QStringLiteral("orologio")};
+
+using Rottura = void (*)(const StazioneSana &stazione);
+
+/// One thing wrong, and the finding that names it; what follows from it may be found too.
+struct StazioneRotta
+{
+    const char *Nome;
+    Rottura Rompi;
+    const char16_t *Trovato;
+};
+
+QByteArray Fra_Giorni(int giorni)
+{
+    return QDate::currentDate().addDays(giorni).toString(QStringLiteral("dd/MM/yyyy")).toLatin1();
+}
+
+// clang-format off
+const StazioneRotta ROTTE[] = {
+    {"file mancante", [](const StazioneSana &s) { QFile::remove(s.Nativo(QStringLiteral("lingue.ini"))); },
+     u"guasto programma: manca lingue.ini"},
+    {"programma mancante", [](const StazioneSana &s) { QFile::remove(s.Nativo(s.Programma())); },
+     u"guasto programma: manca %PROGRAMMA%"},
+    {"programma di un'altra versione", [](const StazioneSana &s) { s.Scrivi(s.Programma(), "lumira"); },
+     u"avviso programma: %PROGRAMMA% non è della versione %VERSIONE%, quella di questo strumento"},
+    {"file vuoto", [](const StazioneSana &s) { s.Scrivi(QStringLiteral("dati\\ModelloAcc.acc"), {}); },
+     u"guasto programma: dati\\ModelloAcc.acc è vuoto"},
+    {"immagine mancante", [](const StazioneSana &s) { QFile::remove(s.Nativo(QStringLiteral("dati\\faro0.jpg"))); },
+     u"avviso programma: manca dati\\faro0.jpg"},
+    {"configurazione vuota", [](const StazioneSana &s) { s.Scrivi(INI, {}); },
+     u"guasto programma: lumira.ini è vuoto"},
+
+    {"seconda sezione", [](const StazioneSana &s) { s.Scrivi(INI, "[Comm]\r\nNum=1\r\nBaud=9600\r\nParity=N\r\nDataBit=8\r\nStopBit=1\r\n" + s.Leggi(INI)); },
+     u"guasto configurazione: riga %RIGA:[COMM]%: seconda sezione [COMM], nessuno la legge"},
+    {"chiave doppia", [](const StazioneSana &s) { s.Cambia_Ini("Baud=9600\r\n", "Baud=9600\r\nbaud=4800\r\n"); },
+     u"avviso configurazione: riga %RIGA:baud=4800%: [COMM] BAUD c'è già, questa nessuno la legge"},
+    {"senza uguale", [](const StazioneSana &s) { s.Cambia_Ini("Debug=0", "Debug"); },
+     u"avviso configurazione: riga %RIGA:Debug%: [GENERAL] DEBUG non ha il segno ="},
+    {"UTF-8 in un valore", [](const StazioneSana &s) { s.Cambia_Ini("Denominazione=Officina di prova", "Denominazione=Officina Nicol\xC3\xB2"); },
+     u"avviso configurazione: riga %RIGA:Denominazione=Officina Nicol\u00C3\u00B2%, [OFFICINA] DENOMINAZIONE: lettere accentate in UTF-8, si leggeranno male"},
+    {"segno di UTF-8", [](const StazioneSana &s) { s.Scrivi(INI, "\xEF\xBB\xBF" + s.Leggi(INI)); },
+     u"guasto configurazione: lumira.ini comincia con il segno di UTF-8: la prima sezione non si trova"},
+    {"UTF-16", [](const StazioneSana &s) { const QString testo = QString::fromLatin1(s.Leggi(INI)); s.Scrivi(INI, QByteArray(reinterpret_cast<const char *>(testo.utf16()), testo.size() * qsizetype{2})); },
+     u"guasto configurazione: lumira.ini è in UTF-16: la stazione non vi trova niente"},
+    {"sezione mancante", [](const StazioneSana &s) { s.Cambia_Ini("[PARAMETRI]", "[PARAMETRI2]"); },
+     u"guasto configurazione: manca la sezione [PARAMETRI]"},
+    {"chiave mancante", [](const StazioneSana &s) { s.Cambia_Ini("LuxMinAbb=20000\r\n", ""); },
+     u"avviso configurazione: manca [PARAMETRI] LuxMinAbb: vale \"20000\""},
+    {"chiave necessaria mancante", [](const StazioneSana &s) { s.Cambia_Ini("Baud=9600\r\n", ""); },
+     u"guasto configurazione: manca [COMM] Baud, che la stazione deve trovare"},
+    {"limiti rovesciati", [](const StazioneSana &s) { s.Cambia_Ini("LuxMinAnab=3750", "LuxMinAnab=95000"); },
+     u"guasto configurazione: LuxMinAnab (95000) non è sotto LuxMaxAnab (90000): nessun faro può essere regolare"},
+    {"limite con il punto", [](const StazioneSana &s) { s.Cambia_Ini("LuxMaxAbb=150000", "LuxMaxAbb=150.000"); },
+     u"guasto configurazione: [PARAMETRI] LuxMaxAbb=150.000 non va bene"},
+    {"deviazione senza numero", [](const StazioneSana &s) { s.Cambia_Ini("DevVertAbb=1.5", "DevVertAbb=uno"); },
+     u"avviso configurazione: [PARAMETRI] DevVertAbb=uno non va bene"},
+    {"flag con un'altra cifra", [](const StazioneSana &s) { s.Cambia_Ini("IniFile=1", "IniFile=si"); },
+     u"avviso configurazione: [MCTC] IniFile=si non va bene"},
+    {"telecamera", [](const StazioneSana &s) { s.Cambia_Ini("CamReset=N", "CamReset=X"); },
+     u"avviso configurazione: [IMPOSTAZIONI] CamReset=X non va bene"},
+    {"lingua sconosciuta", [](const StazioneSana &s) { s.Cambia_Ini("Lingua=IT", "Lingua=PT"); },
+     u"guasto configurazione: [IMPOSTAZIONI] Lingua=PT non va bene"},
+    {"senza lingua", [](const StazioneSana &s) { s.Cambia_Ini("Lingua=IT", "Lingua="); },
+     u"guasto configurazione: [IMPOSTAZIONI] Lingua= non va bene"},
+    {"cartella senza barra", [](const StazioneSana &s) { s.Imposta(QStringLiteral("MCTC"), QStringLiteral("ReteDati"), QStringLiteral("C:\\MCTC\\RETE")); },
+     u"guasto configurazione: [MCTC] ReteDati=C:\\MCTC\\RETE non va bene"},
+    {"password non cifrata", [](const StazioneSana &s) { s.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Pwd2"), QString(40, u'a')); },
+     u"guasto configurazione: [IMPOSTAZIONI] Pwd2=(non mostrato) non va bene"},
+    {"porta senza numero", [](const StazioneSana &s) { s.Cambia_Ini("\nNum=77", "\nNum=0"); },
+     u"guasto configurazione: [COMM] Num=0: non è il numero di una porta"},
+    {"porta che non si legge", [](const StazioneSana &s) { s.Cambia_Ini("\nNum=77", "\nNum=COM1"); },
+     u"guasto configurazione: [COMM]: porta, velocità e formato non si possono leggere (Type mismatch)"},
+    {"formato sconosciuto", [](const StazioneSana &s) { s.Cambia_Ini("Parity=N", "Parity=X"); },
+     u"guasto configurazione: [COMM]: 9600,X,8,1 non è una velocità con il suo formato, la porta resterà sorda"},
+    {"verifica scaduta", [](const StazioneSana &s) { s.Cambia_Ini("=31/12/2027", '=' + Fra_Giorni(-1)); },
+     u"guasto configurazione: la verifica periodica è scaduta il %IERI%"},
+    {"verifica in scadenza", [](const StazioneSana &s) { s.Cambia_Ini("=31/12/2027", '=' + Fra_Giorni(7)); },
+     u"avviso configurazione: la verifica periodica scade il %FRA7%"},
+    {"verifica che non è una data", [](const StazioneSana &s) { s.Cambia_Ini("=31/12/2027", "=fine 2027"); },
+     u"guasto configurazione: la scadenza della verifica periodica, \"fine 2027\", non è una data gg/mm/aaaa"},
+    {"verifica senza data", [](const StazioneSana &s) { s.Cambia_Ini("=31/12/2027", "="); },
+     u"avviso configurazione: la verifica periodica non ha una scadenza"},
+
+    {"testo mancante", [](const StazioneSana &s) { const QByteArray byte = s.Leggi(TESTI); const qsizetype riga = byte.indexOf("\n007=", byte.indexOf("[FR]")); s.Scrivi(TESTI, QByteArray(byte).replace(riga, 5, "\nX07=")); },
+     u"avviso testi: lingueMCTC.ini, [FR]: mancano 1 testi su %TESTI% (007)"},
+    {"tutti i testi della sua lingua", [](const StazioneSana &s) { s.Cambia(TESTI, "[IT]", "[ITA]"); },
+     u"guasto testi: lingueMCTC.ini, [IT]: mancano %TESTI% testi su %TESTI% (000, 001, 002, 003, 004, 005, 006, 007, 008, 009, ...)"},
+
+    {"cartella mancante", [](const StazioneSana &s) { QDir(s.Nativo(QStringLiteral("DIR_FAR"))).removeRecursively(); },
+     u"guasto cartelle: %DIR_FAR% non c'è"},
+    {"cartella mancante, senza lista", [](const StazioneSana &s) { s.Cambia_Ini("IniFile=1", "IniFile=0"); QDir(s.Nativo(QStringLiteral("DIR_FAR"))).removeRecursively(); },
+     u"avviso cartelle: %DIR_FAR% non c'è"},
+    {"accettazione anomala", [](const StazioneSana &s) { s.Scrivi(QStringLiteral("DIR_FAR\\10000001.acc"), "[Dati]\r\n"); },
+     u"avviso cartelle: 1 file .acc su 1 con anomalie: 10000001.acc"},
+    {"risultato difettoso", [](const StazioneSana &s) { s.Scrivi(QStringLiteral("DIR_FAR\\10000001.far"), "[Dati]\r\n"); },
+     u"avviso cartelle: 1 file .far su 1 con difetti: 10000001.far"},
+
+    {"orologio indietro", [](const StazioneSana &s) { QFile file(s.Nativo(INI)); QVERIFY(file.open(QIODevice::ReadWrite) && file.setFileTime(QDateTime(QDate(2090, 5, 4), QTime(3, 2)), QFile::FileModificationTime)); },
+     u"avviso orologio: lumira.ini è stato scritto il 04/05/2090 03:02, dopo l'ora del computer"},
+};
+// clang-format on
+
+/// Line of a text in lumira.ini, from 1; the last one of it.
+int Riga_Di(const StazioneSana &stazione, const QString &testo)
+{
+    const QByteArray prima = stazione.Leggi(INI);
+    return static_cast<int>(
+        prima.first(qMax(qsizetype{0}, prima.lastIndexOf('\n' + testo.toLatin1()) + 1)).count('\n') + 1);
+}
+
+QString Atteso(const StazioneSana &stazione, QString testo)
+{
+#define CONTA(nome, numero) +1
+    constexpr int TUTTI = 0 TESTI_MCTC(CONTA);
+#undef CONTA
+    testo.replace(QStringLiteral("%PROGRAMMA%"), StazioneSana::Programma());
+    testo.replace(QStringLiteral("%VERSIONE%"), Versione_Programma());
+    testo.replace(QStringLiteral("%TESTI%"), QString::number(TUTTI));
+    testo.replace(QStringLiteral("%IERI%"), QString::fromLatin1(Fra_Giorni(-1)));
+    testo.replace(QStringLiteral("%FRA7%"), QString::fromLatin1(Fra_Giorni(7)));
+    testo.replace(QStringLiteral("%DIR_FAR%"),
+                  QDir::toNativeSeparators(stazione.Nativo(QStringLiteral("DIR_FAR"))));
+    const qsizetype da = testo.indexOf(QStringLiteral("%RIGA:"));
+    if (da >= 0) {
+        const qsizetype fine = testo.indexOf(u'%', da + 1);
+        const QString riga = testo.sliced(da + 6, fine - da - 6);
+        testo.replace(da, fine + 1 - da, QString::number(Riga_Di(stazione, riga)));
+    }
+    return testo;
+}
+
+} // namespace
+
+class tst_lumira_diagnosi : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void stazioneSana()
+    {
+        const StazioneSana stazione;
+        const Esecuzione e = Diagnosi(stazione, {JSON});
+        const QStringList trovati = Solo(Trovati(e), DELLA_STAZIONE);
+        QCOMPARE(Cattivi(trovati), QStringList());
+        QVERIFY2(trovati.size() >= 7, qPrintable(trovati.join(u'\n')));
+        QVERIFY2(e.errori.isEmpty(), qPrintable(e.errori));
+    }
+
+    void stazioneRotta_data()
+    {
+        QTest::addColumn<int>("quale");
+        for (int i = 0; i < static_cast<int>(std::size(ROTTE)); ++i)
+            QTest::newRow(ROTTE[i].Nome) << i;
+    }
+    void stazioneRotta()
+    {
+        QFETCH(int, quale);
+        const StazioneSana stazione;
+        ROTTE[quale].Rompi(stazione);
+        const QString atteso = Atteso(stazione, QString::fromUtf16(ROTTE[quale].Trovato));
+        const Esecuzione e = Diagnosi(stazione, {JSON});
+        QCOMPARE(e.stato, 1);
+        const QStringList trovati = Trovati(e);
+        const bool detto = std::any_of(trovati.cbegin(), trovati.cend(), [&atteso](const QString &trovato) {
+            return trovato == atteso || trovato.startsWith(atteso + QStringLiteral(" ("));
+        });
+        QVERIFY2(detto, qPrintable(atteso + QStringLiteral("\nnot in\n") + trovati.join(u'\n')));
+    }
+
+    /// Whatever is not good says what to do about it.
+    void ogniGuastoHaIlSuoRimedio()
+    {
+        const StazioneSana stazione;
+        QVERIFY(QFile::remove(stazione.Nativo(QStringLiteral("lingue.ini"))));
+        stazione.Cambia_Ini("Parity=N", "Parity=X");
+        const Esecuzione e = Diagnosi(stazione, {JSON});
+        const QJsonArray lista =
+            QJsonDocument::fromJson(e.byte).object()[QStringLiteral("riscontri")].toArray();
+        QVERIFY(lista.size() > 5);
+        for (const QJsonValue &voce : lista) {
+            const bool buono = voce[QStringLiteral("grado")].toString() == u"ok";
+            QCOMPARE(voce[QStringLiteral("rimedio")].toString().isEmpty(), buono);
+        }
+    }
+
+    void unaRigaPerRiscontro()
+    {
+        const StazioneSana stazione;
+        stazione.Cambia_Ini("Lingua=IT", "Lingua=PT");
+        const QString italiano = Diagnosi(stazione).uscita;
+        QVERIFY2(
+            italiano.contains(QStringLiteral("ok      programma: lumira %1.\n").arg(Versione_Programma())),
+            qPrintable(italiano));
+        QVERIFY2(
+            italiano.contains(QStringLiteral("guasto  configurazione: [IMPOSTAZIONI] Lingua=PT non va bene. "
+                                             "Da fare: mettere una di IT, FR, EN, ES, DE")),
+            qPrintable(italiano));
+        const QString inglese = Diagnosi(stazione, {QStringLiteral("--lingua"), QStringLiteral("en")}).uscita;
+        QVERIFY2(
+            inglese.contains(QStringLiteral("fault   configuration: [IMPOSTAZIONI] Lingua=PT is not good. "
+                                            "To do: put one of")),
+            qPrintable(inglese));
+    }
+
+    void nullaCambia()
+    {
+        const StazioneSana stazione;
+        stazione.Accettazione(QStringLiteral("10000001.acc"));
+        const auto foto = [&stazione] {
+            QStringList righe;
+            for (const QString &cartella : {QString(), QStringLiteral("DIR_FAR"), QStringLiteral("dati")}) {
+                const QFileInfoList file =
+                    QDir(stazione.Nativo(cartella)).entryInfoList(QDir::Files, QDir::Name);
+                for (const QFileInfo &uno : file)
+                    righe.append(uno.fileName() + u' ' + QString::number(uno.size()) + u' ' +
+                                 uno.lastModified().toString(Qt::ISODateWithMs));
+            }
+            return righe;
+        };
+        const QStringList prima = foto();
+        Diagnosi(stazione);
+        QCOMPARE(foto(), prima);
+        const Esecuzione e = Diagnosi(stazione, {QStringLiteral("--scrivi"), JSON});
+        QCOMPARE(foto(), prima);
+        QVERIFY(Trovati(e).contains(
+            QStringLiteral("ok cartelle: in %1 si può scrivere (provato)")
+                .arg(QDir::toNativeSeparators(stazione.Nativo(QStringLiteral("DIR_FAR"))))));
+    }
+
+    void spazioSulDisco()
+    {
+        constexpr qint64 MEGA = 1024 * 1024;
+        QCOMPARE(Spazio_Grado(0), Grado::Guasto);
+        QCOMPARE(Spazio_Grado(100 * MEGA - 1), Grado::Guasto);
+        QCOMPARE(Spazio_Grado(100 * MEGA), Grado::Avviso);
+        QCOMPARE(Spazio_Grado(1024 * MEGA - 1), Grado::Avviso);
+        QCOMPARE(Spazio_Grado(1024 * MEGA), Grado::Buono);
+    }
+
+    void statiDellaFine()
+    {
+        Riscontri riscontri;
+        Trovato_Buono(riscontri, Materia::Disco, QStringLiteral("a"));
+        QCOMPARE(Riscontri_Fine(riscontri), FineStrumento::Buono);
+        Trovato_Avviso(riscontri, Materia::Disco, QStringLiteral("b"), QStringLiteral("c"));
+        QCOMPARE(Riscontri_Fine(riscontri), FineStrumento::Anomalie);
+    }
+
+    void nonSiPuoGuardare_data()
+    {
+        QTest::addColumn<QStringList>("argomenti");
+        QTest::addColumn<QString>("errore");
+        QTest::newRow("nessuna stazione")
+            << QStringList{QDir::tempPath()} << QStringLiteral("non è la cartella di una stazione");
+        QTest::newRow("due cartelle")
+            << QStringList{QStringLiteral("a"), QStringLiteral("b")} << QStringLiteral("più di una CARTELLA");
+        QTest::newRow("opzione sconosciuta")
+            << QStringList{QStringLiteral("--ripara")} << QStringLiteral("opzione sconosciuta: ripara");
+        QTest::newRow("schermo con altro")
+            << QStringList{QStringLiteral("--schermo")} << QStringLiteral("--schermo sta da solo");
+    }
+    void nonSiPuoGuardare()
+    {
+        QFETCH(QStringList, argomenti);
+        QFETCH(QString, errore);
+        const Esecuzione e =
+            Processo_Esegui(QStringLiteral(LUMIRA_DIAGNOSI),
+                            QStringList{QStringLiteral("--lingua"), QStringLiteral("IT")} + argomenti);
+        QCOMPARE(e.stato, 2);
+        QVERIFY2(e.errori.contains(errore), qPrintable(e.errori));
+        QVERIFY2(e.uscita.isEmpty(), qPrintable(e.uscita));
+    }
+
+    void aiutoEVersione()
+    {
+        const Esecuzione aiuto =
+            Processo_Esegui(QStringLiteral(LUMIRA_DIAGNOSI),
+                            {QStringLiteral("--lingua"), QStringLiteral("IT"), QStringLiteral("--help")});
+        QCOMPARE(aiuto.stato, 0);
+        QVERIFY(aiuto.uscita.startsWith(QStringLiteral("Uso: lumira-diagnosi [opzioni] [CARTELLA]\n")));
+        const Esecuzione versione =
+            Processo_Esegui(QStringLiteral(LUMIRA_DIAGNOSI), {QStringLiteral("--version")});
+        QCOMPARE(versione.uscita.trimmed(), QStringLiteral("lumira-diagnosi " LUMIRA_VERSIONE));
+    }
+
+    // --- the package ---------------------------------------------------------------------------------------
+
+    void pacchetto()
+    {
+        const StazioneSana stazione;
+        stazione.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Pwd"),
+                         QStringLiteral("segretissima"));
+        stazione.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Pwd2"),
+                         QStringLiteral("segretissima"));
+        const QTemporaryDir altrove;
+        const QString file = altrove.filePath(QStringLiteral("p.zip"));
+        Diagnosi(stazione, {QStringLiteral("--pacchetto"), file});
+        QFile zip(file);
+        QVERIFY(zip.open(QIODevice::ReadOnly));
+        const QByteArray byte = zip.readAll();
+        for (const char *dentro :
+             {"diagnosi.txt", "diagnosi.json", "lumira.ini", "somme.sha256", "Pwd=********\r\n",
+              "Pwd2=********\r\n", "Operatore=Rossi Mario", "  lingueMCTC.ini\n"})
+            QVERIFY2(byte.contains(dentro), dentro);
+        QVERIFY(!byte.contains("segretissima"));
+        // What is there already is somebody's.
+        const Esecuzione e = Diagnosi(stazione, {QStringLiteral("--pacchetto"), file});
+        QCOMPARE(e.stato, 2);
+        QVERIFY2(e.errori.contains(QStringLiteral("o c'è già")), qPrintable(e.errori));
+        QVERIFY(zip.seek(0));
+        QCOMPARE(zip.readAll(), byte);
+    }
+
+    void senzaPassword_data()
+    {
+        QTest::addColumn<QByteArray>("prima");
+        QTest::addColumn<QByteArray>("dopo");
+        QTest::newRow("le due") << QByteArray("[I]\r\nPwd=a=b\r\nPwd2=c d\r\nX=1")
+                                << QByteArray("[I]\r\nPwd=********\r\nPwd2=********\r\nX=1");
+        QTest::newRow("altra grafia, senza fine")
+            << QByteArray("pWD \t= ab") << QByteArray("pWD \t=********");
+        QTest::newRow("vecchia, in una nota")
+            << QByteArray(";Pwd=ab\rX=\xE8") << QByteArray(";Pwd=********\rX=\xE8");
+        QTest::newRow("altra chiave") << QByteArray("SenzaPwd=ab") << QByteArray("SenzaPwd=ab");
+        QTest::newRow("due byte a lettera") << QByteArray("P\0w\0d\0=\0a\0", 10) << QByteArray();
+    }
+    void senzaPassword()
+    {
+        QFETCH(QByteArray, prima);
+        QFETCH(QByteArray, dopo);
+        QCOMPARE(Senza_Password(prima), dopo);
+    }
+
+    /// Byte for byte as the usual programs write it.
+    void zip()
+    {
+        const QByteArray byte = Zip_Componi(
+            {
+                {"a.txt", "123456789"}
+        },
+            QDateTime(QDate(2026, 11, 22), QTime(12, 30, 10)));
+        QCOMPARE(byte.toHex(), QByteArray("504b03040a00000000"
+                                          "00"
+                                          "c563765d"
+                                          "2639f4cb"
+                                          "0900000009000000"
+                                          "0500"
+                                          "0000"
+                                          "612e747874"
+                                          "313233343536373839"
+                                          "504b01020a000a0000000000"
+                                          "c563765d"
+                                          "2639f4cb"
+                                          "0900000009000000"
+                                          "0500"
+                                          "0000"
+                                          "0000"
+                                          "0000"
+                                          "0000"
+                                          "00000000"
+                                          "00000000"
+                                          "612e747874"
+                                          "504b050600000000"
+                                          "0100"
+                                          "0100"
+                                          "33000000"
+                                          "2c000000"
+                                          "0000"));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_lumira_diagnosi)
+#include "tst_lumira_diagnosi.moc"
