@@ -1,9 +1,9 @@
 // What was found, judged and put into words. It opens nothing and asks no clock.
 #include "app/stato_stazione.h"
 
-#include "app/versione.h"
 #include "core/modGeneral.h"
 #include "core/testo_riempito.h"
+#include "core/versione.h"
 
 namespace {
 

@@ -33,13 +33,15 @@ if(WIN32)
   set(CPACK_NSIS_DEFINES "Target amd64-unicode
   !include /CHARSET=UTF8 \"${PROJECT_SOURCE_DIR}/packaging/windows/stazione.nsh\"")
   set(CPACK_NSIS_EXTRA_PREINSTALL_COMMANDS "Call Annuncia_Diritti
-  Call Esigi_StazioneChiusa")
+  Call Esigi_StazioneChiusa
+  Call Copia_Configurazione")
   # The uninstaller takes away what the installer brought: the configuration, made here, stays.
   set(CPACK_NSIS_EXTRA_INSTALL_COMMANDS [[
     IfFileExists "$INSTDIR\lumira.ini" +2
       CopyFiles /SILENT "$INSTDIR\impianto\lumira.ini" "$INSTDIR\lumira.ini"
     Call Concedi_Diritti]])
-  set(CPACK_NSIS_EXTRA_UNINSTALL_COMMANDS "Call un.Esigi_StazioneChiusa")
+  set(CPACK_NSIS_EXTRA_UNINSTALL_COMMANDS "Call un.Annuncia_CosaResta
+  Call un.Esigi_StazioneChiusa")
   # The installer is signed when it is made, the uninstaller before it goes into it.
   set(firma "'\"${PROJECT_SOURCE_DIR}/packaging/windows/firma.sh\" \"%1\"' = 0")
   string(APPEND CPACK_NSIS_DEFINES "\n  !finalize ${firma}\n  !uninstfinalize ${firma}")
@@ -48,6 +50,11 @@ else()
   set(CPACK_PACKAGING_INSTALL_PREFIX /opt/lumira)
   set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
   set(CPACK_DEBIAN_PACKAGE_SECTION misc)
+  set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+"The operator picks a vehicle, the program waits on the instrument over a
+serial line, judges the intensity of the four beams, shows the outcome, prints
+the report and leaves a result file for the network software of the workshop.
+With its command-line tools and a simulated instrument.")
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
   set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-liberation)
   # xdg-utils: the help key and the manual's entry in the menu.

@@ -1,8 +1,10 @@
-// The seven lines by table. It reads them and knows no more of the program.
+// The seven lines by table, and the version of the program that runs. It reads them and knows no more of the
+// program.
 #include "dialogs/frmAbout.h"
 
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
+#include "core/versione.h"
 #include "platform/colori.h"
 #include "toolkit/lettura.h"
 #include "toolkit/schermo.h"
@@ -13,6 +15,9 @@ namespace {
 constexpr qint32 FORM_LARGO = 9000;
 constexpr qint32 FORM_ALTO = 5250;
 constexpr qint32 SINISTRA = 2750;
+// Left of the button, below the frame.
+constexpr qint32 VERSIONE_SINISTRA = 200;
+constexpr qint32 VERSIONE_LARGA = 3100;
 
 struct RigaAbout
 {
@@ -46,6 +51,10 @@ void frmAbout::Disegno()
     lblAbout.Inizia(Finestra());
     lblAbout.Carica(0).Posto(SINISTRA, RIGHE[0].cima, FORM_LARGO - SINISTRA - 300, RIGHE[0].altezza);
     lblAbout[0].Visible(true);
+    lblVersione = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblVersione"));
+    lblVersione->Posto(VERSIONE_SINISTRA, FORM_ALTO - 1100, VERSIONE_LARGA, 800);
+    lblVersione->FontSize(Punti_Normali() * LETTURA_TASTIERA);
+    lblVersione->Visible(true);
     cmd.Carica(0).Posto((FORM_LARGO - 2000) / 2, FORM_ALTO - 1100, 2000, 800);
     cmd[0].FontSize(Punti_Normali() * LETTURA_TASTIERA);
     cmd[0].Visible(true);
@@ -79,6 +88,8 @@ void frmAbout::Costruisci()
     lblAbout[1].ForeColor(COLORE_ROSSO);
     lblAbout[1].Left(FORM_LARGO / 2 - 450);
     lblAbout[1].Width(FORM_LARGO - lblAbout[1].Left() - 300);
+    // What an update has changed: the version among the lines is a text of the installation, which stays.
+    lblVersione->Caption(QStringLiteral("lumira ") + Versione_Programma());
     cmd[0].Caption(QStringLiteral("Ok"));
     Caption(Testo_Mctc(MctcInformazioni));
 }

@@ -1,4 +1,4 @@
-// Who the supplier is and which program this is: seven lines of configuration.
+// Who the supplier is and which program this is: seven lines of configuration, and the version that runs.
 #pragma once
 
 #include "toolkit/modulo.h"
@@ -20,5 +20,6 @@ private:
     void Costruisci();
 
     ArrayControlli<Etichetta> lblAbout;
+    std::unique_ptr<Etichetta> lblVersione;
     bool mCostruito = false;
 };

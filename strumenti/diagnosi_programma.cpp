@@ -1,8 +1,8 @@
 // The delivered files by table. What stands in them is other looks' business, but the program's version.
 #include "strumenti/diagnosi.h"
 
-#include "app/versione.h"
 #include "core/modGeneral.h"
+#include "core/versione.h"
 #include "platform/percorsi.h"
 #include "strumenti/parole.h"
 #include "strumenti/stazione_strumento.h"

@@ -1,5 +1,6 @@
 // lumira-password: for the technician, puts a new service password into the lumira.ini of a station. The
 // password is never among the arguments, which the shell keeps and others can see.
+#include "core/versione.h"
 #include "strumenti/password_ini.h"
 #include "strumenti/terminale.h"
 
@@ -60,7 +61,7 @@ int main(int argc, char *argv[])
         return 0;
     }
     if (argomenti == QStringList{QStringLiteral("--version")}) {
-        Terminale_Scrivi(Canale::Uscita, QStringLiteral("lumira-password " LUMIRA_PASSWORD_VERSIONE "\n"));
+        Terminale_Scrivi(Canale::Uscita, QStringLiteral("lumira-password ") + Versione_Programma() + u'\n');
         return 0;
     }
     if (argomenti.size() != 2 || argomenti[0] != u"--scrivi")

@@ -1,7 +1,7 @@
 // Options by Qt's parser, words in the tool's own languages.
 #include "strumenti/riga_comando.h"
 
-#include "app/versione.h"
+#include "core/versione.h"
 #include "strumenti/terminale.h"
 
 namespace {

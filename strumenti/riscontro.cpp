@@ -1,7 +1,7 @@
 // Findings gathered, and their two forms.
 #include "strumenti/riscontro.h"
 
-#include "app/versione.h"
+#include "core/versione.h"
 #include "platform/orologio.h"
 #include "strumenti/parole.h"
 

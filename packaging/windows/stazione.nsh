@@ -1,6 +1,7 @@
 ; What the installer knows of a station beyond its files: where the last one was laid, that it may be open, and that
 ; whoever sits at it has to write in its folder. Included by the script that cpack makes.
 !include LogicLib.nsh
+!include FileFunc.nsh
 
 ; The station stays where it is: its folder is proposed again, and taken by a silent run, unless /D names another.
 InstallDirRegKey HKLM "Software\lumira\lumira" ""
@@ -119,4 +120,27 @@ Install it in another folder."
       MessageBox MB_OK|MB_ICONEXCLAMATION "$Testo" /SD IDOK
     ${EndIf}
   ${EndIf}
+FunctionEnd
+
+; An update keeps the workshop's configuration as it finds it, and a copy of that day beside it: the first of the day is
+; the one from before, whatever else is installed until the evening.
+Function Copia_Configurazione
+  ${If} ${FileExists} "$INSTDIR\lumira.ini"
+    ${GetTime} "" "L" $R1 $R2 $R3 $R4 $R5 $R6 $R7 ; day, month, year
+    ${IfNot} ${FileExists} "$INSTDIR\lumira.ini.$R3-$R2-$R1"
+      CopyFiles /SILENT "$INSTDIR\lumira.ini" "$INSTDIR\lumira.ini.$R3-$R2-$R1"
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+; Said before anything goes: whoever wants the folder empty knows what to take away by hand.
+Function un.Annuncia_CosaResta
+  !insertmacro Testo "In $INSTDIR restano la configurazione (lumira.ini, con le sue copie) e le cartelle di scambio con \
+i loro file. Tutto il resto della stazione viene tolto. Continuare?" \
+                     "The configuration (lumira.ini, with its copies) and the exchange folders with their files stay \
+in $INSTDIR. All the rest of the station is removed. Continue?"
+  MessageBox MB_OKCANCEL|MB_ICONINFORMATION "$Testo" /SD IDOK IDOK continua
+  SetErrorLevel 1
+  Quit
+  continua:
 FunctionEnd

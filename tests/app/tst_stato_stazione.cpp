@@ -1,8 +1,8 @@
 // The state of the station in words: each thing that was found, and the border days of a verification.
 #include "app/stato_stazione.h"
 
-#include "app/versione.h"
 #include "core/modGeneral.h"
+#include "core/versione.h"
 #include "tests/comuni/stazione_prova.h"
 
 #include <QFile>

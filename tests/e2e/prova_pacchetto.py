@@ -1,6 +1,7 @@
 """The Debian package: made, installed in a folder that stands for a machine, used, upgraded and removed."""
 
 import gzip
+import hashlib
 import json
 import os
 import re
@@ -8,6 +9,7 @@ import shutil
 import subprocess
 import tempfile
 import unittest
+import xml.etree.ElementTree
 from pathlib import Path
 
 import operatore
@@ -49,7 +51,7 @@ class Pacchetto(ProvaStazione):
 
     def dpkg(self, *azione):
         # What it depends on is on the real machine, not in the folder.
-        esegui("dpkg", f"--root={self.macchina}", "--force-script-chrootless", "--force-depends", *azione)
+        return esegui("dpkg", f"--root={self.macchina}", "--force-script-chrootless", "--force-depends", *azione)
 
     def test_cio_da_cui_dipende_si_trova(self):
         piano = esegui("apt-get", "install", "--simulate", self.pacchetto)
@@ -115,6 +117,59 @@ class Pacchetto(ProvaStazione):
         esegui(self.opt / "strumenti/lumira-far", "--grafico", grafico, self.opt / "dati")
         self.assertIn("minimo 4321", grafico.read_text(encoding="utf-8"))
 
+    def test_i_documenti_stanno_dove_debian_li_cerca(self):
+        documenti = self.macchina / "usr/share/doc/lumira"
+        self.assertTrue((documenti / "copyright").read_text(encoding="utf-8").startswith("Format: "))
+        versione = esegui("dpkg-deb", "--field", self.pacchetto, "Version").strip()
+        modifiche = gzip.decompress((documenti / "changelog.gz").read_bytes()).decode()
+        self.assertTrue(modifiche.startswith(f"lumira ({versione}) "), modifiche)
+        self.assertIn(f"## {versione}", gzip.decompress((documenti / "NEWS.gz").read_bytes()).decode())
+        for nome in ("elenco.json", "lumira.txt"):
+            self.assertTrue((documenti / "licenze" / nome).is_file(), nome)
+
+    def test_i_centri_software_conoscono_la_stazione(self):
+        metainfo = self.macchina / "usr/share/metainfo/lumira.metainfo.xml"
+        radice = xml.etree.ElementTree.parse(metainfo).getroot()
+        versione = esegui("dpkg-deb", "--field", self.pacchetto, "Version").strip()
+        self.assertEqual([r.get("version") for r in radice.iter("release")], [versione])
+        self.assertTrue((self.macchina / "usr/share/applications" / radice.findtext("launchable")).is_file())
+        provvisti = {b.text for b in radice.iter("binary")}
+        self.assertEqual(provvisti, {p.name for p in (self.macchina / "usr/bin").iterdir()})
+        if shutil.which("appstreamcli"):
+            esito = subprocess.run(["appstreamcli", "validate", "--no-net", metainfo], capture_output=True, text=True)
+            self.assertNotRegex(esito.stdout, r"(?m)^E: ")
+
+    def test_la_distinta_dice_ogni_file_con_la_sua_somma(self):
+        nome = "usr/share/doc/lumira/distinta.spdx.json"
+        distinta = json.loads((self.macchina / nome).read_text(encoding="utf-8"))
+        self.assertEqual(distinta["spdxVersion"], "SPDX-2.3")
+        portati = esegui("dpkg", f"--root={self.macchina}", "--listfiles", "lumira").split()
+        percorsi = [self.macchina / p.lstrip("/") for p in portati]
+        file = {str(p.relative_to(self.macchina)) for p in percorsi if p.is_file() and not p.is_symlink()}
+        dette = {f["fileName"][2:]: f["checksums"][1]["checksumValue"] for f in distinta["files"]}
+        vere = {f: hashlib.sha256((self.macchina / f).read_bytes()).hexdigest() for f in file - {nome}}
+        self.assertEqual(dette, vere)
+        # Whatever is referred to is there, under an identifier of its own.
+        noti = [x["SPDXID"] for x in (distinta, *distinta["packages"], *distinta["files"])]
+        self.assertEqual(len(noti), len(set(noti)))
+        citati = {r[lato] for r in distinta["relationships"] for lato in ("spdxElementId", "relatedSpdxElement")}
+        self.assertEqual(citati, set(noti))
+        fuori = {licenza["licenseId"] for licenza in distinta["hasExtractedLicensingInfos"]}
+        usate = {p["licenseDeclared"] for p in distinta["packages"]}
+        self.assertEqual({licenza for licenza in usate if licenza.startswith("LicenseRef-")}, fuori)
+
+    def test_lo_stesso_pacchetto_due_volte(self):
+        fatti = []
+        for _ in range(2):
+            with tempfile.TemporaryDirectory(prefix="pacchetto-") as cartella:
+                ambiente = os.environ | {"SOURCE_DATE_EPOCH": "1767225600"}
+                configurazione = COSTRUZIONE / "CPackConfig.cmake"
+                subprocess.run(["cpack", "--config", configurazione, "-B", cartella], env=ambiente, check=True,
+                               stdout=subprocess.DEVNULL, timeout=120)
+                (pacchetto,) = Path(cartella).glob("*.deb")
+                fatti.append(pacchetto.read_bytes())
+        self.assertEqual(*(hashlib.sha256(byte).hexdigest() for byte in fatti))
+
     def test_la_stazione_installata_e_intera_per_la_diagnosi(self):
         diagnosi = subprocess.run([self.opt / "strumenti/lumira-diagnosi", "--lingua", "IT", "--json"], text=True,
                                   capture_output=True)
@@ -135,6 +190,33 @@ class Pacchetto(ProvaStazione):
         self.dpkg("--install", self.pacchetto)
         self.assertEqual(ini.valore("LUMIRA", "Comm_NSerie"), "987654")
         self.assertNotEqual((self.opt / "lingue.ini").read_bytes(), b"")
+
+    def test_un_aggiornamento_tiene_la_copia_del_giorno(self):
+        self.assertEqual(self.copie(), [])  # nothing came before the first installation
+        ini = operatore.Profilo(self.opt / "lumira.ini")
+        ini.imposta("LUMIRA", "Comm_NSerie", "prima")
+        prima = (self.opt / "lumira.ini").read_bytes()
+        self.dpkg("--install", self.pacchetto)
+        (copia,) = self.copie()
+        self.assertRegex(copia.name, r"^lumira\.ini\.\d{4}-\d\d-\d\d$")
+        self.assertEqual(copia.read_bytes(), prima)
+        # The second update of a day leaves the copy of the first.
+        ini.imposta("LUMIRA", "Comm_NSerie", "dopo")
+        self.dpkg("--install", self.pacchetto)
+        if self.copie() == [copia]:  # no midnight passed
+            self.assertEqual(copia.read_bytes(), prima)
+
+    def copie(self):
+        return sorted(self.opt.glob("lumira.ini.*"))
+
+    def test_la_rimozione_dice_cosa_resta_e_la_cancellazione_porta_via_le_copie(self):
+        self.dpkg("--install", self.pacchetto)
+        self.assertEqual(len(self.copie()), 1)
+        uscita = self.dpkg("--remove", "lumira")
+        self.assertIn("restano la configurazione", uscita)
+        self.assertEqual(len(self.copie()), 1)
+        self.assertNotIn("restano", self.dpkg("--purge", "lumira"))
+        self.assertEqual(self.copie(), [])
 
     def test_la_rimozione_lascia_la_configurazione_e_lo_scambio(self):
         scambio = self.opt / "scambio"

@@ -2,6 +2,7 @@
 #include "dialogs/frmAbout.h"
 
 #include "core/modGeneral.h"
+#include "core/versione.h"
 #include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/ini_prova.h"
@@ -84,6 +85,23 @@ private Q_SLOTS:
         QVERIFY(form->Finestra()->findChild<QLabel *>(QStringLiteral("lblAbout_7")) == nullptr);
     }
 
+    /// What runs is told beside what the installation calls itself, and moves nothing: the button stays in
+    /// the middle.
+    void versioneDelProgramma()
+    {
+        banco->Stazione.Imposta(DATIUSER, QStringLiteral("VerSwUser"), QStringLiteral("Ver. 0.9"));
+        Apri();
+        const auto *versione = form->Finestra()->findChild<QLabel *>(QStringLiteral("lblVersione"));
+        QVERIFY(versione != nullptr && versione->isVisible());
+        QCOMPARE(versione->text(), QStringLiteral("lumira ") + Versione_Programma());
+        QCOMPARE(Riga(1)->text(), QStringLiteral("Ver. 0.9"));
+        const QRect pulsante = Posto_Twip((form->Width() - 2000) / 2, form->Height() - 1100, 2000, 800);
+        QCOMPARE(Membro_Di<QPushButton>(*form, "cmd", 0)->geometry(), pulsante);
+        QVERIFY(versione->geometry().right() < pulsante.left());
+        QVERIFY(versione->geometry().top() > Posto_Twip(0, 0, 1, form->Height() - 1200).bottom());
+        QVERIFY(form->Finestra()->rect().contains(versione->geometry()));
+    }
+
     void titoloEPulsante()
     {
         Apri();
@@ -153,7 +171,7 @@ private Q_SLOTS:
         QVERIFY(Attiva(*form));
         QTRY_COMPARE(form->Caption(), Testo_Mctc(Id_Mctc(6)));
         QCOMPARE(Riga(1)->text(), QStringLiteral("2.0"));
-        QCOMPARE(form->Finestra()->findChildren<QLabel *>().size(), QUANTE);
+        QCOMPARE(form->Finestra()->findChildren<QLabel *>().size(), QUANTE + 1); // and the version
     }
 
     void chiusa_data()

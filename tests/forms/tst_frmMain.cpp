@@ -2,7 +2,6 @@
 // of the test's own.
 #include "app/frmMain.h"
 
-#include "app/versione.h"
 #include "core/codici.h"
 #include "core/esito_sessione.h"
 #include "core/limiti.h"
@@ -10,6 +9,7 @@
 #include "core/modFs.h"
 #include "core/modGeneral.h"
 #include "core/risultato.h"
+#include "core/versione.h"
 #include "dialogs/dlgPwd.h"
 #include "link/frmComm.h"
 #include "mctc/cartella_scambio.h"

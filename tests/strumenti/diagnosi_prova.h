@@ -2,8 +2,8 @@
 // the findings of a run by what they are about.
 #pragma once
 
-#include "app/versione.h"
 #include "core/modGeneral.h"
+#include "core/versione.h"
 #include "tests/comuni/stazione_prova.h"
 #include "tests/strumenti/processo.h"
 

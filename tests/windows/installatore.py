@@ -62,6 +62,6 @@ class ProvaInstallatore(ProvaMacchina):
         return sorted(voce.name for voce in self.menu.glob("*"))
 
     def contenuto(self):
-        """Every file of the station with its bytes."""
-        file = [f for f in self.stazione.rglob("*") if f.is_file()]
+        """Every file of the station with its bytes; not the copies of the configuration, which each update may add."""
+        file = [f for f in self.stazione.rglob("*") if f.is_file() and not f.name.startswith("lumira.ini.")]
         return {str(f.relative_to(self.stazione)): f.read_bytes() for f in file}

@@ -55,6 +55,25 @@ class Installatore(ProvaInstallatore):
         self.assertEqual(self.registrato(DISINSTALLAZIONE, "UninstallString"), r'"C:\stazione\Uninstall.exe"')
         self.assertIn(rb"C:\stazione\lumira.exe", (self.menu / "lumira.lnk").read_bytes())
 
+    def test_un_aggiornamento_tiene_la_copia_del_giorno(self):
+        self.installa_in_stazione()
+        self.assertEqual(self.copie(), [])  # nothing came before the first installation
+        configurazione = self.configura()
+        self.installa()
+        (copia,) = self.copie()
+        self.assertRegex(copia.name, r"^lumira\.ini\.\d{4}-\d\d-\d\d$")
+        self.assertEqual(copia.read_bytes(), configurazione)
+        # The second update of a day leaves the copy of the first.
+        (self.stazione / "lumira.ini").write_bytes(b"[LUMIRA]\r\nComm_NSerie=dopo\r\n")
+        self.installa()
+        if self.copie() == [copia]:  # no midnight passed
+            self.assertEqual(copia.read_bytes(), configurazione)
+        self.rimuovi()
+        self.assertTrue(copia.is_file())
+
+    def copie(self):
+        return sorted(self.stazione.glob("lumira.ini.*"))
+
     def test_sopra_una_1_0_nella_sua_cartella(self):
         # What the installer of 1.0 left behind, file by file and key by key.
         for nome in ("lumira.exe", "Qt6Core.dll", "lingue.ini", "Uninstall.exe"):

@@ -66,6 +66,15 @@ class Pagine(ProvaFinestre, ProvaInstallatore):
         self.assertEqual(self.fine("Cancel"), IN_USO)
         self.assertEqual(self.contenuto(), prima)
 
+    def test_la_rimozione_dice_prima_cosa_resta(self):
+        self.installa_in_stazione()
+        prima = self.contenuto()
+        self.processo = self.macchina.avvia(self.stazione / "Uninstall.exe", r"_?=C:\stazione")
+        self.addCleanup(operatore.ferma_processo, self.processo)
+        self.premi("&Uninstall", "The configuration (lumira.ini, with its copies)")
+        self.assertEqual(self.fine("Cancel"), 1)
+        self.assertEqual(self.contenuto(), prima)
+
     def test_sotto_i_programmi_chiede_prima_di_cambiare_i_diritti(self):
         self.fino_alla_cartella(r"/D=C:\Program", r"Files\lumira")
         self.premi("&Next >", "Choose Start Menu Folder")

@@ -1,5 +1,5 @@
 // The number is given by the build, which keeps it in one place.
-#include "app/versione.h"
+#include "core/versione.h"
 
 QString Versione_Programma()
 {
