@@ -51,6 +51,8 @@ QStringList Sessione(bool aiuto)
     while (form->Caricato() && Orologio_Banco().Passati() < inizio + 60000) {
         if (aiuto)
             QTest::keyClick(Tastiera_Di(*form), Qt::Key_F1);
+        if (!form->Caricato())
+            break;
         usciti.clear();
         for (const LineaProva::FrameUscito &uscito : Linea_Corrente()->Usciti)
             usciti.append(QString::number(uscito.Quando - inizio) + u' ' +
