@@ -23,16 +23,13 @@ void Diagnosi_Testi(Riscontri &riscontri);
 void Diagnosi_Cartelle(Riscontri &riscontri, bool scrivi);
 
 /// The ports of the machine, and whether the station's own opens.
-/// @return true when it does.
-bool Diagnosi_Porte(Riscontri &riscontri);
+/// @param chiedi asks then, once, for the state of the instrument on it.
+void Diagnosi_Porte(Riscontri &riscontri, bool chiedi);
 
 /// The end of a periodic verification, by the station's own judgement.
 /// @param materia where it stands: in the configuration or in the instrument. @param scadenza dd/mm/yyyy, as
 /// it stands there.
 void Verifica_Aggiungi(Riscontri &riscontri, Materia materia, const QString &scadenza);
-
-/// Whether an instrument answers on the station's port, asked once for its state.
-void Diagnosi_Strumento(Riscontri &riscontri);
 
 /// Asks on every port, with the station's settings and the usual ones, and reads the identity of who answers.
 void Diagnosi_Cerca(Riscontri &riscontri);

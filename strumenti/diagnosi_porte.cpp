@@ -159,6 +159,25 @@ void Occupata(Riscontri &riscontri)
                        In_Parole(CHIUDERE_ALTRO));
 }
 
+/// Asks on the open port once.
+void Chiedi(Riscontri &riscontri, SondaStrumento &sonda)
+{
+    switch (sonda.Chiedi_Stato(ATTESA_RISPOSTA)) {
+    case EsitoSonda::Risponde:
+        Trovato_Buono(
+            riscontri, Materia::Strumento,
+            In_Parole(RISPONDE).arg(Porta_Nome(), Impostazioni_Porta(), Stato_Detto(sonda.Stato())));
+        return;
+    case EsitoSonda::Storpio:
+        Trovato_Guasto(riscontri, Materia::Strumento, In_Parole(STORPIO).arg(Porta_Nome()),
+                       In_Parole(FORMATO));
+        return;
+    default: // silent, or its device has gone meanwhile
+        Trovato_Guasto(riscontri, Materia::Strumento, In_Parole(MUTO).arg(Porta_Nome()),
+                       In_Parole(ACCENDERE));
+    }
+}
+
 /// Reads the identity of who answers on an open port, and judges it.
 void Identita(Riscontri &riscontri, SondaStrumento &sonda)
 {
@@ -216,59 +235,36 @@ bool Risponde_In(const QList<FormatoUsuale> &formati, Riscontri &riscontri, cons
 
 } // namespace
 
-bool Diagnosi_Porte(Riscontri &riscontri)
+void Diagnosi_Porte(Riscontri &riscontri, bool chiedi)
 {
     Elenca(riscontri);
     if (!Porta_Leggi())
-        return false;
+        return;
     if (!Porta_Presente(gPortaNum)) {
         Trovato_Guasto(riscontri, Materia::Porte, In_Parole(ASSENTE).arg(Porta_Nome()),
                        In_Parole(ALTRA_PORTA));
-        return false;
+        return;
     }
     if (!Permessa(gPortaNum)) {
         Trovato_Guasto(riscontri, Materia::Porte, In_Parole(SENZA_DIRITTI).arg(Porta_Nome()),
                        In_Parole(DARE_DIRITTI));
-        return false;
+        return;
     }
-    switch (SondaStrumento().Apri()) {
-    case EsitoSonda::Sorda:
+    // One opening for both questions: each moves the lines of whatever hangs on the port.
+    SondaStrumento sonda;
+    const EsitoSonda aperta = sonda.Apri();
+    if (aperta == EsitoSonda::NonAperta) {
+        Occupata(riscontri);
+        return;
+    }
+    if (aperta == EsitoSonda::Sorda) {
         Trovato_Guasto(riscontri, Materia::Porte, In_Parole(SORDA).arg(Porta_Nome(), Impostazioni_Porta()),
                        In_Parole(SCEGLIERE));
-        return false;
-    case EsitoSonda::NonAperta:
-        Occupata(riscontri);
-        return false;
-    default:
-        break;
+        return;
     }
     Trovato_Buono(riscontri, Materia::Porte, In_Parole(APRIBILE).arg(Porta_Nome(), Impostazioni_Porta()));
-    return true;
-}
-
-void Diagnosi_Strumento(Riscontri &riscontri)
-{
-    if (!Porta_Leggi())
-        return;
-    SondaStrumento sonda;
-    switch (sonda.Chiedi_Stato(ATTESA_RISPOSTA)) {
-    case EsitoSonda::Risponde:
-        Trovato_Buono(
-            riscontri, Materia::Strumento,
-            In_Parole(RISPONDE).arg(Porta_Nome(), Impostazioni_Porta(), Stato_Detto(sonda.Stato())));
-        return;
-    case EsitoSonda::Muto:
-        Trovato_Guasto(riscontri, Materia::Strumento, In_Parole(MUTO).arg(Porta_Nome()),
-                       In_Parole(ACCENDERE));
-        return;
-    case EsitoSonda::Storpio:
-        Trovato_Guasto(riscontri, Materia::Strumento, In_Parole(STORPIO).arg(Porta_Nome()),
-                       In_Parole(FORMATO));
-        return;
-    case EsitoSonda::NonAperta:
-    case EsitoSonda::Sorda:
-        return; // the look at the ports has told
-    }
+    if (chiedi)
+        Chiedi(riscontri, sonda);
 }
 
 void Diagnosi_Cerca(Riscontri &riscontri)

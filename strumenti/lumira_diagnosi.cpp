@@ -60,11 +60,9 @@ Riscontri Guarda(const RigaComando &righe)
     Diagnosi_Configurazione(riscontri);
     Diagnosi_Testi(riscontri);
     Diagnosi_Cartelle(riscontri, righe.Ha(SCRIVI));
-    const bool aperta = Diagnosi_Porte(riscontri);
+    Diagnosi_Porte(riscontri, !righe.Ha(CERCA));
     if (righe.Ha(CERCA))
         Diagnosi_Cerca(riscontri);
-    else if (aperta)
-        Diagnosi_Strumento(riscontri);
     Diagnosi_Stampanti(riscontri);
     Diagnosi_Schermo(riscontri, QCoreApplication::applicationFilePath());
     Diagnosi_Disco(riscontri);

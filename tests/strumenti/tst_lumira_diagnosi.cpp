@@ -52,7 +52,7 @@ const StazioneRotta ROTTE[] = {
     {"configurazione vuota", [](const StazioneSana &s) { s.Scrivi(INI, {}); },
      u"guasto programma: lumira.ini è vuoto"},
 
-    {"seconda sezione", [](const StazioneSana &s) { s.Scrivi(INI, "[Comm]\r\nNum=1\r\nBaud=9600\r\nParity=N\r\nDataBit=8\r\nStopBit=1\r\n" + s.Leggi(INI)); },
+    {"seconda sezione", [](const StazioneSana &s) { s.Scrivi(INI, "[Comm]\r\nNum=77\r\nBaud=9600\r\nParity=N\r\nDataBit=8\r\nStopBit=1\r\n" + s.Leggi(INI)); },
      u"guasto configurazione: riga %RIGA:[COMM]%: seconda sezione [COMM], nessuno la legge"},
     {"chiave doppia", [](const StazioneSana &s) { s.Cambia_Ini("Baud=9600\r\n", "Baud=9600\r\nbaud=4800\r\n"); },
      u"avviso configurazione: riga %RIGA:baud=4800%: [COMM] BAUD c'è già, questa nessuno la legge"},
