@@ -62,6 +62,7 @@ class Figure:
 
     def amministrazione(self):
         programma = self.programma
+        programma.attendi_testo("in attesa")
         self.scatta("menu")
         programma.premi("Informazioni")
         programma.attendi_testo("Assistenza stazione")
@@ -80,7 +81,9 @@ class Figure:
         programma.attendi_pulsante("Default")
         self.scatta("verifica")
         programma.premi("Annulla")
-        self.menu()
+
+    def impostazioni(self):
+        programma = self.programma
         programma.premi("Impostazioni")
         programma.attendi_pulsante("Ok")
         self.scatta("impostazioni")
@@ -178,7 +181,8 @@ def main(argomenti):
         stazione.accettazione(ERRATO, DatiLibrettoVeicolo__Targa="AB")
         strumento = operatore.Strumento(stazione.percorso("simulatore", "qx5sim"), stazione, SCENARIO)
         try:
-            giro(stazione, uscita, Figure.amministrazione, **{f"MCTC__{nome}": CARTELLA_MOSTRATA for nome in CARTELLE})
+            giro(stazione, uscita, Figure.amministrazione)
+            giro(stazione, uscita, Figure.impostazioni, **{f"MCTC__{nome}": CARTELLA_MOSTRATA for nome in CARTELLE})
             giro(stazione, uscita, Figure.prove)
             giro(stazione, uscita, Figure.debug, GENERAL__Debug="1")
         finally:

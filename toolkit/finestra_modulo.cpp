@@ -13,6 +13,9 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <utility>
+#include <vector>
+
 FinestraModulo::FinestraModulo(GestoriModulo &modulo, TastieraModulo &tastiera, const QString &nome)
     : QWidget(nullptr), m_modulo(&modulo), m_tastiera(tastiera)
 {
@@ -40,6 +43,18 @@ void FinestraModulo::Massimizza(qint32 width, qint32 height)
     setWindowState(Qt::WindowFullScreen); // after the place, which would take the state away
 }
 
+/// Windows of another kind belong to none. The new kind has every control polished anew, and one that had
+/// been polished for the keyboard in Load would forget its type.
+void FinestraModulo::Diventa_Dialogo()
+{
+    std::vector<std::pair<QWidget *, QFont>> caratteri;
+    for (QWidget *controllo : findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+        caratteri.emplace_back(controllo, controllo->font());
+    setWindowFlag(Qt::Dialog);
+    for (const auto &[controllo, carattere] : caratteri)
+        controllo->setFont(carattere);
+}
+
 /// A small form belongs to the window that it opens over. Without that a window manager may take the screen
 /// away from the form below, so that the desktop's panel comes up over its buttons, or lay the small one
 /// under.
@@ -51,8 +66,8 @@ void FinestraModulo::Posa_Sopra(const QWidget *altrimenti)
     const QWidget *sotto = attiva != nullptr ? attiva : altrimenti;
     if (sotto == nullptr)
         return;
-    setWindowFlag(Qt::Dialog); // windows of another kind belong to none
-    winId();                   // makes its handle
+    Diventa_Dialogo();
+    winId(); // makes its handle
     windowHandle()->setTransientParent(sotto->windowHandle());
 }
 

@@ -37,6 +37,7 @@ protected:
     bool focusNextPrevChild(bool avanti) override;
 
 private:
+    void Diventa_Dialogo();
     void Posa_Sopra(const QWidget *altrimenti);
 
     struct Segmento

@@ -465,6 +465,20 @@ private Q_SLOTS:
 
     // --- what the operator sees ---------------------------------------------------------------------------
 
+    /// Over another form the button keeps its type too: a window gets its place among the others when it
+    /// shows.
+    void pulsanteGrandeSopraUnAltroForm()
+    {
+        const auto sotto = Nuovo<ModuloProva>();
+        sotto->Mostra();
+        QVERIFY(Attiva(*sotto));
+        Apri();
+        QTRY_VERIFY(Widget_Di(*form, "cmd_0")->hasFocus());
+        QCOMPARE(Widget_Di(*form, "cmd_0")->font().pixelSize(),
+                 qRound(Pixel_DaPunti(Punti_Normali() * LETTURA_SCHERMO)));
+        sotto->Scarica();
+    }
+
     /// The words are read from the car: the plate too. Neither is shrunk on this screen.
     void veicoloDellaMisura()
     {
