@@ -15,9 +15,11 @@
 #include "platform/percorsi.h"
 #include "platform/profilo_testo.h"
 #include "strumenti/parole.h"
+#include "strumenti/password_coperta.h"
 
 #include <QFile>
 #include <QMap>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -60,6 +62,16 @@ bool E_Password(const QString &nome)
 {
     return nome == Nome_DaConfrontare(ChiavePassword.Nome.toString()) ||
            nome == Nome_DaConfrontare(ChiavePassword2.Nome.toString());
+}
+
+/// The name of a key as it may be told. Without "=" the whole line is its name: the first word of it tells
+/// which line is meant, and the rest may be a password.
+QString Nome_Dicibile(const RigaProfilo &riga)
+{
+    static const QRegularExpression DOPO_LA_PAROLA(QStringLiteral("[\\s:].*"));
+    if (E_Password(riga.Nome))
+        return riga.Nome;
+    return Password_Coperte(riga.Uguale ? riga.Nome : QString(riga.Nome).remove(DOPO_LA_PAROLA));
 }
 
 QString Nome_Detto(const QString &sezione, const QString &chiave)
@@ -106,7 +118,7 @@ private:
     void Chiave(const RigaProfilo &riga)
     {
         const QString numero = QString::number(riga.Numero);
-        const QString nome = Nome_Detto(m_sezione, riga.Nome);
+        const QString nome = Nome_Detto(m_sezione, Nome_Dicibile(riga));
         if (!riga.Uguale)
             Trovato_Avviso(m_riscontri, Materia::Configurazione, In_Parole(SENZA_UGUALE).arg(numero, nome),
                            In_Parole(CORREGGERE));

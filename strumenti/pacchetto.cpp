@@ -5,11 +5,11 @@
 #include "platform/orologio.h"
 #include "platform/percorsi.h"
 #include "strumenti/archivio_zip.h"
+#include "strumenti/password_coperta.h"
 
 #include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 
 namespace {
 
@@ -46,10 +46,7 @@ QByteArray Senza_Password(const QByteArray &configurazione)
     // Byte for byte as letters, so that every other one stays. In two bytes a letter nothing would be found.
     if (configurazione.contains('\0'))
         return {};
-    static const QRegularExpression PASSWORD(
-        QStringLiteral("(\\b(?:%1|%2)[ \\t\\v]*=)[^\\r\\n]*").arg(ChiavePassword.Nome, ChiavePassword2.Nome),
-        QRegularExpression::CaseInsensitiveOption);
-    return QString::fromLatin1(configurazione).replace(PASSWORD, QStringLiteral("\\1********")).toLatin1();
+    return Password_Coperte(QString::fromLatin1(configurazione)).toLatin1();
 }
 
 bool Pacchetto_Scrivi(const QString &file, const Riscontri &riscontri, const QString &stazione)

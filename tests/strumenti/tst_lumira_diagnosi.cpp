@@ -58,6 +58,8 @@ const StazioneRotta ROTTE[] = {
      u"avviso configurazione: riga %RIGA:baud=4800%: [COMM] BAUD c'è già, questa nessuno la legge"},
     {"senza uguale", [](const StazioneSana &s) { s.Cambia_Ini("Debug=0", "Debug"); },
      u"avviso configurazione: riga %RIGA:Debug%: [GENERAL] DEBUG non ha il segno ="},
+    {"senza uguale, con altre parole", [](const StazioneSana &s) { s.Cambia_Ini("Debug=0", "Debug: 0 o 1"); },
+     u"avviso configurazione: riga %RIGA:Debug: 0 o 1%: [GENERAL] DEBUG non ha il segno ="},
     {"UTF-8 in un valore", [](const StazioneSana &s) { s.Cambia_Ini("Denominazione=Officina di prova", "Denominazione=Officina Nicol\xC3\xB2"); },
      u"avviso configurazione: riga %RIGA:Denominazione=Officina Nicol\u00C3\u00B2%, [OFFICINA] DENOMINAZIONE: lettere accentate in UTF-8, si leggeranno male"},
     {"segno di UTF-8", [](const StazioneSana &s) { s.Scrivi(INI, "\xEF\xBB\xBF" + s.Leggi(INI)); },
@@ -333,6 +335,33 @@ private Q_SLOTS:
         QCOMPARE(zip.readAll(), byte);
     }
 
+    /// A line that a hand has spoiled is told of, and its password is not: not on the screen either.
+    void passwordInUnaRigaGuasta_data()
+    {
+        QTest::addColumn<QByteArray>("riga");
+        QTest::newRow("senza uguale") << QByteArray("Pwd segretissima");
+        QTest::newRow("senza niente") << QByteArray("Pwdsegretissima");
+        QTest::newRow("con i due punti") << QByteArray("pwd2:segretissima");
+        QTest::newRow("uguale più in là") << QByteArray("Pwd segretissima=\r\nPwd segretissima=");
+        QTest::newRow("in una nota") << QByteArray(";vecchia password segretissima");
+    }
+    void passwordInUnaRigaGuasta()
+    {
+        QFETCH(QByteArray, riga);
+        const StazioneSana stazione;
+        stazione.Cambia_Ini("[IMPOSTAZIONI]\r\n", "[IMPOSTAZIONI]\r\n" + riga + "\r\n");
+        const QTemporaryDir altrove;
+        const QString file = altrove.filePath(QStringLiteral("p.zip"));
+        const Esecuzione testo = Diagnosi(stazione, {QStringLiteral("--pacchetto"), file});
+        const Esecuzione json = Diagnosi(stazione, {JSON});
+        QFile zip(file);
+        QVERIFY(zip.open(QIODevice::ReadOnly));
+        const QByteArray byte = zip.readAll();
+        QVERIFY(byte.contains("Operatore=Rossi Mario"));
+        for (const QByteArray &dove : {byte, testo.byte, json.byte})
+            QVERIFY2(!dove.toLower().contains("segretissima"), dove.constData());
+    }
+
     void senzaPassword_data()
     {
         QTest::addColumn<QByteArray>("prima");
@@ -343,7 +372,13 @@ private Q_SLOTS:
             << QByteArray("pWD \t= ab") << QByteArray("pWD \t=********");
         QTest::newRow("vecchia, in una nota")
             << QByteArray(";Pwd=ab\rX=\xE8") << QByteArray(";Pwd=********\rX=\xE8");
-        QTest::newRow("altra chiave") << QByteArray("SenzaPwd=ab") << QByteArray("SenzaPwd=ab");
+        QTest::newRow("vecchia, con un altro nome")
+            << QByteArray(";Pwd_old=ab\nx_PASSWORD = c") << QByteArray(";Pwd********\nx_PASSWORD =********");
+        QTest::newRow("senza uguale") << QByteArray("Pwd ab=c\r\nX=1") << QByteArray("Pwd********\r\nX=1");
+        QTest::newRow("con i due punti") << QByteArray("Pwd2: ab") << QByteArray("Pwd********");
+        QTest::newRow("dentro un'altra parola")
+            << QByteArray("SenzaPwd=ab") << QByteArray("SenzaPwd=********");
+        QTest::newRow("altra chiave") << QByteArray("Passo=ab\nPw=d") << QByteArray("Passo=ab\nPw=d");
         QTest::newRow("due byte a lettera") << QByteArray("P\0w\0d\0=\0a\0", 10) << QByteArray();
     }
     void senzaPassword()
