@@ -86,7 +86,7 @@ FineStrumento Esegui(const QStringList &argomenti)
     if (righe.Ha(SCHERMO))
         return righe.Rifiuta(In_Parole(SCHERMO_SOLO));
     QString errore;
-    if (!Stazione_Leggi(righe.Posti().value(0), errore))
+    if (!Stazione_Leggi(righe.Posti().value(0), SegnoStazione::AncheProgramma, errore))
         return righe.Rifiuta(errore);
     Porte_Stazione(gAppPath.chopped(1));
     const QString stazione = Percorso_Mostrato(gAppPath.chopped(1));

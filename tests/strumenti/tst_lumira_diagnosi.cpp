@@ -191,6 +191,22 @@ private Q_SLOTS:
         QVERIFY2(detto, qPrintable(atteso + QStringLiteral("\nnot in\n") + trovati.join(u'\n')));
     }
 
+    /// The program's folder is a station's, also when what the workshop has set is gone: the rest is looked
+    /// at, and the remedy told.
+    void configurazionePersa()
+    {
+        const StazioneSana stazione;
+        QVERIFY(QFile::remove(stazione.Nativo(INI)));
+        const Esecuzione e = Diagnosi(stazione);
+        QCOMPARE(e.stato, 1);
+        QVERIFY2(
+            e.uscita.contains(QStringLiteral("guasto  programma: manca lumira.ini. Da fare: rimettere la "
+                                             "copia di lumira.ini, o quella consegnata.\n")),
+            qPrintable(e.uscita));
+        QVERIFY2(e.uscita.contains(QStringLiteral("\nok      orologio: ")), qPrintable(e.uscita));
+        QVERIFY2(e.errori.isEmpty(), qPrintable(e.errori));
+    }
+
     /// Whatever is not good says what to do about it.
     void ogniGuastoHaIlSuoRimedio()
     {
@@ -292,6 +308,7 @@ private Q_SLOTS:
                             QStringList{QStringLiteral("--lingua"), QStringLiteral("IT")} + argomenti);
         QCOMPARE(e.stato, 2);
         QVERIFY2(e.errori.contains(errore), qPrintable(e.errori));
+        QVERIFY2(!e.errori.contains(QStringLiteral("--stazione")), qPrintable(e.errori)); // no option of it
         QVERIFY2(e.uscita.isEmpty(), qPrintable(e.uscita));
     }
 
