@@ -10,6 +10,7 @@
 #include "link/modComm.h"
 #include "link/seriale_comune.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/localita.h"
 #include "platform/numeri.h"
 #include "platform/orologio.h"
 #include "platform/percorsi.h"
@@ -213,11 +214,10 @@ bool E_Lux(const QString &valore)
         std::all_of(valore.cbegin(), valore.cend(), [](QChar c) { return c >= u'0' && c <= u'9'; });
     return cifre && valore.toInt() > 0 && valore.toInt() <= MASSIMO;
 }
-/// A configuration may use the point on a machine with a decimal comma, and the comma on any.
+/// By the machine that the tool runs on: it is the station's.
 bool E_Numero(const QString &valore)
 {
-    return Numero_Valido(valore) || Numero_Valido(QString(valore).replace(u'.', u',')) ||
-           Numero_Valido(QString(valore).replace(u',', u'.'));
+    return Numero_Valido(Con_Separatore(valore, Locale_Info(LOCALE_SEPARATORE_DECIMALE)));
 }
 bool E_Lingua(const QString &valore)
 {
@@ -349,6 +349,10 @@ constexpr Parole RIVEDERE_LIMITI = {u"rimettere i limiti dalle impostazioni",
 
 void Guarda_Limiti(Riscontri &riscontri)
 {
+    // The station reads its password with the limits. One that is no password has been told as such; the
+    // limits cannot be judged then.
+    if (!E_Password_Leggibile(Valore_Ini(gFileIni, ChiavePassword)))
+        return;
     try {
         Carica_Limiti();
     } catch (const ErroreEsecuzione &errore) {

@@ -78,6 +78,8 @@ const StazioneRotta ROTTE[] = {
      u"guasto configurazione: [PARAMETRI] LuxMaxAbb=150.000 non va bene"},
     {"deviazione senza numero", [](const StazioneSana &s) { s.Cambia_Ini("DevVertAbb=1.5", "DevVertAbb=uno"); },
      u"avviso configurazione: [PARAMETRI] DevVertAbb=uno non va bene"},
+    {"deviazione con la virgola dove vale il punto", [](const StazioneSana &s) { s.Cambia_Ini("DevVertAbb=1.5", "DevVertAbb=1,5"); },
+     u"avviso configurazione: [PARAMETRI] DevVertAbb=1,5 non va bene"},
     {"flag con un'altra cifra", [](const StazioneSana &s) { s.Cambia_Ini("IniFile=1", "IniFile=si"); },
      u"avviso configurazione: [MCTC] IniFile=si non va bene"},
     {"telecamera", [](const StazioneSana &s) { s.Cambia_Ini("CamReset=N", "CamReset=X"); },
@@ -205,6 +207,16 @@ private Q_SLOTS:
             qPrintable(e.uscita));
         QVERIFY2(e.uscita.contains(QStringLiteral("\nok      orologio: ")), qPrintable(e.uscita));
         QVERIFY2(e.errori.isEmpty(), qPrintable(e.errori));
+    }
+
+    /// The station reads it with its limits; those are not what is wrong.
+    void passwordIlleggibile()
+    {
+        const StazioneSana stazione;
+        stazione.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Pwd"), QString(40, u'a'));
+        QCOMPARE(Cattivi(Solo(Trovati(Diagnosi(stazione, {JSON})), {QStringLiteral("configurazione")})),
+                 QStringList{
+                     QStringLiteral("guasto configurazione: [IMPOSTAZIONI] Pwd=(non mostrato) non va bene")});
     }
 
     /// Whatever is not good says what to do about it.

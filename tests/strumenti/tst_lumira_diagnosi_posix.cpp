@@ -313,6 +313,23 @@ private Q_SLOTS:
                      "guasto strumento: non risponde su nessuna porta con nessun formato usuale")});
     }
 
+    // --- the locale ----------------------------------------------------------------------------------------
+
+    /// Where a comma parts decimals the station takes points for commas, and so more than one for no number.
+    void numeriConLaVirgola()
+    {
+        const StazioneSana stazione;
+        stazione.Cambia_Ini("DevVertAbb=1.5", "DevVertAbb=1.2.3");
+        stazione.Cambia_Ini("DevVertAnab=1.5", "DevVertAnab=1,5");
+        const QByteArray prima = qgetenv("LC_ALL");
+        qputenv("LC_ALL", "it_IT.UTF-8");
+        const Esecuzione e = Diagnosi(stazione, {JSON});
+        qputenv("LC_ALL", prima);
+        QCOMPARE(
+            Cattivi(Di(e, u"configurazione")),
+            QStringList{QStringLiteral("avviso configurazione: [PARAMETRI] DevVertAbb=1.2.3 non va bene")});
+    }
+
     // --- what hangs on the machine -------------------------------------------------------------------------
 
     void nessunaStampante()
