@@ -5,7 +5,7 @@
 #include "link/modComm.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/istanza.h"
-#include "platform/porta_seriale.h"
+#include "platform/percorsi.h"
 #include "strumenti/parole.h"
 #include "strumenti/sonda_strumento.h"
 
@@ -53,6 +53,9 @@ constexpr Parole PORTA = {u"%1: %2", u"%1: %2"};
 constexpr Parole PORTA_SENZA_DIRITTI = {u"%1: %2, senza diritto di usarla", u"%1: %2, no right to use it"};
 constexpr Parole SENZA_NUMERO = {u"%1, senza numero per la stazione",
                                  u"%1, without a number for the station"};
+/// Where devices have numbers of their own, none lacks one.
+constexpr Parole DARE_NUMERO = {u"dargliene uno: mkdir -p %1; ln -s %2 %1/%3",
+                                u"give it one: mkdir -p %1; ln -s %2 %1/%3"};
 constexpr Parole NESSUNA = {u"il computer non ha porte seriali", u"the computer has no serial port"};
 constexpr Parole ATTACCARE = {u"attaccare l'adattatore seriale", u"plug the serial adapter in"};
 constexpr Parole ASSENTE = {u"%1, la porta della stazione, non c'è", u"%1, the station's port, is not there"};
@@ -132,14 +135,8 @@ void Elenca(Riscontri &riscontri)
     const QList<PortaTrovata> porte = Porte_Elenca();
     if (porte.isEmpty())
         Trovato_Guasto(riscontri, Materia::Porte, In_Parole(NESSUNA), In_Parole(ATTACCARE));
-    for (const PortaTrovata &porta : porte) {
-        const QString nome = Porta_Nome(porta.Numero);
-        Trovato_Buono(
-            riscontri, Materia::Porte,
-            porta.Numero == 0
-                ? In_Parole(SENZA_NUMERO).arg(porta.Dispositivo)
-                : In_Parole(porta.Permessa ? PORTA : PORTA_SENZA_DIRITTI).arg(nome, porta.Dispositivo));
-    }
+    for (const PortaTrovata &porta : porte)
+        Porta_Aggiungi(riscontri, porta);
 }
 
 /// A session has the port at any moment, and what is asked from beside falls into it.
@@ -233,6 +230,19 @@ EsitoSonda Risponde_In(const QList<FormatoUsuale> &formati, Riscontri &riscontri
 }
 
 } // namespace
+
+void Porta_Aggiungi(Riscontri &riscontri, const PortaTrovata &porta)
+{
+    if (porta.Numero == 0) {
+        const QString legami = Percorso_Nativo(gAppPath + QStringLiteral("porte"));
+        Trovato_Avviso(riscontri, Materia::Porte, In_Parole(SENZA_NUMERO).arg(porta.Dispositivo),
+                       In_Parole(DARE_NUMERO).arg(legami, porta.Dispositivo, Porta_Nome(1)));
+        return;
+    }
+    Trovato_Buono(riscontri, Materia::Porte,
+                  In_Parole(porta.Permessa ? PORTA : PORTA_SENZA_DIRITTI)
+                      .arg(Porta_Nome(porta.Numero), porta.Dispositivo));
+}
 
 void Diagnosi_Porte(Riscontri &riscontri, bool chiedi)
 {

@@ -3,6 +3,7 @@
 #include "strumenti/archivio_zip.h"
 #include "strumenti/diagnosi.h"
 #include "strumenti/pacchetto.h"
+#include "strumenti/parole.h"
 #include "strumenti/riscontro.h"
 #include "tests/strumenti/diagnosi_prova.h"
 
@@ -277,6 +278,22 @@ private Q_SLOTS:
         QVERIFY(Trovati(e).contains(
             QStringLiteral("ok cartelle: in %1 si può scrivere (provato)")
                 .arg(QDir::toNativeSeparators(stazione.Nativo(QStringLiteral("DIR_FAR"))))));
+    }
+
+    void portaSenzaNumero()
+    {
+        const StazioneSana stazione;
+        QVERIFY(Lingua_Scegli(QStringLiteral("IT")));
+        Riscontri riscontri;
+        Porta_Aggiungi(riscontri, {0, QStringLiteral("/dev/ttyUSB0"), true});
+        Porta_Aggiungi(riscontri, {3, QStringLiteral("/dev/ttyS2"), true});
+        QCOMPARE(riscontri.size(), 2);
+        QCOMPARE(
+            Riscontro_Testo(riscontri[0]),
+            QStringLiteral("avviso  porte: /dev/ttyUSB0, senza numero per la stazione. Da fare: dargliene "
+                           "uno: mkdir -p %1; ln -s /dev/ttyUSB0 %1/COM1.\n")
+                .arg(stazione.Nativo(QStringLiteral("porte"))));
+        QCOMPARE(Riscontro_Testo(riscontri[1]), QStringLiteral("ok      porte: COM3: /dev/ttyS2.\n"));
     }
 
     void spazioSulDisco()
