@@ -9,6 +9,7 @@
 #include "strumenti/terminale.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 namespace {
 
@@ -85,6 +86,10 @@ FineStrumento Esegui(const QStringList &argomenti)
         return *fine;
     if (righe.Ha(SCHERMO))
         return righe.Rifiuta(In_Parole(SCHERMO_SOLO));
+    const QString pacchetto = righe.Valore(PACCHETTO);
+    // The look takes its time, and its package would have no place.
+    if (righe.Ha(PACCHETTO) && QFileInfo::exists(pacchetto))
+        return righe.Rifiuta(In_Parole(NON_SCRITTO).arg(pacchetto));
     QString errore;
     if (!Stazione_Leggi(righe.Posti().value(0), SegnoStazione::AncheProgramma, errore))
         return righe.Rifiuta(errore);
@@ -99,7 +104,6 @@ FineStrumento Esegui(const QStringList &argomenti)
         for (const Riscontro &riscontro : riscontri)
             Terminale_Scrivi(Canale::Uscita, Riscontro_Testo(riscontro));
     }
-    const QString pacchetto = righe.Valore(PACCHETTO);
     if (righe.Ha(PACCHETTO) && !Pacchetto_Scrivi(pacchetto, riscontri, stazione))
         Peggiora(fine, righe.Rifiuta(In_Parole(NON_SCRITTO).arg(pacchetto)));
     if (!Terminale_Integro())

@@ -373,12 +373,30 @@ private Q_SLOTS:
               "Pwd2=********\r\n", "Operatore=Rossi Mario", "  lingueMCTC.ini\n"})
             QVERIFY2(byte.contains(dentro), dentro);
         QVERIFY(!byte.contains("segretissima"));
-        // What is there already is somebody's.
+        // What is there already is somebody's, and nothing is looked at for it.
         const Esecuzione e = Diagnosi(stazione, {QStringLiteral("--pacchetto"), file});
         QCOMPARE(e.stato, 2);
         QVERIFY2(e.errori.contains(QStringLiteral("o c'è già")), qPrintable(e.errori));
+        QVERIFY2(e.uscita.isEmpty(), qPrintable(e.uscita));
         QVERIFY(zip.seek(0));
         QCOMPARE(zip.readAll(), byte);
+    }
+
+    /// Nothing has a sum too: that of an empty file, which is there.
+    void pacchettoSenzaUnFile()
+    {
+        const StazioneSana stazione;
+        QVERIFY(QFile::remove(stazione.Nativo(QStringLiteral("lingue.ini"))));
+        stazione.Scrivi(TESTI, {});
+        const QTemporaryDir altrove;
+        const QString file = altrove.filePath(QStringLiteral("p.zip"));
+        Diagnosi(stazione, {QStringLiteral("--pacchetto"), file});
+        QFile zip(file);
+        QVERIFY(zip.open(QIODevice::ReadOnly));
+        const QByteArray byte = zip.readAll();
+        QVERIFY(byte.contains("e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855"
+                              "  lingueMCTC.ini\n"));
+        QVERIFY(!byte.contains("  lingue.ini\n"));
     }
 
     /// A line that a hand has spoiled is told of, and its password is not: not on the screen either.
