@@ -64,15 +64,17 @@ int Fai_Ponte(const Opzioni &opzioni)
         Esci_Perduto(QStringLiteral("%1: la registrazione non si scrive più").arg(percorso));
     };
     Fine_Prepara();
-    // The record last but for the station's line: a port that does not open leaves no empty one behind.
     const QString nota =
         QStringLiteral("%1, strumento %2 a %3 baud 8N1")
             .arg(Orologio_Corrente().Adesso().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")))
             .arg(opzioni.ponte)
             .arg(opzioni.velocita);
-    if (!strumento->Apri(errore) || !registrazione.Apri(percorso, nota, errore) ||
-        !Linea_Apri(*stazione, collegamento, errore))
+    if (!strumento->Apri(errore) || !registrazione.Apri(percorso, nota, errore))
         return Errore_Mostra(errore);
+    if (!Linea_Apri(*stazione, collegamento, errore)) {
+        registrazione.Scarta(); // an empty one would be in the way of the next try
+        return Errore_Mostra(errore);
+    }
     registro.Annota(QStringLiteral("-- registrazione: ") + percorso);
     return QCoreApplication::exec();
 }

@@ -139,6 +139,11 @@ bool ScrittoreRegistrazione::Apri(const QString &percorso, const QString &nota, 
     return scritta;
 }
 
+void ScrittoreRegistrazione::Scarta()
+{
+    m_file.remove();
+}
+
 bool ScrittoreRegistrazione::Aggiungi(const Brano &brano)
 {
     return Scrivi(Brano_Testo(brano));

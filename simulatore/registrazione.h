@@ -50,6 +50,9 @@ public:
     /// @return false when the line could not be written.
     bool Aggiungi(const Brano &brano);
 
+    /// Takes the file away again: nothing has been recorded.
+    void Scarta();
+
     /// A comment, of that moment. @return as above.
     bool Annota(qint64 ms, const QString &testo);
 

@@ -184,10 +184,12 @@ FineStrumento Osserva(const RigaComando &righe)
     Relazione relazione(righe);
     Osservatore osservatore(
         cartelle,
-        [&relazione](const QString &file) {
+        [&relazione, &righe](const QString &file) {
             const ControlloFile controllo = Controllo_Esegui(file);
             if (relazione.Da_Dire(controllo))
                 relazione.Scrivi(controllo);
+            if (!Terminale_Integro()) // nobody would learn of any further file
+                QCoreApplication::exit(static_cast<int>(righe.Rifiuta(In_Parole(USCITA_PERSA))));
         },
         [&righe](const QString &cartella) {
             righe.Rifiuta(In_Parole(IRREPERIBILE).arg(Percorso_Mostrato(cartella)));

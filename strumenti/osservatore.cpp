@@ -1,8 +1,10 @@
-// One look compared with the one before, by the signatures that the worklist's poll goes by.
+// One look compared with the one before, by the moments of the last writes: that of the last reading, which
+// the worklist's poll goes by too, moves when this program reads a file, and when a backup does.
 #include "strumenti/osservatore.h"
 
 #include "core/modFs.h"
 #include "mctc/cartella_scambio.h"
+#include "platform/elenco.h"
 
 #include <utility>
 
@@ -10,10 +12,9 @@ namespace {
 
 constexpr int INTERVALLO = 1000; // ms
 
-/// A signature begins with the name of its file.
-QString Nome_Di(const QString &firma)
+QString Firma_Di(const QString &cartella, const RecordTrovato &voce)
 {
-    return firma.left(firma.lastIndexOf(QStringLiteral(" - ")));
+    return cartella + voce.cFileName + u'*' + QString::number(voce.ftLastWriteTime);
 }
 
 } // namespace
@@ -45,26 +46,36 @@ void Osservatore::Guarda()
 
 void Osservatore::Guarda_Cartella(const QString &cartella, QSet<QString> &firme)
 {
-    QStringList lette;
-    if (Fs_ElencoFirme(cartella, QStringLiteral("*.acc"), lette) < 0) {
+    QList<RecordTrovato> trovati;
+    if (!Trova_File(cartella + QStringLiteral("*.acc"), trovati)) {
         const StatoCartella stato = Cartella_Guarda(cartella).Stato;
-        const bool persa = stato == StatoCartella::Mancante || stato == StatoCartella::Illeggibile;
-        if (persa && !m_perse.contains(cartella))
-            m_irraggiungibile(cartella);
-        if (persa)
-            m_perse.insert(cartella);
+        if (stato == StatoCartella::Mancante || stato == StatoCartella::Illeggibile)
+            Perdi(cartella, firme);
         return;
     }
     m_perse.remove(cartella);
-    for (const QString &letta : std::as_const(lette)) {
-        const QString nome = Nome_Di(letta);
-        if (Fs_Estensione(nome).compare(u"acc", Qt::CaseInsensitive) != 0)
+    for (const RecordTrovato &voce : std::as_const(trovati)) {
+        const bool cartellaSua = (voce.dwFileAttributes & ATTRIBUTO_CARTELLA) != 0;
+        if (cartellaSua || Fs_Estensione(voce.cFileName).compare(u"acc", Qt::CaseInsensitive) != 0)
             continue;
-        const QString firma = cartella + letta;
+        const QString firma = Firma_Di(cartella, voce);
         firme.insert(firma);
         if (m_viste.contains(firma) && !m_dette.contains(firma)) {
             m_dette.insert(firma);
-            m_arrivato(cartella + nome);
+            m_arrivato(cartella + voce.cFileName);
         }
     }
+}
+
+/// What stood in a folder that is out of reach for a while stands there still, as far as anybody knows: it is
+/// not told anew when the folder is back.
+void Osservatore::Perdi(const QString &cartella, QSet<QString> &firme)
+{
+    for (const QString &firma : std::as_const(m_viste)) {
+        if (firma.startsWith(cartella))
+            firme.insert(firma);
+    }
+    if (!m_perse.contains(cartella))
+        m_irraggiungibile(cartella);
+    m_perse.insert(cartella);
 }

@@ -25,6 +25,7 @@ public:
 private:
     void Guarda();
     void Guarda_Cartella(const QString &cartella, QSet<QString> &firme);
+    void Perdi(const QString &cartella, QSet<QString> &firme);
 
     const QStringList m_cartelle;
     const std::function<void(const QString &)> m_arrivato;

@@ -58,7 +58,8 @@ private:
 void Terminale_Scrivi(Canale canale, const QString &testo)
 {
     std::FILE *flusso = canale == Canale::Errori ? stderr : stdout;
-    std::fputs(testo.toUtf8().constData(), flusso);
+    const QByteArray byte = testo.toUtf8(); // by its length: a damaged file's text may hold a NUL
+    std::fwrite(byte.constData(), 1, static_cast<size_t>(byte.size()), flusso);
     std::fflush(flusso);
 }
 

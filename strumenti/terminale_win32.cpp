@@ -74,7 +74,8 @@ void Terminale_Scrivi(Canale canale, const QString &testo)
         return;
     }
     std::FILE *flusso = errori ? stderr : stdout;
-    std::fputs(testo.toUtf8().constData(), flusso);
+    const QByteArray byte = testo.toUtf8(); // by its length: a damaged file's text may hold a NUL
+    std::fwrite(byte.constData(), 1, static_cast<size_t>(byte.size()), flusso);
     std::fflush(flusso);
 }
 

@@ -128,7 +128,8 @@ Function Copia_Configurazione
   ${If} ${FileExists} "$INSTDIR\lumira.ini"
     ${GetTime} "" "L" $R1 $R2 $R3 $R4 $R5 $R6 $R7 ; day, month, year
     ${IfNot} ${FileExists} "$INSTDIR\lumira.ini.$R3-$R2-$R1"
-      CopyFiles /SILENT "$INSTDIR\lumira.ini" "$INSTDIR\lumira.ini.$R3-$R2-$R1"
+      CopyFiles /SILENT "$INSTDIR\lumira.ini" "$INSTDIR\lumira.ini.nuova" ; whole or not at all, also on a full disk
+      Rename "$INSTDIR\lumira.ini.nuova" "$INSTDIR\lumira.ini.$R3-$R2-$R1"
     ${EndIf}
   ${EndIf}
 FunctionEnd

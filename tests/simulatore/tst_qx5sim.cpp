@@ -216,6 +216,7 @@ private Q_SLOTS:
     void ponteStazionePerduta();
     void ponteSenzaPiuSpazio();
     void ponteNonCopreUnaRegistrazione();
+    void ponteSenzaStazioneNonLasciaFile();
     void ponteUccisoLasciaLaRegistrazione();
     void registrazioneRiprodotta_data();
     void registrazioneRiprodotta();
@@ -576,6 +577,16 @@ void tst_qx5sim::ponteNonCopreUnaRegistrazione()
     QCOMPARE(ponte->Codice(), 1);
     QVERIFY(ponte->Errori().contains(QStringLiteral("esiste già")));
     QCOMPARE(Registrazione(), QByteArray("ieri"));
+}
+
+/// The next try under the same name must find its place free.
+void tst_qx5sim::ponteSenzaStazioneNonLasciaFile()
+{
+    const Cavo strumento;
+    Simulatore ponte({QStringLiteral("--ponte"), strumento.nome, QStringLiteral("--dispositivo"),
+                      QStringLiteral("/dev/non-esiste"), QStringLiteral("--registrazione"), Registra()});
+    QCOMPARE(ponte.Codice(), 1);
+    QVERIFY(!QFile::exists(Registra()));
 }
 
 void tst_qx5sim::ponteUccisoLasciaLaRegistrazione()
