@@ -47,9 +47,7 @@ constexpr double PI_STRUMENTO = 3.1416;
 
 QString Valore_Limite(const ChiaveIni &chiave)
 {
-    const QString valore = Valore_Ini(gFileIni, chiave);
-    // The file may use a decimal point on a machine with a decimal comma; not the other way round.
-    return gSepDecimale == u"," ? Str_Sostituisci(valore, QStringLiteral("."), QStringLiteral(",")) : valore;
+    return Con_Separatore(Valore_Ini(gFileIni, chiave), gSepDecimale);
 }
 
 float In_Millimetri(float gradi)
@@ -63,6 +61,11 @@ quint8 Simmetrico_Da(const QString &valore)
 }
 
 } // namespace
+
+QString Con_Separatore(const QString &valore, const QString &separatore)
+{
+    return separatore == u"," ? Str_Sostituisci(valore, QStringLiteral("."), QStringLiteral(",")) : valore;
+}
 
 LimitiFascio Limiti_Di(Fascio fascio)
 {

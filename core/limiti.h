@@ -33,6 +33,11 @@ LimitiFascio Limiti_Di(Fascio fascio);
 /// @param lux in the unit of the limits; wide enough for a figure that was read back from its text.
 bool Lux_Regolare(double lux, Fascio fascio);
 
+/// A number of the configuration as it is converted: the file may use a decimal point on a machine with a
+/// decimal comma; not the other way round.
+/// @param separatore the machine's. @throws ErroreEsecuzione 6 for a text past 16 bits of letters.
+QString Con_Separatore(const QString &valore, const QString &separatore);
+
 /// Reads the limits, the symmetric flag, the decimal separator and the password. A value that is no number
 /// gives the limit its default.
 /// @throws ErroreEsecuzione 6 when a limit does not fit its width, or the stored password is no scrambled

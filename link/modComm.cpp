@@ -81,7 +81,12 @@ Flag Apri_Porta(ControlloSeriale &porta)
 
 QString Porta_Nome()
 {
-    return QStringLiteral("COM%1").arg(gPortaNum);
+    return Porta_Nome(gPortaNum);
+}
+
+QString Porta_Nome(qint16 numero)
+{
+    return QStringLiteral("COM%1").arg(numero);
 }
 
 QString Porta_NonAperta()

@@ -40,6 +40,7 @@ Flag Apri_Porta(ControlloSeriale &porta);
 
 /// The port as the operator knows it, e.g. COM3.
 QString Porta_Nome();
+QString Porta_Nome(qint16 numero);
 
 /// What to say of a port that did not open: which it is.
 QString Porta_NonAperta();

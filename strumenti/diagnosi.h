@@ -2,6 +2,7 @@
 // looking. A station has been read before (Stazione_Leggi); nothing of it is changed.
 #pragma once
 
+#include "platform/porta_seriale.h"
 #include "strumenti/riscontro.h"
 
 /// The files that the station is delivered with: there, readable, not empty, and the program of which
@@ -25,6 +26,9 @@ void Diagnosi_Cartelle(Riscontri &riscontri, bool scrivi);
 /// The ports of the machine, and whether the station's own opens.
 /// @param chiedi asks then, once, for the state of the instrument on it.
 void Diagnosi_Porte(Riscontri &riscontri, bool chiedi);
+
+/// A port of the machine; a device without a number is of no use to the station.
+void Porta_Aggiungi(Riscontri &riscontri, const PortaTrovata &porta);
 
 /// The end of a periodic verification, by the station's own judgement.
 /// @param materia where it stands: in the configuration or in the instrument. @param scadenza dd/mm/yyyy, as

@@ -10,14 +10,17 @@
 #include "link/modComm.h"
 #include "link/seriale_comune.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/localita.h"
 #include "platform/numeri.h"
 #include "platform/orologio.h"
 #include "platform/percorsi.h"
 #include "platform/profilo_testo.h"
 #include "strumenti/parole.h"
+#include "strumenti/password_coperta.h"
 
 #include <QFile>
 #include <QMap>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -60,6 +63,16 @@ bool E_Password(const QString &nome)
 {
     return nome == Nome_DaConfrontare(ChiavePassword.Nome.toString()) ||
            nome == Nome_DaConfrontare(ChiavePassword2.Nome.toString());
+}
+
+/// The name of a key as it may be told. Without "=" the whole line is its name: the first word of it tells
+/// which line is meant, and the rest may be a password.
+QString Nome_Dicibile(const RigaProfilo &riga)
+{
+    static const QRegularExpression DOPO_LA_PAROLA(QStringLiteral("[\\s:].*"));
+    if (E_Password(riga.Nome))
+        return riga.Nome;
+    return Password_Coperte(riga.Uguale ? riga.Nome : QString(riga.Nome).remove(DOPO_LA_PAROLA));
 }
 
 QString Nome_Detto(const QString &sezione, const QString &chiave)
@@ -106,7 +119,7 @@ private:
     void Chiave(const RigaProfilo &riga)
     {
         const QString numero = QString::number(riga.Numero);
-        const QString nome = Nome_Detto(m_sezione, riga.Nome);
+        const QString nome = Nome_Detto(m_sezione, Nome_Dicibile(riga));
         if (!riga.Uguale)
             Trovato_Avviso(m_riscontri, Materia::Configurazione, In_Parole(SENZA_UGUALE).arg(numero, nome),
                            In_Parole(CORREGGERE));
@@ -201,11 +214,10 @@ bool E_Lux(const QString &valore)
         std::all_of(valore.cbegin(), valore.cend(), [](QChar c) { return c >= u'0' && c <= u'9'; });
     return cifre && valore.toInt() > 0 && valore.toInt() <= MASSIMO;
 }
-/// A configuration may use the point on a machine with a decimal comma, and the comma on any.
+/// By the machine that the tool runs on: it is the station's.
 bool E_Numero(const QString &valore)
 {
-    return Numero_Valido(valore) || Numero_Valido(QString(valore).replace(u'.', u',')) ||
-           Numero_Valido(QString(valore).replace(u',', u'.'));
+    return Numero_Valido(Con_Separatore(valore, Locale_Info(LOCALE_SEPARATORE_DECIMALE)));
 }
 bool E_Lingua(const QString &valore)
 {
@@ -337,6 +349,10 @@ constexpr Parole RIVEDERE_LIMITI = {u"rimettere i limiti dalle impostazioni",
 
 void Guarda_Limiti(Riscontri &riscontri)
 {
+    // The station reads its password with the limits. One that is no password has been told as such; the
+    // limits cannot be judged then.
+    if (!E_Password_Leggibile(Valore_Ini(gFileIni, ChiavePassword)))
+        return;
     try {
         Carica_Limiti();
     } catch (const ErroreEsecuzione &errore) {

@@ -5,7 +5,7 @@
 #include "link/modComm.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/istanza.h"
-#include "platform/porta_seriale.h"
+#include "platform/percorsi.h"
 #include "strumenti/parole.h"
 #include "strumenti/sonda_strumento.h"
 
@@ -53,6 +53,9 @@ constexpr Parole PORTA = {u"%1: %2", u"%1: %2"};
 constexpr Parole PORTA_SENZA_DIRITTI = {u"%1: %2, senza diritto di usarla", u"%1: %2, no right to use it"};
 constexpr Parole SENZA_NUMERO = {u"%1, senza numero per la stazione",
                                  u"%1, without a number for the station"};
+/// Where devices have numbers of their own, none lacks one.
+constexpr Parole DARE_NUMERO = {u"dargliene uno: mkdir -p %1; ln -s %2 %1/%3",
+                                u"give it one: mkdir -p %1; ln -s %2 %1/%3"};
 constexpr Parole NESSUNA = {u"il computer non ha porte seriali", u"the computer has no serial port"};
 constexpr Parole ATTACCARE = {u"attaccare l'adattatore seriale", u"plug the serial adapter in"};
 constexpr Parole ASSENTE = {u"%1, la porta della stazione, non c'è", u"%1, the station's port, is not there"};
@@ -64,10 +67,9 @@ constexpr Parole DARE_DIRITTI = {u"mettere l'utente nel gruppo delle porte seria
                                  u"put the user in the group of the serial ports (dialout)"};
 constexpr Parole APRIBILE = {u"%1, la porta della stazione, si apre a %2",
                              u"%1, the station's port, opens at %2"};
-constexpr Parole IN_USO = {u"%1 è occupata: la stazione è aperta e la usa, o un altro programma",
-                           u"%1 is taken: the station is open and uses it, or another program does"};
-constexpr Parole CHIUDERE = {u"chiudere il collegamento nella stazione e ripetere",
-                             u"close the link in the station and try again"};
+constexpr Parole IN_USO = {u"%1 è occupata dalla stazione aperta", u"%1 is taken by the open station"};
+constexpr Parole CHIUDERE = {u"per provarla chiudere la stazione e ripetere",
+                             u"to try it close the station and start again"};
 constexpr Parole OCCUPATA = {u"%1 è occupata da un altro programma, o non è una porta",
                              u"%1 is taken by another program, or is no port"};
 constexpr Parole CHIUDERE_ALTRO = {u"chiudere il programma che la usa", u"close the program that uses it"};
@@ -87,6 +89,7 @@ constexpr Parole METTERE_PORTA = {u"scegliere %1 nelle impostazioni, con %2 in l
                                   u"choose %1 in the settings, with %2 in lumira.ini, [%3]"};
 constexpr Parole INTROVABILE = {u"non risponde su nessuna porta con nessun formato usuale",
                                 u"it answers on no port in any usual format"};
+constexpr Parole NON_CERCATO = {u"non cercato su %1", u"not looked for on %1"};
 constexpr Parole ACCENDERE_SOLO = {u"accenderlo e guardare il cavo", u"switch it on and look at its cable"};
 constexpr Parole IDENTITA = {u"%1 %2, serie %3", u"%1 %2, serial number %3"};
 constexpr Parole IDENTITA_ALTRA = {u"%1 %2, serie %3: lumira.ini ha la serie %4",
@@ -132,14 +135,15 @@ void Elenca(Riscontri &riscontri)
     const QList<PortaTrovata> porte = Porte_Elenca();
     if (porte.isEmpty())
         Trovato_Guasto(riscontri, Materia::Porte, In_Parole(NESSUNA), In_Parole(ATTACCARE));
-    for (const PortaTrovata &porta : porte) {
-        const QString nome = QStringLiteral("COM%1").arg(porta.Numero);
-        Trovato_Buono(
-            riscontri, Materia::Porte,
-            porta.Numero == 0
-                ? In_Parole(SENZA_NUMERO).arg(porta.Dispositivo)
-                : In_Parole(porta.Permessa ? PORTA : PORTA_SENZA_DIRITTI).arg(nome, porta.Dispositivo));
-    }
+    for (const PortaTrovata &porta : porte)
+        Porta_Aggiungi(riscontri, porta);
+}
+
+/// A session has the port at any moment, and what is asked from beside falls into it.
+bool Ha_LaStazione(qint16 numero, qint16 sua)
+{
+    // A device may have two numbers.
+    return Porta_Dispositivo(numero) == Porta_Dispositivo(sua) && Istanza_InCorso(Programma_Stazione());
 }
 
 bool Permessa(qint16 numero)
@@ -148,15 +152,6 @@ bool Permessa(qint16 numero)
     return std::none_of(porte.cbegin(), porte.cend(), [numero](const PortaTrovata &porta) {
         return porta.Numero == numero && !porta.Permessa;
     });
-}
-
-void Occupata(Riscontri &riscontri)
-{
-    if (Istanza_InCorso(Programma_Stazione()))
-        Trovato_Avviso(riscontri, Materia::Porte, In_Parole(IN_USO).arg(Porta_Nome()), In_Parole(CHIUDERE));
-    else
-        Trovato_Guasto(riscontri, Materia::Porte, In_Parole(OCCUPATA).arg(Porta_Nome()),
-                       In_Parole(CHIUDERE_ALTRO));
 }
 
 /// Asks on the open port once.
@@ -206,8 +201,9 @@ QList<FormatoUsuale> Formati(const QString &parita)
     return formati;
 }
 
-/// Asks on the port gPortaNum in each format. @return true when somebody answered: the settings are those.
-bool Risponde_In(const QList<FormatoUsuale> &formati, Riscontri &riscontri, const QString &attesa)
+/// Asks on the port gPortaNum in each format. @return Risponde when somebody answered: the settings are
+/// those; NonAperta when nobody could be asked.
+EsitoSonda Risponde_In(const QList<FormatoUsuale> &formati, Riscontri &riscontri, const QString &attesa)
 {
     for (const FormatoUsuale &formato : formati) {
         gPortaBaud = formato.Baud;
@@ -217,7 +213,7 @@ bool Risponde_In(const QList<FormatoUsuale> &formati, Riscontri &riscontri, cons
         SondaStrumento sonda;
         const EsitoSonda esito = sonda.Chiedi_Stato(ATTESA_CERCA);
         if (esito == EsitoSonda::NonAperta)
-            return false;
+            return esito;
         if (esito != EsitoSonda::Risponde)
             continue;
         const QString qui = Porta_Nome(), come = Impostazioni_Porta();
@@ -228,12 +224,25 @@ bool Risponde_In(const QList<FormatoUsuale> &formati, Riscontri &riscontri, cons
             Trovato_Guasto(riscontri, Materia::Strumento, In_Parole(ALTROVE).arg(qui, come, attesa),
                            In_Parole(METTERE_PORTA).arg(qui, come, SezionePorta.toString()));
         Identita(riscontri, sonda);
-        return true;
+        return esito;
     }
-    return false;
+    return EsitoSonda::Muto;
 }
 
 } // namespace
+
+void Porta_Aggiungi(Riscontri &riscontri, const PortaTrovata &porta)
+{
+    if (porta.Numero == 0) {
+        const QString legami = Percorso_Nativo(gAppPath + QStringLiteral("porte"));
+        Trovato_Avviso(riscontri, Materia::Porte, In_Parole(SENZA_NUMERO).arg(porta.Dispositivo),
+                       In_Parole(DARE_NUMERO).arg(legami, porta.Dispositivo, Porta_Nome(1)));
+        return;
+    }
+    Trovato_Buono(riscontri, Materia::Porte,
+                  In_Parole(porta.Permessa ? PORTA : PORTA_SENZA_DIRITTI)
+                      .arg(Porta_Nome(porta.Numero), porta.Dispositivo));
+}
 
 void Diagnosi_Porte(Riscontri &riscontri, bool chiedi)
 {
@@ -250,11 +259,16 @@ void Diagnosi_Porte(Riscontri &riscontri, bool chiedi)
                        In_Parole(DARE_DIRITTI));
         return;
     }
+    if (Ha_LaStazione(gPortaNum, gPortaNum)) {
+        Trovato_Avviso(riscontri, Materia::Porte, In_Parole(IN_USO).arg(Porta_Nome()), In_Parole(CHIUDERE));
+        return;
+    }
     // One opening for both questions: each moves the lines of whatever hangs on the port.
     SondaStrumento sonda;
     const EsitoSonda aperta = sonda.Apri();
     if (aperta == EsitoSonda::NonAperta) {
-        Occupata(riscontri);
+        Trovato_Guasto(riscontri, Materia::Porte, In_Parole(OCCUPATA).arg(Porta_Nome()),
+                       In_Parole(CHIUDERE_ALTRO));
         return;
     }
     if (aperta == EsitoSonda::Sorda) {
@@ -275,15 +289,32 @@ void Diagnosi_Cerca(Riscontri &riscontri)
     const QString attesa = letta ? Porta_Nome() + u' ' + Impostazioni_Porta() : QStringLiteral("COM?");
     const qint16 sua = gPortaNum;
     QList<PortaTrovata> porte = Porte_Elenca();
-    porte.removeIf([](const PortaTrovata &porta) { return porta.Numero == 0 || !porta.Permessa; });
+    porte.removeIf([](const PortaTrovata &porta) { return porta.Numero == 0; });
     // The station's own first: it is where the instrument is on most mornings.
     std::stable_partition(porte.begin(), porte.end(),
                           [sua](const PortaTrovata &porta) { return porta.Numero == sua; });
     bool trovato = false;
+    Riscontri saltate; // where the instrument may still be
+    const auto salta = [&saltate](const Parole &rimedio) {
+        Trovato_Avviso(saltate, Materia::Strumento, In_Parole(NON_CERCATO).arg(Porta_Nome()),
+                       In_Parole(rimedio));
+    };
     for (const PortaTrovata &porta : std::as_const(porte)) {
         gPortaNum = porta.Numero;
-        trovato = Risponde_In(formati, riscontri, attesa) || trovato;
+        if (!porta.Permessa) {
+            salta(DARE_DIRITTI);
+        } else if (letta && Ha_LaStazione(porta.Numero, sua)) {
+            salta(CHIUDERE);
+        } else {
+            const EsitoSonda esito = Risponde_In(formati, riscontri, attesa);
+            if (esito == EsitoSonda::NonAperta)
+                salta(CHIUDERE_ALTRO);
+            trovato = trovato || esito == EsitoSonda::Risponde;
+        }
     }
-    if (!trovato)
+    if (trovato)
+        return;
+    riscontri.append(saltate);
+    if (saltate.isEmpty())
         Trovato_Guasto(riscontri, Materia::Strumento, In_Parole(INTROVABILE), In_Parole(ACCENDERE_SOLO));
 }

@@ -7,7 +7,6 @@
 #include "strumenti/parole.h"
 #include "strumenti/stazione_strumento.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -47,13 +46,6 @@ constexpr Parole DARE_ESECUZIONE = {u"dare all'utente il diritto di eseguirlo", 
 constexpr Parole VERSIONE = {u"lumira %1", u"lumira %1"};
 constexpr Parole ALTRA_VERSIONE = {u"%1 non è della versione %2, quella di questo strumento",
                                    u"%1 is not of version %2, which this tool is of"};
-
-/// The program has the suffix that the tool has, on each system its own.
-QString Nome_Programma()
-{
-    const QString suffisso = QFileInfo(QCoreApplication::applicationFilePath()).suffix();
-    return suffisso.isEmpty() ? QStringLiteral("lumira") : QStringLiteral("lumira.") + suffisso;
-}
 
 /// @param[out] rimedio what to do then. @param[out] byte the file's. @return what is wrong with it; empty
 /// when it is whole.

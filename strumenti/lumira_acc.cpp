@@ -50,6 +50,7 @@ constexpr Parole AIUTO = {
 };
 // clang-format on
 
+constexpr Parole CON_STAZIONE = {u" (--stazione CARTELLA)", u" (--stazione FOLDER)"};
 constexpr Parole SENZA_MODELLO = {u"il modello %1 non c'è: senza, ogni file è anomalo",
                                   u"there is no template %1: without it every file is anomalous"};
 constexpr Parole VISIVO_DOPPIO = {u"--visivo e --senza-visivo non vanno insieme",
@@ -77,8 +78,10 @@ bool Regole_Leggi(const RigaComando &righe, QString &errore)
         errore = In_Parole(VISIVO_DOPPIO);
         return false;
     }
-    if (!Stazione_Leggi(righe.Valore(STAZIONE), errore))
+    if (!Stazione_Leggi(righe.Valore(STAZIONE), SegnoStazione::Configurazione, errore)) {
+        errore += In_Parole(CON_STAZIONE);
         return false;
+    }
     if (righe.Ha(MODELLO))
         gFileModelloAcc = Percorso_Intero(righe.Valore(MODELLO));
     if (righe.Ha(VISIVO) || righe.Ha(SENZA_VISIVO))

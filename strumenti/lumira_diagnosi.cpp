@@ -9,6 +9,7 @@
 #include "strumenti/terminale.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 namespace {
 
@@ -17,7 +18,7 @@ constexpr Parole AIUTO = {
     u"Uso: lumira-diagnosi [opzioni] [CARTELLA]\n"
     "Guarda una stazione e dice, una riga per cosa guardata, che cosa va e che cosa no, e che cosa\n"
     "fare. Senza CARTELLA è la stazione con cui il programma è stato consegnato. La stazione può\n"
-    "essere aperta; non le cambia niente.\n\n"
+    "essere aperta: non le cambia niente, e allora la sua porta non si prova.\n\n"
     "  --cerca              cerca lo strumento su ogni porta, con i formati usuali, e ne legge i dati\n"
     "  --scrivi             prova a scrivere nelle cartelle di scambio un file che toglie subito\n"
     "  --pacchetto FILE.zip tutto in un file per l'assistenza, con la configurazione senza password\n"
@@ -30,7 +31,7 @@ constexpr Parole AIUTO = {
     u"Usage: lumira-diagnosi [options] [FOLDER]\n"
     "Looks at a station and tells, a line a thing, what is well and what is not, and what to do.\n"
     "Without FOLDER it is the station that the program was delivered with. The station may be\n"
-    "open; nothing of it is changed.\n\n"
+    "open: nothing of it is changed, and its port is not tried then.\n\n"
     "  --cerca              looks for the instrument on every port, in the usual formats, and reads it\n"
     "  --scrivi             tries to write in the exchange folders a file that it takes away at once\n"
     "  --pacchetto FILE.zip all of it in a file for the support, the configuration without passwords\n"
@@ -85,8 +86,12 @@ FineStrumento Esegui(const QStringList &argomenti)
         return *fine;
     if (righe.Ha(SCHERMO))
         return righe.Rifiuta(In_Parole(SCHERMO_SOLO));
+    const QString pacchetto = righe.Valore(PACCHETTO);
+    // The look takes its time, and its package would have no place.
+    if (righe.Ha(PACCHETTO) && QFileInfo::exists(pacchetto))
+        return righe.Rifiuta(In_Parole(NON_SCRITTO).arg(pacchetto));
     QString errore;
-    if (!Stazione_Leggi(righe.Posti().value(0), errore))
+    if (!Stazione_Leggi(righe.Posti().value(0), SegnoStazione::AncheProgramma, errore))
         return righe.Rifiuta(errore);
     Porte_Stazione(gAppPath.chopped(1));
     const QString stazione = Percorso_Mostrato(gAppPath.chopped(1));
@@ -99,7 +104,6 @@ FineStrumento Esegui(const QStringList &argomenti)
         for (const Riscontro &riscontro : riscontri)
             Terminale_Scrivi(Canale::Uscita, Riscontro_Testo(riscontro));
     }
-    const QString pacchetto = righe.Valore(PACCHETTO);
     if (righe.Ha(PACCHETTO) && !Pacchetto_Scrivi(pacchetto, riscontri, stazione))
         Peggiora(fine, righe.Rifiuta(In_Parole(NON_SCRITTO).arg(pacchetto)));
     if (!Terminale_Integro())

@@ -124,7 +124,7 @@ void Scrivi_Raccolta(const RigaComando &righe, const RaccoltaFar &raccolta)
 bool Limiti_Leggi(const RigaComando &righe, QString &errore)
 {
     // A tool that lies alone somewhere has the limits of a configuration without any.
-    if (!Stazione_Leggi(righe.Valore(STAZIONE), errore) && righe.Ha(STAZIONE))
+    if (!Stazione_Leggi(righe.Valore(STAZIONE), SegnoStazione::Configurazione, errore) && righe.Ha(STAZIONE))
         return false;
     try {
         Carica_Limiti();

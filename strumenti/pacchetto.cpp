@@ -5,18 +5,22 @@
 #include "platform/orologio.h"
 #include "platform/percorsi.h"
 #include "strumenti/archivio_zip.h"
+#include "strumenti/password_coperta.h"
 
 #include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
+
+#include <optional>
 
 namespace {
 
-QByteArray Byte_Di(const QString &percorso)
+std::optional<QByteArray> Byte_Di(const QString &percorso)
 {
     QFile file(Percorso_Nativo(percorso));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return file.readAll();
 }
 
 QByteArray Testo_Di(const Riscontri &riscontri)
@@ -27,13 +31,16 @@ QByteArray Testo_Di(const Riscontri &riscontri)
     return testo.toUtf8();
 }
 
-/// In the lines of the usual checking programs.
+/// In the lines of the usual checking programs. A file that cannot be read has none: the sum of nothing would
+/// pass for that of an empty file.
 QByteArray Somme()
 {
     QByteArray somme;
     for (const QString &percorso : {gFileLingue, gFileLingueMctc, gFileModelloAcc}) {
-        const QByteArray byte = Byte_Di(percorso);
-        somme += QCryptographicHash::hash(byte, QCryptographicHash::Sha256).toHex() + "  " +
+        const std::optional<QByteArray> byte = Byte_Di(percorso);
+        if (!byte)
+            continue;
+        somme += QCryptographicHash::hash(*byte, QCryptographicHash::Sha256).toHex() + "  " +
                  QFileInfo(Percorso_Nativo(percorso)).fileName().toUtf8() + '\n';
     }
     return somme;
@@ -46,10 +53,7 @@ QByteArray Senza_Password(const QByteArray &configurazione)
     // Byte for byte as letters, so that every other one stays. In two bytes a letter nothing would be found.
     if (configurazione.contains('\0'))
         return {};
-    static const QRegularExpression PASSWORD(
-        QStringLiteral("(\\b(?:%1|%2)[ \\t\\v]*=)[^\\r\\n]*").arg(ChiavePassword.Nome, ChiavePassword2.Nome),
-        QRegularExpression::CaseInsensitiveOption);
-    return QString::fromLatin1(configurazione).replace(PASSWORD, QStringLiteral("\\1********")).toLatin1();
+    return Password_Coperte(QString::fromLatin1(configurazione)).toLatin1();
 }
 
 bool Pacchetto_Scrivi(const QString &file, const Riscontri &riscontri, const QString &stazione)
@@ -57,7 +61,7 @@ bool Pacchetto_Scrivi(const QString &file, const Riscontri &riscontri, const QSt
     const QList<VoceZip> voci = {
         {"diagnosi.txt",  Testo_Di(riscontri)     },
         {"diagnosi.json", Riscontri_Json(riscontri, stazione)},
-        {"lumira.ini",               Senza_Password(Byte_Di(gFileIni))                           },
+        {"lumira.ini",               Senza_Password(Byte_Di(gFileIni).value_or(QByteArray()))                           },
         {"somme.sha256",               Somme()},
     };
     const QByteArray zip = Zip_Componi(voci, Orologio_Corrente().Adesso());

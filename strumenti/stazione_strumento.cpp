@@ -7,20 +7,23 @@
 #include "platform/percorsi.h"
 #include "strumenti/parole.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
 namespace {
 
 constexpr Parole MANCA = {
-    u"%1 non è la cartella di una stazione: manca lumira.ini (--stazione CARTELLA)",
-    u"%1 is no station folder: there is no lumira.ini (--stazione FOLDER)",
+    u"%1 non è la cartella di una stazione: manca lumira.ini",
+    u"%1 is no station folder: there is no lumira.ini",
 };
 
-bool Avvia_Da(const QString &cartella)
+bool Avvia_Da(const QString &cartella, SegnoStazione segno)
 {
     Avvio_Percorsi(cartella);
-    if (!Fs_Esiste(gFileIni, 0))
+    const bool programma =
+        segno == SegnoStazione::AncheProgramma && Fs_Esiste(gAppPath + Nome_Programma(), 0);
+    if (!programma && !Fs_Esiste(gFileIni, 0))
         return false;
     Avvio_Impostazioni();
     return true;
@@ -38,13 +41,19 @@ QString Percorso_Mostrato(const QString &percorso)
     return QDir::toNativeSeparators(QString(percorso).replace(u'\\', u'/'));
 }
 
-bool Stazione_Leggi(const QString &cartella, QString &errore)
+QString Nome_Programma()
+{
+    const QString suffisso = QFileInfo(QCoreApplication::applicationFilePath()).suffix();
+    return suffisso.isEmpty() ? QStringLiteral("lumira") : QStringLiteral("lumira.") + suffisso;
+}
+
+bool Stazione_Leggi(const QString &cartella, SegnoStazione segno, QString &errore)
 {
     const QString programma = Cartella_Programma();
     const QString scelta = cartella.isEmpty() ? programma : Percorso_Intero(cartella);
-    if (Avvia_Da(scelta))
+    if (Avvia_Da(scelta, segno))
         return true;
-    if (cartella.isEmpty() && Avvia_Da(programma.left(programma.lastIndexOf(u'\\'))))
+    if (cartella.isEmpty() && Avvia_Da(programma.left(programma.lastIndexOf(u'\\')), segno))
         return true;
     errore = In_Parole(MANCA).arg(Percorso_Mostrato(scelta));
     return false;

@@ -178,9 +178,11 @@ private Q_SLOTS:
     void senzaStazioneOModello()
     {
         const Esecuzione senza = Processo_Esegui(QStringLiteral(LUMIRA_ACC),
-                                                 {QStringLiteral("--stazione"), m_cartella, m_cartella});
+                                                 {QStringLiteral("--lingua"), QStringLiteral("IT"),
+                                                  QStringLiteral("--stazione"), m_cartella, m_cartella});
         QCOMPARE(senza.stato, 2);
-        QVERIFY2(senza.errori.contains(QStringLiteral("lumira.ini")), qPrintable(senza.errori));
+        QVERIFY2(senza.errori.contains(QStringLiteral("manca lumira.ini (--stazione CARTELLA)")),
+                 qPrintable(senza.errori));
         const Esecuzione modello =
             Esegui({QStringLiteral("--modello"), Nativo(QStringLiteral("x.acc")), m_cartella});
         QCOMPARE(modello.stato, 2);

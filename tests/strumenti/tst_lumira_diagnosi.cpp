@@ -3,6 +3,7 @@
 #include "strumenti/archivio_zip.h"
 #include "strumenti/diagnosi.h"
 #include "strumenti/pacchetto.h"
+#include "strumenti/parole.h"
 #include "strumenti/riscontro.h"
 #include "tests/strumenti/diagnosi_prova.h"
 
@@ -58,6 +59,8 @@ const StazioneRotta ROTTE[] = {
      u"avviso configurazione: riga %RIGA:baud=4800%: [COMM] BAUD c'è già, questa nessuno la legge"},
     {"senza uguale", [](const StazioneSana &s) { s.Cambia_Ini("Debug=0", "Debug"); },
      u"avviso configurazione: riga %RIGA:Debug%: [GENERAL] DEBUG non ha il segno ="},
+    {"senza uguale, con altre parole", [](const StazioneSana &s) { s.Cambia_Ini("Debug=0", "Debug: 0 o 1"); },
+     u"avviso configurazione: riga %RIGA:Debug: 0 o 1%: [GENERAL] DEBUG non ha il segno ="},
     {"UTF-8 in un valore", [](const StazioneSana &s) { s.Cambia_Ini("Denominazione=Officina di prova", "Denominazione=Officina Nicol\xC3\xB2"); },
      u"avviso configurazione: riga %RIGA:Denominazione=Officina Nicol\u00C3\u00B2%, [OFFICINA] DENOMINAZIONE: lettere accentate in UTF-8, si leggeranno male"},
     {"segno di UTF-8", [](const StazioneSana &s) { s.Scrivi(INI, "\xEF\xBB\xBF" + s.Leggi(INI)); },
@@ -76,6 +79,8 @@ const StazioneRotta ROTTE[] = {
      u"guasto configurazione: [PARAMETRI] LuxMaxAbb=150.000 non va bene"},
     {"deviazione senza numero", [](const StazioneSana &s) { s.Cambia_Ini("DevVertAbb=1.5", "DevVertAbb=uno"); },
      u"avviso configurazione: [PARAMETRI] DevVertAbb=uno non va bene"},
+    {"deviazione con la virgola dove vale il punto", [](const StazioneSana &s) { s.Cambia_Ini("DevVertAbb=1.5", "DevVertAbb=1,5"); },
+     u"avviso configurazione: [PARAMETRI] DevVertAbb=1,5 non va bene"},
     {"flag con un'altra cifra", [](const StazioneSana &s) { s.Cambia_Ini("IniFile=1", "IniFile=si"); },
      u"avviso configurazione: [MCTC] IniFile=si non va bene"},
     {"telecamera", [](const StazioneSana &s) { s.Cambia_Ini("CamReset=N", "CamReset=X"); },
@@ -189,6 +194,32 @@ private Q_SLOTS:
         QVERIFY2(detto, qPrintable(atteso + QStringLiteral("\nnot in\n") + trovati.join(u'\n')));
     }
 
+    /// The program's folder is a station's, also when what the workshop has set is gone: the rest is looked
+    /// at, and the remedy told.
+    void configurazionePersa()
+    {
+        const StazioneSana stazione;
+        QVERIFY(QFile::remove(stazione.Nativo(INI)));
+        const Esecuzione e = Diagnosi(stazione);
+        QCOMPARE(e.stato, 1);
+        QVERIFY2(
+            e.uscita.contains(QStringLiteral("guasto  programma: manca lumira.ini. Da fare: rimettere la "
+                                             "copia di lumira.ini, o quella consegnata.\n")),
+            qPrintable(e.uscita));
+        QVERIFY2(e.uscita.contains(QStringLiteral("\nok      orologio: ")), qPrintable(e.uscita));
+        QVERIFY2(e.errori.isEmpty(), qPrintable(e.errori));
+    }
+
+    /// The station reads it with its limits; those are not what is wrong.
+    void passwordIlleggibile()
+    {
+        const StazioneSana stazione;
+        stazione.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Pwd"), QString(40, u'a'));
+        QCOMPARE(Cattivi(Solo(Trovati(Diagnosi(stazione, {JSON})), {QStringLiteral("configurazione")})),
+                 QStringList{
+                     QStringLiteral("guasto configurazione: [IMPOSTAZIONI] Pwd=(non mostrato) non va bene")});
+    }
+
     /// Whatever is not good says what to do about it.
     void ogniGuastoHaIlSuoRimedio()
     {
@@ -249,6 +280,22 @@ private Q_SLOTS:
                 .arg(QDir::toNativeSeparators(stazione.Nativo(QStringLiteral("DIR_FAR"))))));
     }
 
+    void portaSenzaNumero()
+    {
+        const StazioneSana stazione;
+        QVERIFY(Lingua_Scegli(QStringLiteral("IT")));
+        Riscontri riscontri;
+        Porta_Aggiungi(riscontri, {0, QStringLiteral("/dev/ttyUSB0"), true});
+        Porta_Aggiungi(riscontri, {3, QStringLiteral("/dev/ttyS2"), true});
+        QCOMPARE(riscontri.size(), 2);
+        QCOMPARE(
+            Riscontro_Testo(riscontri[0]),
+            QStringLiteral("avviso  porte: /dev/ttyUSB0, senza numero per la stazione. Da fare: dargliene "
+                           "uno: mkdir -p %1; ln -s /dev/ttyUSB0 %1/COM1.\n")
+                .arg(stazione.Nativo(QStringLiteral("porte"))));
+        QCOMPARE(Riscontro_Testo(riscontri[1]), QStringLiteral("ok      porte: COM3: /dev/ttyS2.\n"));
+    }
+
     void spazioSulDisco()
     {
         constexpr qint64 MEGA = 1024 * 1024;
@@ -290,6 +337,7 @@ private Q_SLOTS:
                             QStringList{QStringLiteral("--lingua"), QStringLiteral("IT")} + argomenti);
         QCOMPARE(e.stato, 2);
         QVERIFY2(e.errori.contains(errore), qPrintable(e.errori));
+        QVERIFY2(!e.errori.contains(QStringLiteral("--stazione")), qPrintable(e.errori)); // no option of it
         QVERIFY2(e.uscita.isEmpty(), qPrintable(e.uscita));
     }
 
@@ -325,12 +373,57 @@ private Q_SLOTS:
               "Pwd2=********\r\n", "Operatore=Rossi Mario", "  lingueMCTC.ini\n"})
             QVERIFY2(byte.contains(dentro), dentro);
         QVERIFY(!byte.contains("segretissima"));
-        // What is there already is somebody's.
+        // What is there already is somebody's, and nothing is looked at for it.
         const Esecuzione e = Diagnosi(stazione, {QStringLiteral("--pacchetto"), file});
         QCOMPARE(e.stato, 2);
         QVERIFY2(e.errori.contains(QStringLiteral("o c'è già")), qPrintable(e.errori));
+        QVERIFY2(e.uscita.isEmpty(), qPrintable(e.uscita));
         QVERIFY(zip.seek(0));
         QCOMPARE(zip.readAll(), byte);
+    }
+
+    /// Nothing has a sum too: that of an empty file, which is there.
+    void pacchettoSenzaUnFile()
+    {
+        const StazioneSana stazione;
+        QVERIFY(QFile::remove(stazione.Nativo(QStringLiteral("lingue.ini"))));
+        stazione.Scrivi(TESTI, {});
+        const QTemporaryDir altrove;
+        const QString file = altrove.filePath(QStringLiteral("p.zip"));
+        Diagnosi(stazione, {QStringLiteral("--pacchetto"), file});
+        QFile zip(file);
+        QVERIFY(zip.open(QIODevice::ReadOnly));
+        const QByteArray byte = zip.readAll();
+        QVERIFY(byte.contains("e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855"
+                              "  lingueMCTC.ini\n"));
+        QVERIFY(!byte.contains("  lingue.ini\n"));
+    }
+
+    /// A line that a hand has spoiled is told of, and its password is not: not on the screen either.
+    void passwordInUnaRigaGuasta_data()
+    {
+        QTest::addColumn<QByteArray>("riga");
+        QTest::newRow("senza uguale") << QByteArray("Pwd segretissima");
+        QTest::newRow("senza niente") << QByteArray("Pwdsegretissima");
+        QTest::newRow("con i due punti") << QByteArray("pwd2:segretissima");
+        QTest::newRow("uguale più in là") << QByteArray("Pwd segretissima=\r\nPwd segretissima=");
+        QTest::newRow("in una nota") << QByteArray(";vecchia password segretissima");
+    }
+    void passwordInUnaRigaGuasta()
+    {
+        QFETCH(QByteArray, riga);
+        const StazioneSana stazione;
+        stazione.Cambia_Ini("[IMPOSTAZIONI]\r\n", "[IMPOSTAZIONI]\r\n" + riga + "\r\n");
+        const QTemporaryDir altrove;
+        const QString file = altrove.filePath(QStringLiteral("p.zip"));
+        const Esecuzione testo = Diagnosi(stazione, {QStringLiteral("--pacchetto"), file});
+        const Esecuzione json = Diagnosi(stazione, {JSON});
+        QFile zip(file);
+        QVERIFY(zip.open(QIODevice::ReadOnly));
+        const QByteArray byte = zip.readAll();
+        QVERIFY(byte.contains("Operatore=Rossi Mario"));
+        for (const QByteArray &dove : {byte, testo.byte, json.byte})
+            QVERIFY2(!dove.toLower().contains("segretissima"), dove.constData());
     }
 
     void senzaPassword_data()
@@ -343,7 +436,13 @@ private Q_SLOTS:
             << QByteArray("pWD \t= ab") << QByteArray("pWD \t=********");
         QTest::newRow("vecchia, in una nota")
             << QByteArray(";Pwd=ab\rX=\xE8") << QByteArray(";Pwd=********\rX=\xE8");
-        QTest::newRow("altra chiave") << QByteArray("SenzaPwd=ab") << QByteArray("SenzaPwd=ab");
+        QTest::newRow("vecchia, con un altro nome")
+            << QByteArray(";Pwd_old=ab\nx_PASSWORD = c") << QByteArray(";Pwd********\nx_PASSWORD =********");
+        QTest::newRow("senza uguale") << QByteArray("Pwd ab=c\r\nX=1") << QByteArray("Pwd********\r\nX=1");
+        QTest::newRow("con i due punti") << QByteArray("Pwd2: ab") << QByteArray("Pwd********");
+        QTest::newRow("dentro un'altra parola")
+            << QByteArray("SenzaPwd=ab") << QByteArray("SenzaPwd=********");
+        QTest::newRow("altra chiave") << QByteArray("Passo=ab\nPw=d") << QByteArray("Passo=ab\nPw=d");
         QTest::newRow("due byte a lettera") << QByteArray("P\0w\0d\0=\0a\0", 10) << QByteArray();
     }
     void senzaPassword()

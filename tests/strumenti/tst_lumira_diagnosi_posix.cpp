@@ -83,6 +83,14 @@ void Porta_Collega(const StazioneSana &stazione, int numero, const QString &disp
     QVERIFY(QFile::link(dispositivo, stazione.Nativo(QStringLiteral("porte\\COM%1").arg(numero))));
 }
 
+/// The numbers of the machine's own ports lead nowhere: what it has is no matter then.
+void Porte_Proprie_Nascondi(const StazioneSana &stazione)
+{
+    constexpr int CIRCUITI = 32;
+    for (int numero = 1; numero <= CIRCUITI; ++numero)
+        Porta_Collega(stazione, numero, QStringLiteral("/dev/assente"));
+}
+
 constexpr int PORTA = 77; ///< the station's
 
 bool Permessi(const QString &file, mode_t modo)
@@ -94,6 +102,36 @@ QStringList Di(const Esecuzione &esecuzione, const char16_t *materia)
 {
     return Solo(Trovati(esecuzione), {QString::fromUtf16(materia)});
 }
+
+/// What is wrong with the station's port; the machine's others are as they are.
+QStringList Mali_Della_Porta(const Esecuzione &esecuzione)
+{
+    return Cattivi(Di(esecuzione, u"porte")).filter(QStringLiteral("COM77"));
+}
+
+/// The station's program, that runs.
+class StazioneAperta
+{
+public:
+    explicit StazioneAperta(const StazioneSana &stazione)
+    {
+        const QString programma = stazione.Nativo(StazioneSana::Programma());
+        if (!QFile::remove(programma) || !QFile::copy(QCoreApplication::applicationFilePath(), programma))
+            qFatal("cannot copy the program");
+        m_processo.start(programma, {QStringLiteral("stazione")});
+        if (!m_processo.waitForReadyRead(ATTESA_MS) || m_processo.readAll() != "first\n")
+            qFatal("the station does not start");
+    }
+    ~StazioneAperta()
+    {
+        m_processo.closeWriteChannel();
+        m_processo.waitForFinished(ATTESA_MS);
+    }
+    Q_DISABLE_COPY_MOVE(StazioneAperta)
+
+private:
+    QProcess m_processo;
+};
 
 /// The other program: the station that runs.
 int Programma_Stazione_Aperta()
@@ -204,32 +242,43 @@ private Q_SLOTS:
         QSerialPort altro(linea.Dispositivo());
         QVERIFY(altro.open(QIODevice::ReadWrite));
         const Esecuzione e = Diagnosi(stazione, {JSON});
-        QCOMPARE(Cattivi(Di(e, u"porte")),
+        QCOMPARE(Mali_Della_Porta(e),
                  QStringList{QStringLiteral(
                      "guasto porte: COM77 è occupata da un altro programma, o non è una porta")});
         QCOMPARE(Di(e, u"strumento"), QStringList());
     }
 
-    /// The station in the middle of a test has its port: that is no fault.
-    void portaOccupataDallaStazione()
+    /// The station that runs may ask its instrument at any moment: nobody else does, though the port is free.
+    void portaDellaStazioneAperta()
+    {
+        const StazioneSana stazione;
+        const Strumento strumento(stazione, PORTA);
+        Porta_Collega(stazione, 78,
+                      QFileInfo(stazione.Nativo(QStringLiteral("porte\\COM77"))).canonicalFilePath());
+        Porte_Proprie_Nascondi(stazione);
+        const StazioneAperta aperta(stazione);
+        const QStringList occupata{QStringLiteral("avviso porte: COM77 è occupata dalla stazione aperta")};
+        const Esecuzione e = Diagnosi(stazione, {JSON});
+        QCOMPARE(Mali_Della_Porta(e), occupata);
+        QCOMPARE(Di(e, u"strumento"), QStringList());
+        const Esecuzione cerca = Diagnosi(stazione, {JSON, CERCA});
+        QCOMPARE(Mali_Della_Porta(cerca), occupata);
+        QCOMPARE(Di(cerca, u"strumento"),
+                 (QStringList{QStringLiteral("avviso strumento: non cercato su COM77"),
+                              QStringLiteral("avviso strumento: non cercato su COM78")}));
+    }
+
+    /// Its other ports nobody needs: the instrument may hang on one of them.
+    void strumentoSuUnAltraPortaAStazioneAperta()
     {
         const StazioneSana stazione;
         const LineaMuta linea;
         Porta_Collega(stazione, PORTA, linea.Dispositivo());
-        QSerialPort altro(linea.Dispositivo());
-        QVERIFY(altro.open(QIODevice::ReadWrite));
-        const QString programma = stazione.Nativo(stazione.Programma());
-        QVERIFY(QFile::remove(programma) && QFile::copy(QCoreApplication::applicationFilePath(), programma));
-        QProcess aperta;
-        aperta.start(programma, {QStringLiteral("stazione")});
-        QVERIFY(aperta.waitForReadyRead(ATTESA_MS));
-        QCOMPARE(aperta.readAll(), "first\n");
-        const Esecuzione e = Diagnosi(stazione, {JSON});
-        aperta.closeWriteChannel();
-        QVERIFY(aperta.waitForFinished(ATTESA_MS));
-        QCOMPARE(Cattivi(Di(e, u"porte")),
-                 QStringList{QStringLiteral(
-                     "avviso porte: COM77 è occupata: la stazione è aperta e la usa, o un altro programma")});
+        const Strumento strumento(stazione, 78);
+        const StazioneAperta aperta(stazione);
+        QCOMPARE(Di(Diagnosi(stazione, {JSON, CERCA}), u"strumento").value(0),
+                 QStringLiteral("guasto strumento: risponde su COM78 a 9600,N,8,1, e la stazione lo cerca su "
+                                "COM77 9600,N,8,1"));
     }
 
     // --- the instrument ------------------------------------------------------------------------------------
@@ -308,9 +357,49 @@ private Q_SLOTS:
     void strumentoIntrovabile()
     {
         const StazioneSana stazione;
+        Porte_Proprie_Nascondi(stazione);
         QCOMPARE(Di(Diagnosi(stazione, {JSON, CERCA}), u"strumento"),
                  QStringList{QStringLiteral(
                      "guasto strumento: non risponde su nessuna porta con nessun formato usuale")});
+    }
+
+    /// Where nobody was asked the instrument may be.
+    void strumentoNonCercato()
+    {
+        const StazioneSana stazione;
+        Porte_Proprie_Nascondi(stazione);
+        const LineaMuta occupata, senzaDiritti;
+        Porta_Collega(stazione, PORTA, occupata.Dispositivo());
+        Porta_Collega(stazione, 78, senzaDiritti.Dispositivo());
+        QVERIFY(Permessi(stazione.Cartella(), 0755) && Permessi(occupata.Dispositivo(), 0666) &&
+                Permessi(senzaDiritti.Dispositivo(), 0600));
+        QSerialPort altro(occupata.Dispositivo());
+        QVERIFY(altro.open(QIODevice::ReadWrite));
+        Esecuzione e;
+        {
+            const SenzaPrivilegi senza;
+            e = Diagnosi(stazione, {JSON, CERCA});
+        }
+        QCOMPARE(Di(e, u"strumento"),
+                 (QStringList{QStringLiteral("avviso strumento: non cercato su COM77"),
+                              QStringLiteral("avviso strumento: non cercato su COM78")}));
+    }
+
+    // --- the locale ----------------------------------------------------------------------------------------
+
+    /// Where a comma parts decimals the station takes points for commas, and so more than one for no number.
+    void numeriConLaVirgola()
+    {
+        const StazioneSana stazione;
+        stazione.Cambia_Ini("DevVertAbb=1.5", "DevVertAbb=1.2.3");
+        stazione.Cambia_Ini("DevVertAnab=1.5", "DevVertAnab=1,5");
+        const QByteArray prima = qgetenv("LC_ALL");
+        qputenv("LC_ALL", "it_IT.UTF-8");
+        const Esecuzione e = Diagnosi(stazione, {JSON});
+        qputenv("LC_ALL", prima);
+        QCOMPARE(
+            Cattivi(Di(e, u"configurazione")),
+            QStringList{QStringLiteral("avviso configurazione: [PARAMETRI] DevVertAbb=1.2.3 non va bene")});
     }
 
     // --- what hangs on the machine -------------------------------------------------------------------------
