@@ -9,7 +9,7 @@
 class Modulo;
 
 /// The languages that the program is delivered with.
-inline constexpr const char *LINGUE[] = {"IT", "FR", "EN", "ES", "DE"};
+inline constexpr const char *LINGUE_SCENE[] = {"IT", "FR", "EN", "ES", "DE"};
 
 /// Opens the scenes one after the other and hands each to the procedure, while it shows.
 /// @param lingua language in force, e.g. "DE". @param guarda gets the scene's name and its form.

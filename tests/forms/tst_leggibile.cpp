@@ -161,7 +161,7 @@ const Voce *Voce_Per(const Voce (&voci)[N], const QString &modulo, const QString
 /// A line a control: scene, form, control, pixels of its capitals and of what is pressed; tabs between them.
 void Racconta()
 {
-    for (const char *lingua : LINGUE) {
+    for (const char *lingua : LINGUE_SCENE) {
         Scene_Percorri(QString::fromLatin1(lingua), [&](const QString &scena, const Modulo &modulo) {
             for (const Lettere &voce : Lettere_Di(modulo))
                 std::printf("%s, %s\t%s\t%s\t%f\t%f\n", lingua, qPrintable(scena),

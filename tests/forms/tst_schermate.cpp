@@ -62,7 +62,7 @@ QStringList Figure_Ingrandite(const Modulo &modulo)
 void Racconta()
 {
     int viste = 0;
-    for (const char *lingua : LINGUE) {
+    for (const char *lingua : LINGUE_SCENE) {
         Scene_Percorri(QString::fromLatin1(lingua), [&](const QString &scena, const Modulo &modulo) {
             ++viste;
             for (const QString &difetto : Difetti_Di(modulo, VOLUTI) + Figure_Ingrandite(modulo))
@@ -201,7 +201,7 @@ void tst_schermate::difetti()
     QFETCH(QSize, schermo);
     const EsitoFiglio figlio = Figlio_Esegui({QStringLiteral("--racconta")}, schermo);
     QVERIFY2(figlio.Buono(), qPrintable(figlio.Racconto()));
-    const auto viste = QString::number(Scene_Quante() * static_cast<int>(std::size(LINGUE)));
+    const auto viste = QString::number(Scene_Quante() * static_cast<int>(std::size(LINGUE_SCENE)));
     QVERIFY2(figlio.Uscita.trimmed() == viste, qPrintable(figlio.Uscita));
 }
 

@@ -174,7 +174,7 @@ void tst_senza_mouse::paroleDelToolkitSiSentono()
 void tst_senza_mouse::nessunaParolaDelToolkit_data()
 {
     QTest::addColumn<QString>("lingua");
-    for (const char *lingua : LINGUE)
+    for (const char *lingua : LINGUE_SCENE)
         QTest::newRow(lingua) << QString::fromLatin1(lingua);
 }
 
