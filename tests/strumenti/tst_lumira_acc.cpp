@@ -54,8 +54,8 @@ class tst_lumira_acc : public QObject
 private Q_SLOTS:
     void init()
     {
-        QTRY_VERIFY(
-            QDir(m_cartella).removeRecursively()); // Windows keeps a file for a moment after its reader
+        // Windows keeps a file for a moment after the program that has read it.
+        QTRY_VERIFY(QDir(m_cartella).removeRecursively());
         m_prova.Scrivi(m_prova.Buono(), BUONO);
         m_prova.Scrivi(m_prova.Con("Prenotazione", "CAP", "1"), ERRATO);
         m_prova.Scrivi(m_prova.Senza("Vis_Sterzo"), ANOMALO);
