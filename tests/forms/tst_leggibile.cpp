@@ -231,12 +231,12 @@ const Sottosoglia *Ammessa(const Riga &riga)
 }
 
 /// What a letter may fall short of its figure. The figures are those of Debian; the test's own Windows type
-/// has other widths by a hair, so that a text takes the next size down to fit the same place.
+/// has other widths by a hair, so that a text takes one size less, or two, to fit the same place.
 double Tolleranza(const Riga &riga, const SchermoProva &schermo)
 {
-    constexpr double PASSO = 0.7; // pixels: the capitals of the next size down
+    constexpr double PASSI = 1.4; // pixels: the capitals of two sizes
     const bool windows = QSysInfo::kernelType() == QStringLiteral("winnt");
-    return windows && riga.grandezza == Lettera ? schermo.Minuti(PASSO) : 0;
+    return windows && riga.grandezza == Lettera ? schermo.Minuti(PASSI) : 0;
 }
 
 /// The controls of an array that are asked the same are one line for who reads the figures.
