@@ -91,7 +91,26 @@ RecordTrovato Record_Di(const QString &nome, const struct stat &stato)
     return trovato;
 }
 
-/// Lists a folder. @return 0, or the number of the system's error.
+/// The next entry of an open folder; none behind the last, and when the folder does not go on answering.
+/// @param[out] errore 0, or the number of the system's error.
+const dirent *Voce_Seguente(DIR *aperta, int &errore)
+{
+    errno = 0;
+    const dirent *voce = ::readdir(aperta);
+    errore = voce == nullptr ? errno : 0;
+    return voce;
+}
+
+/// True when the entry alone is the matter: it has gone since it was listed, is a link to nothing, or not for
+/// this user. Any other error is the folder's, on a share that has lost its connection.
+bool Solo_Della_Voce(int errore)
+{
+    return errore == ENOENT || errore == ENOTDIR || errore == EACCES || errore == ELOOP ||
+           errore == EOVERFLOW;
+}
+
+/// Lists a folder whole or not at all: a connection lost in the middle must not make the rest of the vehicles
+/// look gone. @return 0, or the number of the system's error.
 int Elenca(const QString &cartella, const QRegularExpression &espressione, QList<RecordTrovato> &trovati)
 {
     const QByteArray nome = QFile::encodeName(cartella.isEmpty() ? QStringLiteral(".") : cartella);
@@ -100,17 +119,25 @@ int Elenca(const QString &cartella, const QRegularExpression &espressione, QList
     const std::unique_ptr<DIR, int (*)(DIR *)> aperta(::opendir(nome.constData()), &::closedir);
     if (!aperta)
         return errno;
-    while (const dirent *voce = ::readdir(aperta.get())) {
+    QList<RecordTrovato> elenco;
+    int errore = 0;
+    while (const dirent *voce = Voce_Seguente(aperta.get(), errore)) {
         const QString trovato = QFile::decodeName(voce->d_name);
+        if (!espressione.match(trovato).hasMatch())
+            continue;
         struct stat stato;
-        if (espressione.match(trovato).hasMatch() &&
-            ::fstatat(::dirfd(aperta.get()), voce->d_name, &stato, 0) == 0)
-            trovati.append(Record_Di(trovato, stato));
+        if (::fstatat(::dirfd(aperta.get()), voce->d_name, &stato, 0) == 0)
+            elenco.append(Record_Di(trovato, stato));
+        else if (!Solo_Della_Voce(errno))
+            return errno;
     }
-    std::sort(trovati.begin(), trovati.end(), Prima_Su_Ntfs);
+    if (errore != 0)
+        return errore;
+    std::sort(elenco.begin(), elenco.end(), Prima_Su_Ntfs);
     // A volume of Windows holds one name in one spelling. Here a line of the worklist, whose name is in
     // capitals, would show one file and open another.
-    trovati.erase(std::unique(trovati.begin(), trovati.end(), Gemelli), trovati.end());
+    elenco.erase(std::unique(elenco.begin(), elenco.end(), Gemelli), elenco.end());
+    trovati = elenco;
     return 0;
 }
 

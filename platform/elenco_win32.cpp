@@ -23,7 +23,8 @@ RecordTrovato Record_Di(const WIN32_FIND_DATAW &dati)
     return trovato;
 }
 
-/// Lists what matches. @return 0, or the number of the system's error.
+/// Lists what matches, whole or not at all: a connection lost in the middle must not make the rest of the
+/// vehicles look gone. @return 0, or the number of the system's error.
 DWORD Elenca(const QString &percorso, QList<RecordTrovato> &trovati)
 {
     // To the call a path would end at a NUL, and one past the longest would just not be there.
@@ -33,10 +34,15 @@ DWORD Elenca(const QString &percorso, QList<RecordTrovato> &trovati)
     const HANDLE ricerca = FindFirstFileW(reinterpret_cast<const wchar_t *>(percorso.utf16()), &dati);
     if (ricerca == INVALID_HANDLE_VALUE)
         return GetLastError();
+    QList<RecordTrovato> elenco;
     do
-        trovati.append(Record_Di(dati));
+        elenco.append(Record_Di(dati));
     while (FindNextFileW(ricerca, &dati) != FALSE);
+    const DWORD errore = GetLastError();
     FindClose(ricerca);
+    if (errore != ERROR_NO_MORE_FILES)
+        return errore;
+    trovati = elenco;
     return 0;
 }
 
