@@ -17,18 +17,21 @@ bool Ha_Estensione(const QString &nome, QStringView estensione)
     return Fs_Estensione(nome).compare(estensione, Qt::CaseInsensitive) == 0;
 }
 
-/// Names of the plain files; nothing for a folder that cannot be listed.
-QStringList Nomi_Di(const QString &percorso, bool &elencata)
+/// What a folder holds; nothing for one that cannot be listed.
+QList<RecordTrovato> Trovati_In(const QString &percorso, bool &elencata)
 {
     QList<RecordTrovato> trovati;
     elencata = Trova_File(percorso, trovati);
-    return Nomi_Con(trovati, 0);
+    return trovati;
 }
 
-VeicoliFatti Fatti_Tra(const QStringList &nomi)
+/// A result file that is empty is none: a station that was switched off in the middle of writing leaves it
+/// so, and its vehicle has to be tested again.
+VeicoliFatti Fatti_Tra(QList<RecordTrovato> trovati)
 {
+    trovati.removeIf([](const RecordTrovato &trovato) { return trovato.nFileSize == 0; });
     VeicoliFatti fatti;
-    for (const QString &nome : nomi) {
+    for (const QString &nome : Nomi_Con(trovati, 0)) {
         if (Ha_Estensione(nome, u"far"))
             fatti.insert(Maiuscole(Fs_Radice(nome)));
     }
@@ -42,12 +45,13 @@ CartellaScambio Cartella_Guarda(const QString &cartella)
     if (!Fs_CartellaAmmessa(cartella))
         return {StatoCartella::Illeggibile, 0}; // too deep for its files
     bool elencata = false;
-    QStringList nomi = Nomi_Di(cartella + u'*', elencata);
+    const QList<RecordTrovato> trovati = Trovati_In(cartella + u'*', elencata);
     if (!elencata) {
         const bool presente = Fs_Esiste(cartella.chopped(1), ATTRIBUTO_CARTELLA);
         return {presente ? StatoCartella::Illeggibile : StatoCartella::Mancante, 0};
     }
-    const VeicoliFatti fatti = Fatti_Tra(nomi);
+    const VeicoliFatti fatti = Fatti_Tra(trovati);
+    QStringList nomi = Nomi_Con(trovati, 0);
     nomi.removeIf([](const QString &nome) { return !Ha_Estensione(nome, u"acc"); });
     const auto attesa =
         std::count_if(nomi.cbegin(), nomi.cend(), [&](const QString &nome) { return !E_Fatto(fatti, nome); });
@@ -57,7 +61,7 @@ CartellaScambio Cartella_Guarda(const QString &cartella)
 VeicoliFatti Fatti_Elenca(const QString &cartella)
 {
     bool elencata = false;
-    return Fatti_Tra(Nomi_Di(cartella + QStringLiteral("*.far"), elencata));
+    return Fatti_Tra(Trovati_In(cartella + QStringLiteral("*.far"), elencata));
 }
 
 bool E_Fatto(const VeicoliFatti &fatti, const QString &nomeFile)

@@ -88,6 +88,7 @@ RecordTrovato Record_Di(const QString &nome, const struct stat &stato)
         trovato.dwFileAttributes |= ATTRIBUTO_NASCOSTO;
     trovato.ftLastAccessTime = Tempo_1601(stato.st_atim);
     trovato.ftLastWriteTime = Tempo_1601(stato.st_mtim);
+    trovato.nFileSize = static_cast<quint64>(stato.st_size);
     return trovato;
 }
 

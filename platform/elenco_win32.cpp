@@ -20,6 +20,7 @@ RecordTrovato Record_Di(const WIN32_FIND_DATAW &dati)
     trovato.dwFileAttributes = dati.dwFileAttributes;
     trovato.ftLastAccessTime = Tempo_1601(dati.ftLastAccessTime);
     trovato.ftLastWriteTime = Tempo_1601(dati.ftLastWriteTime);
+    trovato.nFileSize = quint64{dati.nFileSizeHigh} << 32 | dati.nFileSizeLow;
     return trovato;
 }
 
