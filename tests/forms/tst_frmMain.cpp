@@ -434,25 +434,20 @@ private Q_SLOTS:
         Ridipinta dipinture(Membro_Di<QLabel>(*form, "lblStato", 1));
         QStringList mostrati;
         gIntanto = [&] {
-            mostrati.append(dipinture.Quante > 0 ? Stato(1) : Stato(1) + QStringLiteral(" (da dipingere)"));
+            mostrati.append(dipinture.Quante > 0 ? Stato(1) : Stato(1) + QStringLiteral(" (non ridipinta)"));
         };
         const auto senza = qScopeGuard([] { gIntanto = {}; });
-        QTRY_VERIFY(dipinture.Quante > 0); // the first time, by the loop
-        dipinture.Quante = 0;
-        const auto guarda = [&](int fra) {
-            Orologio_Banco().Avanza(fra);
-            QTRY_VERIFY(dipinture.Quante > 0);
-            dipinture.Quante = 0;
-        };
         const QString trovato = QStringLiteral("Cartella: 1 in attesa");
         gLentezza = 100; // quick enough for nobody to wonder
-        guarda(DOPO_RITORNO);
+        Orologio_Banco().Avanza(DOPO_RITORNO);
         QCOMPARE(Stato(1), trovato);
+        QTRY_VERIFY(dipinture.Quante > 0); // in its turn, by the loop
+        dipinture.Quante = 0;
         gLentezza = 600;
         Orologio_Banco().Avanza(FRA_DUE_SGUARDI);
         Orologio_Banco().Avanza(600 * 100);
-        QCOMPARE(mostrati, QStringList({attesa + QStringLiteral(" (da dipingere)"),
-                                        trovato + QStringLiteral(" (da dipingere)"), attesa}));
+        QCOMPARE(mostrati, QStringList({attesa + QStringLiteral(" (non ridipinta)"),
+                                        trovato + QStringLiteral(" (non ridipinta)"), attesa}));
         QCOMPARE(Stato(1), trovato);
 
         mostrati.clear();
