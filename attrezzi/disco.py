@@ -198,9 +198,8 @@ def servi(punto, dietro, comandi, diario):
 
     cartella = Cartella(dash_s_do="setsingle")
     cartella.multithreaded = True
-    # Nothing is kept in the kernel: each question is the folder's to answer, as on a share. In the foreground:
-    # whoever started it ends it.
-    opzioni = "attr_timeout=0,entry_timeout=0,negative_timeout=0,nonempty"
+    # What was answered holds for a second, as on a share. In the foreground: whoever started it ends it.
+    opzioni = "attr_timeout=1,entry_timeout=1,negative_timeout=0,nonempty"
     cartella.parse([punto, "-f", "-o", opzioni], errex=1)
     cartella.main()
 

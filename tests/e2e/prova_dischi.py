@@ -251,7 +251,7 @@ class Dischi(ProvaStazione):
         programma = self.avvia()
         programma.attendi_testo(PERSE)
         self.tasta(programma)
-        programma.premi("OK")
+        programma.premi("Ok")
         programma.attendi_pulsante("Prova proiettori")
         self.annota("configuration: read-only at start", PERSE, "works on")
         self.disco.comanda()
