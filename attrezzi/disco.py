@@ -153,10 +153,6 @@ def servi(punto, dietro, comandi, diario):
             pass
 
         @chiamata
-        def fsyncdir(self, percorso, _solo_byte):
-            pass
-
-        @chiamata
         def unlink(self, percorso):
             os.unlink(percorso)
 

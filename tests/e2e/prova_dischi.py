@@ -78,7 +78,12 @@ class Dischi(ProvaStazione):
 
     def alla_lista(self, programma, quanti):
         programma.premi_verso("Prova proiettori", "Annulla")
-        programma.attendi(lambda: len(programma.righe()) == quanti, cosa=f"{quanti} righe")
+        programma.attendi(lambda: len(programma.righe()) == quanti, 60, f"{quanti} righe")
+
+    def dopo_uno_sguardo(self):
+        """The list compares what it finds with its last look: it needs one, which comes by itself."""
+        da = time.monotonic() + 1  # the listings of its opening lie before
+        operatore.attendi(lambda: any(nome == "readdir" and inizio > da for nome, _, inizio, _ in self.disco.chiamate()))
 
     def posto_dello_stato(self, programma):
         """Where the state of the folder stands on the screen, as the tools for pictures want it."""
@@ -100,7 +105,7 @@ class Dischi(ProvaStazione):
         programma = self.al_menu()
         self.alla_lista(programma, 3)
         programma.scegli_riga("90000002.ACC")
-        programma.attendi_pulsante("Conferma")
+        programma.attendi_pulsante("Conferma", 120)
         time.sleep(5)  # two polls of the list
         self.assertEqual(len(programma.righe()), 3)
         programma.premi("Annulla")
@@ -120,7 +125,7 @@ class Dischi(ProvaStazione):
         operatore.attendi(lambda: self.ritaglio(posto) != prima, LENTEZZA, "l'annuncio sullo schermo fermo")
         programma.attendi(lambda: len(programma.righe()) == 1, 60, "la riga")
         programma.scegli_riga("90000001.ACC")
-        programma.attendi_pulsante("Conferma")
+        programma.attendi_pulsante("Conferma", 120)
         programma.premi("Annulla")
         programma.attendi_pulsante("Prova proiettori", 60)
         self.annota(f"exchange folder: a listing after {LENTEZZA:g} s", ATTESA, "chosen, checked and left")
@@ -136,7 +141,7 @@ class Dischi(ProvaStazione):
         self.assertTrue(programma.vivo())
         self.disco.comanda()
         programma.scegli_riga("90000001.ACC")
-        programma.attendi_pulsante("Conferma")
+        programma.attendi_pulsante("Conferma", 120)
         programma.premi("Annulla")
         self.annota(
             "exchange folder: no answer, then well again",
@@ -149,17 +154,18 @@ class Dischi(ProvaStazione):
         self.monta_scambio(*(f"9000000{i}" for i in range(6)))
         programma = self.al_menu()
         self.alla_lista(programma, 6)
+        self.dopo_uno_sguardo()
         self.disco.comanda(voci=5, errore={"readdir": "ENOTCONN"})
         programma.attendi_testo("In attesa: 0 di 0")  # not 3 of 3
         self.disco.comanda()
         programma.attendi(lambda: len(programma.righe()) == 6, cosa="le righe tornate")
         programma.premi("Annulla")
-        programma.attendi_testo("Cartella: 6 in attesa")
+        programma.attendi_testo("Cartella: 6 in attesa", 120)
         self.disco.comanda(voci=5, errore={"readdir": "ENOTCONN"})
         programma.premi_verso("Prova proiettori", "Avvia")
         programma.attendi_testo("la cartella delle accettazioni non si può leggere")
         programma.premi("Esci")
-        programma.attendi_testo(ILLEGGIBILE)
+        programma.attendi_testo(ILLEGGIBILE, 120)
         self.disco.comanda()
         self.alla_lista(programma, 6)
         programma.premi("Annulla")
@@ -170,20 +176,21 @@ class Dischi(ProvaStazione):
         self.monta_scambio("90000001", "90000002")
         programma = self.al_menu()
         self.alla_lista(programma, 2)
+        self.dopo_uno_sguardo()
         self.disco.comanda(errore={"*": "ENOENT"})
         programma.attendi_testo("In attesa: 0 di 0")
         programma.premi("Annulla")
-        programma.attendi_testo(MANCANTE)
+        programma.attendi_testo(MANCANTE, 120)
         self.disco.comanda()
         self.alla_lista(programma, 2)
         programma.premi("Annulla")
-        programma.attendi_testo("Cartella: 2 in attesa")
+        programma.attendi_testo("Cartella: 2 in attesa", 120)
         self.annota("exchange folder: gone and back", MANCANTE, "both vehicles back")
         self.esci(programma)
 
     # --- the result file ------------------------------------------------------------------------------------------
 
-    def prova_senza_posto(self, caso, numero, descrizione, **comandi):
+    def prova_senza_posto(self, caso, numero, descrizione, in_attesa=1, **comandi):
         """A test whose result cannot be kept ends with the station, which says why; the vehicle stays and is tested
         again when there is room."""
         self.monta_scambio("90000001")
@@ -199,7 +206,7 @@ class Dischi(ProvaStazione):
 
         self.disco.comanda()
         programma = self.avvia_al_menu()
-        programma.attendi_testo("Cartella: 1 in attesa")
+        programma.attendi_testo(f"Cartella: {in_attesa} in attesa", 120)
         self.prova_veicolo(programma, "90000001", "ESITO REGOLARE")
         self.assertEqual([voce.name for voce in self.scambio_vero().iterdir()], ["90000001.far"])
         self.assertEqual((self.scambio_vero() / "90000001.far").read_bytes().count(b"\r\n"), 31)
@@ -208,7 +215,8 @@ class Dischi(ProvaStazione):
         self.prova_senza_posto("result: disk full", 61, "Disk full", posto=0)
 
     def test_quota_detta_solo_alla_fine(self):
-        self.prova_senza_posto("result: quota told by fsync", 61, "Disk full", errore={"fsync": "EDQUOT"})
+        # The bytes were taken before they were refused: by its name the result is there.
+        self.prova_senza_posto("result: quota told by fsync", 61, "Disk full", 0, errore={"fsync": "EDQUOT"})
 
     def test_cartella_in_sola_lettura(self):
         self.prova_senza_posto("result: folder read-only", 70, "Permission denied", errore={"create": "EROFS"})
