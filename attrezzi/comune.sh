@@ -7,6 +7,9 @@ export LC_ALL=C.UTF-8
 
 REGISTRI=build/registri # one log a step
 
+# ccache keeps what is compiled with headers that were read before only when it is told so.
+export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+
 PACCHETTI_COSTRUZIONE=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libcups2-dev)
 # The manual that is delivered: its page and its print.
 PACCHETTI_MANUALE=(cmark-gfm weasyprint)
@@ -20,8 +23,8 @@ PACCHETTI_STAMPA=(cups cups-client cups-filters ghostscript printer-driver-cups-
 # The Windows program: its compiler, its installer, and what it runs on here. Wine prints where it finds libcups2;
 # the tests sign with a certificate of their own.
 PACCHETTI_WINDOWS=(g++-mingw-w64-x86-64-posix nsis wine64 wine locales libcups2 openssl osslsigncode)
-# The Debian package is made and looked into: dpkg-dev and file.
-PACCHETTI_CONTROLLI=(git clang-format clang-tidy cppcheck shellcheck pyflakes3 dpkg-dev file)
+# lld links the test programs. The Debian package is made and looked into: dpkg-dev and file.
+PACCHETTI_CONTROLLI=(git lld clang-format clang-tidy cppcheck shellcheck pyflakes3 dpkg-dev file)
 
 errore() {
     echo "$(basename "$0"): $*" >&2
