@@ -51,13 +51,14 @@ installa() {
         errore "non si installano: ${mancanti[*]}"
 }
 
-# passo NAME TITLE COMMAND ...: runs a step into its log; shows the log's end when the step fails.
+# passo NAME TITLE COMMAND ...: runs a step into its log; shows the log's end when the step fails. NAME.tempo tells what
+# it took: seconds by the clock, of the processor for the programs, for the system.
 passo() {
-    local nome=$1 titolo=$2 inizio=$SECONDS stato=0
+    local nome=$1 titolo=$2 inizio=$SECONDS stato=0 TIMEFORMAT='%0R %0U %0S'
     shift 2
     mkdir -p "$REGISTRI"
     printf '%s... ' "$titolo"
-    "$@" >"$REGISTRI/$nome.log" 2>&1 </dev/null || stato=$?
+    { time "$@" >"$REGISTRI/$nome.log" 2>&1 </dev/null; } 2>"$REGISTRI/$nome.tempo" || stato=$?
     if [ $stato -eq 0 ]; then
         echo "fatto ($((SECONDS - inizio)) s)"
     else
