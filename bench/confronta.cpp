@@ -338,9 +338,9 @@ QList<Misura> Sosta_Con(int quanti)
     stazione->Accettazioni(quanti);
     auto lavori = std::make_shared<QList<double>>();
     const auto attesa = [stazione, lavori] {
-        const Attesa attesa = Attesa_Alla_Lista(*stazione);
-        lavori->append(attesa.lavoro);
-        return attesa.massima;
+        const Attesa vista = Attesa_Alla_Lista(*stazione);
+        lavori->append(vista.lavoro);
+        return vista.massima;
     };
     const auto lavoro = [lavori] { return lavori->takeFirst(); };
     const QString nome = QStringLiteral("longest time without an event, list of %1").arg(quanti);
@@ -401,12 +401,12 @@ QList<Misura> Crescita_A(int quanti, const std::shared_ptr<Stazione> &mille)
     const QString in1000 = QStringLiteral("with 1,000 files");
     const QString us = QStringLiteral("us a file");
     return {
-        {QStringLiteral("poll of %1 files, a file").arg(quanti),             us,                      1.2, in(stazione, sondaggio), in1000,
-         in(mille,                                                                                                                                    sondaggio),      0},
-        {QStringLiteral("plates of %1 files, a file").arg(quanti),           us,                      1.2, in(stazione, lettura),   in1000,
-         in(mille,                                                                                                                                    lettura),        0},
+        {QStringLiteral("poll of %1 files, a file").arg(quanti),             us,                      1.2, in(stazione, sondaggio),      in1000,
+         in(mille,                                                                                                                                         sondaggio),      0},
+        {QStringLiteral("plates of %1 files, a file").arg(quanti),           us,                      1.2, in(stazione, lettura),        in1000,
+         in(mille,                                                                                                                                         lettura),        0},
         {QStringLiteral("memory of a list of %1 files, a file").arg(quanti), QStringLiteral("bytes"), 1.2,
-         in(stazione,                                                                                                   memoria),   in1000, in(mille, Memoria_A_File), 0},
+         in(stazione,                                                                                                   Memoria_A_File), in1000, in(mille, Memoria_A_File), 0},
     };
 }
 
