@@ -228,9 +228,11 @@ void Righe_5000(benchmark::State &stato)
     finestra.show();
     for (auto giro : stato) {
         (void)giro;
-        lista.Clear();
+        QStringList righe;
         for (int i = 0; i < 5000; ++i)
-            lista.AddItem(QStringLiteral("%1.ACC\tAB123CD").arg(20000000 + i));
+            righe.append(QStringLiteral("%1.ACC\tAB123CD").arg(20000000 + i));
+        lista.Clear();
+        lista.AddItems(righe);
         QCoreApplication::processEvents();
     }
 }
