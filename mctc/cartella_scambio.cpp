@@ -5,7 +5,6 @@
 #include "platform/elenco.h"
 #include "platform/maiuscole.h"
 
-#include <QList>
 #include <QStringList>
 
 #include <algorithm>
@@ -15,14 +14,6 @@ namespace {
 bool Ha_Estensione(const QString &nome, QStringView estensione)
 {
     return Fs_Estensione(nome).compare(estensione, Qt::CaseInsensitive) == 0;
-}
-
-/// Names of the plain files; nothing for a folder that cannot be listed.
-QStringList Nomi_Di(const QString &percorso, bool &elencata)
-{
-    QList<RecordTrovato> trovati;
-    elencata = Trova_File(percorso, trovati);
-    return Nomi_Con(trovati, 0);
 }
 
 VeicoliFatti Fatti_Tra(const QStringList &nomi)
@@ -41,9 +32,8 @@ CartellaScambio Cartella_Guarda(const QString &cartella)
 {
     if (!Fs_CartellaAmmessa(cartella))
         return {StatoCartella::Illeggibile, 0}; // too deep for its files
-    bool elencata = false;
-    QStringList nomi = Nomi_Di(cartella + u'*', elencata);
-    if (!elencata) {
+    QStringList nomi;
+    if (!Trova_Nomi(cartella + u'*', 0, nomi)) {
         const bool presente = Fs_Esiste(cartella.chopped(1), ATTRIBUTO_CARTELLA);
         return {presente ? StatoCartella::Illeggibile : StatoCartella::Mancante, 0};
     }
@@ -56,8 +46,9 @@ CartellaScambio Cartella_Guarda(const QString &cartella)
 
 VeicoliFatti Fatti_Elenca(const QString &cartella)
 {
-    bool elencata = false;
-    return Fatti_Tra(Nomi_Di(cartella + QStringLiteral("*.far"), elencata));
+    QStringList nomi;
+    Trova_Nomi(cartella + QStringLiteral("*.far"), 0, nomi);
+    return Fatti_Tra(nomi);
 }
 
 bool E_Fatto(const VeicoliFatti &fatti, const QString &nomeFile)

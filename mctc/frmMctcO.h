@@ -40,6 +40,7 @@ private:
     void Lista_Aggiorna();
     void tmrLst_Timer();
     void Esamina_Cartella();
+    qint32 Firme_Leggi(QStringList &elenco);
     void lstAuto_Click();
     void Scegli_DaProgramma(qint32 riga);
     void Segna_Fatti();

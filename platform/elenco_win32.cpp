@@ -23,8 +23,12 @@ RecordTrovato Record_Di(const WIN32_FIND_DATAW &dati)
     return trovato;
 }
 
+/// Files between two turns of what runs meanwhile.
+constexpr qsizetype FILE_A_TURNO = 200;
+
 /// Lists what matches. @return 0, or the number of the system's error.
-DWORD Elenca(const QString &percorso, QList<RecordTrovato> &trovati)
+DWORD Elenca(const QString &percorso, QList<RecordTrovato> &trovati,
+             const std::function<void()> &intanto = {})
 {
     // To the call a path would end at a NUL, and one past the longest would just not be there.
     if (percorso.contains(QChar(0)) || !Percorso_Ammesso(percorso))
@@ -33,9 +37,11 @@ DWORD Elenca(const QString &percorso, QList<RecordTrovato> &trovati)
     const HANDLE ricerca = FindFirstFileW(reinterpret_cast<const wchar_t *>(percorso.utf16()), &dati);
     if (ricerca == INVALID_HANDLE_VALUE)
         return GetLastError();
-    do
+    do {
         trovati.append(Record_Di(dati));
-    while (FindNextFileW(ricerca, &dati) != FALSE);
+        if (intanto && trovati.size() % FILE_A_TURNO == 0)
+            intanto();
+    } while (FindNextFileW(ricerca, &dati) != FALSE);
     FindClose(ricerca);
     return 0;
 }
@@ -48,10 +54,18 @@ bool Non_Trovato(DWORD errore)
 
 } // namespace
 
-bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati)
+bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati, const std::function<void()> &intanto)
 {
     trovati.clear();
-    return Elenca(percorso, trovati) == 0;
+    return Elenca(percorso, trovati, intanto) == 0;
+}
+
+bool Trova_Nomi(const QString &percorso, qint16 attributo, QStringList &nomi)
+{
+    QList<RecordTrovato> trovati;
+    const bool elencata = Elenca(percorso, trovati) == 0;
+    nomi = Nomi_Con(trovati, attributo);
+    return elencata;
 }
 
 QStringList Cartella_Elenca(const QString &percorso, qint16 attributo)
