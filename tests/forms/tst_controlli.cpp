@@ -1,8 +1,11 @@
 #include "toolkit/controlli.h"
 
+#include "core/modGeneral.h"
 #include "platform/colore_qt.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/percorsi.h"
 #include "tests/comuni/errore_prova.h"
+#include "tests/comuni/stazione_prova.h"
 #include "tests/forms/principale_prova.h"
 #include "tests/forms/trascina_prova.h"
 #include "toolkit/aspetto.h"
@@ -94,6 +97,9 @@ private Q_SLOTS:
     void immagineNonValida();
     void immagineInAltraGrafia();
     void immagineSenzaDistorsione();
+    void immagineLettaAllaMisuraDelPosto();
+    void immagineComeRimpicciolitaDaIntera_data();
+    void immagineComeRimpicciolitaDaIntera();
     void immagineTestoEAvviso();
 
     void formaColore();
@@ -1267,6 +1273,79 @@ void tst_controlli::immagineSenzaDistorsione()
     immagine.Posto(0, 0, 6000, 1500); // it follows its place
     QCOMPARE(Punto(immagine, 200, 2), rosso);
     QVERIFY(Punto(immagine, 90, 50) != rosso);
+}
+
+// Only what is shown is kept, not the whole picture: another size is read from the file again, the same is
+// not.
+void tst_controlli::immagineLettaAllaMisuraDelPosto()
+{
+    const Cartella cartella;
+    const QString file = cartella.Percorso(QStringLiteral("Faro0.png"));
+    Immagine immagine(m_finestra.get(), QStringLiteral("img"));
+    immagine.Posto(0, 0, 3000, 3000);
+    immagine.Picture(file);
+    const auto *label = qobject_cast<QLabel *>(immagine.Widget());
+    QCOMPARE(label->pixmap(Qt::ReturnByValue).size(), QSize(200, 100));
+
+    QImage altra(40, 20, QImage::Format_RGB32);
+    altra.fill(Qt::blue);
+    QVERIFY(altra.save(QString(file).replace(u'\\', u'/')));
+    immagine.Visible(true); // the control is told the size that it has
+    QCOMPARE(Punto(immagine, 100, 100), QColor(Qt::red));
+    immagine.Posto(0, 0, 6000, 6000);
+    QCOMPARE(Punto(immagine, 200, 200), QColor(Qt::blue));
+
+    QVERIFY(QFile::remove(QString(file).replace(u'\\', u'/')));
+    immagine.Posto(0, 0, 3000, 3000);
+    QVERIFY(!label->pixmap(Qt::ReturnByValue).isNull()); // gone: what was shown stays
+}
+
+namespace {
+
+/// Mean difference of two pictures of one size, in levels of 256.
+double Differenza(const QImage &a, const QImage &b)
+{
+    qint64 somma = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            somma += qAbs(qRed(p) - qRed(q)) + qAbs(qGreen(p) - qGreen(q)) + qAbs(qBlue(p) - qBlue(q));
+        }
+    }
+    return static_cast<double>(somma) / (3.0 * a.width() * a.height());
+}
+
+} // namespace
+
+void tst_controlli::immagineComeRimpicciolitaDaIntera_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<qint32>("larghezza");
+    QTest::addColumn<qint32>("altezza");
+    for (const char *file : {"splash_kp_net.jpg", "faro0.jpg", "faro1.jpg"}) {
+        QTest::addRow("%s 800", file) << QString::fromLatin1(file) << 11800 << 6300;
+        QTest::addRow("%s 1920", file) << QString::fromLatin1(file) << 28600 << 11500;
+    }
+}
+
+// The decoder scales by other means than the toolkit: nobody sees it.
+void tst_controlli::immagineComeRimpicciolitaDaIntera()
+{
+    QFETCH(QString, file);
+    QFETCH(qint32, larghezza);
+    QFETCH(qint32, altezza);
+    const StazioneProva stazione;
+    Immagine immagine(m_finestra.get(), QStringLiteral("img"));
+    immagine.Posto(0, 0, larghezza, altezza);
+    immagine.Picture(gDirImmagini + file);
+    const QImage mostrata = qobject_cast<QLabel *>(immagine.Widget())->pixmap(Qt::ReturnByValue).toImage();
+    const QImage attesa =
+        QImage(Percorso_Nativo(gDirImmagini + file))
+            .scaled(immagine.Widget()->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    QCOMPARE(mostrata.size(), attesa.size());
+    const double differenza = Differenza(mostrata, attesa);
+    QVERIFY2(differenza < 1.5, qPrintable(QString::number(differenza)));
 }
 
 void tst_controlli::immagineTestoEAvviso()
