@@ -101,12 +101,20 @@ void Controllo::FontSize(double punti)
 void Controllo::Adatta()
 {
     Fai([this](QWidget &widget) {
-        int pixel = Pixel_Interi(m_punti);
-        Carattere_Pixel(widget, pixel);
+        int grande = Pixel_Interi(m_punti);
+        int piccolo = Carattere_Minimo();
+        Carattere_Pixel(widget, grande);
         if (m_width == 0 || m_height == 0)
             return; // it has no place yet
-        while (pixel > Carattere_Minimo() && !Entra())
-            Carattere_Pixel(widget, --pixel);
+        if (grande <= piccolo || Entra())
+            return;
+        // Halving: each size of type that is tried has to be loaded and the text laid out in it.
+        while (grande - piccolo > 1) {
+            const int meta = (piccolo + grande) / 2;
+            Carattere_Pixel(widget, meta);
+            (Entra() ? piccolo : grande) = meta;
+        }
+        Carattere_Pixel(widget, piccolo);
     });
 }
 

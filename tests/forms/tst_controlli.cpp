@@ -42,6 +42,7 @@ private Q_SLOTS:
     void carattereMaiSottoUnPixel();
     void carattereCheEntra_data();
     void carattereCheEntra();
+    void carattereTrovatoInPochiTentativi();
     void etichettaVaACapoPrimaDiRimpicciolire();
     void lettereIntereInUnaRigaBassa();
     void distruttoPortaViaIlWidget();
@@ -261,6 +262,43 @@ void tst_controlli::carattereCheEntra()
     controllo.Width(6000);
     QCOMPARE(pixel(), 20);
     QVERIFY(controllo.Entra());
+}
+
+namespace {
+
+/// Counts the events of one kind that an object gets.
+class ContaEventi : public QObject
+{
+public:
+    ContaEventi(QObject *osservato, QEvent::Type tipo) : m_tipo(tipo) { osservato->installEventFilter(this); }
+    int Quanti() const { return m_quanti; }
+    bool eventFilter(QObject *, QEvent *evento) override
+    {
+        m_quanti += evento->type() == m_tipo;
+        return false;
+    }
+
+private:
+    QEvent::Type m_tipo;
+    int m_quanti = 0;
+};
+
+} // namespace
+
+// Each size that is tried costs the loading of its type. It is the largest one that fits, all the same.
+void tst_controlli::carattereTrovatoInPochiTentativi()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.FontSize(300); // 400 pixels
+    etichetta.Posto(0, 0, 1950, 750);
+    const ContaEventi cambi(etichetta.Widget(), QEvent::FontChange);
+    etichetta.Caption(QStringLiteral("Orientamento"));
+    QVERIFY2(cambi.Quanti() <= 12, qPrintable(QString::number(cambi.Quanti())));
+    QVERIFY(etichetta.Entra());
+    QFont carattere = etichetta.Widget()->font();
+    carattere.setPixelSize(carattere.pixelSize() + 1);
+    etichetta.Widget()->setFont(carattere);
+    QVERIFY(!etichetta.Entra());
 }
 
 void tst_controlli::etichettaVaACapoPrimaDiRimpicciolire()
