@@ -94,6 +94,7 @@ frmEsito::~frmEsito() = default;
 
 void frmEsito::Disegno()
 {
+    Massimizza(); // before there are controls: another kind of window has each of them polished anew
     lblTitolo = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTitolo"));
     lblTitolo->Allineamento(Orizzontale::Centro);
     lblTitolo->FontBold(true);
@@ -138,7 +139,6 @@ void frmEsito::Disegno()
 
 void frmEsito::Load()
 {
-    Massimizza();
     Campi_Azzera(gCampiEsito, ULTIMA_RIGA);
     Disponi_Pulsanti();
     Mostra_Verdetto();
