@@ -1383,7 +1383,7 @@ void tst_controlli::immagineComeRimpicciolitaDaIntera()
             .scaled(immagine.Widget()->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
     QCOMPARE(mostrata.size(), attesa.size());
     const double differenza = Differenza(mostrata, attesa);
-    QVERIFY2(differenza < 1.5, qPrintable(QString::number(differenza)));
+    QVERIFY2(differenza < 0.4, qPrintable(QString::number(differenza)));
 }
 
 void tst_controlli::immagineTestoEAvviso()
