@@ -59,7 +59,7 @@ QString FileRighe::Leggi()
     const qsizetype inizio = m_posto;
     while (!Fine() && m_testo[m_posto] != u'\r' && m_testo[m_posto] != u'\n')
         ++m_posto;
-    const QString riga = m_testo.mid(inizio, m_posto - inizio);
+    QString riga = m_testo.mid(inizio, m_posto - inizio);
     m_conCrLf = QStringView(m_testo).sliced(m_posto).startsWith(u"\r\n");
     if (!Fine())
         m_posto += m_conCrLf ? 2 : 1;

@@ -259,8 +259,9 @@ void frmEsito::Mostra_Guasti()
 {
     const QStringList guasti = Guasti_Elenca();
     std::vector<Etichetta *> etichette;
-    for (qint16 i = 0; i < guasti.size(); ++i) {
-        const qint32 altezza = ScalaY(GUASTI_ALTI) / static_cast<qint32>(guasti.size());
+    const auto quanti = static_cast<qint16>(guasti.size());
+    for (qint16 i = 0; i < quanti; ++i) {
+        const qint32 altezza = ScalaY(GUASTI_ALTI) / quanti;
         Etichetta &etichetta = lblGuasto.Carica(i);
         etichetta.FontSize(Punti_Normali() * LETTURA_AUTO);
         etichetta.Posto(ScalaX(500), ScalaY(GUASTI_Y) + i * altezza, gScreenW - 2 * ScalaX(500), altezza);

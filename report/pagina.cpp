@@ -105,7 +105,7 @@ void Scrivi_Voce(qint32 x, qint32 y, const QString &etichetta, const QString &va
 /// The frame of the heading. Its lower edge leaves out the top margin: the page title stands below it.
 void Cornice(const Geometria &g)
 {
-    const qint16 fondo = Intero16(9 * g.RH);
+    const qint16 fondo = Intero16(qint64{9} * g.RH);
     const qint16 destra = Intero16(g.W - g.MX);
     const auto lato = [](qint16 x1, qint16 y1, qint16 x2, qint16 y2) {
         Prn_Linea(x1, y1, x2, y2, COLORE_NERO, SPESSORE_CORNICE, 0);

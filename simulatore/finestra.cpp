@@ -41,7 +41,7 @@ constexpr int RIGHE_TRAME = 5000;
 /// What stands before the time of day in a line of the log: the date, which a teacher knows.
 constexpr qsizetype DATA = 11;
 
-constexpr StatoStrumento STATI[] = {StatoStrumento::Riposo, StatoStrumento::Prova, StatoStrumento::Pronta};
+constexpr std::array STATI{StatoStrumento::Riposo, StatoStrumento::Prova, StatoStrumento::Pronta};
 
 /// A choice of a combo box by what stands behind it; what is none of them is shown as the character it is.
 void Scegli(QComboBox &scelta, char carattere)

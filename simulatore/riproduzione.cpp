@@ -14,14 +14,14 @@ constexpr qint64 MASSIMO_RITARDO = std::numeric_limits<int>::max();
 
 Riproduzione::Riproduzione(const Registrazione &registrazione, bool svelta,
                            std::function<void(const QString &)> annota)
-    : m_annota(std::move(annota))
+    : Interlocutore(std::move(annota))
 {
     AssemblatoreComandi comandi;
     qint64 inizio = 0; // ms of the last command's end
     for (const Brano &brano : registrazione.brani) {
         if (brano.voce == Voce::Strumento && m_turni.isEmpty()) {
             // Before the first command nobody can say when the station has opened its end.
-            m_annota(QStringLiteral("-- prima di ogni comando, non riprodotti: ") + Trama_Hex(brano.byte));
+            Annota(QStringLiteral("-- prima di ogni comando, non riprodotti: ") + Trama_Hex(brano.byte));
         } else if (brano.voce == Voce::Strumento) {
             const qint64 ritardo = svelta ? 0 : std::min<qint64>(brano.ms - inizio, MASSIMO_RITARDO);
             m_turni.last().risposte.append(
@@ -35,29 +35,12 @@ Riproduzione::Riproduzione(const Registrazione &registrazione, bool svelta,
             }
         }
     }
-    m_annota(QStringLiteral("-- registrazione di %1 comandi").arg(m_turni.size()));
-}
-
-QList<Invio> Riproduzione::Ricevi(const QByteArray &byte)
-{
-    QList<Invio> invii;
-    for (const char b : byte) {
-        if (m_assemblatore.Aggiungi(b))
-            invii += Comando_Ricevuto(m_assemblatore.Trama());
-    }
-    if (const QByteArray scartati = m_assemblatore.Scartati(); !scartati.isEmpty())
-        m_annota(QStringLiteral("-- fuori trama: ") + Trama_Hex(scartati));
-    return invii;
-}
-
-void Riproduzione::Linea_Lasciata()
-{
-    m_assemblatore.Azzera();
+    Annota(QStringLiteral("-- registrazione di %1 comandi").arg(m_turni.size()));
 }
 
 QList<Invio> Riproduzione::Comando_Ricevuto(const QByteArray &trama)
 {
-    m_annota(QStringLiteral("<- ") + Trama_Hex(trama));
+    Annota(QStringLiteral("<- ") + Trama_Hex(trama));
     if (Finita()) {
         Distingui(QStringLiteral("la registrazione è finita"));
         return {};
@@ -70,12 +53,12 @@ QList<Invio> Riproduzione::Comando_Ricevuto(const QByteArray &trama)
     }
     ++m_prossimo;
     if (Finita())
-        m_annota(QStringLiteral("-- fine della registrazione"));
+        Annota(QStringLiteral("-- fine della registrazione"));
     return turno.risposte;
 }
 
 void Riproduzione::Distingui(const QString &testo)
 {
     m_diversa = true;
-    m_annota(QStringLiteral("-- diverso: ") + testo);
+    Annota(QStringLiteral("-- diverso: ") + testo);
 }

@@ -4,7 +4,6 @@
 
 #include "simulatore/interlocutore.h"
 #include "simulatore/registrazione.h"
-#include "simulatore/trama.h"
 
 #include <functional>
 
@@ -15,11 +14,6 @@ public:
     /// @param annota takes a line of the log.
     Riproduzione(const Registrazione &registrazione, bool svelta,
                  std::function<void(const QString &)> annota);
-
-    /// A command that does not stand in the record at this place gets no reply, as from an instrument that
-    /// does not know it, and the place stays: a station that comes back to the record is answered again.
-    QList<Invio> Ricevi(const QByteArray &byte) override;
-    void Linea_Lasciata() override;
 
     /// The station has said something that does not stand in the record at its place.
     bool Diversa() const { return m_diversa; }
@@ -34,12 +28,12 @@ private:
         QList<Invio> risposte;
     };
 
-    QList<Invio> Comando_Ricevuto(const QByteArray &trama);
+    /// A command that does not stand in the record at this place gets no reply, as from an instrument that
+    /// does not know it, and the place stays: a station that comes back to the record is answered again.
+    QList<Invio> Comando_Ricevuto(const QByteArray &trama) override;
     void Distingui(const QString &testo);
 
     QList<Turno> m_turni;
     qsizetype m_prossimo = 0;
-    AssemblatoreComandi m_assemblatore;
-    std::function<void(const QString &)> m_annota;
     bool m_diversa = false;
 };

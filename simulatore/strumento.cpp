@@ -126,29 +126,17 @@ const DefStato &Stato_Def(StatoStrumento stato)
 
 Strumento::Strumento(const QString &fileScenario, const QString &fileStato, quint32 seme,
                      std::function<void(const QString &)> annota)
-    : m_fileScenario(fileScenario),
+    : Interlocutore(std::move(annota)),
+      m_fileScenario(fileScenario),
       m_memoria(fileScenario, fileStato),
-      m_giornata(seme),
-      m_annota(std::move(annota))
+      m_giornata(seme)
 {
     Veicolo_Nuovo();
 }
 
-QList<Invio> Strumento::Ricevi(const QByteArray &byte)
-{
-    QList<Invio> invii;
-    for (const char b : byte) {
-        if (m_assemblatore.Aggiungi(b))
-            invii += Comando_Ricevuto(m_assemblatore.Trama());
-    }
-    if (const QByteArray scartati = m_assemblatore.Scartati(); !scartati.isEmpty())
-        m_annota(QStringLiteral("-- fuori trama: ") + Trama_Hex(scartati));
-    return invii;
-}
-
 void Strumento::Linea_Lasciata()
 {
-    m_assemblatore.Azzera();
+    Interlocutore::Linea_Lasciata();
     m_trattenuta.clear();
     if (!A_Riposo())
         return;
@@ -196,16 +184,16 @@ QList<Invio> Strumento::Comando_Ricevuto(const QByteArray &trama)
 {
     const QString riga = QStringLiteral("<- ") + Trama_Hex(trama) + QStringLiteral("  ");
     if (const QString difetto = Comando_Difetto(trama); !difetto.isEmpty()) {
-        m_annota(riga + difetto + QStringLiteral(": nessuna risposta"));
+        Annota(riga + difetto + QStringLiteral(": nessuna risposta"));
         return {};
     }
 
     const DefComando &comando = *Comando_Di(trama);
     const QByteArray carico = Carico_Di(trama);
-    m_annota(riga + QString::fromUtf16(comando.nome) + Testi_Nota(Testi_Di(carico)));
+    Annota(riga + QString::fromUtf16(comando.nome) + Testi_Nota(Testi_Di(carico)));
     const Risposta risposta = Risposta_Di(comando, carico);
     if (risposta.trama.isEmpty()) {
-        m_annota(QStringLiteral("-- ") + risposta.nota);
+        Annota(QStringLiteral("-- ") + risposta.nota);
         return {};
     }
     return Risposta_Invia(comando, risposta);
@@ -220,7 +208,7 @@ QList<Invio> Strumento::Risposta_Invia(const DefComando &comando, const Risposta
     if (guasto != nullptr) {
         invii = Guasto_Applica(*guasto, risposta, m_scenario.ritardo, comando.postoGenere);
         if (invii.isEmpty())
-            m_annota(
+            Annota(
                 QStringLiteral("-- guasto %1: %2 non parte").arg(Guasto_Nome(guasto->tipo), risposta.nota));
         if (guasto->tipo == TipoGuasto::Unita)
             m_trattenuta += risposta.trama;
@@ -321,7 +309,7 @@ Risposta Strumento::Risposta_Scrittura(CodiceComando comando, const QByteArray &
 void Strumento::Scenario_Rileggi()
 {
     for (const QString &errore : Scenario_Leggi(m_fileScenario, m_scenario))
-        m_annota(QStringLiteral("-- scenario: ") + errore);
+        Annota(QStringLiteral("-- scenario: ") + errore);
 }
 
 void Strumento::Veicolo_Nuovo()
@@ -341,5 +329,5 @@ void Strumento::Veicolo_Nuovo()
         m_veicolo = m_scenario.veicoli[m_indice];
     }
     m_veicolo.record = m_recordFissi.value_or(m_veicolo.record);
-    m_annota(QStringLiteral("-- nuovo veicolo:") + Record_Nota(m_veicolo));
+    Annota(QStringLiteral("-- nuovo veicolo:") + Record_Nota(m_veicolo));
 }

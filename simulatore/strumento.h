@@ -33,7 +33,6 @@ public:
     Strumento(const QString &fileScenario, const QString &fileStato, quint32 seme,
               std::function<void(const QString &)> annota);
 
-    QList<Invio> Ricevi(const QByteArray &byte) override;
     void Linea_Lasciata() override;
 
     // --- what a teacher does by hand, in the window ---------------------------------------------------
@@ -52,7 +51,7 @@ public:
     void Guasti_Imposta(const QList<Guasto> &guasti) { m_guastiManuali = guasti; }
 
 private:
-    QList<Invio> Comando_Ricevuto(const QByteArray &trama);
+    QList<Invio> Comando_Ricevuto(const QByteArray &trama) override;
     QList<Invio> Risposta_Invia(const DefComando &comando, const Risposta &risposta);
     const Guasto *Guasto_Dovuto(CodiceComando comando, int volta) const;
     Risposta Risposta_Di(const DefComando &comando, const QByteArray &carico);
@@ -68,8 +67,6 @@ private:
     QString m_fileScenario;
     Memoria m_memoria;
     Giornata m_giornata;
-    std::function<void(const QString &)> m_annota;
-    AssemblatoreComandi m_assemblatore;
     Scenario m_scenario;
     Veicolo m_veicolo;
     qsizetype m_indice = -1;           // of the vehicle in the scenario, -1 for one of the plausible day

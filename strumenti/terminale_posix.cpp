@@ -19,7 +19,7 @@ termios normale; // as the terminal was: a signal's handler has no other way to 
 void Fine_Richiesta(int segnale)
 {
     ::tcsetattr(STDIN_FILENO, TCSADRAIN, &normale);
-    ::raise(segnale);
+    static_cast<void>(::raise(segnale));
 }
 
 class SenzaEco
@@ -45,7 +45,7 @@ public:
             return;
         ::tcsetattr(STDIN_FILENO, TCSADRAIN, &normale);
         for (const int segnale : SEGNALI)
-            std::signal(segnale, SIG_DFL);
+            static_cast<void>(std::signal(segnale, SIG_DFL));
     }
     Q_DISABLE_COPY_MOVE(SenzaEco)
 
@@ -53,20 +53,24 @@ private:
     const bool m_terminale;
 };
 
+/// By their number: a damaged file's text may hold a NUL. What could not be written is told at the end, by
+/// Terminale_Integro.
+void Byte_Scrivi(std::FILE *flusso, const QByteArray &byte)
+{
+    static_cast<void>(std::fwrite(byte.constData(), 1, static_cast<size_t>(byte.size()), flusso));
+    static_cast<void>(std::fflush(flusso));
+}
+
 } // namespace
 
 void Terminale_Scrivi(Canale canale, const QString &testo)
 {
-    std::FILE *flusso = canale == Canale::Errori ? stderr : stdout;
-    const QByteArray byte = testo.toUtf8(); // by its length: a damaged file's text may hold a NUL
-    std::fwrite(byte.constData(), 1, static_cast<size_t>(byte.size()), flusso);
-    std::fflush(flusso);
+    Byte_Scrivi(canale == Canale::Errori ? stderr : stdout, testo.toUtf8());
 }
 
 void Terminale_ScriviByte(const QByteArray &byte)
 {
-    std::fwrite(byte.constData(), 1, static_cast<size_t>(byte.size()), stdout);
-    std::fflush(stdout);
+    Byte_Scrivi(stdout, byte);
 }
 
 bool Terminale_Presente(Canale canale)

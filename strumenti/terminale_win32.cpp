@@ -62,6 +62,14 @@ std::optional<QString> Riga_Console()
     return riga;
 }
 
+/// By their number: a damaged file's text may hold a NUL. What could not be written is told at the end, by
+/// Terminale_Integro.
+void Byte_Scrivi(std::FILE *flusso, const QByteArray &byte)
+{
+    static_cast<void>(std::fwrite(byte.constData(), 1, static_cast<size_t>(byte.size()), flusso));
+    static_cast<void>(std::fflush(flusso));
+}
+
 } // namespace
 
 void Terminale_Scrivi(Canale canale, const QString &testo)
@@ -73,17 +81,13 @@ void Terminale_Scrivi(Canale canale, const QString &testo)
         WriteConsoleW(console, testo.utf16(), static_cast<DWORD>(testo.size()), nullptr, nullptr);
         return;
     }
-    std::FILE *flusso = errori ? stderr : stdout;
-    const QByteArray byte = testo.toUtf8(); // by its length: a damaged file's text may hold a NUL
-    std::fwrite(byte.constData(), 1, static_cast<size_t>(byte.size()), flusso);
-    std::fflush(flusso);
+    Byte_Scrivi(errori ? stderr : stdout, testo.toUtf8());
 }
 
 void Terminale_ScriviByte(const QByteArray &byte)
 {
     const int prima = _setmode(_fileno(stdout), _O_BINARY);
-    std::fwrite(byte.constData(), 1, static_cast<size_t>(byte.size()), stdout);
-    std::fflush(stdout);
+    Byte_Scrivi(stdout, byte);
     _setmode(_fileno(stdout), prima);
 }
 
@@ -105,7 +109,7 @@ std::optional<QString> Terminale_Chiedi(const QString &domanda)
     Terminale_Scrivi(Canale::Errori, domanda);
     if (!muto.Console())
         return Riga_Ingresso();
-    const std::optional<QString> riga = Riga_Console();
+    std::optional<QString> riga = Riga_Console();
     Terminale_Scrivi(Canale::Errori, QStringLiteral("\n")); // Enter is not shown either
     return riga;
 }

@@ -4,9 +4,13 @@
 #   packaging/windows/costruisci.sh
 # The Qt for Windows lies in build/qt6-mingw. If it is not there yet it is unpacked from QT6_MINGW_ARCHIVIO, by
 # default ../shared/windows/qt6-mingw.tar.xz. COMPITI: how many compilers at a time. LUMIRA_FIRMA: how programs and
-# installer are signed (firma.sh); without it they are not.
+# installer are signed (firma.sh); without it they are not. SOURCE_DATE_EPOCH: the date of all that is delivered, by
+# default the commit's: the same commit gives the same packages.
 set -eu
 cd "$(dirname "$0")/../.."
+if [ -z "${SOURCE_DATE_EPOCH:-}" ] && data=$(git -c safe.directory='*' log -1 --format=%ct 2>/dev/null); then
+    export SOURCE_DATE_EPOCH="$data"
+fi
 radice=$PWD
 consegna=$radice/build/windows/consegna
 archivio=${QT6_MINGW_ARCHIVIO:-$radice/../shared/windows/qt6-mingw.tar.xz}

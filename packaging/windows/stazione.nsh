@@ -9,6 +9,9 @@ InstallDirRegKey HKLM "Software\lumira\lumira" ""
 ; A file that cannot be laid down ends the run: no station works with the parts of two versions.
 AllowSkipFiles off
 
+; Files get the date of their installation: with those of the build no two installers of one commit would be equal.
+SetDateSave off
+
 ; Statuses of a run that ends otherwise than by the operator's choice (1) or a fault of the script (2).
 !define STATO_IN_USO 3    ; the station is open: nothing was changed
 !define STATO_DIRITTI 4   ; installed, but its users cannot write in its folder
@@ -16,13 +19,24 @@ AllowSkipFiles off
 !define UTENTI "*S-1-5-32-545" ; the group of this computer's users, whatever the language of the system calls it
 
 Var Testo
+Var Lingua
 
-!macro Testo italiano inglese
-  ${If} $LANGUAGE == 1040
-    StrCpy $Testo `${italiano}`
-  ${Else}
-    StrCpy $Testo `${inglese}`
-  ${EndIf}
+; Leaves in $Testo the text in the language of the run, English where it is none of the station's five. The lower ten
+; bits tell the language, those above them whose it is.
+!macro Testo italiano francese inglese spagnolo tedesco
+  IntOp $Lingua $LANGUAGE & 0x3FF
+  ${Select} $Lingua
+    ${Case} 16 ; 0x10
+      StrCpy $Testo `${italiano}`
+    ${Case} 12 ; 0x0C
+      StrCpy $Testo `${francese}`
+    ${Case} 10 ; 0x0A
+      StrCpy $Testo `${spagnolo}`
+    ${Case} 7 ; 0x07
+      StrCpy $Testo `${tedesco}`
+    ${CaseElse}
+      StrCpy $Testo `${inglese}`
+  ${EndSelect}
 !macroend
 
 ; Leaves in $R0 a program or library of the station that is in use, and nothing when none is: a file that runs
@@ -62,8 +76,12 @@ Function ${UN}Esigi_StazioneChiusa
       ${EndIf}
       StrCpy $R0 "lumira.exe"
     ${EndIf}
-    !insertmacro Testo "La stazione in $INSTDIR è aperta ($R0 è in uso).$\r$\nChiuderla e riprovare." \
-                       "The station in $INSTDIR is open ($R0 is in use).$\r$\nClose it and try again."
+    !insertmacro Testo \
+      "La stazione in $INSTDIR è aperta ($R0 è in uso).$\r$\nChiuderla e riprovare." \
+      "La station de $INSTDIR est ouverte ($R0 est utilisé).$\r$\nLa fermer et réessayer." \
+      "The station in $INSTDIR is open ($R0 is in use).$\r$\nClose it and try again." \
+      "La estación de $INSTDIR está abierta ($R0 está en uso).$\r$\nCiérrela y vuelva a intentarlo." \
+      "Die Station in $INSTDIR ist geöffnet ($R0 wird benutzt).$\r$\nBitte schließen und erneut versuchen."
     MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$Testo" /SD IDCANCEL IDRETRY ancora
     SetErrorLevel ${STATO_IN_USO}
     Quit
@@ -95,10 +113,17 @@ FunctionEnd
 Function Annuncia_Diritti
   Call Cartella_DelSistema
   ${If} $R0 != ""
-    !insertmacro Testo "Gli utenti di questo computer non possono scrivere in $INSTDIR, dove la stazione tiene la \
-propria configurazione.$\r$\nL'installazione dà loro il diritto di modificare questa cartella. Continuare?" \
-                       "The users of this computer cannot write in $INSTDIR, where the station keeps its \
-configuration.$\r$\nThe installation gives them the right to modify this folder. Continue?"
+    !insertmacro Testo \
+      "Gli utenti di questo computer non possono scrivere in $INSTDIR, dove la stazione tiene la propria \
+configurazione.$\r$\nL'installazione dà loro il diritto di modificare questa cartella. Continuare?" \
+      "Les utilisateurs de cet ordinateur ne peuvent pas écrire dans $INSTDIR, où la station garde sa \
+configuration.$\r$\nL'installation leur donne le droit de modifier ce dossier. Continuer ?" \
+      "The users of this computer cannot write in $INSTDIR, where the station keeps its \
+configuration.$\r$\nThe installation gives them the right to modify this folder. Continue?" \
+      "Los usuarios de este equipo no pueden escribir en $INSTDIR, donde la estación guarda su \
+configuración.$\r$\nLa instalación les da el derecho de modificar esta carpeta. ¿Continuar?" \
+      "Die Benutzer dieses Computers können nicht in $INSTDIR schreiben, wo die Station ihre Konfiguration \
+ablegt.$\r$\nDie Installation gibt ihnen das Recht, diesen Ordner zu ändern. Fortfahren?"
     MessageBox MB_YESNO|MB_ICONQUESTION "$Testo" /SD IDYES IDYES continua
     SetErrorLevel 1
     Quit
@@ -112,10 +137,17 @@ Function Concedi_Diritti
     nsExec::ExecToLog '"$SYSDIR\icacls.exe" "$INSTDIR" /grant ${UTENTI}:(OI)(CI)M'
     Pop $R0
     ${If} $R0 != "0"
-      !insertmacro Testo "Gli utenti non possono scrivere in $INSTDIR: la stazione perderebbe la configurazione. \
+      !insertmacro Testo \
+        "Gli utenti non possono scrivere in $INSTDIR: la stazione perderebbe la configurazione. \
 Installarla in un'altra cartella." \
-                         "The users cannot write in $INSTDIR: the station would lose its configuration. \
-Install it in another folder."
+        "Les utilisateurs ne peuvent pas écrire dans $INSTDIR : la station perdrait sa configuration. \
+L'installer dans un autre dossier." \
+        "The users cannot write in $INSTDIR: the station would lose its configuration. \
+Install it in another folder." \
+        "Los usuarios no pueden escribir en $INSTDIR: la estación perdería su configuración. \
+Instálela en otra carpeta." \
+        "Die Benutzer können nicht in $INSTDIR schreiben: Die Station würde ihre Konfiguration verlieren. \
+Bitte in einem anderen Ordner installieren."
       SetErrorLevel ${STATO_DIRITTI}
       MessageBox MB_OK|MB_ICONEXCLAMATION "$Testo" /SD IDOK
     ${EndIf}
@@ -136,10 +168,17 @@ FunctionEnd
 
 ; Said before anything goes: whoever wants the folder empty knows what to take away by hand.
 Function un.Annuncia_CosaResta
-  !insertmacro Testo "In $INSTDIR restano la configurazione (lumira.ini, con le sue copie) e le cartelle di scambio con \
-i loro file. Tutto il resto della stazione viene tolto. Continuare?" \
-                     "The configuration (lumira.ini, with its copies) and the exchange folders with their files stay \
-in $INSTDIR. All the rest of the station is removed. Continue?"
+  !insertmacro Testo \
+    "In $INSTDIR restano la configurazione (lumira.ini, con le sue copie) e le cartelle di scambio con i loro file. \
+Tutto il resto della stazione viene tolto. Continuare?" \
+    "La configuration (lumira.ini, avec ses copies) et les dossiers d'échange avec leurs fichiers restent dans \
+$INSTDIR. Tout le reste de la station est supprimé. Continuer ?" \
+    "The configuration (lumira.ini, with its copies) and the exchange folders with their files stay \
+in $INSTDIR. All the rest of the station is removed. Continue?" \
+    "La configuración (lumira.ini, con sus copias) y las carpetas de intercambio con sus archivos se quedan en \
+$INSTDIR. Todo el resto de la estación se elimina. ¿Continuar?" \
+    "Die Konfiguration (lumira.ini mit ihren Kopien) und die Austauschordner mit ihren Dateien bleiben in $INSTDIR. \
+Der Rest der Station wird entfernt. Fortfahren?"
   MessageBox MB_OKCANCEL|MB_ICONINFORMATION "$Testo" /SD IDOK IDOK continua
   SetErrorLevel 1
   Quit

@@ -149,7 +149,7 @@ private Q_SLOTS:
     void cifraOltre32BitFinisceIlProgramma()
     {
         gMisure[3].Lux = 21474837;
-        QVERIFY_EXCEPTION_THROWN(Calcola_Esito(), ErroreEsecuzione);
+        QVERIFY_THROWS_EXCEPTION(ErroreEsecuzione, Calcola_Esito());
     }
 
     // --- aim ----------------------------------------------------------------------------------------------
@@ -418,7 +418,7 @@ private Q_SLOTS:
     {
         gFileAcc = stazione->Accettazione(FILE_ACC);
         gDirAcc = stazione->Percorso(QStringLiteral("manca\\"));
-        QVERIFY_EXCEPTION_THROWN(Calcola_Esito(), ErroreEsecuzione);
+        QVERIFY_THROWS_EXCEPTION(ErroreEsecuzione, Calcola_Esito());
         QVERIFY(Esiste(stazione->Nativo(QStringLiteral("DIR_FAR\\") + FILE_ACC)));
     }
 };

@@ -107,7 +107,7 @@ std::shared_ptr<Modulo> Lista_Guasta(const BancoForm &banco)
 /// for.
 std::shared_ptr<Modulo> Lista_Cambiata(const BancoForm &banco)
 {
-    const auto form = Lista_Con(banco, 0);
+    auto form = Lista_Con(banco, 0);
     Orologio_Banco().Avanza(BATTITO_LISTA);
     QByteArray altra = banco.Stazione.Leggi(QStringLiteral("dati\\ModelloAcc.acc"));
     altra.replace("Targa=AB123CD", "Targa=ZW987XY");

@@ -362,12 +362,12 @@ namespace {
 struct Gesto
 {
     const char *nome;
-    std::unique_ptr<Controllo> (*crea)(QWidget *finestra, std::function<void()> gestore);
+    std::unique_ptr<Controllo> (*crea)(QWidget *finestra, const std::function<void()> &gestore);
     void (*compi)(Controllo &controllo);
 };
 
 template <typename T, Evento T::*evento>
-std::unique_ptr<Controllo> Crea(QWidget *finestra, std::function<void()> gestore)
+std::unique_ptr<Controllo> Crea(QWidget *finestra, const std::function<void()> &gestore)
 {
     auto controllo = std::make_unique<T>(finestra, QStringLiteral("ctl"));
     if constexpr (requires { controllo->AddItem(QString()); }) {
@@ -376,7 +376,7 @@ std::unique_ptr<Controllo> Crea(QWidget *finestra, std::function<void()> gestore
     }
     controllo->Posto(0, 0, 3000, 1500);
     controllo->Visible(true);
-    (*controllo).*evento = std::move(gestore);
+    (*controllo).*evento = gestore;
     return controllo;
 }
 

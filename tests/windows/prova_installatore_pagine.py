@@ -81,3 +81,29 @@ class Pagine(ProvaFinestre, ProvaInstallatore):
         self.premi("&Install", r"cannot write in C:\Program Files\lumira")
         self.assertEqual(self.fine("&No"), 1)
         self.assertEqual(list((self.disco / "Program Files/lumira").glob("*")), [])
+
+
+class Lingue(ProvaFinestre, ProvaInstallatore):
+    """What is ours to say comes in the language of the system, as the pages around it do."""
+
+    # Locale of the machine: the uninstaller's buttons, and what it says of what stays.
+    DETTO = {
+        "it_IT": ("&Disinstalla", "Annulla", "restano la configurazione (lumira.ini, con le sue copie)"),
+        "fr_FR": ("&Désinstaller", "Annuler", "La configuration (lumira.ini, avec ses copies)"),
+        "es_ES": ("&Desinstalar", "Cancelar", "La configuración (lumira.ini, con sus copias)"),
+        "es_MX": ("&Desinstalar", "Cancelar", "La configuración (lumira.ini, con sus copias)"),
+        "de_CH": ("&Deinstallieren", "Abbrechen", "Die Konfiguration (lumira.ini mit ihren Kopien)"),
+        "nl_NL": ("&Verwijderen", "Annuleren", "The configuration (lumira.ini, with its copies)"),
+    }
+
+    def test_dice_cosa_resta_nella_lingua_del_sistema(self):
+        self.addCleanup(self.macchina.imposta_lingua, "C.UTF-8")
+        self.installa_in_stazione()
+        for lingua, (disinstalla, annulla, testo) in self.DETTO.items():
+            with self.subTest(lingua):
+                self.macchina.imposta_lingua(f"{lingua}.UTF-8")
+                processo = self.macchina.avvia(self.stazione / "Uninstall.exe", r"_?=C:\stazione")
+                self.addCleanup(operatore.ferma_processo, processo)
+                self.premi(disinstalla, testo)
+                self.premi_finche(annulla, lambda p=processo: p.poll() is not None, "fine della rimozione")
+                self.assertEqual(processo.returncode, 1)

@@ -2,42 +2,13 @@
 technician trains without an instrument, and how the line of a real one is recorded and played again."""
 
 import os
-import pty
-import select
 import subprocess
-import threading
-import tty
 
+from cavo import CavoNullModem
 from finestre import ProvaFinestre
 from macchina import CONSEGNA, Macchina
 from operatore import attendi, avvia_processo, ferma_processo
 from prova import ProvaStazione, QX5SIM, veicolo
-
-
-class CavoNullModem:
-    """Two terminal devices, each of which hears what the other says."""
-
-    def __init__(self):
-        capi, prese = zip(pty.openpty(), pty.openpty())
-        self._capi, self._prese = capi, prese
-        for presa in prese:
-            tty.setraw(presa)
-        self.dispositivi = [os.ttyname(presa) for presa in prese]
-        self._fine, self._avviso = os.pipe()
-        self._filo = threading.Thread(target=self._porta, daemon=True)
-        self._filo.start()
-
-    def _porta(self):
-        altro = dict(zip(self._capi, reversed(self._capi)))
-        while self._fine not in (pronti := select.select([*self._capi, self._fine], [], [])[0]):
-            for capo in pronti:
-                os.write(altro[capo], os.read(capo, 4096))
-
-    def stacca(self):
-        os.write(self._avviso, b".")
-        self._filo.join()
-        for descrittore in (*self._capi, *self._prese, self._fine, self._avviso):
-            os.close(descrittore)
 
 
 class Simulatore(ProvaStazione):

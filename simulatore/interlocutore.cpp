@@ -1,0 +1,23 @@
+// The station's bytes made into frames; what lies between them is told.
+#include "simulatore/interlocutore.h"
+
+#include <utility>
+
+Interlocutore::Interlocutore(std::function<void(const QString &)> annota) : m_annota(std::move(annota)) {}
+
+QList<Invio> Interlocutore::Ricevi(const QByteArray &byte)
+{
+    QList<Invio> invii;
+    for (const char b : byte) {
+        if (m_assemblatore.Aggiungi(b))
+            invii += Comando_Ricevuto(m_assemblatore.Trama());
+    }
+    if (const QByteArray scartati = m_assemblatore.Scartati(); !scartati.isEmpty())
+        Annota(QStringLiteral("-- fuori trama: ") + Trama_Hex(scartati));
+    return invii;
+}
+
+void Interlocutore::Linea_Lasciata()
+{
+    m_assemblatore.Azzera();
+}

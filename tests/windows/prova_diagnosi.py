@@ -1,0 +1,81 @@
+"""lumira-diagnosi as a Windows program: its look at the COM ports, and at the instrument at the far end of one. Not at a
+port that is taken: Wine opens it for a second program too."""
+
+import json
+import shutil
+import subprocess
+
+from cavo import CavoNullModem
+from macchina import CONSEGNA, TEMPO, ProvaMacchina
+from operatore import Profilo, attendi, avvia_processo, ferma_processo
+from prova import QX5SIM
+
+
+class Diagnosi(ProvaMacchina):
+    """A station on COM3, and a second port, COM5, to which nothing is plugged."""
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.stazione = cls.macchina.disco / "stazione"
+        cls.lontani = {numero: cls.collega(numero) for numero in (3, 5)}
+        shutil.copytree(CONSEGNA, cls.stazione)
+
+    @classmethod
+    def collega(cls, numero):
+        """@returns the far end of a cable in a COM port."""
+        cavo = CavoNullModem()
+        cls.addClassCleanup(cavo.stacca)
+        qui, la = cavo.dispositivi
+        cls.macchina.collega_porta(numero, la)
+        return qui
+
+    def setUp(self):
+        self.configura("Num", "3")
+
+    def configura(self, chiave, valore):
+        Profilo(self.stazione / "lumira.ini").imposta("COMM", chiave, valore)
+
+    def strumento_su(self, numero):
+        simulatore = avvia_processo(
+            [QX5SIM, "--dispositivo", self.lontani[numero]], stdout=subprocess.PIPE, stderr=subprocess.STDOUT
+        )
+        self.addCleanup(simulatore.stdout.close)
+        self.addCleanup(ferma_processo, simulatore)
+        attendi(lambda: b"pronto: " in simulatore.stdout.readline(), cosa="lo strumento in linea")
+
+    def guarda(self, materia, *opzioni):
+        """@returns [(grade, what was found)] of one matter."""
+        diagnosi = self.macchina.avvia(
+            self.stazione / "lumira-diagnosi.exe", "--json", "--lingua", "IT", *opzioni, stdout=subprocess.PIPE
+        )
+        uscita = diagnosi.communicate(timeout=TEMPO)[0]
+        return [(r["grado"], r["trovato"]) for r in json.loads(uscita)["riscontri"] if r["materia"] == materia]
+
+    def test_strumento_che_risponde(self):
+        self.strumento_su(3)
+        self.assertIn(("ok", "COM3, la porta della stazione, si apre a 9600,N,8,1"), self.guarda("porte"))
+        self.assertEqual(self.guarda("strumento"), [("ok", "risponde su COM3 a 9600,N,8,1, a riposo")])
+
+    def test_strumento_muto(self):
+        self.assertEqual(self.guarda("strumento"), [("guasto", "su COM3 non risponde nessuno")])
+
+    def test_strumento_su_un_altra_porta(self):
+        self.strumento_su(5)
+        self.assertEqual(
+            self.guarda("strumento", "--cerca"),
+            [
+                ("guasto", "risponde su COM5 a 9600,N,8,1, e la stazione lo cerca su COM3 9600,N,8,1"),
+                ("avviso", "Strumenti Prova QX5, serie 000042: lumira.ini ha la serie 000001"),
+                ("ok", "verifica periodica valida fino al 30/06/2030"),
+            ],
+        )
+
+    def test_porta_assente(self):
+        self.configura("Num", "77")
+        self.assertIn(("guasto", "COM77, la porta della stazione, non c'è"), self.guarda("porte"))
+
+    def test_formato_che_non_esiste(self):
+        self.configura("DataBit", "9")
+        self.addCleanup(self.configura, "DataBit", "8")
+        self.assertIn(("guasto", "COM3 si apre, ma 9600,N,9,1 non è un formato"), self.guarda("porte"))
