@@ -43,6 +43,8 @@ private Q_SLOTS:
     void carattereCheEntra_data();
     void carattereCheEntra();
     void carattereTrovatoInPochiTentativi();
+    void carattereTrovatoEIlMaggiore_data();
+    void carattereTrovatoEIlMaggiore();
     void etichettaVaACapoPrimaDiRimpicciolire();
     void lettereIntereInUnaRigaBassa();
     void distruttoPortaViaIlWidget();
@@ -299,6 +301,36 @@ void tst_controlli::carattereTrovatoInPochiTentativi()
     carattere.setPixelSize(carattere.pixelSize() + 1);
     etichetta.Widget()->setFont(carattere);
     QVERIFY(!etichetta.Entra());
+}
+
+void tst_controlli::carattereTrovatoEIlMaggiore_data()
+{
+    QTest::addColumn<QString>("testo");
+    for (const char *testo :
+         {"Verificación válida hasta el 31/12/2027", "Orientamento orizzontale", "Scheinwerfer links"})
+        QTest::addRow("%s", testo) << QString::fromUtf8(testo);
+}
+
+// One pixel after the other from above finds the same, in places of many widths.
+void tst_controlli::carattereTrovatoEIlMaggiore()
+{
+    QFETCH(QString, testo);
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.FontSize(30); // 40 pixels
+    etichetta.Caption(testo);
+    for (qint32 larghezza = 900; larghezza <= 6000; larghezza += 45) {
+        etichetta.Posto(0, 0, larghezza, 450);
+        QFont carattere = etichetta.Widget()->font();
+        const int trovato = carattere.pixelSize();
+        int pixel = 40;
+        for (; pixel > Carattere_Minimo(); --pixel) {
+            carattere.setPixelSize(pixel);
+            etichetta.Widget()->setFont(carattere);
+            if (etichetta.Entra())
+                break;
+        }
+        QCOMPARE(trovato, pixel);
+    }
 }
 
 void tst_controlli::etichettaVaACapoPrimaDiRimpicciolire()
