@@ -257,14 +257,26 @@ def cifre(valori):
     return " / ".join(f"{v:.3g}" for v in (min(valori), statistics.median(valori), max(valori)))
 
 
+def valore(m, quale):
+    """@param quale of several values the one that stands for them. @returns the ratio, or the value itself."""
+    return quale(m["nostra"]) / (quale(m["metro"]) if m["metro"] else 1)
+
+
 def riga(m):
-    valore = statistics.median(m["nostra"])
     metro = f"{cifre(m['metro'])} ({m['metro_nome']})" if m["metro"] else "none"
-    if m["metro"]:
-        valore /= statistics.median(m["metro"])
-    esito = "reached" if valore <= m["aim"] else "no"
+    medio, minimo = valore(m, statistics.median), valore(m, min)
+    esito = "reached" if medio <= m["aim"] else "no"
     misurata = f"{m['nome']}, {m['unita']}"
-    return f"| {misurata} | {cifre(m['nostra'])} | {metro} | {valore:.2f} | {m['aim']:g} | {esito} |"
+    return f"| {misurata} | {cifre(m['nostra'])} | {metro} | {medio:.3g} ({minimo:.3g}) | {m['aim']:g} | {esito} |"
+
+
+def testa():
+    """What the figures depend on, and the head of their table."""
+    return (
+        f"{time.strftime('%Y-%m-%d')}, {os.cpu_count()} processors, {os.getloadavg()[0]:.0f} programs at work on them "
+        "besides. Of the least values the ratio stands in brackets.\n\n"
+        "| what is felt | ours: least / middle / greatest | yardstick | ratio or value | aim | |\n|---|---|---|---|---|---|\n"
+    )
 
 
 def scrivi(testo):
@@ -283,7 +295,7 @@ def main():
     righe.add_argument("--giri", type=int, default=7)
     righe.add_argument("--scrivi", action="store_true")
     scelte = righe.parse_args()
-    testo = "| what is felt | ours: min / median / max | yardstick | ratio or value | aim | |\n|---|---|---|---|---|---|\n"
+    testo = testa()
     for m in misura_tutto(scelte):
         testo += riga(m) + "\n"
         print(riga(m), flush=True)
