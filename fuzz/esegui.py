@@ -114,15 +114,17 @@ def scrivi(righe):
 
 
 def riduci(nome):
-    """Samples and findings become the fewest samples that reach as much."""
+    """Samples and findings become the fewest samples that reach as much; a sample that a person named stays anyway."""
     nuovi = COSTRUITI / "ridotti" / nome
     shutil.rmtree(nuovi, ignore_errors=True)
     nuovi.mkdir(parents=True)
     stato, detto = chiama(nome, "-set_cover_merge=1", "-use_counters=0", nuovi, cartella_di(CAMPIONI, nome), cartella_di(TROVATI, nome))
     if stato != 0:
         return f"{nome}: non ridotto\n{detto}"
-    shutil.rmtree(CAMPIONI / nome)
-    shutil.copytree(nuovi, CAMPIONI / nome)
+    for campione in (CAMPIONI / nome).iterdir():
+        if re.fullmatch("[0-9a-f]{40}", campione.name):
+            campione.unlink()
+    shutil.copytree(nuovi, CAMPIONI / nome, dirs_exist_ok=True)
     file = list((CAMPIONI / nome).iterdir())
     return f"{nome}: {len(file)} campioni, {sum(uno.stat().st_size for uno in file)} byte"
 
