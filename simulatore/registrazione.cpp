@@ -116,7 +116,7 @@ QStringList Registrazione_Leggi(const QString &file, Registrazione &registrazion
     for (qsizetype i = 1; i < righe.size(); ++i) {
         const QString difetto = Riga_Leggi(righe[i].trimmed(), letta);
         if (!difetto.isEmpty())
-            errori.append(QStringLiteral("%1, riga %2: %3").arg(file).arg(i + 1).arg(difetto));
+            errori.append(QStringLiteral("%1, riga %2: %3").arg(file, QString::number(i + 1), difetto));
     }
     if (errori.isEmpty())
         registrazione = letta;
