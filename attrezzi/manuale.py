@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""The manual as a workshop gets it, from docs/manuale.md.
+"""The manual as a workshop gets it, from docs/manuale.md, with other documents behind it.
 
-    attrezzi/manuale.py MANUALE.md CARTELLA
+    attrezzi/manuale.py MANUALE.md [APPENDICE.md ...] CARTELLA
 
-CARTELLA gets manuale.html, one file with its pictures inside; manuale.pdf, the same for paper; and the folder
+A document behind it is one more chapter. CARTELLA gets manuale.html, one file with its pictures inside; manuale.pdf, the same for paper; and the folder
 manuale with a small page for each chapter that goes on to the chapter's anchor, for who can open a file but not
 hand an anchor to the browser. Needs cmark-gfm and weasyprint.
 """
@@ -109,17 +109,34 @@ def indice(titoli):
     return f"<nav>\n<ul>\n{voci}\n</ul>\n</nav>\n"
 
 
-def componi(sorgente):
-    """@returns the page and its headings."""
+def pagina_di(sorgente):
     comando = ["cmark-gfm", "--extension", "table", sorgente]
-    corpo = subprocess.run(comando, check=True, capture_output=True, encoding="utf-8").stdout
-    corpo, titoli = metti_ancore(togli_rimandi_fuori(metti_figure(corpo, sorgente.parent)))
+    return subprocess.run(comando, check=True, capture_output=True, encoding="utf-8").stdout
+
+
+def in_fondo(corpo):
+    """A document as a chapter: its headings a level lower."""
+    return re.sub(r"<(/?)h([1-5])>", lambda trovato: f"<{trovato[1]}h{int(trovato[2]) + 1}>", corpo)
+
+
+def unisci(sorgenti):
+    """@returns the page of all, the first with its title, the others a chapter each; their names lead there."""
+    corpo, *altri = map(pagina_di, sorgenti)
+    for sorgente, altro in zip(sorgenti[1:], altri):
+        titolo = testo(re.search(r"<h1>(.*?)</h1>", altro)[1])
+        corpo = corpo.replace(f'href="{sorgente.name}"', f'href="#{ancora(titolo)}"') + in_fondo(altro)
+    return corpo
+
+
+def componi(sorgenti):
+    """@returns the page and its headings."""
+    corpo, titoli = metti_ancore(togli_rimandi_fuori(metti_figure(unisci(sorgenti), sorgenti[0].parent)))
     corpo = corpo.replace("<h2", indice(titoli) + "<h2", 1)
     return PAGINA.format(titolo=html.escape(titoli[0][2]), stile=STILE, corpo=corpo), titoli
 
 
-def main(sorgente, cartella):
-    pagina, titoli = componi(sorgente)
+def main(sorgenti, cartella):
+    pagina, titoli = componi(sorgenti)
     rimandi = cartella / "manuale"
     rimandi.mkdir(parents=True, exist_ok=True)
     for vecchio in rimandi.glob("*.html"):
@@ -135,6 +152,7 @@ def main(sorgente, cartella):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) != 3:
+    if len(sys.argv) < 3:
         sys.exit(__doc__)
-    main(Path(sys.argv[1]), Path(sys.argv[2]))
+    *documenti, uscita = map(Path, sys.argv[1:])
+    main(documenti, uscita)

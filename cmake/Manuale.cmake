@@ -12,12 +12,13 @@ foreach(programma cmark-gfm weasyprint)
 endforeach()
 
 set(manuale ${PROJECT_BINARY_DIR}/manuale)
+set(documenti ${PROJECT_SOURCE_DIR}/docs/manuale.md ${PROJECT_SOURCE_DIR}/docs/simulatore.md)
 file(GLOB figure CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/figure/*.png)
 add_custom_command(
   OUTPUT ${manuale}/manuale.pdf
   BYPRODUCTS ${manuale}/manuale.html
-  COMMAND /usr/bin/python3 -B ${PROJECT_SOURCE_DIR}/attrezzi/manuale.py ${PROJECT_SOURCE_DIR}/docs/manuale.md ${manuale}
-  DEPENDS ${PROJECT_SOURCE_DIR}/attrezzi/manuale.py ${PROJECT_SOURCE_DIR}/docs/manuale.md ${figure}
+  COMMAND /usr/bin/python3 -B ${PROJECT_SOURCE_DIR}/attrezzi/manuale.py ${documenti} ${manuale}
+  DEPENDS ${PROJECT_SOURCE_DIR}/attrezzi/manuale.py ${documenti} ${figure}
   COMMENT "manuale" VERBATIM)
 add_custom_target(manuale ALL DEPENDS ${manuale}/manuale.pdf)
 install(FILES ${manuale}/manuale.html ${manuale}/manuale.pdf DESTINATION .)

@@ -34,11 +34,11 @@ extern Flag gModalita;          ///< local folders (True) or network folders (Fa
 extern QString gDirAcc;         ///< exchange folder: acceptance files in, result files out
 extern QString gDirFar;         ///< built beside gDirAcc and read by nothing: results go into gDirAcc
 extern QString gFileModelloAcc; ///< the acceptance template
-extern QStringList gTabMctc;    ///< screen texts of lingueMCTC.ini, ids 0 to 159
+extern QStringList gTabMctc;    ///< screen texts of lingueMCTC.ini, by TestoMctc
 
 // --- set while the program runs ---------------------------------------------------------------------------
 
-extern QStringList gTabLingua; ///< screen texts of lingue.ini, ids 0 to 67; filled each time a test starts
+extern QStringList gTabLingua; ///< screen texts of lingue.ini, by TestoLingua; filled each time a test starts
 extern QString gPwdCorrente;   ///< the service password, clear
 extern qint16 gTipoProva;      ///< how the session at hand was started, a TipoProva
 extern double gAltezzaFaro;    ///< headlamp height of the test at hand

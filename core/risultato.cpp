@@ -49,6 +49,11 @@ QString Far_Chiave(RigaFar riga)
     return QString::fromLatin1(CHIAVI_FAR[riga]);
 }
 
+bool Riga_Regolare(RigaFar riga)
+{
+    return Far_Valore(riga) == FAR_REGOLARE;
+}
+
 bool Far_Regolare(const RisultatoFar &risultato)
 {
     return std::all_of(FAR_DECISIVE.begin(), FAR_DECISIVE.end(),

@@ -71,6 +71,9 @@ inline constexpr std::array<RigaFar, 12> FAR_DECISIVE = {
     FarEsitoIllumLuxAnabDx, FarEsitoIllumLuxAnabSx, FarEsitoIllumLuxAbbDx, FarEsitoIllumLuxAbbSx,
 };
 
+/// A verdict of the test at hand.
+bool Riga_Regolare(RigaFar riga);
+
 /// The key of a row, as it stands in the file.
 QString Far_Chiave(RigaFar riga);
 

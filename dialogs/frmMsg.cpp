@@ -142,7 +142,7 @@ void frmMsg::cmd_Click(qint16)
     Scarica();
 }
 
-void Mostra_Msg(qint16 modo, qint32 modalita, qint16 primoPiano, quint32 colore, qint16 tempo,
+void Mostra_Msg(qint16 modo, qint32 comeModale, qint16 primoPiano, quint32 colore, qint16 tempo,
                 const QString &testo)
 {
     try {
@@ -152,7 +152,7 @@ void Mostra_Msg(qint16 modo, qint32 modalita, qint16 primoPiano, quint32 colore,
         form.Colour = colore;
         form.Text = testo;
         form.Time = tempo;
-        form.Mostra(static_cast<Modulo::ModoMostra>(modalita));
+        form.Mostra(static_cast<Modulo::ModoMostra>(comeModale));
     } catch (const ErroreEsecuzione &) {
         return;
     }

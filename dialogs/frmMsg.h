@@ -40,10 +40,10 @@ private:
     Temporizzatore tmr;
 };
 
-/// Shows a message. @param modo 0 timed, 1 with a button. @param modalita 1 modal. @param primoPiano not 0:
+/// Shows a message. @param modo 0 timed, 1 with a button. @param comeModale 1 modal. @param primoPiano not 0:
 /// above all other windows. @param colore read by nobody. @param tempo ms of a timed message.
 /// An error inside is dropped: a message that cannot be shown stops nothing.
-void Mostra_Msg(qint16 modo, qint32 modalita, qint16 primoPiano, quint32 colore, qint16 tempo,
+void Mostra_Msg(qint16 modo, qint32 comeModale, qint16 primoPiano, quint32 colore, qint16 tempo,
                 const QString &testo);
 
 /// A message that closes by itself after two seconds.

@@ -85,6 +85,15 @@ void frmComm::Disegno()
     cmd[0].FontSize(Punti_Normali() * LETTURA_SCHERMO);
     cmd[0].Cancel(true);
     RitardoTasti(RITARDO_TASTI);
+    Disegna_Linea();
+    commApp = Crea_ControlloSeriale();
+    FinestraScambio &finestra = *this;
+    mMacchina = std::make_unique<MacchinaScambio>(finestra, *commApp);
+}
+
+/// What goes over the line, in type whose bytes stand below each other.
+void frmComm::Disegna_Linea()
+{
     for (Controllo *fisso : {static_cast<Controllo *>(lblTx.get()), static_cast<Controllo *>(lblRx.get()),
                              static_cast<Controllo *>(lstDbg.get())})
     {
@@ -102,9 +111,6 @@ void frmComm::Disegno()
     lblTx->NomeAccessibile(QStringLiteral("TX"));
     lblRx->NomeAccessibile(QStringLiteral("RX"));
     lstDbg->NomeAccessibile(QStringLiteral("Debug"));
-    commApp = Crea_ControlloSeriale();
-    FinestraScambio &finestra = *this;
-    mMacchina = std::make_unique<MacchinaScambio>(finestra, *commApp);
 }
 
 void frmComm::Load()

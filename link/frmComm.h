@@ -54,6 +54,7 @@ private:
     void Mostra_Porta() override;
     void Mostra_Avanzamento() override;
     void Mostra_Veicolo();
+    void Disegna_Linea();
     void Disponi();
     void Disponi_Piede();
     void Disponi_Porta(qint32 left, qint32 top, qint32 width, qint32 height);

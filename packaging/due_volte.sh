@@ -3,6 +3,10 @@
 #   packaging/due_volte.sh [debian|windows]        without a word both; CARTELLA: where to build, by default /tmp
 set -eu
 radice=$(cd "$(dirname "$0")/.." && pwd)
+[ "${1:-windows}" != windows ] || [ -d "$radice/build/qt6-mingw" ] || {
+    echo "due_volte.sh: manca build/qt6-mingw: prima packaging/windows/costruisci.sh" >&2
+    exit 2
+}
 lavoro=$(mktemp -d "${CARTELLA:-/tmp}/due-volte-XXXXXX")
 trap 'rm -rf "$lavoro"' EXIT
 SOURCE_DATE_EPOCH=$(git -C "$radice" -c safe.directory='*' log -1 --format=%ct)

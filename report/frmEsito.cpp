@@ -73,11 +73,6 @@ qint32 Meta_Schermo()
     return gScreenW / 2;
 }
 
-bool Regolare(RigaFar riga)
-{
-    return Far_Valore(riga) == u"R";
-}
-
 } // namespace
 
 frmEsito::frmEsito()
@@ -165,7 +160,7 @@ void frmEsito::Disponi_Pulsanti()
 
 void frmEsito::Mostra_Verdetto()
 {
-    const bool regolare = Regolare(FarEsito);
+    const bool regolare = Riga_Regolare(FarEsito);
     lblTitolo->Posto(ScalaX(300), ScalaY(200), gScreenW - 2 * ScalaX(300), ScalaY(1000));
     lblTitolo->Caption(Testo_Mctc(regolare ? MctcEsitoRegolare : MctcEsitoIrregolare));
     lblTitolo->BackColor(regolare ? COLORE_VERDE : COLORE_ROSSO);
@@ -189,13 +184,13 @@ void frmEsito::Campi_Imposta()
 
 void frmEsito::Riempi()
 {
-    const bool simmetrico = Far_Valore(FarTipoAnab) == u"#S";
+    const bool simmetrico = Far_Valore(FarTipoAnab) == FAR_SIMMETRICO;
     txt[RigaAltezza].Text(Numero_Testo(gAltezzaFaro));
     txt[RigaTipoFaro].Text(Testo_Mctc(simmetrico ? MctcTipoSimmetrico : MctcTipoAsimmetrico));
     lblDes[0].Posto(ScalaX(500), ScalaY(1500), ScalaX(4000), ScalaY(550));
     lblDes[0].Caption(Testo_Mctc(TESTI_DES[0]));
     lblDes[0].Visible(true);
-    if (!Regolare(FarEsito) && gAllarmeAcustico) {
+    if (!Riga_Regolare(FarEsito) && gAllarmeAcustico) {
         tmrBeep.Interval(INTERVALLO_BEEP);
         tmrBeep.Enabled(true);
     }
@@ -302,7 +297,7 @@ void frmEsito::Celle_Mira()
 {
     for (qint16 i = 0; i < CELLE_MIRA; ++i) {
         const RigheFaro &faro = FARI[i % COLONNE];
-        const bool regolare = Regolare(i < COLONNE ? faro.vert : faro.orizz);
+        const bool regolare = Riga_Regolare(i < COLONNE ? faro.vert : faro.orizz);
         lblTab[i].Caption(regolare ? QStringLiteral("SI") : QStringLiteral("NO"));
         Colora_Cella(i, regolare);
     }

@@ -91,7 +91,7 @@ constexpr qint32 TARGA_ALTA = 1080;
 // Type, in times of the normal size.
 constexpr double PUNTI_ETICHETTA = 0.9; // three lines of labels and boxes share a height that is given
 
-/// Rows 0 to 11 come from the acceptance file and are not to be changed.
+/// The rows of the vehicle come from the acceptance file and are not to be changed.
 bool Da_Accettazione()
 {
     return gIniFile && gTipoProva == ProvaScelta;

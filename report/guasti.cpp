@@ -15,11 +15,6 @@ constexpr TestoMctc NOMI[] = {MctcAnabbaglianteDestro, MctcAnabbaglianteSinistro
                               MctcAbbaglianteSinistro};
 static_assert(std::size(NOMI) == std::size(FARI));
 
-bool Errata(RigaFar riga)
-{
-    return Far_Valore(riga) != u"R";
-}
-
 /// As the cells of the table give it: thousands of the unit of the result file.
 QString In_Migliaia(float valore)
 {
@@ -40,8 +35,8 @@ QString Intensita(const RigheFaro &faro, const QString &ammesso)
 
 QString Mira(const RigheFaro &faro)
 {
-    const bool verticale = Errata(faro.vert);
-    const bool orizzontale = Errata(faro.orizz);
+    const bool verticale = !Riga_Regolare(faro.vert);
+    const bool orizzontale = !Riga_Regolare(faro.orizz);
     if (verticale && orizzontale)
         return Testo_Mctc(MctcMiraErrata);
     if (verticale)
@@ -54,7 +49,7 @@ QString Mira(const RigheFaro &faro)
 QStringList Guasti_Elenca()
 {
     const QString ammesso = Testo_Mctc(MctcAmmesso);
-    if (ammesso.isEmpty() || Far_Valore(FarEsito) == u"R")
+    if (ammesso.isEmpty() || Riga_Regolare(FarEsito))
         return {};
     QStringList guasti;
     for (size_t i = 0; i < std::size(FARI); ++i) {

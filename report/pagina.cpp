@@ -151,7 +151,7 @@ void Segni(const Geometria &g, const TabellaSpunte &tabella)
         // One row below the box it falls on; a lamp's two lines follow each other, a row of the table is
         // three.
         const qint32 riga = tabella.base + 3 + i / 2 * 3 + i % 2;
-        const bool regolare = Far_Valore(tabella.segni[i]) == u"R";
+        const bool regolare = Riga_Regolare(tabella.segni[i]);
         Scrivi(regolare ? g.X1 : g.X2, g.Y(riga) - SEGNO_SU, PRN_CENTRO, SEGNO, QStringLiteral("*"));
     }
 }

@@ -189,6 +189,20 @@ void FinestraQx5::Crea_Fascio(size_t numero, QGridLayout &griglia)
     battezza(fascio.verticale, QStringLiteral("verticale"), Parole(Parola::Verticale));
     battezza(fascio.orizzontale, QStringLiteral("orizzontale"), Parole(Parola::Orizzontale));
 
+    Collega_Fascio(fascio);
+
+    const int riga = static_cast<int>(numero) + 1;
+    auto *etichetta = new QLabel(nome);
+    etichetta->setBuddy(fascio.cursore);
+    griglia.addWidget(etichetta, riga, 0);
+    griglia.addWidget(fascio.cursore, riga, 1);
+    griglia.addWidget(fascio.cifra, riga, 2);
+    griglia.addWidget(fascio.verticale, riga, 3);
+    griglia.addWidget(fascio.orizzontale, riga, 4);
+}
+
+void FinestraQx5::Collega_Fascio(Fascio &fascio)
+{
     // Slider and figure are one value; a figure beyond the slider leaves it at its end.
     connect(fascio.cursore, &QSlider::valueChanged, this, [this, &fascio](int valore) {
         if (!m_mostra)
@@ -201,15 +215,6 @@ void FinestraQx5::Crea_Fascio(size_t numero, QGridLayout &griglia)
     connect(fascio.cifra, &QSpinBox::valueChanged, this, [this] { Fissa_Record(); });
     for (QComboBox *mira : {fascio.verticale, fascio.orizzontale})
         connect(mira, &QComboBox::currentIndexChanged, this, [this] { Fissa_Record(); });
-
-    const int riga = static_cast<int>(numero) + 1;
-    auto *etichetta = new QLabel(nome);
-    etichetta->setBuddy(fascio.cursore);
-    griglia.addWidget(etichetta, riga, 0);
-    griglia.addWidget(fascio.cursore, riga, 1);
-    griglia.addWidget(fascio.cifra, riga, 2);
-    griglia.addWidget(fascio.verticale, riga, 3);
-    griglia.addWidget(fascio.orizzontale, riga, 4);
 }
 
 QComboBox *FinestraQx5::Crea_Mira(std::initializer_list<std::pair<char, Parola>> scelte)

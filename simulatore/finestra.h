@@ -56,6 +56,7 @@ private:
     QWidget *Crea_Stato();
     QWidget *Crea_Veicolo();
     void Crea_Fascio(size_t numero, QGridLayout &griglia);
+    void Collega_Fascio(Fascio &fascio);
     QComboBox *Crea_Mira(std::initializer_list<std::pair<char, Parola>> scelte);
     QWidget *Crea_Guasti();
     QWidget *Crea_Trame();

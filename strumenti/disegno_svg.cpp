@@ -5,9 +5,9 @@
 
 namespace {
 
-QString Misura(double misura)
+QString Coordinata(double valore)
 {
-    return QString::number(misura, 'f', 1);
+    return QString::number(valore, 'f', 1);
 }
 
 QString Colore(quint32 colore)
@@ -25,29 +25,29 @@ QString Ancora(Appoggio lato)
 void Scrivi(QXmlStreamWriter &xml, const Rettangolo &r)
 {
     xml.writeEmptyElement(QStringLiteral("rect"));
-    xml.writeAttribute(QStringLiteral("x"), Misura(r.X));
-    xml.writeAttribute(QStringLiteral("y"), Misura(r.Y));
-    xml.writeAttribute(QStringLiteral("width"), Misura(r.Largo));
-    xml.writeAttribute(QStringLiteral("height"), Misura(r.Alto));
+    xml.writeAttribute(QStringLiteral("x"), Coordinata(r.X));
+    xml.writeAttribute(QStringLiteral("y"), Coordinata(r.Y));
+    xml.writeAttribute(QStringLiteral("width"), Coordinata(r.Largo));
+    xml.writeAttribute(QStringLiteral("height"), Coordinata(r.Alto));
     xml.writeAttribute(QStringLiteral("fill"), Colore(r.Colore));
 }
 
 void Scrivi(QXmlStreamWriter &xml, const Linea &l)
 {
     xml.writeEmptyElement(QStringLiteral("line"));
-    xml.writeAttribute(QStringLiteral("x1"), Misura(l.X1));
-    xml.writeAttribute(QStringLiteral("y1"), Misura(l.Y1));
-    xml.writeAttribute(QStringLiteral("x2"), Misura(l.X2));
-    xml.writeAttribute(QStringLiteral("y2"), Misura(l.Y2));
+    xml.writeAttribute(QStringLiteral("x1"), Coordinata(l.X1));
+    xml.writeAttribute(QStringLiteral("y1"), Coordinata(l.Y1));
+    xml.writeAttribute(QStringLiteral("x2"), Coordinata(l.X2));
+    xml.writeAttribute(QStringLiteral("y2"), Coordinata(l.Y2));
     xml.writeAttribute(QStringLiteral("stroke"), Colore(l.Colore));
 }
 
 void Scrivi(QXmlStreamWriter &xml, const Scritta &s)
 {
     xml.writeStartElement(QStringLiteral("text"));
-    xml.writeAttribute(QStringLiteral("x"), Misura(s.X));
-    xml.writeAttribute(QStringLiteral("y"), Misura(s.Y));
-    xml.writeAttribute(QStringLiteral("font-size"), Misura(s.Corpo));
+    xml.writeAttribute(QStringLiteral("x"), Coordinata(s.X));
+    xml.writeAttribute(QStringLiteral("y"), Coordinata(s.Y));
+    xml.writeAttribute(QStringLiteral("font-size"), Coordinata(s.Corpo));
     xml.writeAttribute(QStringLiteral("text-anchor"), Ancora(s.Lato));
     xml.writeAttribute(QStringLiteral("fill"), Colore(s.Colore));
     xml.writeCharacters(s.Testo);
@@ -64,10 +64,10 @@ QByteArray Disegno_Svg(const Disegno &disegno)
     xml.writeStartDocument();
     xml.writeStartElement(QStringLiteral("svg"));
     xml.writeDefaultNamespace(QStringLiteral("http://www.w3.org/2000/svg"));
-    xml.writeAttribute(QStringLiteral("width"), Misura(disegno.Largo));
-    xml.writeAttribute(QStringLiteral("height"), Misura(disegno.Alto));
+    xml.writeAttribute(QStringLiteral("width"), Coordinata(disegno.Largo));
+    xml.writeAttribute(QStringLiteral("height"), Coordinata(disegno.Alto));
     xml.writeAttribute(QStringLiteral("viewBox"),
-                       QStringLiteral("0 0 %1 %2").arg(Misura(disegno.Largo), Misura(disegno.Alto)));
+                       QStringLiteral("0 0 %1 %2").arg(Coordinata(disegno.Largo), Coordinata(disegno.Alto)));
     xml.writeAttribute(QStringLiteral("font-family"), QStringLiteral("Liberation Sans, Arial, sans-serif"));
     xml.writeAttribute(QStringLiteral("role"), QStringLiteral("img"));
     xml.writeTextElement(QStringLiteral("title"), disegno.Titolo);

@@ -40,7 +40,7 @@ constexpr VoceTinta TINTE_FOGLIO[] = {
     {"@risaltoFuoco@",  0xFFFFD166}, // the keyboard is on it
 };
 
-struct VoceMisura
+struct VoceGrandezza
 {
     const char *nome;
     qint32 twip;
@@ -49,7 +49,7 @@ struct VoceMisura
 constexpr qint32 LINEA = 15;
 
 /// Line and margin together are the same with the focus and without: the text stays where it is.
-constexpr VoceMisura MISURE_FOGLIO[] = {
+constexpr VoceGrandezza GRANDEZZE_FOGLIO[] = {
     {"@linea@",         LINEA    },
     {"@lineaFuoco@",    2 * LINEA},
     {"@lineaRisalto@",  3 * LINEA},
@@ -102,7 +102,7 @@ QString Foglio()
     };
     std::for_each(std::begin(TINTE), std::end(TINTE), colora);
     std::for_each(std::begin(TINTE_FOGLIO), std::end(TINTE_FOGLIO), colora);
-    for (const VoceMisura &voce : MISURE_FOGLIO)
+    for (const VoceGrandezza &voce : GRANDEZZE_FOGLIO)
         foglio.replace(QLatin1String(voce.nome), QStringLiteral("%1px").arg(Pixel_DaTwip(voce.twip)));
     return foglio;
 }

@@ -57,7 +57,7 @@ struct RigaModo
     int Scritta;                   // first caption, 0 for an empty one
     bool DalProfilo;               // the identity comes from the profile, at the start
 };
-constexpr RigaModo MODALITA[MODI] = {
+constexpr RigaModo TABELLA_MODI[MODI] = {
     {{1, 2, 0}, Titolo, false},
     {{1, 4, 7}, Titolo, false},
     {{1, 5, 6}, Titolo, false},
@@ -179,7 +179,7 @@ Sessione::Sessione(quint8 modo, Porta porta, const QStringList &strumento)
 QByteArray Sessione::Sequenza() const
 {
     QByteArray sequenza;
-    for (const quint8 comando : MODALITA[Modo].Comandi) {
+    for (const quint8 comando : TABELLA_MODI[Modo].Comandi) {
         if (comando != 0)
             sequenza.append(static_cast<char>(comando));
     }
@@ -190,7 +190,7 @@ QByteArray Sessione::Sequenza() const
 
 void Sessione::Apri(Giornale &giornale)
 {
-    Mostra(MODALITA[Modo].Scritta, giornale);
+    Mostra(TABELLA_MODI[Modo].Scritta, giornale);
     Esito = FALLITA;
     giornale.Annota(QLatin1String("CommPort"), 3);
     giornale.Annota(QLatin1String("PortOpen"), 1);
@@ -202,11 +202,11 @@ void Sessione::Apri(Giornale &giornale)
         giornale.Annota(QLatin1String("RThreshold"), 1);
         giornale.Annota(QLatin1String("NullDiscard"), 0);
     }
-    if (MODALITA[Modo].DalProfilo) {
+    if (TABELLA_MODI[Modo].DalProfilo) {
         Strumento = PROFILO_IDENTITA;
         Dati = Carica(Strumento);
     }
-    Componi(MODALITA[Modo].Comandi[0]);
+    Componi(TABELLA_MODI[Modo].Comandi[0]);
     try {
         Invia(giornale);
     } catch (const Fatale &) {
@@ -274,7 +274,7 @@ void Sessione::Accada(const Evento &evento, Giornale &giornale)
             break;
         case Genere::Default:
             Strumento = PROFILO_IDENTITA;
-            giornale.Annota(QLatin1String("Titolo"), Testo_Scritta(MODALITA[Modo].Scritta));
+            giornale.Annota(QLatin1String("Titolo"), Testo_Scritta(TABELLA_MODI[Modo].Scritta));
             Dati = Carica(Strumento);
             Passo = 0;
             Componi(5);

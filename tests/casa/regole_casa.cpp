@@ -467,6 +467,28 @@ QStringList Letterali_Vietati(const Sorgenti &sorgenti, const QStringList &parol
     return falli;
 }
 
+QStringList Procedure_Lunghe(const Sorgenti &sorgenti)
+{
+    constexpr qsizetype MASSIMO = 50;
+    QStringList falli;
+    for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {
+        if (Cartella_Di(sorgente.key()) == u"tests")
+            continue;
+        const QStringList righe = sorgente.value().split(u'\n');
+        qsizetype inizio = -1;
+        for (qsizetype i = 0; i < righe.size(); ++i) {
+            if (righe[i] == u"{") {
+                inizio = i;
+            } else if (inizio >= 0 && righe[i].startsWith(u'}')) {
+                if (righe[i] == u"}" && i - inizio - 1 > MASSIMO) // a class ends otherwise
+                    falli.append(QStringLiteral("%1:%2").arg(sorgente.key()).arg(inizio));
+                inizio = -1;
+            }
+        }
+    }
+    return falli;
+}
+
 QStringList Numeri_Nudi(const Sorgenti &sorgenti)
 {
     // Nothing is 0 but the row where a loop begins, and a code before there is one.
@@ -475,7 +497,10 @@ QStringList Numeri_Nudi(const Sorgenti &sorgenti)
                        "\\bREGOLE_ACC\\[\\s*\\d+|"
                        "\\bCampo(?:_Acc)?\\(\\s*\\d+|"
                        "\\b[rR]iga\\s*[=!<>]=?\\s*[1-9]\\d*|"
-                       "\\b(?:codice|gTipoProva|\\w*[eE]sito)\\s*[=!<>]=?\\s*[1-9]\\d*|"
+                       "\\b(?:codice|gTipoProva|\\w*[eE]sito)\\s*[=!<>]=?\\s*(?:q?u?int\\d+\\{)?[1-9]\\d*|"
+                       "\\b[1-9]\\d*\\s*[=!]=\\s*(?:codice|riga|gTipoProva)\\b|"
+                       "\\b(?:Riga|Rep|Notifica)[A-Z]\\w*>?[({]\\s*\\d+|"
+                       "<size_t>\\(\\s*[1-9]\\d*|"
                        "\\bcase\\s+\\d+"));
     QStringList falli;
     for (auto sorgente = sorgenti.cbegin(); sorgente != sorgenti.cend(); ++sorgente) {

@@ -43,7 +43,7 @@ QStringList Simulatore_Dipendente(const Sorgenti &sorgenti);
 /// name.
 QStringList Prove_ConAltroNome(const Sorgenti &sorgenti);
 
-/// Includes against the one way in: platform, modules, forms, frmMain, modMain.
+/// Includes that go up in the list of folders, from the ground to the roof.
 QStringList Inclusioni_InSalita(const Sorgenti &sorgenti);
 
 /// State of the program (gName) that is defined or declared more than once, declared outside a header, or
@@ -57,9 +57,11 @@ QStringList Testi_SenzaNome(const Sorgenti &sorgenti);
 /// Of some names that a header of the program gives, those that no other file of the program uses.
 QStringList Nomi_NonUsati(const Sorgenti &sorgenti, const QStringList &nomi);
 
-/// Texts in quotes of the program and of the technician's tools that are one of some words, whatever the
-/// case.
+/// Texts in quotes of the program and of the technician's tools that are one of some words.
 QStringList Letterali_Vietati(const Sorgenti &sorgenti, const QStringList &parole);
+
+/// Procedures of the programs whose body has more than 50 lines.
+QStringList Procedure_Lunghe(const Sorgenti &sorgenti);
 
 /// Numbers in the house where a row or a code has an enumerator: an element of a table of rows, a row
 /// compared, a code (gTipoProva, Notifica, a result) set, compared or switched on.

@@ -440,13 +440,46 @@ private Q_SLOTS:
         QCOMPARE(Nomi_NonUsati(albero.Leggi(), nomi), nomi.mid(1));
     }
 
+    void procedureLungheSiVedono()
+    {
+        const auto corpo = [](int righe) {
+            return QByteArray("void f()\n{\n") + QByteArray("    a();\n").repeated(righe) + "}\n";
+        };
+        const QByteArray giusta = corpo(50), lunga = corpo(51);
+        const Alberello albero{
+            {"core/a.cpp",  (giusta + lunga).constData()},
+            {"tests/a.cpp", lunga.constData()           },
+        };
+        QCOMPARE(Procedure_Lunghe(albero.Leggi()), QStringList{QStringLiteral("core/a.cpp:54")});
+    }
+    void nessunaProceduraLunga() { Senza_Falli(Procedure_Lunghe(m_casa)); }
+
     void numeriNudiSiVedono_data()
     {
         QTest::addColumn<QString>("numero");
-        for (const char *numero :
-             {"gRepMisure[14", "gRepVoci[ 0", "gCampiSetup[21", "gRisultatoFar[24", "gErroriCampiAcc[13",
-              "REGOLE_ACC[46", "Campo(20", "Campo_Acc(18", "riga == 9", "riga>=7", "Riga = 12",
-              "gTipoProva = 2", "gTipoProva != 4", "codice == 6", "codice = 1", "mPwdEsito == 1", "case 4"})
+        for (const char *numero : {"gRepMisure[14",
+                                   "gRepVoci[ 0",
+                                   "gCampiSetup[21",
+                                   "gRisultatoFar[24",
+                                   "gErroriCampiAcc[13",
+                                   "REGOLE_ACC[46",
+                                   "Campo(20",
+                                   "Campo_Acc(18",
+                                   "riga == 9",
+                                   "riga>=7",
+                                   "Riga = 12",
+                                   "gTipoProva = 2",
+                                   "gTipoProva != 4",
+                                   "codice == 6",
+                                   "codice = 1",
+                                   "mPwdEsito == 1",
+                                   "case 4",
+                                   "codice == qint16{6",
+                                   "6 == codice",
+                                   "RigaFar>(24",
+                                   "RigaFar(24",
+                                   "NotificaSetup>(4",
+                                   "<size_t>(21"})
             QTest::newRow(numero) << QString::fromLatin1(numero);
     }
     void numeriNudiSiVedono()

@@ -156,11 +156,11 @@ private Q_SLOTS:
     void fileLeggiQualsiasiLunghezza()
     {
         const StazioneProva stazione;
-        for (const int misura : {1, 4095, 4096, 4097, 8192, 100000}) {
-            stazione.Scrivi(QStringLiteral("prova.txt"), QByteArray(misura - 1, 'x') + 'y');
+        for (const int lungo : {1, 4095, 4096, 4097, 8192, 100000}) {
+            stazione.Scrivi(QStringLiteral("prova.txt"), QByteArray(lungo - 1, 'x') + 'y');
             QString testo;
-            QCOMPARE(File_Leggi(stazione.Percorso(QStringLiteral("prova.txt")), testo), misura);
-            QCOMPARE(testo, QString(misura - 1, u'x') + u'y');
+            QCOMPARE(File_Leggi(stazione.Percorso(QStringLiteral("prova.txt")), testo), lungo);
+            QCOMPARE(testo, QString(lungo - 1, u'x') + u'y');
         }
     }
 

@@ -19,7 +19,7 @@ def difetti(stazione):
     stampa = subprocess.run(
         ["pdftotext", "-raw", stazione / "manuale.pdf", "-"], check=True, capture_output=True, encoding="utf-8"
     ).stdout
-    sorgente = (RADICE / "docs/manuale.md").read_text(encoding="utf-8")
+    sorgente, simulatore = ((RADICE / "docs" / f).read_text(encoding="utf-8") for f in ("manuale.md", "simulatore.md"))
     ancore = re.findall(r'<h[1-6] id="([^"]+)"', pagina)
     trovati = []
 
@@ -32,7 +32,9 @@ def difetti(stazione):
     trovati += [f"fuori: {f}" for f in re.findall(r'href="(?!#)([^"]*)"', pagina)]
     trovati += [f"rimando a niente: {a}" for a in re.findall(r'href="#([^"]*)"', pagina) if a not in ancore]
 
-    for titolo in re.findall(r"(?m)^## (.*)$", sorgente):
+    # The simulator's document is the last chapter, its own chapters are below it.
+    capitolo = simulatore.splitlines()[0].removeprefix("# ")
+    for titolo in [capitolo, *re.findall(r"(?m)^## (.*)$", sorgente + simulatore)]:
         if titolo not in stampa:
             trovati.append(f"non si stampa: {titolo}")
     for ancora in capitoli_di_f1():

@@ -16,6 +16,8 @@ import operatore
 from manuale_consegnato import capitoli_di_f1, difetti
 from prova import ProvaStazione
 
+CONTROLLO_DEBIAN = Path(__file__).resolve().parents[2] / "packaging/debian/controlla.sh"
+
 COSTRUZIONE = Path(os.environ["LUMIRA_COSTRUZIONE"])
 
 
@@ -138,6 +140,11 @@ class Pacchetto(ProvaStazione):
         if shutil.which("appstreamcli"):
             esito = subprocess.run(["appstreamcli", "validate", "--no-net", metainfo], capture_output=True, text=True)
             self.assertNotRegex(esito.stdout, r"(?m)^E: ")
+
+    @unittest.skipUnless(shutil.which("lintian"), "lintian brings a hundred packages of its own")
+    def test_il_controllore_di_debian_non_ha_da_dire(self):
+        esito = subprocess.run([CONTROLLO_DEBIAN, self.pacchetto], capture_output=True, text=True)
+        self.assertEqual((esito.returncode, esito.stdout), (0, ""), esito.stderr)
 
     def test_la_distinta_dice_ogni_file_con_la_sua_somma(self):
         nome = "usr/share/doc/lumira/distinta.spdx.json"

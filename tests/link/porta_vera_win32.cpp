@@ -251,7 +251,9 @@ DWORD PortaVera::In_Coda() const
     return stato.cbInQue;
 }
 
-// The places through which a program calls the system. The linker takes these for its own.
+// The places through which a program calls the system. The linker takes these for its own, by
+// the names that it gives them.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 extern decltype(&CreateFileW) const __imp_CreateFileW = ChiamatePorta::Apri;
 extern decltype(&CreateEventW) const __imp_CreateEventW = ChiamatePorta::Evento;
@@ -269,3 +271,4 @@ extern decltype(&WaitCommEvent) const __imp_WaitCommEvent = ChiamatePorta::Aspet
 extern decltype(&WriteFile) const __imp_WriteFile = ChiamatePorta::Scrivi;
 extern decltype(&CancelIoEx) const __imp_CancelIoEx = ChiamatePorta::Annulla;
 }
+// NOLINTEND(bugprone-reserved-identifier)

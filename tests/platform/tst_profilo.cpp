@@ -379,7 +379,7 @@ private Q_SLOTS:
 
     void leggeAlPiuQuantoChiesto_data()
     {
-        QTest::addColumn<int>("misura");
+        QTest::addColumn<int>("capienza");
         QTest::addColumn<QString>("valore");
         QTest::newRow("room to spare") << 5 << QStringLiteral("abc");
         QTest::newRow("just enough") << 4 << QStringLiteral("abc");
@@ -389,10 +389,10 @@ private Q_SLOTS:
     }
     void leggeAlPiuQuantoChiesto()
     {
-        QFETCH(int, misura);
+        QFETCH(int, capienza);
         Scrivi("[A]\r\nX=abc\r\n");
         const QString letto =
-            Profilo_Leggi(QStringLiteral("A"), QStringLiteral("X"), QString(), misura, m_file);
+            Profilo_Leggi(QStringLiteral("A"), QStringLiteral("X"), QString(), capienza, m_file);
         QTEST(letto, "valore");
     }
 

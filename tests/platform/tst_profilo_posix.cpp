@@ -93,10 +93,10 @@ QMap<QByteArray, QByteArray> Attributi(const QString &nativo)
     QMap<QByteArray, QByteArray> attributi;
     for (const QByteArray &nome : nomi.split('\0')) {
         QByteArray valore(4096, '\0');
-        const ssize_t misura =
+        const ssize_t quanti =
             ::getxattr(file.constData(), nome.constData(), valore.data(), size_t(valore.size()));
-        if (misura >= 0)
-            attributi.insert(nome, valore.first(misura));
+        if (quanti >= 0)
+            attributi.insert(nome, valore.first(quanti));
     }
     return attributi;
 }
