@@ -241,6 +241,25 @@ private Q_SLOTS:
                  QStringList{QStringLiteral("guasto programma: lumira non si può eseguire")});
     }
 
+    /// A tool of Windows looks at a program of Windows, which opens no window without these.
+    void libreriaDiWindows()
+    {
+        const StazioneSana stazione;
+        const QTemporaryDir altrove;
+        const QString strumento = altrove.filePath(QStringLiteral("lumira-diagnosi.exe"));
+        QVERIFY(QFile::copy(QStringLiteral(LUMIRA_DIAGNOSI), strumento));
+        stazione.Scrivi(QStringLiteral("platforms\\qwindows.dll"), {});
+        const QStringList trovati =
+            Cattivi(Di(Processo_Esegui(strumento, {QStringLiteral("--lingua"), QStringLiteral("IT"), JSON,
+                                                   stazione.Cartella()}),
+                       u"programma"));
+        QCOMPARE(trovati, (QStringList{
+                              QStringLiteral("guasto programma: manca lumira.exe"),
+                              QStringLiteral("guasto programma: platforms\\qwindows.dll è vuoto"),
+                              QStringLiteral("guasto programma: manca imageformats\\qjpeg.dll"),
+                          }));
+    }
+
     // --- the port ------------------------------------------------------------------------------------------
 
     void portaAssente()
