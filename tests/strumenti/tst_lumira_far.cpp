@@ -233,6 +233,8 @@ private Q_SLOTS:
         QTest::newRow("stazione che non c'è")
             << QStringList{QStringLiteral("--grafico"), m_cartella + QStringLiteral("/g.svg"),
                            QStringLiteral("--stazione"), m_cartella, m_cartella};
+        QTest::newRow("stazione senza grafico")
+            << QStringList{QStringLiteral("--stazione"), m_cartella, m_cartella};
         QTest::newRow("file che manca")
             << QStringList{QStringLiteral("--riepilogo"), m_cartella + QStringLiteral("/manca.far")};
     }
