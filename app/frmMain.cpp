@@ -15,6 +15,7 @@
 #include "mctc/frmMctcO.h"
 #include "platform/colori.h"
 #include "platform/elenco.h"
+#include "platform/errore_esecuzione.h"
 #include "platform/eventi.h"
 #include "platform/numeri.h"
 #include "platform/orologio.h"
@@ -151,7 +152,7 @@ void frmMain::Load()
     mRilievo = {};
     mRiposo = {};
     Rileva();
-    Mostra_Stato();
+    Mostra_Stato(mRilievo);
     cmdMnu[MenuProva].SetFocus();
 }
 
@@ -248,12 +249,14 @@ void frmMain::tmrStato_Timer()
     tmrStato.Enabled(false);
     if (!Attivo())
         return; // whoever works elsewhere does not read the menu: its return asks anew
+    if (mRiposo.Lento())
+        Annuncia_Sguardo();
     mRiposo.Comincia();
     Rileva();
     if (mRilievo.Lista)
         mRilievo.Cartella = Cartella_Guarda(gDirAcc);
     mRiposo.Finisci();
-    Mostra_Stato();
+    Mostra_Stato(mRilievo);
     Mostra_Avviso();
     tmrStato.Interval(mRiposo.Attesa(FRA_DUE_SGUARDI));
     tmrStato.Enabled(true);
@@ -269,14 +272,25 @@ void frmMain::Rileva()
     mRilievo.Oggi = Orologio_Corrente().Adesso().date();
 }
 
-void frmMain::Mostra_Stato()
+void frmMain::Mostra_Stato(const Rilievo &rilievo)
 {
     qint16 i = 0;
-    for (const RigaStato &riga : Stato_Righe(mRilievo)) {
+    for (const RigaStato &riga : Stato_Righe(rilievo)) {
         Etichetta &etichetta = lblStato[i++];
         etichetta.FontBold(riga.Avviso);
         etichetta.Caption(riga.Testo);
     }
+}
+
+/// A folder that answers late, or never, lets the whole window stand still: what the operator waits for is on
+/// the screen by then.
+void frmMain::Annuncia_Sguardo()
+{
+    Rilievo inAttesa = mRilievo;
+    inAttesa.Cartella.reset();
+    Mostra_Stato(inAttesa);
+    for (qint16 i = 0; i < RIGHE_STATO; ++i)
+        lblStato[i].Ridipingi();
 }
 
 /// The failure's minute begins when the menu stands before the operator: who read the message of the form
@@ -302,6 +316,8 @@ void frmMain::Mostra_Avviso()
             if (riga.Avviso && !riga.Testo.isEmpty())
                 avvisi.append(riga.Testo);
         }
+        if (Scrittura_Persa())
+            avvisi.append(Testo_SenzaScrittura());
     }
     lblAvviso->Caption(avvisi.join(u'\n'));
     lblAvviso->Visible(!avvisi.isEmpty());
@@ -398,9 +414,12 @@ void frmMain::Inizia_Prova()
     const QScopedValueRollback<bool> apertura(mApertura, true);
     gTipoProva = ProvaScelta;
     QString motivo;
+    if (gIniFile)
+        Annuncia_Sguardo();
     const bool lista = gIniFile && Accettazioni_Presenti(motivo);
     if (!Caricato())
         return; // the way out was taken while the folder was listed
+    Mostra_Stato(mRilievo);
     if (lista)
         Apri_Lista();
     else
@@ -412,11 +431,15 @@ void frmMain::Inizia_Prova()
 /// @param[out] motivo why there is none, in the operator's language.
 bool frmMain::Accettazioni_Presenti(QString &motivo) const
 {
-    const StatoCartella stato = Cartella_Guarda(gDirAcc).Stato;
-    QStringList nomi;
-    if (stato == StatoCartella::ConAccettazioni &&
-        Fs_Elenco(gDirAcc, QStringLiteral("*.acc"), nomi, Falso, Vero) > -1)
-        return true;
+    StatoCartella stato = Cartella_Guarda(gDirAcc).Stato;
+    try {
+        QStringList nomi;
+        if (stato == StatoCartella::ConAccettazioni &&
+            Fs_Elenco(gDirAcc, QStringLiteral("*.acc"), nomi, Falso, Vero) > -1)
+            return true;
+    } catch (const ErroreEsecuzione &) {
+        stato = StatoCartella::Illeggibile; // the connection was lost since the look
+    }
     motivo = Motivo_SenzaLista(stato);
     return false;
 }
@@ -463,7 +486,7 @@ void frmMain::formSetup_Notifica(qint16 &codice, QVariant &)
     case SetupLingua:
         Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, gTabMctc);
         Carica_Menu();
-        Mostra_Stato();
+        Mostra_Stato(mRilievo);
         Mostra_Avviso();
         break;
     case SetupLavoro:

@@ -2,9 +2,9 @@
 // opens every other form and receives their notifications; it holds no test data of its own.
 #pragma once
 
-#include "app/riposo.h"
 #include "app/stato_stazione.h"
 #include "core/esito_sessione.h"
+#include "platform/riposo.h"
 #include "platform/temporizzatore.h"
 #include "toolkit/modulo.h"
 
@@ -41,7 +41,8 @@ private:
     void Mostra_Immagine();
     void Carica_Password();
     void Rileva();
-    void Mostra_Stato();
+    void Mostra_Stato(const Rilievo &rilievo);
+    void Annuncia_Sguardo();
     void Prendi_FineSessione();
     void Mostra_Avviso();
     void tmrStato_Timer();

@@ -2,6 +2,7 @@
 #include "app/avvio.h"
 #include "app/frmMain.h"
 #include "app/manuale.h"
+#include "app/stato_stazione.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
@@ -50,14 +51,12 @@ void Avverte_SeTroppoLunga(const QString &cartella)
 }
 
 /// Whoever saves a value is not told when it is lost: the forms go on as if it had been written. So it is
-/// said here, once, and the station works on. An older text file has no words for it.
+/// said here, once, and the station works on.
 void Avverte_SeNonScrivibile(const QString &file)
 {
     if (Profilo_Scrivibile(file))
         return;
-    const QString testo = Testo_Mctc(MctcConfigurazioneBloccata);
-    Mostra_MsgConferma((testo.isEmpty() ? QStringLiteral("Setup File not Writable") : testo) +
-                       QStringLiteral("\r\n (") + file + u')');
+    Mostra_MsgConferma(Testo_SenzaScrittura() + QStringLiteral("\r\n (") + file + u')');
 }
 
 /// @return true when the main window is open.

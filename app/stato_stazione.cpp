@@ -14,7 +14,7 @@ RigaStato Riga_Cartella(const Rilievo &rilievo)
     if (!rilievo.Lista)
         return {Testo_Mctc(MctcListaSpenta), false};
     if (!rilievo.Cartella)
-        return {QString(), false};
+        return {Testo_Mctc(MctcCartellaAttesa), false};
     switch (rilievo.Cartella->Stato) {
     case StatoCartella::Mancante:
         return {Testo_Mctc(MctcCartellaMancante), true};
@@ -86,4 +86,10 @@ std::array<RigaStato, RIGHE_STATO> Stato_Righe(const Rilievo &rilievo)
 {
     const RigaStato versione{QStringLiteral("lumira ") + Versione_Programma(), false};
     return {versione, Riga_Cartella(rilievo), Riga_Porta(rilievo), Riga_Verifica(rilievo)};
+}
+
+QString Testo_SenzaScrittura()
+{
+    const QString testo = Testo_Mctc(MctcConfigurazioneBloccata);
+    return testo.isEmpty() ? QStringLiteral("Setup File not Writable") : testo;
 }

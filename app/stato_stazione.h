@@ -28,7 +28,7 @@ StatoVerifica Verifica_Di(const QString &scadenza, const QDate &oggi);
 struct Rilievo
 {
     bool Lista = false;                      ///< tests start from the worklist: the folder is in use
-    std::optional<CartellaScambio> Cartella; ///< none: not looked at yet
+    std::optional<CartellaScambio> Cartella; ///< none: being looked at
     qint16 Porta = 0;                        ///< its number; 0 where the configuration has none
     bool PortaPresente = false;
     QString Scadenza; ///< of the verification, as the configuration keeps it
@@ -46,3 +46,6 @@ inline constexpr qint16 RIGHE_STATO = 4;
 
 /// The state, a line a thing: version, exchange folder, port, verification.
 std::array<RigaStato, RIGHE_STATO> Stato_Righe(const Rilievo &rilievo);
+
+/// That the configuration cannot be written; in English where an older text file has no words for it.
+QString Testo_SenzaScrittura();

@@ -18,6 +18,8 @@ PACCHETTI_STAZIONE=(fonts-liberation python3)
 PACCHETTI_SCHERMO_VIRTUALE=(xvfb xdotool imagemagick dbus at-spi2-core python3-gi)
 # Desktops in the small, with a panel: window managers of two families, and what asks about windows.
 PACCHETTI_SCRIVANIA=(openbox xfwm4 tint2 x11-utils)
+# A folder that is slow, full or gone when the tests want it so.
+PACCHETTI_DISCHI=(fuse3 python3-fuse)
 # A print queue that makes PDFs, and what looks into them.
 PACCHETTI_STAMPA=(cups cups-client cups-filters ghostscript printer-driver-cups-pdf poppler-utils)
 # The Windows program: its compiler, its installer, and what it runs on here. Wine prints where it finds libcups2;

@@ -8,6 +8,7 @@
 #include "platform/profilo.h"
 
 #include <QFile>
+#include <QSet>
 
 #include <limits>
 
@@ -35,6 +36,9 @@ constexpr int LUNGHEZZA_VALORE = 500;
 /// The longest file whose length a result holds, in bytes.
 constexpr qint64 LUNGHEZZA_MASSIMA = std::numeric_limits<qint32>::max();
 
+/// Keys of lumira.ini whose last value could not be written.
+QSet<QString> chiavi_perse;
+
 } // namespace
 
 Flag Leggi_Ini(const QString &file, const QString &sezione, const QString &chiave, QString &valore)
@@ -52,7 +56,20 @@ QString Valore_Ini(const QString &file, const QString &sezione, const QString &c
 
 Flag Scrivi_Ini(const QString &file, const QString &sezione, const QString &chiave, const QString &valore)
 {
-    return Flag_Da(Profilo_Scrivi(sezione, chiave, valore, file));
+    const bool scritto = Profilo_Scrivi(sezione, chiave, valore, file);
+    if (file == gFileIni) {
+        const QString nome = sezione + u'/' + chiave;
+        if (scritto)
+            chiavi_perse.remove(nome);
+        else
+            chiavi_perse.insert(nome);
+    }
+    return Flag_Da(scritto);
+}
+
+bool Scrittura_Persa()
+{
+    return !chiavi_perse.isEmpty();
 }
 
 Flag Leggi_Ini(const QString &file, const ChiaveIni &chiave, QString &valore)

@@ -67,6 +67,10 @@ Flag Leggi_Ini(const QString &file, const ChiaveIni &chiave, QString &valore);
 QString Valore_Ini(const QString &file, const ChiaveIni &chiave);
 Flag Scrivi_Ini(const QString &file, const ChiaveIni &chiave, const QString &valore);
 
+/// True when a value saved to the station's own configuration was lost, and not saved again since: the forms
+/// that save go on as if it had been kept, and the menu says so behind them.
+bool Scrittura_Persa();
+
 /// True when a path exists under an attribute mask: 0 for a plain file, 16 for a folder. It has no guard
 /// (Fs_Esiste has). @throws ErroreEsecuzione 52 for a bad path.
 Flag File_Presente(const QString &percorso, qint16 attributo);

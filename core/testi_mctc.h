@@ -192,7 +192,8 @@
     testo(MctcCorniceOpzioni,          272) \
     testo(MctcCorniceLimiti,           273) \
     testo(MctcScegliCartella,          274) \
-    testo(MctcApriCartella,            275)
+    testo(MctcApriCartella,            275) \
+    testo(MctcCartellaAttesa,          276)
 
 // clang-format on
 

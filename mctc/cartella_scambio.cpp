@@ -1,4 +1,4 @@
-// One listing, and what its names tell. What stands in a file is not known here.
+// What the names of a folder tell. What stands in a file is not known here.
 #include "mctc/cartella_scambio.h"
 
 #include "core/modFs.h"
@@ -16,10 +16,13 @@ bool Ha_Estensione(const QString &nome, QStringView estensione)
     return Fs_Estensione(nome).compare(estensione, Qt::CaseInsensitive) == 0;
 }
 
-VeicoliFatti Fatti_Tra(const QStringList &nomi)
+/// A result file that is empty is none: a station that was switched off in the middle of writing leaves it
+/// so, and its vehicle has to be tested again.
+VeicoliFatti Fatti_Tra(QList<RecordTrovato> trovati)
 {
+    trovati.removeIf([](const RecordTrovato &trovato) { return trovato.nFileSize == 0; });
     VeicoliFatti fatti;
-    for (const QString &nome : nomi) {
+    for (const QString &nome : Nomi_Con(trovati, 0)) {
         if (Ha_Estensione(nome, u"far"))
             fatti.insert(Maiuscole(Fs_Radice(nome)));
     }
@@ -37,7 +40,8 @@ CartellaScambio Cartella_Guarda(const QString &cartella)
         const bool presente = Fs_Esiste(cartella.chopped(1), ATTRIBUTO_CARTELLA);
         return {presente ? StatoCartella::Illeggibile : StatoCartella::Mancante, 0};
     }
-    const VeicoliFatti fatti = Fatti_Tra(nomi);
+    // Only the results are asked how long they are.
+    const VeicoliFatti fatti = Fatti_Elenca(cartella);
     nomi.removeIf([](const QString &nome) { return !Ha_Estensione(nome, u"acc"); });
     const auto attesa =
         std::count_if(nomi.cbegin(), nomi.cend(), [&](const QString &nome) { return !E_Fatto(fatti, nome); });
@@ -46,9 +50,9 @@ CartellaScambio Cartella_Guarda(const QString &cartella)
 
 VeicoliFatti Fatti_Elenca(const QString &cartella)
 {
-    QStringList nomi;
-    Trova_Nomi(cartella + QStringLiteral("*.far"), 0, nomi);
-    return Fatti_Tra(nomi);
+    QList<RecordTrovato> trovati;
+    Trova_File(cartella + QStringLiteral("*.far"), trovati);
+    return Fatti_Tra(trovati);
 }
 
 bool E_Fatto(const VeicoliFatti &fatti, const QString &nomeFile)

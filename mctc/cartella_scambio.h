@@ -28,8 +28,8 @@ CartellaScambio Cartella_Guarda(const QString &cartella);
 /// The vehicles of a folder that have their result.
 using VeicoliFatti = QSet<QString>;
 
-/// Finds them: the names of the result files in capitals, up to their
-/// first point, as the result file takes its name from the acceptance file. No events run meanwhile.
+/// Finds them: the names of the result files that are not empty, in capitals, up to their first point, as the
+/// result file takes its name from the acceptance file. No events run meanwhile.
 /// @param cartella ends in a backslash. @return nothing for a folder that cannot be listed.
 VeicoliFatti Fatti_Elenca(const QString &cartella);
 

@@ -308,6 +308,7 @@ void frmMctcO::tmrFatti_Timer()
     if (mOccupato || mInLettura)
         return;
     const VeicoliFatti fatti = Fatti_Elenca(gDirAcc);
+    tmrFatti.Interval(INTERVALLO_FATTI); // from its answer, like the poll
     if (fatti == mFatti)
         return;
     mFatti = fatti;
@@ -398,13 +399,35 @@ void frmMctcO::tmrLst_Timer()
         // tick starts afresh, and the way out stays open.
         cmd[1].Enabled(true);
     }
+    // Two seconds from the answer of the folder: one that takes longer would be asked again at once, and the
+    // operator never come to a turn.
+    tmrLst.Interval(INTERVALLO_LISTA);
+}
+
+/// The window stands still until the folder answers. Where it took its time at the last look, what the
+/// operator waits for is on the screen by then. Events run while a full one is read, but no other poll; one
+/// of them may close the form.
+qint32 frmMctcO::Firme_Elenca(QStringList &firme)
+{
+    const QScopedValueRollback<bool> lettura(mInLettura, true);
+    const QString conto = lblAttesa->Caption();
+    if (mRiposo.Lento()) {
+        lblAttesa->Caption(Testo_Mctc(MctcCartellaAttesa));
+        lblAttesa->Ridipingi();
+    }
+    mRiposo.Comincia();
+    const qint32 ultimo = Fs_ElencoFirme(gDirAcc, QString::fromUtf16(MASCHERA), firme);
+    mRiposo.Finisci();
+    if (Caricato())
+        lblAttesa->Caption(conto);
+    return ultimo;
 }
 
 void frmMctcO::Esamina_Cartella()
 {
     qint32 differenza = -1;
     QStringList elenco;
-    const qint32 ultimo = Firme_Leggi(elenco);
+    const qint32 ultimo = Firme_Elenca(elenco);
     if (!Caricato())
         return;
     const int prima = mUltimoConteggio.toInt();
@@ -416,13 +439,6 @@ void frmMctcO::Esamina_Cartella()
     mUltimoConteggio = QString::number(ultimo);
     if (ultimo != prima || differenza != -1)
         Lista_Aggiorna();
-}
-
-/// Events run meanwhile, but no other poll; one of them may close the form.
-qint32 frmMctcO::Firme_Leggi(QStringList &elenco)
-{
-    const QScopedValueRollback<bool> lettura(mInLettura, true);
-    return Fs_ElencoFirme(gDirAcc, QString::fromUtf16(MASCHERA), elenco);
 }
 
 void frmMctcO::lstAuto_Click()

@@ -6,6 +6,7 @@
 #include "mctc/cartella_scambio.h"
 #include "mctc/lista.h"
 #include "mctc/modMctc.h"
+#include "platform/riposo.h"
 #include "platform/temporizzatore.h"
 #include "toolkit/modulo.h"
 
@@ -40,7 +41,7 @@ private:
     void Lista_Aggiorna();
     void tmrLst_Timer();
     void Esamina_Cartella();
-    qint32 Firme_Leggi(QStringList &elenco);
+    qint32 Firme_Elenca(QStringList &firme);
     void lstAuto_Click();
     void Scegli_DaProgramma(qint32 riga);
     void Segna_Fatti();
@@ -73,6 +74,7 @@ private:
     std::unique_ptr<RicercaElenco> mRicerca;
     VeicoliFatti mFatti;
     bool mDaProgramma = false; // a line is being chosen, and not by the operator's hand on the list
+    Riposo mRiposo;            // of the exchange folder
     Temporizzatore tmrLst;
     Temporizzatore tmrFatti;
     std::shared_ptr<frmMctc2> formMctc2b;

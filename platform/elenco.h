@@ -19,6 +19,7 @@ struct RecordTrovato
     quint32 dwFileAttributes = 0;
     quint64 ftLastAccessTime = 0;
     quint64 ftLastWriteTime = 0;
+    quint64 nFileSize = 0; ///< bytes
 };
 
 /// The find calls: every entry that matches, "." and ".." and hidden ones included.

@@ -139,7 +139,26 @@ RecordTrovato Record_Di(const QString &nome, const struct stat &stato)
     RecordTrovato trovato = Record_Di(nome, S_ISDIR(stato.st_mode));
     trovato.ftLastAccessTime = Tempo_1601(stato.st_atim);
     trovato.ftLastWriteTime = Tempo_1601(stato.st_mtim);
+    trovato.nFileSize = static_cast<quint64>(stato.st_size);
     return trovato;
+}
+
+/// The next entry of an open folder; none behind the last, and when the folder does not go on answering.
+/// @param[out] errore 0, or the number of the system's error.
+const dirent *Voce_Seguente(DIR *aperta, int &errore)
+{
+    errno = 0;
+    const dirent *voce = ::readdir(aperta);
+    errore = voce == nullptr ? errno : 0;
+    return voce;
+}
+
+/// True when the entry alone is the matter: it has gone since it was listed, is a link to nothing, or not for
+/// this user. Any other error is the folder's, on a share that has lost its connection.
+bool Solo_Della_Voce(int errore)
+{
+    return errore == ENOENT || errore == ENOTDIR || errore == EACCES || errore == ELOOP ||
+           errore == EOVERFLOW;
 }
 
 /// What a listing is for: names alone do not cost a question a file.
@@ -150,22 +169,27 @@ enum class Serve
 };
 
 /// The record of an entry of an open folder; nothing for one that leads nowhere.
-std::optional<RecordTrovato> Record_Della(const dirent &voce, const QString &nome, DIR *cartella, Serve serve)
+/// @param[out] errore 0, or the number of the system's error where it is the folder's.
+std::optional<RecordTrovato> Record_Della(const dirent &voce, const QString &nome, DIR *cartella, Serve serve,
+                                          int &errore)
 {
     // A link is what it leads to, and not every file system tells the kind.
     const bool nota = voce.d_type != DT_LNK && voce.d_type != DT_UNKNOWN;
     if (serve == Serve::Nomi && nota)
         return Record_Di(nome, voce.d_type == DT_DIR);
     struct stat stato;
-    if (::fstatat(::dirfd(cartella), voce.d_name, &stato, 0) != 0)
+    if (::fstatat(::dirfd(cartella), voce.d_name, &stato, 0) != 0) {
+        errore = Solo_Della_Voce(errno) ? 0 : errno;
         return std::nullopt;
+    }
     return Record_Di(nome, stato);
 }
 
 /// Files between two turns of what runs meanwhile: a millisecond at most.
 constexpr qsizetype FILE_A_TURNO = 200;
 
-/// Lists a folder. @return 0, or the number of the system's error.
+/// Lists a folder whole or not at all: a connection lost in the middle must not make the rest of the vehicles
+/// look gone. @return 0, or the number of the system's error.
 int Elenca(const QString &cartella, const Maschera &maschera, Serve serve,
            const std::function<void()> &intanto, QList<RecordTrovato> &trovati)
 {
@@ -176,16 +200,21 @@ int Elenca(const QString &cartella, const Maschera &maschera, Serve serve,
     if (!aperta)
         return errno;
     std::vector<Voce> voci;
-    while (const dirent *voce = ::readdir(aperta.get())) {
+    int errore = 0;
+    while (const dirent *voce = Voce_Seguente(aperta.get(), errore)) {
         const QString trovato = QFile::decodeName(voce->d_name);
         const QString grande = Maiuscole(trovato);
         if (!maschera.Prende(grande))
             continue;
-        if (auto record = Record_Della(*voce, trovato, aperta.get(), serve))
+        if (auto record = Record_Della(*voce, trovato, aperta.get(), serve, errore))
             voci.push_back({grande, std::move(*record)});
+        if (errore != 0)
+            return errore;
         if (intanto && voci.size() % FILE_A_TURNO == 0)
             intanto();
     }
+    if (errore != 0)
+        return errore;
     std::sort(voci.begin(), voci.end(), Prima_Su_Ntfs);
     // A volume of Windows holds one name in one spelling. Here a line of the worklist, whose name is in
     // capitals, would show one file and open another.

@@ -20,13 +20,15 @@ RecordTrovato Record_Di(const WIN32_FIND_DATAW &dati)
     trovato.dwFileAttributes = dati.dwFileAttributes;
     trovato.ftLastAccessTime = Tempo_1601(dati.ftLastAccessTime);
     trovato.ftLastWriteTime = Tempo_1601(dati.ftLastWriteTime);
+    trovato.nFileSize = quint64{dati.nFileSizeHigh} << 32 | dati.nFileSizeLow;
     return trovato;
 }
 
 /// Files between two turns of what runs meanwhile.
 constexpr qsizetype FILE_A_TURNO = 200;
 
-/// Lists what matches. @return 0, or the number of the system's error.
+/// Lists what matches, whole or not at all: a connection lost in the middle must not make the rest of the
+/// vehicles look gone. @return 0, or the number of the system's error.
 DWORD Elenca(const QString &percorso, QList<RecordTrovato> &trovati,
              const std::function<void()> &intanto = {})
 {
@@ -37,12 +39,17 @@ DWORD Elenca(const QString &percorso, QList<RecordTrovato> &trovati,
     const HANDLE ricerca = FindFirstFileW(reinterpret_cast<const wchar_t *>(percorso.utf16()), &dati);
     if (ricerca == INVALID_HANDLE_VALUE)
         return GetLastError();
+    QList<RecordTrovato> elenco;
     do {
-        trovati.append(Record_Di(dati));
-        if (intanto && trovati.size() % FILE_A_TURNO == 0)
+        elenco.append(Record_Di(dati));
+        if (intanto && elenco.size() % FILE_A_TURNO == 0)
             intanto();
     } while (FindNextFileW(ricerca, &dati) != FALSE);
+    const DWORD errore = GetLastError();
     FindClose(ricerca);
+    if (errore != ERROR_NO_MORE_FILES)
+        return errore;
+    trovati = elenco;
     return 0;
 }
 

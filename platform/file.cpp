@@ -4,6 +4,7 @@
 #include "platform/codifica.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/percorsi.h"
+#include "platform/su_disco.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,8 +21,9 @@ void File_ScriviRighe(const QString &percorso, const QStringList &righe)
         Solleva(QFileInfo(file).dir().exists() ? NumeroErrore::PermessoNegato
                                                : NumeroErrore::PercorsoNonTrovato);
     }
-    if (file.write(byte) != byte.size() || !file.flush())
+    if (file.write(byte) != byte.size() || !file.flush() || !File_SuDisco(file.handle()))
         Solleva(NumeroErrore::DiscoPieno);
+    Cartella_SuDisco(QFileInfo(file).path());
 }
 
 void File_Elimina(const QString &percorso)

@@ -4,9 +4,10 @@
 #include <QString>
 #include <QStringList>
 
-/// Writes a text file anew under its final name: each line ended by CR LF, in the workstation's code page.
+/// Writes a text file anew under its final name: each line ended by CR LF, in the workstation's code page. It
+/// stands on the disk, with its name, when the procedure returns: what it answers to may go then.
 /// @throws ErroreEsecuzione 76 when the folder does not exist, 70 when the file may not be written, 61 when
-/// the disk is full.
+/// the disk is full or does not take the bytes.
 void File_ScriviRighe(const QString &percorso, const QStringList &righe);
 
 /// Deletes a file. @throws ErroreEsecuzione 53 when there is none, 70 when it may not be deleted.

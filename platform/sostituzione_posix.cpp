@@ -1,6 +1,8 @@
 // A temporary file and a rename, and the disk made to follow: the bytes first, the name afterwards.
 #include "platform/sostituzione.h"
 
+#include "platform/su_disco.h"
+
 #include <QDate>
 #include <QDateTime>
 #include <QDirIterator>
@@ -12,7 +14,6 @@
 #include <QSet>
 
 #include <algorithm>
-#include <fcntl.h>
 #include <linux/limits.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -53,18 +54,6 @@ void Corredo_Copia(const QByteArray &nome, int nuovo)
     ::fremovexattr(nuovo, "system.posix_acl_access");
     for (const QByteArray &attributo : Attributi_Di(nome))
         Attributo_Copia(nome, attributo, nuovo);
-}
-
-/// Without it the rename may be lost with the machine's power. Some shares know no such call; the value
-/// stands in the file all the same.
-void Cartella_Sincronizza(const QString &cartella)
-{
-    const int descrittore =
-        ::open(QFile::encodeName(cartella).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descrittore < 0)
-        return;
-    ::fsync(descrittore);
-    ::close(descrittore);
 }
 
 /// True for the ending of a temporary file of ours: a point and six letters taken at random.
@@ -117,14 +106,14 @@ bool File_Sostituisci(const QString &nativo, const QByteArray &byte)
         return false;
     Corredo_Copia(QFile::encodeName(nativo), nuovo.handle());
     // The new bytes are on the disk before they take the place of the old; a rename alone does not see to it.
-    return nuovo.write(byte) == byte.size() && nuovo.flush() && ::fsync(nuovo.handle()) == 0 &&
+    return nuovo.write(byte) == byte.size() && nuovo.flush() && File_SuDisco(nuovo.handle()) &&
            nuovo.commit();
 }
 
 void File_Riassetta(const QString &nativo)
 {
     const QFileInfo file(nativo);
-    Cartella_Sincronizza(file.path());
+    Cartella_SuDisco(file.path()); // or the rename may be lost with the machine's power
     if (Da_Guardare(nativo))
         Avanzi_Elimina(file);
 }

@@ -158,6 +158,11 @@ void Controllo::Stile(const QString &foglio)
     Adatta();
 }
 
+void Controllo::Ridipingi()
+{
+    Fai([](QWidget &widget) { widget.repaint(); });
+}
+
 void Controllo::SetFocus()
 {
     Fai([](QWidget &widget) { widget.setFocus(Qt::OtherFocusReason); });

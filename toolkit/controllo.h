@@ -38,6 +38,9 @@ public:
     void FontBold(bool grassetto);
     void FontName(const QString &nome);
     void SetFocus();
+    /// Shows the control as it is now, without waiting for the loop: before a call that may not come back
+    /// soon.
+    void Ridipingi();
     /// True when the text fits the control's place in the type that it is shown in.
     virtual bool Entra() const { return true; }
     /// What a screen reader calls the control; a caption of its own needs none.

@@ -1,10 +1,10 @@
 // The command: holds the exchange machine against its model and prints what it has been through.
+#include "prove/comuni/sezione.h"
 #include "prove/modello/esplorazione.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QFile>
 
 #include <cstdio>
 
@@ -12,8 +12,7 @@ using namespace modello;
 
 namespace {
 
-const QByteArray INIZIO_BLOCCO = "<!-- modello dello scambio -->\n";
-const QByteArray FINE_BLOCCO = "<!-- fine: modello dello scambio -->\n";
+const QByteArray SEZIONE = "modello dello scambio";
 
 constexpr const char *TESTO =
     R"(## Modello dello scambio
@@ -49,22 +48,6 @@ QByteArray Riga_Estratta(const Estratte &estratte, quint32 seme, qint64 ms)
            QByteArray::number(estratte.Eventi) + " | " + QByteArray::number(estratte.Riuscite) + " | " +
            QByteArray::number(estratte.Fallite) + " | " + QByteArray::number(estratte.Fatali) + " | " +
            QByteArray::number(estratte.Diverse.size()) + " | " + Secondi(ms) + " |\n";
-}
-
-/// Puts the section in the place of the one that the document has, or at its end.
-bool Scrivi_Sezione(const QString &documento, const QByteArray &sezione)
-{
-    QFile file(documento);
-    QByteArray testo = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("# Reliability\n\n");
-    file.close();
-    const QByteArray blocco = INIZIO_BLOCCO + sezione + FINE_BLOCCO;
-    const qsizetype da = testo.indexOf(INIZIO_BLOCCO);
-    const qsizetype a = testo.indexOf(FINE_BLOCCO);
-    if (da >= 0 && a > da)
-        testo.replace(da, a + FINE_BLOCCO.size() - da, blocco);
-    else
-        testo += (testo.endsWith("\n\n") ? "" : "\n") + blocco;
-    return file.open(QIODevice::WriteOnly) && file.write(testo) == testo.size();
 }
 
 } // namespace
@@ -114,5 +97,5 @@ int main(int quanti, char **argomenti)
     if (!diverse.isEmpty())
         return 1;
     const QString documento = riga.value(QStringLiteral("documento"));
-    return documento.isEmpty() || Scrivi_Sezione(documento, TESTO + tabelle) ? 0 : 1;
+    return documento.isEmpty() || Sezione_Scrivi(documento, SEZIONE, TESTO + tabelle) ? 0 : 1;
 }

@@ -90,7 +90,8 @@ private Q_SLOTS:
         riga("illeggibile", 1, u"Cartella non leggibile", true, [](R &r) {
             r.Cartella = CartellaScambio{StatoCartella::Illeggibile, 0};
         });
-        riga("non ancora guardata", 1, u"", false, [](R &r) { r.Cartella.reset(); });
+        riga("non ancora guardata", 1, u"Cartella: attesa della risposta", false,
+             [](R &r) { r.Cartella.reset(); });
         riga("lista spenta", 1, u"Lista accettazioni spenta", false, [](R &r) {
             r.Lista = false;
             r.Cartella = CartellaScambio{StatoCartella::Mancante, 0};

@@ -63,10 +63,10 @@ void OrologioProva::Avanza(qint64 ms)
         }
         if (prossima == nullptr)
             break;
-        m_passati = prossima->m_prossima;
+        m_passati = std::max(m_passati, prossima->m_prossima);
         prossima->Suona();
     }
-    m_passati = fine;
+    m_passati = std::max(m_passati, fine);
 }
 
 int OrologioProva::Armate() const

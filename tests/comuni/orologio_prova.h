@@ -20,6 +20,8 @@ public:
 
     /// Moves time on, playing the beats on the way.
     void Avanza(qint64 ms);
+    /// Time passes while the one thread waits for something: what falls due meanwhile is played afterwards.
+    void Attendi(qint64 ms) { m_passati += ms; }
     /// Sets the clock on the wall, back where negative: no beat comes sooner or later for it.
     void Sposta(qint64 ms) { m_inizio = m_inizio.addMSecs(ms); }
     /// Time passed since the clock was made, in ms.

@@ -15,6 +15,7 @@
 #include "mctc/cartella_scambio.h"
 #include "mctc/frmMctcO.h"
 #include "platform/elenco.h"
+#include "platform/errore_esecuzione.h"
 #include "platform/percorsi.h"
 #include "report/frmMctc2.h"
 #include "setup/frmSetupO.h"
@@ -29,6 +30,7 @@
 #include <QDir>
 #include <QFile>
 #include <QListWidget>
+#include <QScopeGuard>
 #include <QTest>
 #include <QTimer>
 
@@ -56,6 +58,12 @@ constexpr int MINUTO = 60000; // that a failure stays on the menu
 /// How long the exchange folder takes to answer, in ms of the test's clock, and how often it was looked at.
 int gLentezza = 0;
 int gSguardi = 0;
+
+/// What happens while the folder is asked.
+std::function<void()> gIntanto;
+
+/// The connection is lost between the look and the listing behind it.
+bool gElencoPerso = false;
 
 /// Listings of the exchange folder, by any call of the platform.
 int gElenchi = 0;
@@ -92,6 +100,8 @@ QStringList Elenca_Chiesta(const QString &percorso,
 CartellaScambio Cartella_Chiesta(const QString &cartella)
 {
     ++gSguardi;
+    if (gIntanto)
+        gIntanto();
     Orologio_Banco().Avanza(gLentezza);
     return Cartella_Vera(cartella);
 }
@@ -118,10 +128,27 @@ bool Nomi_Chiesti(const QString &percorso, qint16 attributo, QStringList &nomi)
 QStringList Elenca_Chiesta(const QString &percorso, qint16 attributo)
 {
     gElenchi += percorso.startsWith(gDirAcc) ? 1 : 0;
+    if (gElencoPerso && percorso.startsWith(gDirAcc))
+        Solleva(NumeroErrore::NomeFileErrato);
     return Elenca_Vera(percorso, attributo);
 }
 
 namespace {
+
+/// Counts how often a widget is painted.
+class Ridipinta : public QObject
+{
+public:
+    explicit Ridipinta(QWidget *widget) { widget->installEventFilter(this); }
+    int Quante = 0;
+
+protected:
+    bool eventFilter(QObject *, QEvent *evento) override
+    {
+        Quante += evento->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
 
 /// Answers a measure to every session.
 void Strumento_Pronto()
@@ -403,13 +430,76 @@ private Q_SLOTS:
         for (int i = 0; i < 4; ++i)
             QVERIFY(cella.contains(Membro_Di<QLabel>(*form, "lblStato", i)->geometry()));
         QCOMPARE(Stato(0), QStringLiteral("lumira ") + Versione_Programma());
-        QCOMPARE(Stato(1), QString());
+        QCOMPARE(Stato(1), QStringLiteral("Cartella: attesa della risposta"));
         QCOMPARE(Stato(2), QStringLiteral("Porta COM1 presente"));
         QCOMPARE(Stato(3), QStringLiteral("Verifica valida fino al 31/12/2027"));
         Orologio_Banco().Avanza(DOPO_RITORNO);
         QCOMPARE(Stato(1), QStringLiteral("Cartella: 1 in attesa"));
         QCOMPARE(gSguardi, 1);
         QVERIFY(Avviso().isEmpty()); // a station in order asks for nobody
+    }
+
+    /// A folder that may never answer: that it is waited for has been painted by then, from the second look
+    /// on where the first was slow, and at a press of the test button always.
+    void laLentaSiAnnuncia()
+    {
+        banco->Stazione.Accettazione(FILE_ACC);
+        Apri();
+        const QString attesa = QStringLiteral("Cartella: attesa della risposta");
+        Ridipinta dipinture(Membro_Di<QLabel>(*form, "lblStato", 1));
+        QStringList mostrati;
+        gIntanto = [&] {
+            mostrati.append(dipinture.Quante > 0 ? Stato(1) : Stato(1) + QStringLiteral(" (non ridipinta)"));
+        };
+        const auto senza = qScopeGuard([] { gIntanto = {}; });
+        const QString trovato = QStringLiteral("Cartella: 1 in attesa");
+        gLentezza = 100; // quick enough for nobody to wonder
+        Orologio_Banco().Avanza(DOPO_RITORNO);
+        QCOMPARE(Stato(1), trovato);
+        QTRY_VERIFY(dipinture.Quante > 0); // in its turn, by the loop
+        dipinture.Quante = 0;
+        gLentezza = 600;
+        Orologio_Banco().Avanza(FRA_DUE_SGUARDI);
+        Orologio_Banco().Avanza(600 * 100);
+        QCOMPARE(mostrati, QStringList({attesa + QStringLiteral(" (non ridipinta)"),
+                                        trovato + QStringLiteral(" (non ridipinta)"), attesa}));
+        QCOMPARE(Stato(1), trovato);
+
+        mostrati.clear();
+        dipinture.Quante = 0;
+        gLentezza = 0;
+        Premi(*form, "cmdMnu_2");
+        QCOMPARE(mostrati.value(0), attesa);
+        QCOMPARE(Stato(1), trovato);
+    }
+
+    /// Lost since the look that found it: no reason for the station to end.
+    void ilCollegamentoSiPerdeDopoLoSguardo()
+    {
+        banco->Stazione.Accettazione(FILE_ACC);
+        Apri();
+        gElencoPerso = true;
+        const auto tornato = qScopeGuard([] { gElencoPerso = false; });
+        Premi(*form, "cmdMnu_2");
+        const auto veicolo = Modulo_Aperto<frmMctc2>("frmMctc2");
+        QVERIFY(veicolo != nullptr);
+        QCOMPARE(veicolo->Motivo, Testo_Mctc(MctcSceltaIlleggibile));
+    }
+
+    /// The forms that save say nothing: the menu does, until a value is kept again.
+    void unValorePersoSiDice()
+    {
+        Apri();
+        Orologio_Banco().Avanza(DOPO_RITORNO);
+        QVERIFY(Avviso().isEmpty());
+        QVERIFY(
+            !Scrivi_Ini(gFileIni, QStringLiteral("OFFICINA"), QStringLiteral("Web"), QStringLiteral("a\nb")));
+        Orologio_Banco().Avanza(FRA_DUE_SGUARDI);
+        QCOMPARE(Avviso(), Testo_Mctc(MctcConfigurazioneBloccata));
+        QVERIFY(
+            Scrivi_Ini(gFileIni, QStringLiteral("OFFICINA"), QStringLiteral("Web"), QStringLiteral("ab")));
+        Orologio_Banco().Avanza(FRA_DUE_SGUARDI);
+        QVERIFY(Avviso().isEmpty());
     }
 
     /// An adapter that is pulled out and plugged in again: told at the next look.

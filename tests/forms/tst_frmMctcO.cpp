@@ -5,6 +5,7 @@
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
+#include "platform/elenco.h"
 #include "report/frmMctc2.h"
 #include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
@@ -17,6 +18,7 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QListWidget>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -28,7 +30,27 @@ constexpr qint64 BATTITO = 2000; // ms
 const QColor ROSSO(255, 0, 0);
 const QColor BIANCO(255, 255, 255);
 
+/// How long the poll's listing takes, in ms of the test's clock, and what happens meanwhile.
+int gLentezza = 0;
+std::function<void()> gIntanto;
+
 } // namespace
+
+// The linker leads every listing through the second of these, on to the first.
+bool Trova_Vera(const QString &percorso,
+                QList<RecordTrovato> &trovati) asm("__real__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoE");
+bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati) asm(
+    "__wrap__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoE");
+
+/// A network that takes its time.
+bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati)
+{
+    if (gIntanto && percorso.endsWith(QStringLiteral("*.acc"))) {
+        gIntanto();
+        Orologio_Banco().Attendi(gLentezza);
+    }
+    return Trova_Vera(percorso, trovati);
+}
 
 class tst_frmMctcO : public QObject
 {
@@ -897,6 +919,40 @@ private Q_SLOTS:
         Togli_File(QStringLiteral("20000000.far"));
         Orologio_Banco().Avanza(10000);
         QCOMPARE(Fatte(), QList<int>{3});
+    }
+
+    /// Two seconds from each answer, so that the operator comes to a turn; what is waited for stands on the
+    /// screen once the folder has shown that it is slow.
+    void unaCartellaLenta()
+    {
+        Scrivi_Targhe();
+        Apri();
+        QList<qint64> inizi;
+        QStringList mostrati;
+        gIntanto = [&] {
+            inizi.append(Orologio_Banco().Passati());
+            mostrati.append(Testo_Di(*form, "lblAttesa"));
+        };
+        const auto svelta = qScopeGuard([] {
+            gIntanto = {};
+            gLentezza = 0;
+        });
+        gLentezza = 5000;
+        Orologio_Banco().Avanza(3 * (5000 + BATTITO));
+        QVERIFY2(inizi.size() >= 3, qPrintable(QString::number(inizi.size())));
+        for (qsizetype i = 1; i < inizi.size(); ++i)
+            QCOMPARE(inizi[i] - inizi[i - 1], 5000 + BATTITO);
+        const QString conto = QStringLiteral("In attesa: 4 di 4");
+        const QString attesa = QStringLiteral("Cartella: attesa della risposta");
+        QCOMPARE(mostrati.first(3), QStringList({conto, attesa, attesa}));
+        QCOMPARE(Testo_Di(*form, "lblAttesa"), conto);
+
+        gLentezza = 0; // the network is well again
+        Battito();
+        Battito();
+        QCOMPARE(mostrati.last(), conto);
+        Battito();
+        QCOMPARE(inizi.last() - inizi[inizi.size() - 2], BATTITO);
     }
 
     /// A line that is done is chosen as any other.

@@ -65,6 +65,8 @@ private Q_SLOTS:
         Scrivi(QStringLiteral("99999999.far")); // of a file that has gone
         Scrivi(QStringLiteral("10000000.farx"));
         QCOMPARE(Cartella_Guarda(gDirAcc).InAttesa, 2);
+        stazione->Scrivi(QStringLiteral("DIR_FAR\\x.far"), ""); // switched off in the middle of writing it
+        QCOMPARE(Cartella_Guarda(gDirAcc).InAttesa, 2);
         const QSet<QString> fatti = Fatti_Elenca(gDirAcc);
         QVERIFY(E_Fatto(fatti, QStringLiteral("20000000.ACC")));
         QVERIFY(E_Fatto(fatti, QStringLiteral("abcdefgh.Acc")));

@@ -2,6 +2,7 @@
 // opens and cannot be read.
 #include "platform/file.h"
 
+#include "platform/sostituzione.h"
 #include "tests/comuni/errore_prova.h"
 #include "tests/comuni/privilegi_posix.h"
 #include "tests/comuni/stazione_prova.h"
@@ -9,7 +10,29 @@
 #include <QFile>
 #include <QTest>
 
+#include <cerrno>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+int errore_disco = 0;        // what the disk says to bytes that are to stay
+QStringList mandati_a_disco; // "file", "cartella"
+
+} // namespace
+
+/// The call of the system is that of this program first.
+extern "C" int fsync(int descrittore)
+{
+    struct stat stato;
+    const bool cartella = ::fstat(descrittore, &stato) == 0 && S_ISDIR(stato.st_mode);
+    mandati_a_disco.append(cartella ? QStringLiteral("cartella") : QStringLiteral("file"));
+    if (errore_disco == 0)
+        return int(::syscall(SYS_fsync, descrittore));
+    errno = errore_disco;
+    return -1;
+}
 
 class tst_file_posix : public QObject
 {
@@ -24,6 +47,50 @@ private Q_SLOTS:
             QSKIP("this system has no device that is always full");
         QCOMPARE(Errore_Di([] { File_ScriviRighe(QStringLiteral("\\dev\\full"), {QStringLiteral("a")}); }),
                  61);
+    }
+
+    void righeSulDiscoPrimaDiAndareAvanti()
+    {
+        mandati_a_disco.clear();
+        File_ScriviRighe(m_stazione.Percorso(QStringLiteral("DIR_FAR\\prova.txt")), {QStringLiteral("a")});
+        QCOMPARE(mandati_a_disco, QStringList({QStringLiteral("file"), QStringLiteral("cartella")}));
+    }
+
+    /// A share may take every byte and tell only when it is asked to keep them that it has no room.
+    void rifiutoDelDisco_data()
+    {
+        QTest::addColumn<int>("rifiuto");
+        QTest::addColumn<int>("errore");
+        QTest::newRow("full") << ENOSPC << 61;
+        QTest::newRow("quota") << EDQUOT << 61;
+        QTest::newRow("connection lost") << EIO << 61;
+        QTest::newRow("a file system without the call") << EINVAL << 0;
+    }
+    void rifiutoDelDisco()
+    {
+        QFETCH(int, rifiuto);
+        QFETCH(int, errore);
+        errore_disco = rifiuto;
+        const int trovato = Errore_Di([this] {
+            File_ScriviRighe(m_stazione.Percorso(QStringLiteral("DIR_FAR\\prova.txt")),
+                             {QStringLiteral("a")});
+        });
+        errore_disco = 0;
+        QCOMPARE(trovato, errore);
+    }
+
+    void sostituzioneConRifiutoDelDisco_data() { rifiutoDelDisco_data(); }
+    void sostituzioneConRifiutoDelDisco()
+    {
+        QFETCH(int, rifiuto);
+        QFETCH(int, errore);
+        const QString nome = QStringLiteral("DIR_FAR\\sostituito.txt");
+        m_stazione.Scrivi(nome, "prima");
+        errore_disco = rifiuto;
+        const bool scritto = File_Sostituisci(m_stazione.Nativo(nome), "dopo");
+        errore_disco = 0;
+        QCOMPARE(scritto, errore == 0);
+        QCOMPARE(m_stazione.Leggi(nome), scritto ? "dopo" : "prima");
     }
 
     void letturaInterrottaDa70()

@@ -1,5 +1,5 @@
 // The rest after a look: as long as the look was slow, whatever becomes of the computer's clock.
-#include "app/riposo.h"
+#include "platform/riposo.h"
 
 #include "tests/comuni/orologio_prova.h"
 
@@ -33,6 +33,17 @@ private:
     Riposo riposo;
 
 private Q_SLOTS:
+    void lento()
+    {
+        QVERIFY(!riposo.Lento()); // before the first look
+        Guarda(499);
+        QVERIFY(!riposo.Lento());
+        Guarda(500);
+        QVERIFY(riposo.Lento());
+        Guarda(1);
+        QVERIFY(!riposo.Lento());
+    }
+
     void init()
     {
         orologio = std::make_unique<OrologioProva>();
