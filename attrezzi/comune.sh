@@ -25,8 +25,8 @@ PACCHETTI_STAMPA=(cups cups-client cups-filters ghostscript printer-driver-cups-
 # The Windows program: its compiler, its installer, and what it runs on here. Wine prints where it finds libcups2;
 # the tests sign with a certificate of their own.
 PACCHETTI_WINDOWS=(g++-mingw-w64-x86-64-posix nsis wine64 wine locales libcups2 openssl osslsigncode)
-# lld links the test programs. The Debian package is made and looked into: dpkg-dev and file.
-PACCHETTI_CONTROLLI=(git lld clang-format clang-tidy cppcheck shellcheck pyflakes3 dpkg-dev file)
+# lld links the test programs, clang builds the fuzzers. The Debian package is made and looked into: dpkg-dev and file.
+PACCHETTI_CONTROLLI=(git lld clang libclang-rt-14-dev clang-format clang-tidy cppcheck shellcheck pyflakes3 dpkg-dev file)
 
 errore() {
     echo "$(basename "$0"): $*" >&2

@@ -60,24 +60,24 @@ bool Ha_FineRiga(const QByteArray &byte)
     return byte.contains('\r') || byte.contains('\n');
 }
 
-/// Every head and key of the text is the line that the listing says, and none is missing from what is read.
+/// Every head and key of the text is a line of it, and read, but for keys under a second head of a name.
 void Prova_Righe(const QByteArray &testo)
 {
     const auto valori = Valori_Profilo(testo);
+    QHash<QString, qsizetype> teste;
     QString sezione;
-    bool vista = false;
     for (const RigaProfilo &riga : Righe_Profilo(testo)) {
         Pretendi(!Ha_FineRiga(riga.Byte) && testo.contains(riga.Byte),
                  "a listed line is one line of the text");
         if (riga.Testa) {
             sezione = riga.Nome;
-            vista = true;
+            ++teste[sezione];
             Pretendi(valori.contains(sezione), "a listed section is read");
-        } else if (vista) {
-            Pretendi(valori.value(sezione).contains(riga.Nome) || Righe_Profilo(testo).size() > 2,
-                     "a listed key is read");
+        } else if (teste.value(sezione) == 1) {
+            Pretendi(valori.value(sezione).contains(riga.Nome), "a listed key is read");
         }
     }
+    Pretendi(valori.size() == teste.size(), "a section that is read is listed");
 }
 
 } // namespace

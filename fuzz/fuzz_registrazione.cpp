@@ -12,7 +12,7 @@ QByteArray Registrazione_Testo(const Registrazione &registrazione)
     QString testo = QStringLiteral("qx5sim registrazione 1\n");
     if (!registrazione.far.isEmpty())
         testo += QStringLiteral("far ") + registrazione.far + u'\n';
-    for (const Brano &brano : registrazione.brani)
+    for (const BranoLinea &brano : registrazione.brani)
         testo += Brano_Testo(brano) + u'\n';
     return testo.toUtf8();
 }
@@ -23,7 +23,7 @@ QByteArray Detto(const Registrazione &registrazione, Voce voce, bool dalPrimoCom
     AssemblatoreComandi comandi;
     bool comando = !dalPrimoComando;
     QByteArray byte;
-    for (const Brano &brano : registrazione.brani) {
+    for (const BranoLinea &brano : registrazione.brani) {
         if (brano.voce == Voce::Stazione) {
             for (const char b : brano.byte)
                 comando = comandi.Aggiungi(b) || comando;
@@ -65,7 +65,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *dati, size_t quanti)
     }
 
     qint64 ms = 0;
-    for (const Brano &brano : registrazione.brani) {
+    for (const BranoLinea &brano : registrazione.brani) {
         Pretendi(brano.ms >= ms && !brano.byte.isEmpty(), "time goes on, and somebody says something");
         ms = brano.ms;
     }

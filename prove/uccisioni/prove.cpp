@@ -8,7 +8,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QRandomGenerator>
 
 #include <algorithm>
 
@@ -138,12 +137,13 @@ private:
 Prove A_Caso(Officina &officina, const Lavoro &lavoro, int quante, quint32 seme)
 {
     Prove prove;
-    QRandomGenerator caso(seme);
     officina.Prepara(false);
-    const qint64 durata = Durata_Di(lavoro);
+    Momenti momenti(lavoro, seme);
     while (prove.Uccise < quante && prove.Guaste.size() < BASTANO) {
         officina.Prepara(prove.Uccise % 2 == 1);
-        officina.Giudica(Uccidi_Dopo(lavoro, caso.bounded(durata)), prove);
+        const Morte morte = Uccidi_Dopo(lavoro, momenti.Prossimo());
+        momenti.Corretto(morte);
+        officina.Giudica(morte, prove);
     }
     return prove;
 }

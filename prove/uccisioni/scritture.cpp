@@ -6,7 +6,6 @@
 
 #include <QDir>
 #include <QElapsedTimer>
-#include <QRandomGenerator>
 
 #include <span>
 
@@ -121,12 +120,13 @@ Scritture Scritture_ACaso(int quante, quint32 seme)
 {
     Banco banco;
     Scritture scritture;
-    QRandomGenerator caso(seme);
     const Lavoro lavoro = [] { Banco::Salva(std::size(VALORI)); };
-    const qint64 durata = Durata_Di(lavoro);
+    Momenti momenti(lavoro, seme);
     while (scritture.Uccise < quante && scritture.Guaste.size() < BASTANO) {
         banco.Prepara();
-        banco.Giudica(Uccidi_Dopo(lavoro, caso.bounded(durata)), scritture);
+        const Morte morte = Uccidi_Dopo(lavoro, momenti.Prossimo());
+        momenti.Corretto(morte);
+        banco.Giudica(morte, scritture);
     }
     return scritture;
 }

@@ -22,6 +22,10 @@ of `lumira.ini` one by one, or makes a whole test from the first frame to the re
 (SIGKILL): at random moments, and before and behind every one of its system calls. What it has left is looked at, byte
 for byte, and the next value is written.
 
+An empty result is what a death between the making of the file and its one write leaves: it is made under its final
+name. Its vehicle stays in the folder and does not count as done. On Windows the profile call is the system's own;
+what could be killed under Wine is Wine's body of it, which says nothing of Windows.
+
 )";
 
 QByteArray Riga(const char *come, const QList<int> &cifre, qsizetype guaste)

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <atomic>
 #include <csignal>
+#include <ctime>
+#include <semaphore.h>
 #include <sys/mman.h>
 #include <sys/ptrace.h>
 #include <sys/syscall.h>
@@ -20,11 +22,14 @@ namespace uccisioni {
 
 namespace {
 
+constexpr qint64 MINIMA = 1000; // ns
+constexpr qint64 MILIARDO = 1000000000;
+
 /// What both processes see.
 struct Comune
 {
-    std::atomic<bool> Partita = false;
     std::atomic<int> Passi = 0;
+    sem_t Partita; // raised at the beginning of the work
 };
 
 Comune &In_Comune()
@@ -38,7 +43,7 @@ Comune &In_Comune()
 /// @param seguita it stops before its work, for whoever traces it.
 pid_t Fai_Partire(const Lavoro &lavoro, bool seguita)
 {
-    In_Comune().Partita = false;
+    ::sem_init(&In_Comune().Partita, 1, 0);
     In_Comune().Passi = 0;
     const pid_t vittima = ::fork();
     if (vittima < 0)
@@ -49,9 +54,15 @@ pid_t Fai_Partire(const Lavoro &lavoro, bool seguita)
         ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
         std::raise(SIGSTOP);
     }
-    In_Comune().Partita = true;
+    ::sem_post(&In_Comune().Partita);
     lavoro();
     ::_exit(0);
+}
+
+void Attendi_Partenza()
+{
+    while (::sem_wait(&In_Comune().Partita) != 0)
+        continue; // a signal
 }
 
 /// Waits until it stops or has gone. @return true when it stands and waits.
@@ -161,6 +172,23 @@ Morte Accompagna(const Lavoro &lavoro, const std::function<bool(const QByteArray
     return morte;
 }
 
+/// How long the work takes when nobody kills it, in ns: the middle one of several.
+qint64 Durata_Di(const Lavoro &lavoro)
+{
+    QList<qint64> durate;
+    for (int volta = 0; volta < 9; ++volta) {
+        const pid_t vittima = Fai_Partire(lavoro, false);
+        Attendi_Partenza();
+        QElapsedTimer orologio;
+        orologio.start();
+        int stato = 0;
+        Ferma(vittima, stato);
+        durate.append(orologio.nsecsElapsed());
+    }
+    std::sort(durate.begin(), durate.end());
+    return durate[durate.size() / 2];
+}
+
 } // namespace
 
 void Passo_Fatto()
@@ -171,11 +199,10 @@ void Passo_Fatto()
 Morte Uccidi_Dopo(const Lavoro &lavoro, qint64 nanosecondi)
 {
     const pid_t vittima = Fai_Partire(lavoro, false);
-    while (!In_Comune().Partita)
-        continue;
-    QElapsedTimer orologio;
-    for (orologio.start(); orologio.nsecsElapsed() < nanosecondi;)
-        continue;
+    Attendi_Partenza();
+    // Asleep, so that the work has the machine to itself as far as it is ours.
+    const timespec ancora = {nanosecondi / MILIARDO, nanosecondi % MILIARDO};
+    ::nanosleep(&ancora, nullptr);
     ::kill(vittima, SIGKILL);
     int stato = 0;
     Ferma(vittima, stato);
@@ -199,21 +226,12 @@ QList<QByteArray> Effetti_Di(const Lavoro &lavoro)
     return effetti;
 }
 
-qint64 Durata_Di(const Lavoro &lavoro)
+Momenti::Momenti(const Lavoro &lavoro, quint32 seme) : m_caso(seme), m_durata(Durata_Di(lavoro)) {}
+
+/// Of ten moments about one comes too late, and the end of the work has its share of the killings.
+void Momenti::Corretto(const Morte &morte)
 {
-    QList<qint64> durate;
-    for (int volta = 0; volta < 9; ++volta) {
-        const pid_t vittima = Fai_Partire(lavoro, false);
-        while (!In_Comune().Partita)
-            continue;
-        QElapsedTimer orologio;
-        orologio.start();
-        int stato = 0;
-        Ferma(vittima, stato);
-        durate.append(orologio.nsecsElapsed());
-    }
-    std::sort(durate.begin(), durate.end());
-    return durate[durate.size() / 2];
+    m_durata = morte.Finita ? std::max(MINIMA, m_durata / 10 * 9) : m_durata + m_durata / 90;
 }
 
 } // namespace uccisioni

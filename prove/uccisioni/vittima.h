@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QRandomGenerator>
 
 #include <functional>
 
@@ -32,7 +33,21 @@ Morte Uccidi_Alla(const Lavoro &lavoro, int confine);
 /// What a work does to the disk, in order: the system call and the file, e.g. "fsync 12345678.far".
 QList<QByteArray> Effetti_Di(const Lavoro &lavoro);
 
-/// How long the work takes when nobody kills it, in ns: the middle one of several.
-qint64 Durata_Di(const Lavoro &lavoro);
+/// Moments at random within a work, by what it takes: measured at first, then by whether the last one came
+/// too late. A machine that does something else besides makes the figure of a moment ago worth nothing.
+class Momenti
+{
+public:
+    /// @param seme of the moments.
+    Momenti(const Lavoro &lavoro, quint32 seme);
+    /// @return ns from the beginning of the work.
+    qint64 Prossimo() { return m_caso.bounded(m_durata); }
+    /// How the killing at the last moment went.
+    void Corretto(const Morte &morte);
+
+private:
+    QRandomGenerator m_caso;
+    qint64 m_durata; // ns
+};
 
 } // namespace uccisioni

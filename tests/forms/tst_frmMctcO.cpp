@@ -37,19 +37,24 @@ std::function<void()> gIntanto;
 } // namespace
 
 // The linker leads every listing through the second of these, on to the first.
-bool Trova_Vera(const QString &percorso,
-                QList<RecordTrovato> &trovati) asm("__real__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoE");
-bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati) asm(
-    "__wrap__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoE");
+bool Trova_Vera(
+    const QString &percorso, QList<RecordTrovato> &trovati,
+    const std::function<void()>
+        &intanto) asm("__real__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoERKSt8functionIFvvEE");
+bool Trova_Chiesta(
+    const QString &percorso, QList<RecordTrovato> &trovati,
+    const std::function<void()>
+        &intanto) asm("__wrap__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoERKSt8functionIFvvEE");
 
 /// A network that takes its time.
-bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati)
+bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati,
+                   const std::function<void()> &intanto)
 {
     if (gIntanto && percorso.endsWith(QStringLiteral("*.acc"))) {
         gIntanto();
         Orologio_Banco().Attendi(gLentezza);
     }
-    return Trova_Vera(percorso, trovati);
+    return Trova_Vera(percorso, trovati, intanto);
 }
 
 class tst_frmMctcO : public QObject

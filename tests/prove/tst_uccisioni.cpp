@@ -16,9 +16,9 @@ class tst_uccisioni : public QObject
 private Q_SLOTS:
     void configurazioneACaso()
     {
-        const Scritture scritture = Scritture_ACaso(150, 7);
+        const Scritture scritture = Scritture_ACaso(100, 7);
         QCOMPARE(scritture.Guaste, QStringList());
-        QCOMPARE(scritture.Uccise, 150);
+        QCOMPARE(scritture.Uccise, 100);
         QCOMPARE(scritture.Prima + scritture.Dopo, scritture.Uccise);
     }
 
@@ -34,14 +34,14 @@ private Q_SLOTS:
 
     void provaACaso()
     {
-        const Prove prove = Prove_ACaso(100, 7);
+        const Prove prove = Prove_ACaso(60, 7);
         QCOMPARE(prove.Guaste, QStringList());
-        QCOMPARE(prove.Uccise, 100);
+        QCOMPARE(prove.Uccise, 60);
     }
 
     void valutazioneACaso()
     {
-        const Prove prove = Prove_ACasoAllaFine(100, 7);
+        const Prove prove = Prove_ACasoAllaFine(60, 7);
         QCOMPARE(prove.Guaste, QStringList());
     }
 
