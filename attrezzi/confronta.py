@@ -204,12 +204,13 @@ def misura_lista(stazione, schermo):
 # --- the table ------------------------------------------------------------------------------------------------
 
 
-def misure_in_processo(programma):
+def misure_in_processo(programma, giri):
     """What lumira-confronta measures, as long as it is there."""
     if not programma.exists():
         return []
     ambiente = os.environ | {"QT_QPA_PLATFORM": "offscreen"}
-    uscita = subprocess.run([programma], check=True, capture_output=True, env=ambiente)
+    comando = [programma, "--json", "--giri", str(giri)]
+    uscita = subprocess.run(comando, check=True, capture_output=True, env=ambiente)
     return json.loads(uscita.stdout)
 
 
@@ -249,7 +250,7 @@ def misura_tutto(scelte):
             yield from misura_verdetti(stazione, schermo, scelte.giri, ", accessibility on")
         with acceso() as schermo:
             yield from misura_lista(stazione, schermo)
-    yield from misure_in_processo(scelte.misure / "lumira-confronta")
+    yield from misure_in_processo(scelte.misure / "lumira-confronta", scelte.giri)
 
 
 def cifre(valori):
