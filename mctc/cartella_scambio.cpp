@@ -1,4 +1,4 @@
-// What the names of a folder tell. What stands in a file is not known here.
+// One listing, and what it tells. What stands in a file is not known here.
 #include "mctc/cartella_scambio.h"
 
 #include "core/modFs.h"
@@ -35,13 +35,13 @@ CartellaScambio Cartella_Guarda(const QString &cartella)
 {
     if (!Fs_CartellaAmmessa(cartella))
         return {StatoCartella::Illeggibile, 0}; // too deep for its files
-    QStringList nomi;
-    if (!Trova_Nomi(cartella + u'*', 0, nomi)) {
+    QList<RecordTrovato> trovati;
+    if (!Trova_File(cartella + u'*', trovati)) {
         const bool presente = Fs_Esiste(cartella.chopped(1), ATTRIBUTO_CARTELLA);
         return {presente ? StatoCartella::Illeggibile : StatoCartella::Mancante, 0};
     }
-    // Only the results are asked how long they are.
-    const VeicoliFatti fatti = Fatti_Elenca(cartella);
+    const VeicoliFatti fatti = Fatti_Tra(trovati);
+    QStringList nomi = Nomi_Con(trovati, 0);
     nomi.removeIf([](const QString &nome) { return !Ha_Estensione(nome, u"acc"); });
     const auto attesa =
         std::count_if(nomi.cbegin(), nomi.cend(), [&](const QString &nome) { return !E_Fatto(fatti, nome); });

@@ -30,11 +30,6 @@ struct RecordTrovato
 bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati,
                 const std::function<void()> &intanto = {});
 
-/// The same by names alone: no file is asked for its times.
-/// @param attributo as Cartella_Elenca takes it. @param[out] nomi what it lets through.
-/// @return false when nothing matches, whatever its attributes, or the folder cannot be listed.
-bool Trova_Nomi(const QString &percorso, qint16 attributo, QStringList &nomi);
-
 /// Names of the records that a mask of attributes lets through; see Cartella_Elenca.
 QStringList Nomi_Con(const QList<RecordTrovato> &trovati, qint16 attributo);
 

@@ -251,15 +251,6 @@ bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati, const st
            !trovati.isEmpty();
 }
 
-bool Trova_Nomi(const QString &percorso, qint16 attributo, QStringList &nomi)
-{
-    QList<RecordTrovato> trovati;
-    const Richiesta richiesta = Richiesta_Di(percorso);
-    const int errore = Elenca(richiesta.cartella, Maschera(richiesta.maschera), Serve::Nomi, {}, trovati);
-    nomi = Nomi_Con(trovati, attributo);
-    return errore == 0 && !trovati.isEmpty();
-}
-
 QStringList Cartella_Elenca(const QString &percorso, qint16 attributo)
 {
     if (const std::optional<RecordTrovato> voce = Voce_Sola(percorso))

@@ -67,14 +67,6 @@ bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati, const st
     return Elenca(percorso, trovati, intanto) == 0;
 }
 
-bool Trova_Nomi(const QString &percorso, qint16 attributo, QStringList &nomi)
-{
-    QList<RecordTrovato> trovati;
-    const bool elencata = Elenca(percorso, trovati) == 0;
-    nomi = Nomi_Con(trovati, attributo);
-    return elencata;
-}
-
 QStringList Cartella_Elenca(const QString &percorso, qint16 attributo)
 {
     const bool cartella = percorso.isEmpty() || percorso.endsWith(u'\\');

@@ -87,10 +87,6 @@ bool Trova_Chiesta(
     const QString &percorso, QList<RecordTrovato> &trovati,
     const std::function<void()>
         &intanto) asm("__wrap__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoERKSt8functionIFvvEE");
-bool Nomi_Veri(const QString &percorso, qint16 attributo,
-               QStringList &nomi) asm("__real__Z10Trova_NomiRK7QStringsR5QListIS_E");
-bool Nomi_Chiesti(const QString &percorso, qint16 attributo,
-                  QStringList &nomi) asm("__wrap__Z10Trova_NomiRK7QStringsR5QListIS_E");
 QStringList Elenca_Vera(const QString &percorso,
                         qint16 attributo) asm("__real__Z15Cartella_ElencaRK7QStrings");
 QStringList Elenca_Chiesta(const QString &percorso,
@@ -117,12 +113,6 @@ bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati,
 {
     gElenchi += percorso.startsWith(gDirAcc) ? 1 : 0;
     return Trova_Vera(percorso, trovati, intanto);
-}
-
-bool Nomi_Chiesti(const QString &percorso, qint16 attributo, QStringList &nomi)
-{
-    gElenchi += percorso.startsWith(gDirAcc) ? 1 : 0;
-    return Nomi_Veri(percorso, attributo, nomi);
 }
 
 QStringList Elenca_Chiesta(const QString &percorso, qint16 attributo)

@@ -175,22 +175,6 @@ private Q_SLOTS:
         QCOMPARE(Trova(u"L\\a*.acc"), Nomi({u"A.acc", u"aZ.acc", u"a_1.acc"}));
     }
 
-    /// By names alone: the same names in the same order, told apart by the mask of attributes.
-    void ricercaDeiNomi()
-    {
-        for (const qint16 attributo : {qint16{0}, qint16{16}}) {
-            QStringList nomi;
-            QVERIFY(Trova_Nomi(Percorso(u"L\\*"), attributo, nomi));
-            QCOMPARE(nomi, Elenca(u"L\\*", attributo));
-        }
-        QStringList nomi = {QStringLiteral("prima")};
-        QVERIFY(!Trova_Nomi(Percorso(u"L\\*.xyz"), 0, nomi));
-        QVERIFY(nomi.isEmpty());
-        QVERIFY(!Trova_Nomi(Percorso(u"manca\\*"), 0, nomi));
-        QVERIFY(Trova_Nomi(Percorso(u"V\\*"), 0, nomi)); // it can be listed, and holds no file
-        QVERIFY(nomi.isEmpty());
-    }
-
     /// A full folder takes a while: what runs meanwhile runs again and again, in a small one not at all.
     void intantoSiFaAltro()
     {
