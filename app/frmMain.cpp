@@ -76,6 +76,17 @@ constexpr qint32 AVVISO_ALTO = 1900;
 /// Logo of a further customer variant, with a password of its own: a hook, no code assigns it today.
 constexpr const char16_t *LOGO_NORVO = u"norvo_logo.gif";
 
+qint16 Altezza_Pulsante()
+{
+    return ScalaY_16(1050);
+}
+
+/// Where the picture ends and the first row of buttons begins.
+qint32 Cima_Menu()
+{
+    return gScreenH - RIGHE_MENU * Altezza_Pulsante();
+}
+
 /// Why the worklist does not open although it is in use. @param stato what the look at the folder found.
 QString Motivo_SenzaLista(StatoCartella stato)
 {
@@ -134,6 +145,7 @@ void frmMain::Disegno()
 
 void frmMain::Load()
 {
+    Disponi_Immagine();
     Mostra_Immagine();
     Disponi_Menu();
     Disattiva_Menu();
@@ -142,6 +154,12 @@ void frmMain::Load()
     Rileva();
     Mostra_Stato(mRilievo);
     cmdMnu[MenuProva].SetFocus();
+}
+
+/// Before the picture is loaded: a file is decoded at the size of its place.
+void frmMain::Disponi_Immagine()
+{
+    imgLogo->Posto(ScalaX(100), ScalaY(100), gScreenW - 200, Cima_Menu() - 200);
 }
 
 /// A customer without pictures of its own sees the program's name: no picture file is asked for.
@@ -158,9 +176,8 @@ void frmMain::Mostra_Immagine()
 
 void frmMain::Disponi_Menu()
 {
-    const qint16 altezza = ScalaY_16(1050);
-    const qint32 cima = gScreenH - RIGHE_MENU * altezza;
-    imgLogo->Posto(ScalaX(100), ScalaY(100), gScreenW - 200, cima - 200);
+    const qint16 altezza = Altezza_Pulsante();
+    const qint32 cima = Cima_Menu();
     for (qint16 i = 0; i <= cmdMnu.UBound(); ++i)
         cmdMnu[i].FontSize(ScalaX(20));
     for (qint16 i = 1; i <= ULTIMO_PULSANTE; ++i)

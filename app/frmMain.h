@@ -37,6 +37,7 @@ private:
     void Carica_Menu();
     void Disattiva_Menu();
     void Disponi_Stato(qint32 cima, qint32 larghezza, qint32 altezza);
+    void Disponi_Immagine();
     void Mostra_Immagine();
     void Carica_Password();
     void Rileva();

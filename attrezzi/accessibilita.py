@@ -8,6 +8,7 @@ from gi.repository import Gio, GLib
 
 REGISTRO = "org.a11y.atspi.Registry"
 RADICE = "/org/a11y/atspi/accessible/root"
+RADICE_EVENTI = "/org/a11y/atspi/registry"
 NESSUNO = "/org/a11y/atspi/null"  # stands where a child has no face of its own
 
 ACCESSIBILE = "org.a11y.atspi.Accessible"
@@ -51,6 +52,12 @@ class Bus:
         )
         collegamento.set_exit_on_close(False)
         return collegamento
+
+    def ascolta(self):
+        """Asks for what a screen reader asks for: programs tell nothing that nobody wants to hear."""
+        for evento in ("object:", "window:", "focus:"):
+            argomenti = GLib.Variant("(sass)", (evento, [], ""))
+            self.chiama(REGISTRO, RADICE_EVENTI, REGISTRO, "RegisterEvent", argomenti)
 
     def applicazioni(self):
         """The programs that can be seen."""

@@ -7,6 +7,9 @@ export LC_ALL=C.UTF-8
 
 REGISTRI=build/registri # one log a step
 
+# ccache keeps what is compiled with headers that were read before only when it is told so.
+export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+
 PACCHETTI_COSTRUZIONE=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libcups2-dev)
 # The manual that is delivered: its page and its print.
 PACCHETTI_MANUALE=(cmark-gfm weasyprint)
@@ -22,8 +25,8 @@ PACCHETTI_STAMPA=(cups cups-client cups-filters ghostscript printer-driver-cups-
 # The Windows program: its compiler, its installer, and what it runs on here. Wine prints where it finds libcups2;
 # the tests sign with a certificate of their own.
 PACCHETTI_WINDOWS=(g++-mingw-w64-x86-64-posix nsis wine64 wine locales libcups2 openssl osslsigncode)
-# The Debian package is made and looked into: dpkg-dev and file.
-PACCHETTI_CONTROLLI=(git clang-format clang-tidy cppcheck shellcheck pyflakes3 dpkg-dev file)
+# lld links the test programs, clang builds the fuzzers. The Debian package is made and looked into: dpkg-dev and file.
+PACCHETTI_CONTROLLI=(git lld clang libclang-rt-14-dev clang-format clang-tidy cppcheck shellcheck pyflakes3 dpkg-dev file)
 
 errore() {
     echo "$(basename "$0"): $*" >&2
@@ -50,13 +53,14 @@ installa() {
         errore "non si installano: ${mancanti[*]}"
 }
 
-# passo NAME TITLE COMMAND ...: runs a step into its log; shows the log's end when the step fails.
+# passo NAME TITLE COMMAND ...: runs a step into its log; shows the log's end when the step fails. NAME.tempo tells what
+# it took: seconds by the clock, of the processor for the programs, for the system.
 passo() {
-    local nome=$1 titolo=$2 inizio=$SECONDS stato=0
+    local nome=$1 titolo=$2 inizio=$SECONDS stato=0 TIMEFORMAT='%0R %0U %0S'
     shift 2
     mkdir -p "$REGISTRI"
     printf '%s... ' "$titolo"
-    "$@" >"$REGISTRI/$nome.log" 2>&1 </dev/null || stato=$?
+    { time "$@" >"$REGISTRI/$nome.log" 2>&1 </dev/null; } 2>"$REGISTRI/$nome.tempo" || stato=$?
     if [ $stato -eq 0 ]; then
         echo "fatto ($((SECONDS - inizio)) s)"
     else

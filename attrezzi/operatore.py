@@ -236,7 +236,7 @@ class SchermoVirtuale:
         # client leaves, and each xdotool is one.
         self._avvia(
             ["Xvfb", "-displayfd", scrittura, "-screen", "0", f"{larghezza}x{altezza}x24"]
-            + ["-nolisten", "tcp", "-noreset"],
+            + ["-nolisten", "tcp", "-noreset", "-fbdir", self.cartella],  # its pixels lie there (spettatore.py)
             pass_fds=[scrittura],
         )
         os.close(scrittura)

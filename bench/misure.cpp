@@ -1,8 +1,8 @@
 // The times that docs/prestazioni.md tells: profile reads, a language table, the check of an acceptance file,
 // the worst files that can be checked, the poll of a full exchange folder, the worklist's longest stall, one
 // evaluation.
-#include "app/avvio.h"
 #include "app/modApp.h"
+#include "bench/stazione_misure.h"
 #include "core/modCtl.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
@@ -21,72 +21,14 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
-#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QTemporaryDir>
-#include <QThread>
 #include <QTimer>
 
 #include <algorithm>
 #include <malloc.h>
 
 namespace {
-
-/// A station in a temporary folder, as an installation delivers it.
-class Stazione
-{
-public:
-    Stazione()
-    {
-        const QString sorgente = QStringLiteral(LUMIRA_SORGENTE);
-        for (const char16_t *nome : {u"lumira.ini", u"lingue.ini", u"lingueMCTC.ini"})
-            Copia(sorgente + QStringLiteral("/impianto/"), QString::fromUtf16(nome),
-                  m_cartella.path() + u'/');
-        QDir().mkpath(m_cartella.filePath(QStringLiteral("dati")));
-        QDir().mkpath(m_cartella.filePath(QStringLiteral("DIR_FAR")));
-        Copia(sorgente + QStringLiteral("/dati/"), QStringLiteral("ModelloAcc.acc"),
-              m_cartella.filePath(QStringLiteral("dati/")));
-        Avvio_Percorsi(m_cartella.path().replace(u'/', u'\\'));
-        for (const ChiaveIni &chiave : {ChiaveLocaleDati, ChiaveLocaleRisultati})
-            Scrivi_Ini(gFileIni, chiave, gAppPath);
-        Avvio_Impostazioni();
-        Accettazione(QStringLiteral("12345678.acc"));
-        // Files as old as those of a workshop: what was written this very instant is read again each time.
-        QThread::msleep(50);
-    }
-
-    void Accettazione(const QString &nome) const
-    {
-        QFile::copy(m_cartella.filePath(QStringLiteral("dati/ModelloAcc.acc")),
-                    m_cartella.filePath(QStringLiteral("DIR_FAR/") + nome));
-    }
-
-    void Scrivi(const QString &nome, const QByteArray &byte) const
-    {
-        QFile file(m_cartella.filePath(QStringLiteral("DIR_FAR/") + nome));
-        if (file.open(QIODevice::WriteOnly))
-            file.write(byte);
-        file.close();
-        QThread::msleep(50); // as old as those of a workshop
-    }
-    void Togli(const QString &nome) const
-    {
-        QFile::remove(m_cartella.filePath(QStringLiteral("DIR_FAR/") + nome));
-    }
-    QByteArray Modello() const
-    {
-        QFile file(m_cartella.filePath(QStringLiteral("dati/ModelloAcc.acc")));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-private:
-    static void Copia(const QString &da, const QString &nome, const QString &a)
-    {
-        QFile::copy(da + nome, a + nome);
-    }
-    QTemporaryDir m_cartella;
-};
 
 const Stazione &La_Stazione()
 {
@@ -239,6 +181,7 @@ void File_Peggiore_Detto(benchmark::State &stato)
     Mostra_E_Chiudi(QStringLiteral("pronto"));
     const QString file = gDirAcc + QStringLiteral("87654321.acc");
     La_Stazione().Scrivi(QStringLiteral("87654321.acc"), Byte_Di(peggiore));
+    Stazione::Invecchia();
     Picco_DaQui();
     const double prima = Picco();
     for (auto giro : stato) {
@@ -256,8 +199,7 @@ void File_Peggiore_Detto(benchmark::State &stato)
 void Sondaggio_10000(benchmark::State &stato)
 {
     const Stazione stazione;
-    for (int i = 0; i < 10000; ++i)
-        stazione.Accettazione(QStringLiteral("%1.acc").arg(20000000 + i));
+    stazione.Accettazioni(10000);
     QStringList prima;
     QStringList dopo;
     Fs_ElencoFirme(gDirAcc, QStringLiteral("*.acc"), prima);
@@ -271,8 +213,7 @@ void Sondaggio_10000(benchmark::State &stato)
 void Lettura_5000(benchmark::State &stato)
 {
     const Stazione stazione;
-    for (int i = 0; i < 5000; ++i)
-        stazione.Accettazione(QStringLiteral("%1.acc").arg(20000000 + i));
+    stazione.Accettazioni(5000);
     QList<VoceLista> voci;
     for (auto giro : stato) {
         (void)giro;
@@ -287,9 +228,11 @@ void Righe_5000(benchmark::State &stato)
     finestra.show();
     for (auto giro : stato) {
         (void)giro;
-        lista.Clear();
+        QStringList righe;
         for (int i = 0; i < 5000; ++i)
-            lista.AddItem(QStringLiteral("%1.ACC\tAB123CD").arg(20000000 + i));
+            righe.append(QStringLiteral("%1.ACC\tAB123CD").arg(20000000 + i));
+        lista.Clear();
+        lista.AddItems(righe);
         QCoreApplication::processEvents();
     }
 }
@@ -319,8 +262,7 @@ private:
 void Finestra_5000(benchmark::State &stato)
 {
     const Stazione stazione;
-    for (int i = 0; i < 5000; ++i)
-        stazione.Accettazione(QStringLiteral("%1.acc").arg(20000000 + i));
+    stazione.Accettazioni(5000);
     gScreenW = Schermo_Larghezza();
     gScreenH = Schermo_Altezza();
     for (auto giro : stato) {

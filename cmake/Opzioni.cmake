@@ -12,6 +12,11 @@ if(LUMIRA_SANITIZZATORI)
   target_compile_options(lumira_opzioni INTERFACE -fsanitize=address,undefined
                          -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   target_link_options(lumira_opzioni INTERFACE -fsanitize=address,undefined)
+  # A hundred test programs of tens of megabytes each: lld takes a third of the usual linker's time.
+  find_program(LUMIRA_LLD ld.lld)
+  if(LUMIRA_LLD AND NOT WIN32)
+    target_link_options(lumira_opzioni INTERFACE -fuse-ld=lld)
+  endif()
 endif()
 
 # lumira_libreria(NAME SOURCES file ... [LINK lib ...]): one library of the house.

@@ -4,6 +4,7 @@
 #include "core/modGeneral.h"
 #include "platform/colori.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/profilo.h"
 #include "toolkit/aspetto.h"
 #include "toolkit/schermo.h"
 
@@ -153,6 +154,9 @@ void Campi_Carattere(Modulo &form, double punti)
 
 void Campi_Applica(TabellaCampi tabella, qint16 ultimaRiga, Modulo &form)
 {
+    if (tabella.empty())
+        return;
+    const ProfiloFermo letto(tabella.front().File); // most often that of all the rows
     for (qint16 riga = 0; riga <= ultimaRiga; ++riga) {
         CampoForm &campo = tabella[static_cast<size_t>(riga)];
         Campo_Leggi(campo);

@@ -6,6 +6,8 @@
 #include "platform/eventi.h"
 #include "platform/percorsi.h"
 
+#include <QStringBuilder>
+
 Flag Fs_Esiste(const QString &percorso, qint16 attributo)
 {
     if (percorso.isEmpty())
@@ -68,15 +70,16 @@ QString Fs_TagliaNul(QString &testo)
 qint32 Fs_ElencoFirme(const QString &cartella, const QString &maschera, QStringList &firme)
 {
     QList<RecordTrovato> trovati;
-    if (!Trova_File(cartella + maschera, trovati))
+    if (!Trova_File(cartella + maschera, trovati, Eventi_Esegui))
         return -1;
     firme.clear();
+    firme.reserve(trovati.size());
     for (RecordTrovato &trovato : trovati) {
         // Both halves move when a file is written; together they need not be a time, only a text that
         // differs.
         const auto accessoAlto = static_cast<qint32>(trovato.ftLastAccessTime >> 32);
         const auto scritturaBassa = static_cast<qint32>(trovato.ftLastWriteTime & 0xFFFFFFFFu);
-        firme.append(Fs_TagliaNul(trovato.cFileName) + QStringLiteral(" - ") + QString::number(accessoAlto) +
+        firme.append(Fs_TagliaNul(trovato.cFileName) % u" - " % QString::number(accessoAlto) %
                      QString::number(scritturaBassa));
     }
     return Intero32(firme.size() - 1);

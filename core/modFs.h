@@ -35,6 +35,7 @@ QString Fs_Radice(const QString &percorso);
 /// Shortens a text, in place, to what stands before its first NUL, and returns it.
 QString Fs_TagliaNul(QString &testo);
 
-/// A cheap fingerprint of a folder, no file opened: one text per entry that differs when the file changes.
+/// A cheap fingerprint of a folder, no file opened: one text per entry that differs when the file changes. A
+/// full folder takes longer than an operator waits for an answer: events run meanwhile.
 /// @param[out] firme left as it was when nothing matches. @return the last index, -1 when nothing matches.
 qint32 Fs_ElencoFirme(const QString &cartella, const QString &maschera, QStringList &firme);

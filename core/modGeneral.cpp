@@ -122,6 +122,7 @@ QString Lingua_Id(qint16 id)
 
 void Carica_Lingua(const QString &file, qint16 ultimo, QStringList &tabella)
 {
+    const ProfiloFermo testi(file);
     tabella.resize(ultimo + 1);
     for (qint16 id = 0; id <= ultimo; ++id)
         Leggi_Ini(file, gLingua, Lingua_Id(id), tabella[id]);

@@ -2,7 +2,12 @@
 // installation, which an update keeps.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 /// E.g. "1.0.0".
 QString Versione_Programma();
+
+/// The version of another program of ours.
+/// @param programma the bytes of its file. @return empty where they hold none.
+QString Versione_Di(const QByteArray &programma);

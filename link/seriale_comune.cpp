@@ -29,12 +29,13 @@ size_t Posto_Di(const QString &testo, const char16_t *const (&tabella)[N])
     return static_cast<size_t>(std::distance(std::begin(tabella), posto));
 }
 
-/// A whole number between two limits, or error 380.
+/// A whole number between two limits, or error 380. To the conversion a text ends at its first NUL: what
+/// stands behind it would go unread.
 qint32 Numero_Tra(const QString &testo, qint32 minimo, qint32 massimo)
 {
     bool numero = false;
     const int valore = testo.toInt(&numero);
-    if (!numero || valore < minimo || valore > massimo)
+    if (!numero || testo.contains(QChar(0)) || valore < minimo || valore > massimo)
         Solleva(NumeroErrore::ValoreProprietaErrato);
     return valore;
 }

@@ -5,6 +5,7 @@
 #include "core/modGeneral.h"
 #include "core/sezioni_acc.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/profilo.h"
 
 std::array<CampoForm, RIGHE_ACC> gCampiAcc;
 
@@ -30,6 +31,7 @@ void Acc_AssegnaFile(const QString &percorso)
 
 void Acc_Apri(const QString &percorso)
 {
+    const ProfiloFermo accettazione(percorso);
     Acc_AssegnaFile(percorso);
     for (CampoForm &campo : gCampiAcc)
         Campo_Leggi(campo);

@@ -1,11 +1,10 @@
-// One listing, and what its names tell. What stands in a file is not known here.
+// One listing, and what it tells. What stands in a file is not known here.
 #include "mctc/cartella_scambio.h"
 
 #include "core/modFs.h"
 #include "platform/elenco.h"
 #include "platform/maiuscole.h"
 
-#include <QList>
 #include <QStringList>
 
 #include <algorithm>
@@ -15,14 +14,6 @@ namespace {
 bool Ha_Estensione(const QString &nome, QStringView estensione)
 {
     return Fs_Estensione(nome).compare(estensione, Qt::CaseInsensitive) == 0;
-}
-
-/// What a folder holds; nothing for one that cannot be listed.
-QList<RecordTrovato> Trovati_In(const QString &percorso, bool &elencata)
-{
-    QList<RecordTrovato> trovati;
-    elencata = Trova_File(percorso, trovati);
-    return trovati;
 }
 
 /// A result file that is empty is none: a station that was switched off in the middle of writing leaves it
@@ -44,9 +35,8 @@ CartellaScambio Cartella_Guarda(const QString &cartella)
 {
     if (!Fs_CartellaAmmessa(cartella))
         return {StatoCartella::Illeggibile, 0}; // too deep for its files
-    bool elencata = false;
-    const QList<RecordTrovato> trovati = Trovati_In(cartella + u'*', elencata);
-    if (!elencata) {
+    QList<RecordTrovato> trovati;
+    if (!Trova_File(cartella + u'*', trovati)) {
         const bool presente = Fs_Esiste(cartella.chopped(1), ATTRIBUTO_CARTELLA);
         return {presente ? StatoCartella::Illeggibile : StatoCartella::Mancante, 0};
     }
@@ -60,8 +50,9 @@ CartellaScambio Cartella_Guarda(const QString &cartella)
 
 VeicoliFatti Fatti_Elenca(const QString &cartella)
 {
-    bool elencata = false;
-    return Fatti_Tra(Trovati_In(cartella + QStringLiteral("*.far"), elencata));
+    QList<RecordTrovato> trovati;
+    Trova_File(cartella + QStringLiteral("*.far"), trovati);
+    return Fatti_Tra(trovati);
 }
 
 bool E_Fatto(const VeicoliFatti &fatti, const QString &nomeFile)

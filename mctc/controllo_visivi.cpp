@@ -4,6 +4,7 @@
 #include "core/modGeneral.h"
 #include "mctc/formato_acc.h"
 #include "platform/numeri.h"
+#include "platform/profilo.h"
 
 QStringList mErroriVisivi;
 QList<DifettoVisivo> gDifettiVisivi;
@@ -29,6 +30,7 @@ qint16 Visivo_Controlla(const QString &percorso, QStringList &sezioni)
 {
     sezioni.clear();
     gDifettiVisivi.clear();
+    const ProfiloFermo accettazione(percorso);
     for (const RegolaVisivo &regola : REGOLE_VISIVI) {
         const QString sezione = regola.Section.toString();
         const QString chiave = regola.Key.toString();

@@ -12,6 +12,7 @@
 #include "mctc/controllo_valori.h"
 #include "platform/colori.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/eventi.h"
 #include "report/frmMctc2.h"
 #include "toolkit/aspetto.h"
 #include "toolkit/elenco_colonne.h"
@@ -258,12 +259,17 @@ void frmMctcO::Lista_Aggiorna()
     if (!Caricato())
         return;
     const VeicoliFatti fatti = Fatti_Elenca(gDirAcc);
+    Eventi_Esegui(); // the results of a full folder and the lines to be drawn are two waits, not one
+    if (!Caricato())
+        return;
     const qint32 scelta = lstAuto->ListIndex(); // the line chosen while the files were read
     const QString prima = lstAuto->List(scelta);
-    lstAuto->Clear();
     mRighe = ultima + 1;
+    QStringList righe;
     for (qint32 i = 0; i < mRighe; ++i)
-        lstAuto->AddItem(mVoci[i].NomeFile + u'\t' + mVoci[i].Targa);
+        righe.append(mVoci[i].NomeFile + u'\t' + mVoci[i].Targa);
+    lstAuto->Clear();
+    lstAuto->AddItems(righe);
     mFatti = fatti;
     Segna_Fatti();
     if (scelta > ultima)
@@ -399,9 +405,11 @@ void frmMctcO::tmrLst_Timer()
 }
 
 /// The window stands still until the folder answers. Where it took its time at the last look, what the
-/// operator waits for is on the screen by then.
+/// operator waits for is on the screen by then. Events run while a full one is read, but no other poll; one
+/// of them may close the form.
 qint32 frmMctcO::Firme_Elenca(QStringList &firme)
 {
+    const QScopedValueRollback<bool> lettura(mInLettura, true);
     const QString conto = lblAttesa->Caption();
     if (mRiposo.Lento()) {
         lblAttesa->Caption(Testo_Mctc(MctcCartellaAttesa));
@@ -410,7 +418,8 @@ qint32 frmMctcO::Firme_Elenca(QStringList &firme)
     mRiposo.Comincia();
     const qint32 ultimo = Fs_ElencoFirme(gDirAcc, QString::fromUtf16(MASCHERA), firme);
     mRiposo.Finisci();
-    lblAttesa->Caption(conto);
+    if (Caricato())
+        lblAttesa->Caption(conto);
     return ultimo;
 }
 
@@ -419,6 +428,8 @@ void frmMctcO::Esamina_Cartella()
     qint32 differenza = -1;
     QStringList elenco;
     const qint32 ultimo = Firme_Elenca(elenco);
+    if (!Caricato())
+        return;
     const int prima = mUltimoConteggio.toInt();
     if (ultimo >= 0) {
         if (prima > -1)

@@ -6,6 +6,8 @@
 #include <QList>
 #include <QStringList>
 
+#include <functional>
+
 /// Attribute bits, as the file system keeps them.
 inline constexpr quint32 ATTRIBUTO_NASCOSTO = 2;
 inline constexpr quint32 ATTRIBUTO_CARTELLA = 16;
@@ -22,8 +24,11 @@ struct RecordTrovato
 
 /// The find calls: every entry that matches, "." and ".." and hidden ones included.
 /// @param percorso folder and mask, e.g. "C:\MCTC\DIR_FAR\*.acc".
-/// @param[out] trovati the records. @return false when nothing matches or the folder cannot be listed.
-bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati);
+/// @param[out] trovati the records. @param intanto runs again and again while a full folder is listed, which
+/// takes a while: each file is asked for its times.
+/// @return false when nothing matches or the folder cannot be listed.
+bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati,
+                const std::function<void()> &intanto = {});
 
 /// Names of the records that a mask of attributes lets through; see Cartella_Elenca.
 QStringList Nomi_Con(const QList<RecordTrovato> &trovati, qint16 attributo);

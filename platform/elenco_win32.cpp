@@ -24,9 +24,13 @@ RecordTrovato Record_Di(const WIN32_FIND_DATAW &dati)
     return trovato;
 }
 
+/// Files between two turns of what runs meanwhile.
+constexpr qsizetype FILE_A_TURNO = 200;
+
 /// Lists what matches, whole or not at all: a connection lost in the middle must not make the rest of the
 /// vehicles look gone. @return 0, or the number of the system's error.
-DWORD Elenca(const QString &percorso, QList<RecordTrovato> &trovati)
+DWORD Elenca(const QString &percorso, QList<RecordTrovato> &trovati,
+             const std::function<void()> &intanto = {})
 {
     // To the call a path would end at a NUL, and one past the longest would just not be there.
     if (percorso.contains(QChar(0)) || !Percorso_Ammesso(percorso))
@@ -36,9 +40,11 @@ DWORD Elenca(const QString &percorso, QList<RecordTrovato> &trovati)
     if (ricerca == INVALID_HANDLE_VALUE)
         return GetLastError();
     QList<RecordTrovato> elenco;
-    do
+    do {
         elenco.append(Record_Di(dati));
-    while (FindNextFileW(ricerca, &dati) != FALSE);
+        if (intanto && elenco.size() % FILE_A_TURNO == 0)
+            intanto();
+    } while (FindNextFileW(ricerca, &dati) != FALSE);
     const DWORD errore = GetLastError();
     FindClose(ricerca);
     if (errore != ERROR_NO_MORE_FILES)
@@ -55,10 +61,10 @@ bool Non_Trovato(DWORD errore)
 
 } // namespace
 
-bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati)
+bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati, const std::function<void()> &intanto)
 {
     trovati.clear();
-    return Elenca(percorso, trovati) == 0;
+    return Elenca(percorso, trovati, intanto) == 0;
 }
 
 QStringList Cartella_Elenca(const QString &percorso, qint16 attributo)

@@ -18,7 +18,7 @@ namespace {
 QString Forma_C(const QString &testo)
 {
     static const QRegularExpression FORMA(
-        QStringLiteral("^[+-]?(?:[0-9]+\\.?[0-9]*|\\.[0-9]+)(?:[eE][+-]?[0-9]+)?$"));
+        QStringLiteral("^[+-]?(?:[0-9]+\\.?[0-9]*|\\.[0-9]+)(?:[eE][+-]?[0-9]+)?\\z"));
 
     QString forma = testo.trimmed();
     if (Separatore_Decimale() == u',') {

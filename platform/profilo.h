@@ -28,3 +28,19 @@ bool Profilo_Ammette(const QString &sezione, const QString &chiave, const QStrin
 /// middle of it.
 bool Profilo_Scrivi(const QString &sezione, const QString &chiave, const QString &valore,
                     const QString &file);
+
+/// Many values for one look at the file: as long as it lives, reads of a profile give what stood there when
+/// it was made. For procedures that read a whole table and let no event run meanwhile; on a network folder
+/// each look is a way there and back. What the program writes meanwhile is read all the same. On Windows each
+/// read is a call of its own.
+class ProfiloFermo
+{
+public:
+    /// @param file as the reads will name it.
+    explicit ProfiloFermo(const QString &file);
+    ~ProfiloFermo();
+    Q_DISABLE_COPY_MOVE(ProfiloFermo)
+
+private:
+    QString m_file; // empty when an outer one stands for it
+};

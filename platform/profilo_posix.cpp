@@ -13,10 +13,13 @@
 #include <QHash>
 
 #include <algorithm>
+#include <array>
+#include <fcntl.h>
 #include <memory>
 #include <optional>
 #include <sys/stat.h>
 #include <time.h>
+#include <unistd.h>
 
 namespace {
 
@@ -37,13 +40,16 @@ struct Profilo
     StatoFile stato;
     bool certo = false; // a change made after the reading is bound to show in the status
     bool fermo = false; // and the file had been left alone for a while when it was read
-    QHash<QString, ValoriSezione> valori;
+    ValoriProfilo valori;
 };
 
 /// The worklist reads thousands of small files, each once or twice: only the last few are kept.
 constexpr int PROFILI_TENUTI = 8;
 
-QCache<QString, Profilo> tenuti(PROFILI_TENUTI);
+QCache<QString, std::shared_ptr<Profilo>> tenuti(PROFILI_TENUTI);
+
+/// Files that are not looked at for now, by the path that the reads give; nothing for one that is missing.
+QHash<QString, std::shared_ptr<Profilo>> fermi;
 
 /// Paths spelled in another case than their files, and where those are.
 QCache<QString, QString> risolti(PROFILI_TENUTI);
@@ -102,20 +108,25 @@ std::optional<StatoFile> Trova_Profilo(const QString &file, QString &nativo)
     return stato;
 }
 
-/// The bytes of a file; none when it cannot be read.
+/// The bytes of a file; none when it cannot be read. By the system's own calls: of a small file, of which the
+/// worklist reads thousands, the toolkit's class takes as long to come and go as to read it.
 std::optional<QByteArray> Byte_Di(const QString &nativo)
 {
-    QFile aperto(nativo);
-    QByteArray byte;
-    if (aperto.open(QIODevice::ReadOnly))
-        byte = aperto.readAll();
-    if (aperto.error() != QFileDevice::NoError)
+    const QByteArray nome = QFile::encodeName(nativo);
+    const int aperto = nome.contains('\0') ? -1 : ::open(nome.constData(), O_RDONLY | O_CLOEXEC);
+    if (aperto < 0)
         return std::nullopt;
-    return byte;
+    std::array<char, 16384> blocco;
+    QByteArray byte;
+    ssize_t letti = 0;
+    while ((letti = ::read(aperto, blocco.data(), blocco.size())) > 0)
+        byte.append(blocco.data(), letti);
+    ::close(aperto);
+    return letti < 0 ? std::nullopt : std::optional(byte);
 }
 
 /// The file as it stands now; nullptr when it is missing or cannot be read.
-const Profilo *Profilo_Attuale(const QString &file)
+std::shared_ptr<Profilo> Profilo_Attuale(const QString &file)
 {
     QString nativo;
     const std::optional<StatoFile> stato = Trova_Profilo(file, nativo);
@@ -123,10 +134,10 @@ const Profilo *Profilo_Attuale(const QString &file)
         tenuti.remove(nativo);
         return nullptr;
     }
-    if (const Profilo *tenuto = tenuti.object(nativo); tenuto != nullptr && Ancora_Valido(*tenuto, *stato))
-        return tenuto;
+    if (const auto *tenuto = tenuti.object(nativo); tenuto != nullptr && Ancora_Valido(**tenuto, *stato))
+        return *tenuto;
 
-    auto letto = std::make_unique<Profilo>();
+    auto letto = std::make_shared<Profilo>();
     letto->stato = *stato;
     letto->certo = Timbro_Passato(*stato);
     letto->fermo = Gia_Passato(*stato, ASSESTAMENTO);
@@ -135,9 +146,16 @@ const Profilo *Profilo_Attuale(const QString &file)
         tenuti.remove(nativo);
         return nullptr;
     }
-    letto->valori = Valori_Profilo(*byte);
-    tenuti.insert(nativo, letto.release());
-    return tenuti.object(nativo);
+    letto->valori = ValoriProfilo(*byte);
+    tenuti.insert(nativo, new std::shared_ptr<Profilo>(letto));
+    return letto;
+}
+
+/// What a read is answered from.
+std::shared_ptr<Profilo> Profilo_Da(const QString &file)
+{
+    const auto fermo = fermi.constFind(file);
+    return fermo != fermi.cend() ? *fermo : Profilo_Attuale(file);
 }
 
 /// Where the file of a path is, behind however many symbolic links: its folder is the one to lock. A path to
@@ -165,13 +183,10 @@ bool Valore_Sostituisci(const QString &vero, const QString &sezione, const QStri
 QString Profilo_Leggi(const QString &sezione, const QString &chiave, const QString &predefinito, int capienza,
                       const QString &file)
 {
-    QString valore = predefinito;
-    if (const Profilo *profilo = Profilo_Attuale(file)) {
-        const auto trovata = profilo->valori.constFind(Nome_DaConfrontare(sezione));
-        if (trovata != profilo->valori.cend())
-            valore = trovata->value(Nome_DaConfrontare(chiave)).value_or(predefinito);
-    }
-    return valore.left(std::max(0, capienza - 1));
+    std::optional<QString> valore;
+    if (const std::shared_ptr<Profilo> profilo = Profilo_Da(file))
+        valore = profilo->valori.Valore(Nome_DaConfrontare(sezione), Nome_DaConfrontare(chiave));
+    return valore.value_or(predefinito).left(std::max(0, capienza - 1));
 }
 
 bool Profilo_Scrivi(const QString &sezione, const QString &chiave, const QString &valore, const QString &file)
@@ -182,7 +197,21 @@ bool Profilo_Scrivi(const QString &sezione, const QString &chiave, const QString
     const QString vero = Percorso_Vero(nativo);
     const bool scritto = Valore_Sostituisci(vero, sezione, chiave, valore);
     tenuti.remove(nativo);
+    fermi.clear(); // the file may be one of them under another spelling
     if (scritto)
         File_Riassetta(vero);
     return scritto;
+}
+
+ProfiloFermo::ProfiloFermo(const QString &file)
+{
+    if (fermi.contains(file))
+        return;
+    m_file = file;
+    fermi.insert(file, Profilo_Attuale(file));
+}
+
+ProfiloFermo::~ProfiloFermo()
+{
+    fermi.remove(m_file);
 }

@@ -8,6 +8,7 @@
 #include <QByteArrayView>
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -43,15 +44,27 @@ QByteArrayView Senza_Bianchi(QByteArrayView testo)
     return testo;
 }
 
-/// A name as it is compared, without regard to case.
-QString Nome_DaAnsi(const QByteArray &byte)
+/// The capital of each byte: names are most of what is read of a file.
+QString Grandi()
 {
-    return Maiuscole(Testo_DaAnsi(byte));
+    QByteArray tutti(256, Qt::Uninitialized);
+    std::iota(tutti.begin(), tutti.end(), char{0});
+    return Maiuscole(Testo_DaAnsi(tutti));
+}
+
+/// A name as it is compared, without regard to case.
+QString Nome_DaAnsi(QByteArrayView byte)
+{
+    static const QString GRANDI = Grandi();
+    QString nome(byte.size(), Qt::Uninitialized);
+    std::transform(byte.begin(), byte.end(), nome.begin(),
+                   [](char c) { return GRANDI[static_cast<unsigned char>(c)]; });
+    return nome;
 }
 
 QString Nome_DaByte(QByteArrayView nome)
 {
-    return Nome_DaAnsi(Senza_Bianchi(nome).toByteArray());
+    return Nome_DaAnsi(Senza_Bianchi(nome));
 }
 
 /// A section or key as the caller gives it: it ends at a NUL and loses spaces, only spaces, at both ends.
@@ -85,12 +98,18 @@ qsizetype Fine_Riga(QByteArrayView byte, qsizetype inizio)
     return fine - byte.begin();
 }
 
+/// Where the line behind it begins.
+qsizetype Dopo_Riga(QByteArrayView byte, qsizetype fine)
+{
+    const qsizetype segni = byte.sliced(fine).startsWith("\r\n") ? 2 : 1;
+    return std::min(fine + segni, byte.size());
+}
+
 Riga Riga_Da(QByteArrayView byte, qsizetype inizio)
 {
     Riga riga;
     riga.fine = Fine_Riga(byte, inizio);
-    const qsizetype segni = byte.sliced(riga.fine).startsWith("\r\n") ? 2 : 1;
-    riga.dopo = std::min(riga.fine + segni, byte.size());
+    riga.dopo = Dopo_Riga(byte, riga.fine);
 
     const QByteArrayView testo = byte.sliced(inizio, riga.fine - inizio);
     const QByteArrayView spoglio = Senza_Bianchi(testo);
@@ -106,13 +125,6 @@ Riga Riga_Da(QByteArrayView byte, qsizetype inizio)
         riga.valore = riga.uguale ? inizio + uguale + 1 : riga.fine;
     }
     return riga;
-}
-
-std::optional<QString> Valore_Di(const Riga &riga, QByteArrayView byte)
-{
-    if (!riga.uguale)
-        return std::nullopt;
-    return Valore_DaByte(byte.sliced(riga.valore, riga.fine - riga.valore));
 }
 
 /// Where a key stands, or where it would go.
@@ -158,19 +170,46 @@ QString Nome_DaConfrontare(const QString &nome)
     return Nome_DaAnsi(Nome_Richiesto(nome));
 }
 
-QHash<QString, ValoriSezione> Valori_Profilo(QByteArrayView byte)
+ValoriProfilo::ValoriProfilo(const QByteArray &byte) : m_byte(byte)
 {
-    QHash<QString, ValoriSezione> valori;
-    ValoriSezione *sezione = nullptr; // the one that is being filled: the first of its name
+    Sezione *aperta = nullptr; // the one that the next head ends: the first of its name
     for (qsizetype inizio = 0; inizio < byte.size();) {
-        const Riga riga = Riga_Da(byte, inizio);
-        inizio = riga.dopo;
-        if (riga.tipo == TipoRiga::Testa)
-            sezione = valori.contains(riga.nome) ? nullptr : &valori[riga.nome];
-        else if (riga.tipo == TipoRiga::Chiave && sezione != nullptr && !sezione->contains(riga.nome))
-            sezione->insert(riga.nome, Valore_Di(riga, byte));
+        const qsizetype fine = Fine_Riga(byte, inizio);
+        const qsizetype dopo = Dopo_Riga(byte, fine);
+        if (Senza_Bianchi(QByteArrayView(byte).sliced(inizio, fine - inizio)).startsWith('[')) {
+            if (aperta != nullptr)
+                aperta->a = inizio;
+            const QString nome = Riga_Da(byte, inizio).nome;
+            aperta = m_sezioni.contains(nome) ? nullptr : &*m_sezioni.insert(nome, {dopo, byte.size(), {}});
+        }
+        inizio = dopo;
     }
-    return valori;
+}
+
+std::optional<QString> ValoriProfilo::Valore(const QString &sezione, const QString &chiave)
+{
+    const auto trovata = m_sezioni.find(sezione);
+    if (trovata == m_sezioni.end())
+        return std::nullopt;
+    if (!trovata->chiavi)
+        trovata->chiavi = Chiavi_Di(*trovata);
+    const std::optional<Tratto> valore = trovata->chiavi->value(chiave);
+    if (!valore)
+        return std::nullopt;
+    return Valore_DaByte(QByteArrayView(m_byte).sliced(valore->da, valore->a - valore->da));
+}
+
+ValoriProfilo::Chiavi ValoriProfilo::Chiavi_Di(const Sezione &sezione) const
+{
+    Chiavi chiavi;
+    for (qsizetype inizio = sezione.da; inizio < sezione.a;) {
+        const Riga riga = Riga_Da(m_byte, inizio);
+        inizio = riga.dopo;
+        if (riga.tipo == TipoRiga::Chiave && !chiavi.contains(riga.nome))
+            chiavi.insert(riga.nome,
+                          riga.uguale ? std::optional(Tratto{riga.valore, riga.fine}) : std::nullopt);
+    }
+    return chiavi;
 }
 
 QList<RigaProfilo> Righe_Profilo(QByteArrayView byte)

@@ -9,16 +9,43 @@
 
 #include <optional>
 
-/// Values of a section by the name of their key; none for a key without "=", which stands in the way of a
-/// later one of its name. Names as Nome_DaConfrontare gives them.
-using ValoriSezione = QHash<QString, std::optional<QString>>;
-
 /// A section or key that is asked for, as it is compared: up to its first NUL, without the spaces (only
 /// spaces) at both ends, without regard to case.
 QString Nome_DaConfrontare(const QString &nome);
 
 /// What a profile's bytes give to read: the first section of each name and the first key of each name in it.
-QHash<QString, ValoriSezione> Valori_Profilo(QByteArrayView byte);
+/// Heads are found at once, the keys of a section when one of them is first asked for: the worklist wants the
+/// plate of thousands of files and nothing else of them, a station one language of its texts.
+class ValoriProfilo
+{
+public:
+    ValoriProfilo() = default;
+    explicit ValoriProfilo(const QByteArray &byte);
+
+    /// @param sezione, chiave  as Nome_DaConfrontare gives them.
+    /// @return none for a key that is missing or without "="; the latter stands in the way of a later one of
+    /// its name.
+    std::optional<QString> Valore(const QString &sezione, const QString &chiave);
+
+private:
+    /// Where the text of a value stands, its blanks and quotes included.
+    struct Tratto
+    {
+        qsizetype da;
+        qsizetype a;
+    };
+    using Chiavi = QHash<QString, std::optional<Tratto>>; // none for a key without "="
+    struct Sezione
+    {
+        qsizetype da; // behind its head
+        qsizetype a;  // the next head, or the end
+        std::optional<Chiavi> chiavi;
+    };
+    Chiavi Chiavi_Di(const Sezione &sezione) const;
+
+    QByteArray m_byte;
+    QHash<QString, Sezione> m_sezioni;
+};
 
 /// A head or a key as it stands in the file, also one that another hides.
 struct RigaProfilo

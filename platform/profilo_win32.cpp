@@ -105,9 +105,9 @@ std::optional<QByteArray> Byte_Di(const QString &nativo)
 QString Leggi_Byte(const QString &sezione, const QString &chiave, const QString &predefinito, int capienza,
                    const QString &file)
 {
-    const auto valori = Valori_Profilo(Byte_Di(Percorso_Nativo(file)).value_or(QByteArray()));
+    ValoriProfilo valori(Byte_Di(Percorso_Nativo(file)).value_or(QByteArray()));
     const std::optional<QString> valore =
-        valori.value(Nome_DaConfrontare(sezione)).value(Nome_DaConfrontare(chiave));
+        valori.Valore(Nome_DaConfrontare(sezione), Nome_DaConfrontare(chiave));
     return valore.value_or(predefinito).left(capienza - 1);
 }
 
@@ -137,3 +137,7 @@ bool Profilo_Scrivi(const QString &sezione, const QString &chiave, const QString
     return Profilo_Ammette(sezione, chiave, valore) &&
            (Pagina_DiUnByte() ? Scrivi_Chiamata : Scrivi_Byte)(sezione, chiave, valore, file);
 }
+
+ProfiloFermo::ProfiloFermo(const QString &) : m_file() {} // the calls themselves keep nothing
+
+ProfiloFermo::~ProfiloFermo() = default;

@@ -89,6 +89,7 @@ frmEsito::~frmEsito() = default;
 
 void frmEsito::Disegno()
 {
+    Massimizza(); // before there are controls: another kind of window has each of them polished anew
     lblTitolo = std::make_unique<Etichetta>(Finestra(), QStringLiteral("lblTitolo"));
     lblTitolo->Allineamento(Orizzontale::Centro);
     lblTitolo->FontBold(true);
@@ -133,7 +134,6 @@ void frmEsito::Disegno()
 
 void frmEsito::Load()
 {
-    Massimizza();
     Campi_Azzera(gCampiEsito, ULTIMA_RIGA);
     Disponi_Pulsanti();
     Mostra_Verdetto();

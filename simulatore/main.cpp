@@ -1,5 +1,6 @@
 // qx5sim: stands in for the instrument on a serial line, for demonstration, training and tests; keeps the
 // record of a real one, and plays it again.
+#include "core/versione.h"
 #include "platform/orologio.h"
 #include "simulatore/apertura.h"
 #include "simulatore/banco.h"
@@ -130,7 +131,7 @@ int main(int argc, char *argv[])
 {
     std::optional<Opzioni> opzioni;
     QString cartella;
-    QCoreApplication::setApplicationVersion(QStringLiteral(QX5SIM_VERSIONE));
+    QCoreApplication::setApplicationVersion(Versione_Programma());
     {
         const QCoreApplication programma(argc, argv);
         QString errore;

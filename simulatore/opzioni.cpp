@@ -1,6 +1,8 @@
 // The options by table, their help and what contradicts itself. It opens nothing.
 #include "simulatore/opzioni.h"
 
+#include "core/lingue.h"
+
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
@@ -38,9 +40,6 @@ constexpr DefOpzione OPZIONI[] = {
 
 constexpr int COLONNA_DESCRIZIONI = 26;
 
-/// Languages of the window.
-constexpr const char16_t *LINGUE[] = {u"IT", u"FR", u"EN", u"ES", u"DE"};
-
 /// How an option agrees with others, whose names stand with a blank between them; "scenario" is the file
 /// without an option.
 struct DefAccordo
@@ -64,6 +63,14 @@ constexpr DefAccordo ACCORDI[] = {
     {u"lingua",        false, u"finestra",  u"--lingua vale con --finestra"},
 };
 // clang-format on
+
+/// The window speaks the languages of the station.
+bool E_Lingua(const QString &sigla)
+{
+    return std::any_of(std::begin(LINGUE), std::end(LINGUE), [&sigla](const LinguaStazione &lingua) {
+        return sigla.compare(QStringView(lingua.codice), Qt::CaseInsensitive) == 0;
+    });
+}
 
 QString Percorso_Intero(const QString &percorso)
 {
@@ -131,9 +138,7 @@ std::optional<Opzioni> Opzioni_Leggi(const QStringList &argomenti, QString &erro
     opzioni.svelto = analisi.isSet(QStringLiteral("svelto"));
     opzioni.finestra = analisi.isSet(QStringLiteral("finestra"));
     opzioni.lingua = analisi.value(QStringLiteral("lingua")).toUpper();
-    if (!opzioni.lingua.isEmpty() &&
-        std::find(std::begin(LINGUE), std::end(LINGUE), opzioni.lingua) == std::end(LINGUE))
-    {
+    if (!opzioni.lingua.isEmpty() && !E_Lingua(opzioni.lingua)) {
         errore = QStringLiteral("--lingua vuole una di queste sigle: IT, FR, EN, ES, DE");
         return std::nullopt;
     }

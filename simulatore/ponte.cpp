@@ -20,7 +20,7 @@ void Ponte::Annota(const QString &testo)
 
 void Ponte::Passa(Voce voce, Linea &verso, const QByteArray &byte)
 {
-    const Brano brano = {m_orologio.elapsed(), voce, byte};
+    const BranoLinea brano = {m_orologio.elapsed(), voce, byte};
     // What the other side did not get is no part of what was said: played again it would be heard.
     if (!verso.Scrivi(byte)) {
         Annota(QStringLiteral("non passati: ") + Brano_Testo(brano).simplified());

@@ -58,7 +58,7 @@ QString Testa_Difetto(const QString &riga)
 }
 
 /// @return what is wrong with the line of a piece; empty when nothing is.
-QString Brano_Leggi(const QString &riga, Brano &brano)
+QString Brano_Leggi(const QString &riga, BranoLinea &brano)
 {
     static const QRegularExpression FORMA(
         QStringLiteral("^(\\d{1,15})\\s+(\\w+)\\s+([0-9A-Fa-f]{2}(?:\\s+[0-9A-Fa-f]{2})*)$"));
@@ -85,7 +85,7 @@ QString Riga_Leggi(const QString &riga, Registrazione &registrazione)
         registrazione.far = riga.sliced(QStringView(PAROLA_FAR).size()).trimmed();
         return {};
     }
-    Brano brano;
+    BranoLinea brano;
     if (QString difetto = Brano_Leggi(riga, brano); !difetto.isEmpty())
         return difetto;
     if (!registrazione.brani.isEmpty() && brano.ms < registrazione.brani.last().ms)
@@ -96,7 +96,7 @@ QString Riga_Leggi(const QString &riga, Registrazione &registrazione)
 
 } // namespace
 
-QString Brano_Testo(const Brano &brano)
+QString Brano_Testo(const BranoLinea &brano)
 {
     return QString::number(brano.ms).rightJustified(LARGHEZZA_MS) + u' ' +
            Voce_Nome(brano.voce).leftJustified(LARGHEZZA_VOCE) + u' ' + Trama_Hex(brano.byte);
@@ -116,7 +116,7 @@ QStringList Registrazione_Leggi(const QString &file, Registrazione &registrazion
     for (qsizetype i = 1; i < righe.size(); ++i) {
         const QString difetto = Riga_Leggi(righe[i].trimmed(), letta);
         if (!difetto.isEmpty())
-            errori.append(QStringLiteral("%1, riga %2: %3").arg(file).arg(i + 1).arg(difetto));
+            errori.append(QStringLiteral("%1, riga %2: %3").arg(file, QString::number(i + 1), difetto));
     }
     if (errori.isEmpty())
         registrazione = letta;
@@ -144,7 +144,7 @@ void ScrittoreRegistrazione::Scarta()
     m_file.remove();
 }
 
-bool ScrittoreRegistrazione::Aggiungi(const Brano &brano)
+bool ScrittoreRegistrazione::Aggiungi(const BranoLinea &brano)
 {
     return Scrivi(Brano_Testo(brano));
 }

@@ -17,7 +17,7 @@ enum class Voce : quint8
 };
 
 /// Bytes that came in together.
-struct Brano
+struct BranoLinea
 {
     qint64 ms = 0; ///< from the start of the record
     Voce voce = Voce::Stazione;
@@ -26,12 +26,12 @@ struct Brano
 
 struct Registrazione
 {
-    QString far;        ///< file of the result that a station makes of it; empty when none is named
-    QList<Brano> brani; ///< in order of time
+    QString far;             ///< file of the result that a station makes of it; empty when none is named
+    QList<BranoLinea> brani; ///< in order of time
 };
 
 /// A record's line, without its end.
-QString Brano_Testo(const Brano &brano);
+QString Brano_Testo(const BranoLinea &brano);
 
 /// Reads a record.
 /// @param[out] registrazione left as it was when there is an error.
@@ -48,7 +48,7 @@ public:
     bool Apri(const QString &percorso, const QString &nota, QString &errore);
 
     /// @return false when the line could not be written.
-    bool Aggiungi(const Brano &brano);
+    bool Aggiungi(const BranoLinea &brano);
 
     /// Takes the file away again: nothing has been recorded.
     void Scarta();

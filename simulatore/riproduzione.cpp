@@ -18,7 +18,7 @@ Riproduzione::Riproduzione(const Registrazione &registrazione, bool svelta,
 {
     AssemblatoreComandi comandi;
     qint64 inizio = 0; // ms of the last command's end
-    for (const Brano &brano : registrazione.brani) {
+    for (const BranoLinea &brano : registrazione.brani) {
         if (brano.voce == Voce::Strumento && m_turni.isEmpty()) {
             // Before the first command nobody can say when the station has opened its end.
             Annota(QStringLiteral("-- prima di ogni comando, non riprodotti: ") + Trama_Hex(brano.byte));

@@ -63,7 +63,8 @@ public:
         bool buono = false;
         const int numero = valore.isEmpty() ? predefinito : valore.toInt(&buono);
         if (!valore.isEmpty() && (!buono || numero < 0 || numero > massimo))
-            Errore(chiave, QStringLiteral("\"%1\" non è un numero da 0 a %2").arg(valore).arg(massimo));
+            Errore(chiave,
+                   QStringLiteral("\"%1\" non è un numero da 0 a %2").arg(valore, QString::number(massimo)));
         return numero;
     }
 
@@ -142,9 +143,7 @@ QString Guasto_Interpreta(const QString &testo, Guasto &guasto)
     guasto.numero = pezzi[3].toInt(&buono);
     if (!buono || guasto.numero < def->minimo || guasto.numero > def->massimo)
         return QStringLiteral("\"%1\" non è un numero da %2 a %3")
-            .arg(pezzi[3])
-            .arg(def->minimo)
-            .arg(def->massimo);
+            .arg(pezzi[3], QString::number(def->minimo), QString::number(def->massimo));
     return {};
 }
 

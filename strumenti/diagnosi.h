@@ -5,9 +5,15 @@
 #include "platform/porta_seriale.h"
 #include "strumenti/riscontro.h"
 
-/// The files that the station is delivered with: there, readable, not empty, and the program of which
-/// version.
+/// The files that the station is delivered with: there, readable, not empty, by their sums where their bill
+/// is there too; and the program of which version.
 void Diagnosi_Programma(Riscontri &riscontri);
+
+/// Names of the pictures, in the folder of the pictures, without which the station ends.
+QStringList Figure_Necessarie();
+
+/// Those pictures, opened.
+void Diagnosi_Figure(Riscontri &riscontri);
 
 /// Path of the station's program.
 QString Programma_Stazione();
@@ -18,7 +24,7 @@ void Diagnosi_Configurazione(Riscontri &riscontri);
 /// The screen texts, in every language.
 void Diagnosi_Testi(Riscontri &riscontri);
 
-/// The exchange folders and the files in them.
+/// The exchange folder and the files in it.
 /// @param scrivi tries to write: a file whose name nobody takes for his own, gone at once. Otherwise the
 /// system's rights tell.
 void Diagnosi_Cartelle(Riscontri &riscontri, bool scrivi);
@@ -49,7 +55,7 @@ void Diagnosi_Schermo(Riscontri &riscontri, const QString &programma);
 /// @param argc, argv of main: it makes the application.
 QString Schermo_Descrivi(int &argc, char **argv);
 
-/// Room on the disks of the station and of the results.
+/// Room on the disks of the station and of the exchange folder.
 void Diagnosi_Disco(Riscontri &riscontri);
 
 /// @param byte free. @return what they are good for.

@@ -1,4 +1,4 @@
-// The two exchange folders, and the check of every file that lies in them.
+// The exchange folder, and the check of every file that lies in it.
 #include "strumenti/diagnosi.h"
 
 #include "core/modFs.h"
@@ -8,13 +8,14 @@
 #include "platform/errore_esecuzione.h"
 #include "platform/percorsi.h"
 #include "strumenti/controllo_acc.h"
+#include "strumenti/elenco_file.h"
 #include "strumenti/parole.h"
+#include "strumenti/scrivibile.h"
 #include "strumenti/stazione_strumento.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QFileInfo>
 
 namespace {
 
@@ -53,16 +54,14 @@ QString Cartella_Mostrata(const QString &cartella)
     return Percorso_Mostrato(cartella.chopped(1));
 }
 
-QStringList File_Con(const QString &cartella, const QString &maschera)
+/// A folder that cannot be listed is told as such: it is no empty one.
+QStringList File_Con(Riscontri &riscontri, const QString &cartella, const QString &maschera)
 {
-    try {
-        QString conBarra = cartella;
-        QStringList file;
-        Fs_Elenco(conBarra, maschera, file, Vero, Vero);
-        return file;
-    } catch (const ErroreEsecuzione &) {
-        return {};
-    }
+    QStringList file;
+    if (!Cartella_Elenca(cartella, maschera, file))
+        Trovato_Guasto(riscontri, Materia::Cartelle, In_Parole(ILLEGGIBILE).arg(Cartella_Mostrata(cartella)),
+                       In_Parole(DARE_DIRITTI));
+    return file;
 }
 
 /// Of a file that cannot be read nobody knows that it is good.
@@ -117,8 +116,7 @@ bool Scrittura_Riuscita(const QString &cartella)
 
 void Guarda_Diritti(Riscontri &riscontri, const QString &cartella, bool scrivi)
 {
-    const bool buoni =
-        scrivi ? Scrittura_Riuscita(cartella) : QFileInfo(Percorso_Nativo(cartella)).isWritable();
+    const bool buoni = scrivi ? Scrittura_Riuscita(cartella) : Cartella_Scrivibile(cartella);
     if (!buoni)
         Trovato_Guasto(riscontri, Materia::Cartelle,
                        In_Parole(NON_SCRIVIBILE).arg(Cartella_Mostrata(cartella)), In_Parole(DARE_DIRITTI));
@@ -126,8 +124,8 @@ void Guarda_Diritti(Riscontri &riscontri, const QString &cartella, bool scrivi)
         Trovato_Buono(riscontri, Materia::Cartelle, In_Parole(SCRITTA).arg(Cartella_Mostrata(cartella)));
 }
 
-/// @return false when there is nothing to look into.
-bool Guarda_Cartella(Riscontri &riscontri, const QString &cartella, bool scrivi)
+/// @param[out] accettazioni its acceptance files. @return false when there is nothing to look into.
+bool Guarda_Cartella(Riscontri &riscontri, const QString &cartella, bool scrivi, QStringList &accettazioni)
 {
     QElapsedTimer tempo;
     tempo.start();
@@ -145,13 +143,14 @@ bool Guarda_Cartella(Riscontri &riscontri, const QString &cartella, bool scrivi)
             {Materia::Cartelle, seManca, In_Parole(ILLEGGIBILE).arg(mostrata), In_Parole(DARE_DIRITTI)});
         return false;
     }
-    const auto quanti = QString::number(File_Con(cartella, QStringLiteral("*.acc")).size());
+    accettazioni = File_Con(riscontri, cartella, QStringLiteral("*.acc"));
     if (durata > ELENCO_LENTO)
         Trovato_Avviso(riscontri, Materia::Cartelle, In_Parole(LENTA).arg(mostrata, QString::number(durata)),
                        In_Parole(RETE));
     else
         Trovato_Buono(riscontri, Materia::Cartelle,
-                      In_Parole(PRESENTE).arg(mostrata, QString::number(durata), quanti,
+                      In_Parole(PRESENTE).arg(mostrata, QString::number(durata),
+                                              QString::number(accettazioni.size()),
                                               QString::number(trovata.InAttesa)));
     Guarda_Diritti(riscontri, cartella, scrivi);
     return true;
@@ -159,18 +158,17 @@ bool Guarda_Cartella(Riscontri &riscontri, const QString &cartella, bool scrivi)
 
 } // namespace
 
+/// Results go where the acceptance files lie: the folder that lumira.ini has for them nobody uses.
 void Diagnosi_Cartelle(Riscontri &riscontri, bool scrivi)
 {
-    const bool accettazioni = Guarda_Cartella(riscontri, gDirAcc, scrivi);
-    const bool una = gDirFar.compare(gDirAcc, Qt::CaseInsensitive) == 0;
-    const bool risultati = una ? accettazioni : Guarda_Cartella(riscontri, gDirFar, scrivi);
+    QStringList accettazioni;
+    if (!Guarda_Cartella(riscontri, gDirAcc, scrivi, accettazioni))
+        return;
     // Without the template every file is anomalous, and that is no fault of theirs.
-    if (accettazioni && Fs_Esiste(gFileModelloAcc, 0)) {
+    if (Fs_Esiste(gFileModelloAcc, 0)) {
         Controllo_Prepara();
-        Guarda_File(riscontri, gDirAcc, File_Con(gDirAcc, QStringLiteral("*.acc")), Acc_Buono, ACC_BUONI,
-                    ACC_ANOMALI, USARE_ACC);
+        Guarda_File(riscontri, gDirAcc, accettazioni, Acc_Buono, ACC_BUONI, ACC_ANOMALI, USARE_ACC);
     }
-    if (risultati)
-        Guarda_File(riscontri, gDirFar, File_Con(gDirFar, QStringLiteral("*.far")), Far_Buono, FAR_BUONI,
-                    FAR_DIFETTOSI, USARE_FAR);
+    Guarda_File(riscontri, gDirAcc, File_Con(riscontri, gDirAcc, QStringLiteral("*.far")), Far_Buono,
+                FAR_BUONI, FAR_DIFETTOSI, USARE_FAR);
 }

@@ -15,9 +15,12 @@
 #include "platform/orologio.h"
 #include "platform/percorsi.h"
 #include "platform/profilo_testo.h"
+#include "strumenti/codice_testo.h"
 #include "strumenti/parole.h"
 #include "strumenti/password_coperta.h"
+#include "strumenti/scrivibile.h"
 
+#include <QDate>
 #include <QFile>
 #include <QMap>
 #include <QRegularExpression>
@@ -51,13 +54,6 @@ constexpr Parole CHIAVE_DOPPIA = {u"riga %1: %2 c'è già, questa nessuno la leg
                                   u"line %1: %2 stands there before, nobody reads this one"};
 constexpr Parole SENZA_UGUALE = {u"riga %1: %2 non ha il segno =", u"line %1: %2 has no sign ="};
 constexpr Parole UNIRE = {u"tenere una volta sola ciò che vale", u"keep once what holds"};
-
-/// Text is only the letters of a file in this: a byte that is none of UTF-8 makes it no text.
-bool E_Utf8(const QByteArray &riga)
-{
-    const bool accenti = std::any_of(riga.cbegin(), riga.cend(), [](char c) { return (c & 0x80) != 0; });
-    return accenti && !QString::fromUtf8(riga).contains(QChar::ReplacementCharacter);
-}
 
 bool E_Password(const QString &nome)
 {
@@ -196,6 +192,22 @@ bool Guarda_Righe(Riscontri &riscontri)
     return true;
 }
 
+// --- the file itself --------------------------------------------------------------------------------------
+
+constexpr Parole NON_SCRIVIBILE = {u"lumira.ini non si può scrivere: ogni modifica andrà persa",
+                                   u"lumira.ini cannot be written: every change will be lost"};
+constexpr Parole DARE_DIRITTI = {
+    u"dare all'utente della stazione il diritto di scrivere il file e la sua cartella",
+    u"let the station's user write the file and its folder"};
+
+/// The station says so at its start, once, to whoever sits there then.
+void Guarda_Scrittura(Riscontri &riscontri)
+{
+    if (!Configurazione_Scrivibile(gFileIni))
+        Trovato_Avviso(riscontri, Materia::Configurazione, In_Parole(NON_SCRIVIBILE),
+                       In_Parole(DARE_DIRITTI));
+}
+
 // --- value by value ---------------------------------------------------------------------------------------
 
 bool E_Flag(const QString &valore)
@@ -218,6 +230,24 @@ bool E_Lux(const QString &valore)
 bool E_Numero(const QString &valore)
 {
     return Numero_Valido(Con_Separatore(valore, Locale_Info(LOCALE_SEPARATORE_DECIMALE)));
+}
+/// As the entry form takes it, with no word for it: what it cannot take ends the program.
+bool E_Altezza(const QString &valore)
+{
+    try {
+        Numero_Doppio(valore);
+        return true;
+    } catch (const ErroreEsecuzione &) {
+        return false;
+    }
+}
+bool E_DataControllo(const QString &valore)
+{
+    return QDate::fromString(valore, QStringLiteral("ddMMyyyy")).isValid();
+}
+bool E_Versione(const QString &valore)
+{
+    return std::all_of(valore.cbegin(), valore.cend(), [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 bool E_Lingua(const QString &valore)
 {
@@ -244,6 +274,10 @@ constexpr Parole CAMERA = {u"S, N, 0 o 1", u"S, N, 0 or 1"};
 constexpr Parole LUX = {u"un intero di sole cifre, da 1 a 999900",
                         u"a whole number of digits alone, 1 to 999900"};
 constexpr Parole NUMERO = {u"un numero", u"a number"};
+constexpr Parole ALTEZZA = {u"l'altezza in cm: senza, la prova finisce con l'errore 13",
+                            u"the height in cm: without it a test ends with error 13"};
+constexpr Parole DATA = {u"una data, ggmmaaaa", u"a date, ddmmyyyy"};
+constexpr Parole VERSIONE = {u"una versione di sole cifre", u"a version of digits alone"};
 constexpr Parole LINGUA = {u"una di IT, FR, EN, ES, DE: senza, lo schermo resta senza testi",
                            u"one of IT, FR, EN, ES, DE: without it the screen has no texts"};
 constexpr Parole CARTELLA = {u"una cartella con la barra rovescia in fondo",
@@ -251,30 +285,38 @@ constexpr Parole CARTELLA = {u"una cartella con la barra rovescia in fondo",
 constexpr Parole PASSWORD = {u"una password scritta da lumira-password",
                              u"a password written by lumira-password"};
 
+enum class SeVuoto : quint8
+{
+    Ammesso, ///< as good as none: the station has its own value, or needs none
+    Rifiutato,
+};
+
 struct RegolaChiave
 {
     ChiaveIni Chiave;
-    bool (*Ammesso)(const QString &valore);
+    bool (*Regolare)(const QString &valore);
     Parole Atteso;
     Grado SeNo;
+    SeVuoto Vuoto = SeVuoto::Ammesso;
 };
 
 // clang-format off
-/// What may stand behind a key. An empty value is as good as none: the station has its own for it.
+/// What may stand behind a key.
 constexpr RegolaChiave REGOLE[] = {
     {ChiaveDebug,               E_Flag,               FLAG,     Grado::Avviso},
-    {ChiaveLingua,              E_Lingua,             LINGUA,   Grado::Guasto},
+    {ChiaveLingua,              E_Lingua,             LINGUA,   Grado::Guasto, SeVuoto::Rifiutato},
     {ChiavePassword,            E_Password_Leggibile, PASSWORD, Grado::Guasto},
     {ChiavePassword2,           E_Password_Leggibile, PASSWORD, Grado::Guasto},
     {ChiaveSimmetrico,          E_Flag,               FLAG,     Grado::Avviso},
-    {ChiaveAltezzaFaro,         E_Numero,             NUMERO,   Grado::Avviso},
+    {ChiaveAltezzaFaro,         E_Altezza,            ALTEZZA,  Grado::Guasto, SeVuoto::Rifiutato},
     {ChiaveInclinazioneFaro,    E_Numero,             NUMERO,   Grado::Avviso},
+    {ChiaveModelloSeriale,      E_Flag,               FLAG,     Grado::Avviso},
     {ChiaveAzzeraTelecamera,    E_Camera,             CAMERA,   Grado::Avviso},
     {ChiaveModalita,            E_Flag,               FLAG,     Grado::Avviso},
-    {ChiaveReteDati,            E_Cartella,           CARTELLA, Grado::Guasto},
-    {ChiaveReteRisultati,       E_Cartella,           CARTELLA, Grado::Guasto},
-    {ChiaveLocaleDati,          E_Cartella,           CARTELLA, Grado::Guasto},
-    {ChiaveLocaleRisultati,     E_Cartella,           CARTELLA, Grado::Guasto},
+    {ChiaveReteDati,            E_Cartella,           CARTELLA, Grado::Guasto, SeVuoto::Rifiutato},
+    {ChiaveReteRisultati,       E_Cartella,           CARTELLA, Grado::Avviso},
+    {ChiaveLocaleDati,          E_Cartella,           CARTELLA, Grado::Guasto, SeVuoto::Rifiutato},
+    {ChiaveLocaleRisultati,     E_Cartella,           CARTELLA, Grado::Avviso},
     {ChiaveIniFile,             E_Flag,               FLAG,     Grado::Avviso},
     {ChiaveEsce,                E_Flag,               FLAG,     Grado::Avviso},
     {ChiaveControlloVisivo,     E_Flag,               FLAG,     Grado::Avviso},
@@ -293,6 +335,17 @@ constexpr RegolaChiave REGOLE[] = {
     {ChiaveIncVertMin80Ab,      E_Numero,             NUMERO,   Grado::Avviso},
     {ChiaveIncVertMax80An,      E_Numero,             NUMERO,   Grado::Avviso},
     {ChiaveIncVertMax80Ab,      E_Numero,             NUMERO,   Grado::Avviso},
+    {ChiaveLivelloNomeFile,     E_Flag,               FLAG,     Grado::Avviso},
+    {ChiaveLivelloSezDuplicate, E_Flag,               FLAG,     Grado::Avviso},
+    {ChiaveLivelloSezEstranee,  E_Flag,               FLAG,     Grado::Avviso},
+    {ChiaveLivelloSezMancanti,  E_Flag,               FLAG,     Grado::Avviso},
+    {ChiaveLivelloKeyDuplicate, E_Flag,               FLAG,     Grado::Avviso},
+    {ChiaveLivelloKeyEstranee,  E_Flag,               FLAG,     Grado::Avviso},
+    {ChiaveLivelloKeyMancanti,  E_Flag,               FLAG,     Grado::Avviso},
+    {ChiaveLivelloSpazi,        E_Flag,               FLAG,     Grado::Avviso},
+    {ChiaveLivelloDati,         E_Flag,               FLAG,     Grado::Avviso},
+    {ChiaveLivelloData,         E_DataControllo,      DATA,     Grado::Avviso},
+    {ChiaveLivelloVersione,     E_Versione,           VERSIONE, Grado::Avviso},
     {ChiaveTaraturaMaxManopola, E_Numero,             NUMERO,   Grado::Avviso},
     {ChiaveTaraturaMinManopola, E_Numero,             NUMERO,   Grado::Avviso},
     {ChiaveTaraturaS1,          E_Numero,             NUMERO,   Grado::Avviso},
@@ -314,7 +367,7 @@ void Guarda_Valori(Riscontri &riscontri)
 {
     for (const RegolaChiave &regola : REGOLE) {
         const QString valore = Valore_Ini(gFileIni, regola.Chiave);
-        if (valore.isEmpty() || regola.Ammesso(valore))
+        if (valore.isEmpty() ? regola.Vuoto == SeVuoto::Ammesso : regola.Regolare(valore))
             continue;
         const bool password = E_Password(Nome_DaConfrontare(regola.Chiave.Nome.toString()));
         riscontri.append({Materia::Configurazione, regola.SeNo,
@@ -322,11 +375,6 @@ void Guarda_Valori(Riscontri &riscontri)
                               .arg(Nome_Detto(regola.Chiave), password ? In_Parole(NASCOSTO) : valore),
                           In_Parole(METTERE).arg(In_Parole(regola.Atteso))});
     }
-    // Without a language the station has no texts either.
-    if (gLingua.isEmpty())
-        Trovato_Guasto(riscontri, Materia::Configurazione,
-                       In_Parole(NON_PLAUSIBILE).arg(Nome_Detto(ChiaveLingua), QString()),
-                       In_Parole(METTERE).arg(In_Parole(LINGUA)));
 }
 
 struct LimitiDetti
@@ -414,6 +462,7 @@ void Diagnosi_Configurazione(Riscontri &riscontri)
     const qsizetype prima = riscontri.size();
     if (!Guarda_Righe(riscontri))
         return;
+    Guarda_Scrittura(riscontri);
     Guarda_Valori(riscontri);
     Guarda_Limiti(riscontri);
     Guarda_Porta(riscontri);

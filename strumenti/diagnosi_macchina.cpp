@@ -38,7 +38,7 @@ QString Data_Detta(const QDateTime &quando)
 QFileInfo Piu_Recente()
 {
     QFileInfo recente;
-    for (const QString &cartella : {gAppPath, gDirFar}) {
+    for (const QString &cartella : {gAppPath, gDirAcc}) {
         const QFileInfoList file =
             QDir(Percorso_Nativo(cartella)).entryInfoList(QDir::Files, QDir::Time); // the youngest first
         if (!file.isEmpty() && (!recente.exists() || file.first().lastModified() > recente.lastModified()))
@@ -59,7 +59,7 @@ Grado Spazio_Grado(qint64 byte)
 void Diagnosi_Disco(Riscontri &riscontri)
 {
     QList<QStorageInfo> visti;
-    for (const QString &cartella : {gAppPath, gDirFar}) {
+    for (const QString &cartella : {gAppPath, gDirAcc}) {
         const QStorageInfo disco(Percorso_Nativo(cartella));
         if (!disco.isValid() || visti.contains(disco))
             continue;

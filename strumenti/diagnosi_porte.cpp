@@ -12,6 +12,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -35,6 +36,8 @@ struct FormatoUsuale
     qint32 Baud;
     QStringView Parita;
     quint8 BitDati, BitStop;
+
+    bool operator==(const FormatoUsuale &) const = default;
 };
 
 // clang-format off
@@ -83,6 +86,10 @@ constexpr Parole ACCENDERE = {u"accenderlo e guardare il cavo; --cerca lo cerca 
 constexpr Parole STORPIO = {u"su %1 arriva qualcosa che non è una risposta", u"what comes on %1 is no reply"};
 constexpr Parole FORMATO = {u"guardare velocità e formato; --cerca prova quelli usuali",
                             u"look at speed and format; --cerca tries the usual ones"};
+constexpr Parole STORPIO_A = {u"su %1 a %2 arriva qualcosa che non è una risposta, e in nessun formato lo è",
+                              u"what comes on %1 at %2 is no reply, nor is it one in any format"};
+constexpr Parole GUARDARE_CAVO = {u"guardare cavo, adattatore e formato dello strumento",
+                                  u"look at the cable, the adapter and the instrument's format"};
 constexpr Parole ALTROVE = {u"risponde su %1 a %2, e la stazione lo cerca su %3",
                             u"it answers on %1 at %2, and the station looks for it on %3"};
 constexpr Parole METTERE_PORTA = {u"scegliere %1 nelle impostazioni, con %2 in lumira.ini, [%3]",
@@ -191,20 +198,24 @@ void Identita(Riscontri &riscontri, SondaStrumento &sonda)
     Verifica_Aggiungi(riscontri, Materia::Strumento, gDatiStrumento[IdentitaScadenza]);
 }
 
-/// The station's own settings first, then the usual ones.
+/// The station's own settings first, then the usual ones, each once.
 QList<FormatoUsuale> Formati(const QString &parita)
 {
     QList<FormatoUsuale> formati;
     if (gPortaBaud > 0)
         formati.append({gPortaBaud, parita, gPortaDataBit, gPortaStopBit});
-    formati.append({std::begin(FORMATI_USUALI), std::end(FORMATI_USUALI)});
+    std::copy_if(std::begin(FORMATI_USUALI), std::end(FORMATI_USUALI), std::back_inserter(formati),
+                 [&formati](const FormatoUsuale &usuale) { return !formati.contains(usuale); });
     return formati;
 }
 
 /// Asks on the port gPortaNum in each format. @return Risponde when somebody answered: the settings are
 /// those; NonAperta when nobody could be asked.
-EsitoSonda Risponde_In(const QList<FormatoUsuale> &formati, Riscontri &riscontri, const QString &attesa)
+/// @param[in,out] senzaRisposta gets what came and was no reply.
+EsitoSonda Risponde_In(const QList<FormatoUsuale> &formati, Riscontri &riscontri, Riscontri &senzaRisposta,
+                       const QString &attesa)
 {
+    QString storpio; // the first format in which something came
     for (const FormatoUsuale &formato : formati) {
         gPortaBaud = formato.Baud;
         gPortaParity = formato.Parita.toString();
@@ -214,6 +225,8 @@ EsitoSonda Risponde_In(const QList<FormatoUsuale> &formati, Riscontri &riscontri
         const EsitoSonda esito = sonda.Chiedi_Stato(ATTESA_CERCA);
         if (esito == EsitoSonda::NonAperta)
             return esito;
+        if (esito == EsitoSonda::Storpio && storpio.isEmpty())
+            storpio = Impostazioni_Porta();
         if (esito != EsitoSonda::Risponde)
             continue;
         const QString qui = Porta_Nome(), come = Impostazioni_Porta();
@@ -226,7 +239,11 @@ EsitoSonda Risponde_In(const QList<FormatoUsuale> &formati, Riscontri &riscontri
         Identita(riscontri, sonda);
         return esito;
     }
-    return EsitoSonda::Muto;
+    if (storpio.isEmpty())
+        return EsitoSonda::Muto;
+    Trovato_Guasto(senzaRisposta, Materia::Strumento, In_Parole(STORPIO_A).arg(Porta_Nome(), storpio),
+                   In_Parole(GUARDARE_CAVO));
+    return EsitoSonda::Storpio;
 }
 
 } // namespace
@@ -239,9 +256,12 @@ void Porta_Aggiungi(Riscontri &riscontri, const PortaTrovata &porta)
                        In_Parole(DARE_NUMERO).arg(legami, porta.Dispositivo, Porta_Nome(1)));
         return;
     }
-    Trovato_Buono(riscontri, Materia::Porte,
-                  In_Parole(porta.Permessa ? PORTA : PORTA_SENZA_DIRITTI)
-                      .arg(Porta_Nome(porta.Numero), porta.Dispositivo));
+    const QString nome = Porta_Nome(porta.Numero);
+    if (porta.Permessa)
+        Trovato_Buono(riscontri, Materia::Porte, In_Parole(PORTA).arg(nome, porta.Dispositivo));
+    else
+        Trovato_Avviso(riscontri, Materia::Porte, In_Parole(PORTA_SENZA_DIRITTI).arg(nome, porta.Dispositivo),
+                       In_Parole(DARE_DIRITTI));
 }
 
 void Diagnosi_Porte(Riscontri &riscontri, bool chiedi)
@@ -294,9 +314,9 @@ void Diagnosi_Cerca(Riscontri &riscontri)
     std::stable_partition(porte.begin(), porte.end(),
                           [sua](const PortaTrovata &porta) { return porta.Numero == sua; });
     bool trovato = false;
-    Riscontri saltate; // where the instrument may still be
-    const auto salta = [&saltate](const Parole &rimedio) {
-        Trovato_Avviso(saltate, Materia::Strumento, In_Parole(NON_CERCATO).arg(Porta_Nome()),
+    Riscontri senzaRisposta; // where the instrument may still be
+    const auto salta = [&senzaRisposta](const Parole &rimedio) {
+        Trovato_Avviso(senzaRisposta, Materia::Strumento, In_Parole(NON_CERCATO).arg(Porta_Nome()),
                        In_Parole(rimedio));
     };
     for (const PortaTrovata &porta : std::as_const(porte)) {
@@ -306,7 +326,7 @@ void Diagnosi_Cerca(Riscontri &riscontri)
         } else if (letta && Ha_LaStazione(porta.Numero, sua)) {
             salta(CHIUDERE);
         } else {
-            const EsitoSonda esito = Risponde_In(formati, riscontri, attesa);
+            const EsitoSonda esito = Risponde_In(formati, riscontri, senzaRisposta, attesa);
             if (esito == EsitoSonda::NonAperta)
                 salta(CHIUDERE_ALTRO);
             trovato = trovato || esito == EsitoSonda::Risponde;
@@ -314,7 +334,7 @@ void Diagnosi_Cerca(Riscontri &riscontri)
     }
     if (trovato)
         return;
-    riscontri.append(saltate);
-    if (saltate.isEmpty())
+    riscontri.append(senzaRisposta);
+    if (senzaRisposta.isEmpty())
         Trovato_Guasto(riscontri, Materia::Strumento, In_Parole(INTROVABILE), In_Parole(ACCENDERE_SOLO));
 }

@@ -3,8 +3,12 @@
 
 #include "core/lingue.h"
 #include "core/modGeneral.h"
+#include "platform/percorsi.h"
+#include "platform/profilo_testo.h"
+#include "strumenti/codice_testo.h"
 #include "strumenti/parole.h"
 
+#include <QFile>
 #include <QStringList>
 
 #include <span>
@@ -36,6 +40,12 @@ constexpr Parole MANCANO = {u"%1, [%2]: mancano %3 testi su %4 (%5)",
 constexpr Parole AGGIORNARE = {u"mettere il file di testi della versione installata",
                                u"put the text file of the installed version in its place"};
 
+constexpr Parole IN_UTF8 = {
+    u"%1: lettere accentate in UTF-8, si leggeranno male (%2 righe, la prima è la %3)",
+    u"%1: accented letters in UTF-8, they will read wrong (%2 lines, the first one is %3)"};
+constexpr Parole SALVARE_ANSI = {u"salvare il file come ANSI (Windows-1252)",
+                                 u"save the file as ANSI (Windows-1252)"};
+
 constexpr qsizetype NUMERI_DETTI = 10;
 
 QStringList Mancanti_In(const FileTesti &file, const QString &lingua)
@@ -54,12 +64,28 @@ QString Numeri_Detti(const QStringList &numeri)
     return numeri.size() > NUMERI_DETTI ? detti + QStringLiteral(", ...") : detti;
 }
 
+/// One finding for the whole file: an editor saves all of it in one code.
+void Guarda_Codice(Riscontri &riscontri, const FileTesti &testi)
+{
+    QFile file(Percorso_Nativo(*testi.Percorso));
+    if (!file.open(QIODevice::ReadOnly))
+        return; // the look at the files has told
+    QList<RigaProfilo> righe = Righe_Profilo(file.readAll());
+    righe.removeIf([](const RigaProfilo &riga) { return !E_Utf8(riga.Byte); });
+    if (!righe.isEmpty())
+        Trovato_Avviso(riscontri, Materia::Testi,
+                       In_Parole(IN_UTF8).arg(testi.Nome.toString(), QString::number(righe.size()),
+                                              QString::number(righe.first().Numero)),
+                       In_Parole(SALVARE_ANSI));
+}
+
 } // namespace
 
 void Diagnosi_Testi(Riscontri &riscontri)
 {
     for (const FileTesti &file : FILE_TESTI) {
         const qsizetype prima = riscontri.size();
+        Guarda_Codice(riscontri, file);
         const auto quanti = QString::number(file.Numeri.size());
         for (const LinguaStazione &voce : LINGUE) {
             const QString lingua = QString::fromUtf16(voce.codice).toUpper();

@@ -9,10 +9,7 @@
 
 #include <QFileInfo>
 
-namespace {
-
-/// @return false when the folder cannot be listed.
-bool Cartella_Aggiungi(QString cartella, const QString &maschera, QStringList &file)
+bool Cartella_Elenca(QString cartella, const QString &maschera, QStringList &file)
 {
     try {
         QStringList nomi;
@@ -26,8 +23,6 @@ bool Cartella_Aggiungi(QString cartella, const QString &maschera, QStringList &f
     return true;
 }
 
-} // namespace
-
 ElencoFile File_Elenca(const QStringList &posti, const QString &maschera)
 {
     ElencoFile elenco;
@@ -36,7 +31,7 @@ ElencoFile File_Elenca(const QStringList &posti, const QString &maschera)
         const QFileInfo info(Percorso_Nativo(percorso));
         if (info.isFile())
             elenco.File.append(percorso);
-        else if (!info.isDir() || !Cartella_Aggiungi(percorso, maschera, elenco.File))
+        else if (!info.isDir() || !Cartella_Elenca(percorso, maschera, elenco.File))
             elenco.Irreperibili.append(posto);
     }
     return elenco;

@@ -57,8 +57,6 @@ constexpr Parole VISIVO_DOPPIO = {u"--visivo e --senza-visivo non vanno insieme"
                                   u"--visivo and --senza-visivo exclude each other"};
 constexpr Parole SOLO_CARTELLE = {u"con --osserva servono cartelle: %1 non lo è",
                                   u"--osserva needs folders: %1 is none"};
-constexpr Parole IRREPERIBILE = {u"%1 non c'è o non si può leggere", u"%1 is not there or cannot be read"};
-constexpr Parole USCITA_PERSA = {u"l'uscita non si può scrivere", u"the output cannot be written"};
 constexpr Parole TOTALE = {u"%1 file: %2 buoni, %3 con anomalie, %4 non esaminati\n",
                            u"%1 files: %2 good, %3 with anomalies, %4 not checked\n"};
 

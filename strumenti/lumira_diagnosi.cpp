@@ -20,7 +20,7 @@ constexpr Parole AIUTO = {
     "fare. Senza CARTELLA è la stazione con cui il programma è stato consegnato. La stazione può\n"
     "essere aperta: non le cambia niente, e allora la sua porta non si prova.\n\n"
     "  --cerca              cerca lo strumento su ogni porta, con i formati usuali, e ne legge i dati\n"
-    "  --scrivi             prova a scrivere nelle cartelle di scambio un file che toglie subito\n"
+    "  --scrivi             prova a scrivere nella cartella di scambio un file che toglie subito\n"
     "  --pacchetto FILE.zip tutto in un file per l'assistenza, con la configurazione senza password\n"
     "  --json               un oggetto con tutto\n"
     "  --schermo            da solo: larghezza, altezza e ingrandimento dello schermo, e niente altro\n"
@@ -33,7 +33,7 @@ constexpr Parole AIUTO = {
     "Without FOLDER it is the station that the program was delivered with. The station may be\n"
     "open: nothing of it is changed, and its port is not tried then.\n\n"
     "  --cerca              looks for the instrument on every port, in the usual formats, and reads it\n"
-    "  --scrivi             tries to write in the exchange folders a file that it takes away at once\n"
+    "  --scrivi             tries to write in the exchange folder a file that it takes away at once\n"
     "  --pacchetto FILE.zip all of it in a file for the support, the configuration without passwords\n"
     "  --json               an object with all of it\n"
     "  --schermo            by itself: width, height and scaling of the screen, and nothing else\n"
@@ -46,7 +46,6 @@ constexpr Parole AIUTO = {
 constexpr Parole NON_SCRITTO = {u"%1 non si può scrivere, o c'è già",
                                 u"%1 cannot be written, or is there already"};
 constexpr Parole SCHERMO_SOLO = {u"--schermo sta da solo", u"--schermo stands by itself"};
-constexpr Parole USCITA_PERSA = {u"l'uscita non si può scrivere", u"the output cannot be written"};
 
 const QString CERCA = QStringLiteral("cerca");
 const QString SCRIVI = QStringLiteral("scrivi");
@@ -58,6 +57,7 @@ Riscontri Guarda(const RigaComando &righe)
 {
     Riscontri riscontri;
     Diagnosi_Programma(riscontri);
+    Diagnosi_Figure(riscontri);
     Diagnosi_Configurazione(riscontri);
     Diagnosi_Testi(riscontri);
     Diagnosi_Cartelle(riscontri, righe.Ha(SCRIVI));

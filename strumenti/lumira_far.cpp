@@ -28,7 +28,7 @@ constexpr Parole AIUTO = {
     "  --riepilogo          conta i veicoli per giorno, operatore, esito e causa; anche con --csv o --json\n"
     "  --grafico FILE       scrive un grafico, FILE.svg o FILE.png: veicoli al giorno, e le luci di ogni\n"
     "                       proiettore fra i suoi limiti\n"
-    "  --stazione CARTELLA  la stazione di cui il grafico mostra i limiti; senza: quella con cui il programma\n"
+    "  --stazione CARTELLA  con --grafico: la stazione di cui mostra i limiti; senza: quella con cui il programma\n"
     "                       è stato consegnato, o i limiti predefiniti\n"
     "  --lingua IT|EN       la lingua di questo programma\n"
     "  --help, --version    questo aiuto, la versione\n\n"
@@ -42,7 +42,7 @@ constexpr Parole AIUTO = {
     "  --riepilogo          counts vehicles by day, operator, verdict and cause; with --csv or --json too\n"
     "  --grafico FILE       writes a chart, FILE.svg or FILE.png: vehicles a day, and the figures of each\n"
     "                       lamp between its limits\n"
-    "  --stazione FOLDER    the station whose limits the chart shows; without it: the one that the program\n"
+    "  --stazione FOLDER    with --grafico: the station whose limits it shows; without it: the one that the program\n"
     "                       was delivered with, or the default limits\n"
     "  --lingua IT|EN       the language of this program\n"
     "  --help, --version    this help, the version\n\n"
@@ -50,15 +50,14 @@ constexpr Parole AIUTO = {
 };
 // clang-format on
 
-constexpr Parole IRREPERIBILE = {u"%1 non c'è o non si può leggere", u"%1 is not there or cannot be read"};
 constexpr Parole FORME_INSIEME = {u"--csv e --json non vanno insieme",
                                   u"--csv and --json exclude each other"};
 constexpr Parole GRAFICO_IGNOTO = {u"il grafico è un .svg o un .png, non %1",
                                    u"a chart is a .svg or a .png, not %1"};
+constexpr Parole STAZIONE_SOLA = {u"--stazione vale con --grafico", u"--stazione goes with --grafico"};
 constexpr Parole GRAFICO_PERSO = {u"%1 non si può scrivere", u"%1 cannot be written"};
 constexpr Parole LIMITI_ILLEGGIBILI = {u"i limiti della stazione non si leggono: errore %1, %2",
                                        u"the limits of the station cannot be read: error %1, %2"};
-constexpr Parole USCITA_PERSA = {u"l'uscita non si può scrivere", u"the output cannot be written"};
 
 const QString CSV = QStringLiteral("csv");
 const QString JSON = QStringLiteral("json");
@@ -159,6 +158,8 @@ bool Opzioni_Buone(const RigaComando &righe, QString &errore)
     else if (righe.Ha(GRAFICO) && !grafico.endsWith(SVG, Qt::CaseInsensitive) &&
              !grafico.endsWith(PNG, Qt::CaseInsensitive))
         errore = In_Parole(GRAFICO_IGNOTO).arg(grafico);
+    else if (righe.Ha(STAZIONE) && !righe.Ha(GRAFICO))
+        errore = In_Parole(STAZIONE_SOLA);
     return errore.isEmpty();
 }
 

@@ -169,9 +169,8 @@ Riepilogo Riepilogo_Di(const RaccoltaFar &raccolta)
 QString Difetto_Testo(const QString &file, const DifettoFar &difetto)
 {
     return QStringLiteral("%1:%2: %3: %4")
-        .arg(Percorso_Mostrato(file))
-        .arg(difetto.Riga)
-        .arg(In_Parole(Nome_Di(difetto.Errore).Senso), difetto.Testo);
+        .arg(Percorso_Mostrato(file), QString::number(difetto.Riga), In_Parole(Nome_Di(difetto.Errore).Senso),
+             difetto.Testo);
 }
 
 Tabella Raccolta_InBreve(const RaccoltaFar &raccolta)

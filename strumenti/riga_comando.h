@@ -9,6 +9,11 @@
 
 #include <optional>
 
+// What goes wrong in every tool.
+inline constexpr Parole IRREPERIBILE = {u"%1 non c'è o non si può leggere",
+                                        u"%1 is not there or cannot be read"};
+inline constexpr Parole USCITA_PERSA = {u"l'uscita non si può scrivere", u"the output cannot be written"};
+
 class RigaComando
 {
 public:

@@ -101,13 +101,31 @@ void Controllo::FontSize(double punti)
 void Controllo::Adatta()
 {
     Fai([this](QWidget &widget) {
-        int pixel = Pixel_Interi(m_punti);
-        Carattere_Pixel(widget, pixel);
+        const int voluto = Pixel_Interi(m_punti);
+        Carattere_Pixel(widget, voluto);
         if (m_width == 0 || m_height == 0)
             return; // it has no place yet
-        while (pixel > Carattere_Minimo() && !Entra())
-            Carattere_Pixel(widget, --pixel);
+        if (voluto > Carattere_Minimo() && !Entra())
+            Carattere_Pixel(widget, Maggiore_CheEntra(widget, voluto));
     });
+}
+
+/// The largest size below one that does not fit, by halving: each size that is tried has to be loaded and the
+/// text laid out in it.
+int Controllo::Maggiore_CheEntra(QWidget &widget, int oltre) const
+{
+    const auto entra = [&](int pixel) {
+        Carattere_Pixel(widget, pixel);
+        return Entra();
+    };
+    const int voluto = oltre;
+    int pixel = Carattere_Minimo();
+    while (oltre - pixel > 1) {
+        const int meta = (pixel + oltre) / 2;
+        (entra(meta) ? pixel : oltre) = meta;
+    }
+    // Letters are of whole pixels: now and then a size fits although the one below it does not.
+    return pixel + 2 < voluto && entra(pixel + 2) ? pixel + 2 : pixel;
 }
 
 void Controllo::FontBold(bool grassetto)

@@ -77,6 +77,7 @@ protected:
 
 private:
     void Disponi();
+    int Maggiore_CheEntra(QWidget &widget, int oltre) const;
 
     QPointer<QWidget> m_widget;
     qint32 m_left = 0;

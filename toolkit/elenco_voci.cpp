@@ -77,6 +77,11 @@ void ElencoVoci::AddItem(const QString &testo)
     Fai<QListWidget>([&testo](QListWidget &lista) { lista.addItem(testo); });
 }
 
+void ElencoVoci::AddItems(const QStringList &testi)
+{
+    Fai<QListWidget>([&testi](QListWidget &lista) { lista.addItems(testi); });
+}
+
 void ElencoVoci::Clear()
 {
     Fai<QListWidget>([](QListWidget &lista) { lista.clear(); });

@@ -4,12 +4,16 @@
 #include "toolkit/controllo.h"
 #include "toolkit/evento.h"
 
+#include <QStringList>
+
 /// A list of lines. Two columns in a line are toolkit/elenco_colonne's.
 class ElencoVoci : public Controllo
 {
 public:
     ElencoVoci(QWidget *finestra, const QString &nome);
     void AddItem(const QString &testo);
+    /// The same lines one after the other, at once: a list of thousands is drawn up anew in a blink.
+    void AddItems(const QStringList &testi);
     void Clear();
     QString List(qint32 indice) const;
     qint32 ListIndex() const;

@@ -6,40 +6,62 @@
 #include "toolkit/segno_avviso.h"
 
 #include <QFileInfo>
+#include <QImageReader>
 #include <QLabel>
 #include <QResizeEvent>
 
+#include <functional>
+
 namespace {
+
+/// A picture as large as a place lets it, in the pixels of the screen; null when it cannot be had.
+using Disegno = std::function<QPixmap(QSize)>;
+
+/// Decodes a file at the size that is shown: a decoder leaves out what a whole picture many times as large
+/// would take, and nobody keeps that one.
+QPixmap Leggi_Figura(const QString &file, QSize posto)
+{
+    QImageReader lettore(file);
+    lettore.setScaledSize(lettore.size().scaled(posto, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
+    return QPixmap::fromImageReader(&lettore);
+}
 
 /// A picture that follows the size of its place.
 class WidgetImmagine : public QLabel
 {
 public:
     using QLabel::QLabel;
-    void Mostra(const QPixmap &immagine)
+    /// @return false when the picture cannot be had: what was shown before stays.
+    bool Mostra(const Disegno &disegno)
     {
-        m_immagine = immagine;
-        Adatta();
+        if (!Adatta(disegno))
+            return false;
+        m_disegno = disegno;
+        return true;
     }
 
 protected:
     void resizeEvent(QResizeEvent *evento) override
     {
         QLabel::resizeEvent(evento);
-        Adatta();
+        if (m_disegno && !size().isEmpty() && size() != m_posto) // the first show tells it the size it has
+            Adatta(m_disegno);
     }
 
 private:
-    void Adatta()
+    bool Adatta(const Disegno &disegno)
     {
-        if (m_immagine.isNull() || size().isEmpty())
-            return;
         const qreal densita = devicePixelRatioF();
-        QPixmap adattata = m_immagine.scaled(size() * densita, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        QPixmap adattata = disegno(size() * densita);
+        if (adattata.isNull())
+            return false;
         adattata.setDevicePixelRatio(densita);
         setPixmap(adattata);
+        m_posto = size();
+        return true;
     }
-    QPixmap m_immagine;
+    Disegno m_disegno;
+    QSize m_posto; ///< that the picture was drawn for
 };
 
 } // namespace
@@ -54,16 +76,20 @@ void Immagine::Picture(const QString &percorso)
     const QString nativo = Percorso_Nativo(percorso);
     if (!QFileInfo(nativo).isFile())
         Solleva(NumeroErrore::FileNonTrovato);
-    const QPixmap immagine(nativo);
-    if (immagine.isNull())
-        Solleva(NumeroErrore::ImmagineNonValida);
-    Fai<WidgetImmagine>([&immagine](WidgetImmagine &label) { label.Mostra(immagine); });
+    Fai<WidgetImmagine>([&nativo](WidgetImmagine &label) {
+        if (!label.Mostra([nativo](QSize posto) { return Leggi_Figura(nativo, posto); }))
+            Solleva(NumeroErrore::ImmagineNonValida);
+    });
 }
 
 void Immagine::Avviso()
 {
     constexpr int LATO = 512; // more than the largest screen shows of it
-    Fai<WidgetImmagine>([](WidgetImmagine &label) { label.Mostra(Segno_Avviso(LATO)); });
+    Fai<WidgetImmagine>([](WidgetImmagine &label) {
+        label.Mostra([segno = Segno_Avviso(LATO)](QSize posto) {
+            return segno.scaled(posto, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        });
+    });
 }
 
 void Immagine::Testo(const QString &testo)

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int PAZIENZA = 120000; // ms
+constexpr int PAZIENZA = 240000; // ms, on a machine that builds besides
 
 constexpr QSize SCHERMI[] = {
     {800,  600 },

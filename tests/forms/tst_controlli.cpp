@@ -1,8 +1,11 @@
 #include "toolkit/controlli.h"
 
+#include "core/modGeneral.h"
 #include "platform/colore_qt.h"
 #include "platform/errore_esecuzione.h"
+#include "platform/percorsi.h"
 #include "tests/comuni/errore_prova.h"
+#include "tests/comuni/stazione_prova.h"
 #include "tests/forms/principale_prova.h"
 #include "tests/forms/trascina_prova.h"
 #include "toolkit/aspetto.h"
@@ -39,6 +42,9 @@ private Q_SLOTS:
     void carattereMaiSottoUnPixel();
     void carattereCheEntra_data();
     void carattereCheEntra();
+    void carattereTrovatoInPochiTentativi();
+    void carattereTrovatoEIlMaggiore_data();
+    void carattereTrovatoEIlMaggiore();
     void etichettaVaACapoPrimaDiRimpicciolire();
     void lettereIntereInUnaRigaBassa();
     void distruttoPortaViaIlWidget();
@@ -94,6 +100,9 @@ private Q_SLOTS:
     void immagineNonValida();
     void immagineInAltraGrafia();
     void immagineSenzaDistorsione();
+    void immagineLettaAllaMisuraDelPosto();
+    void immagineComeRimpicciolitaDaIntera_data();
+    void immagineComeRimpicciolitaDaIntera();
     void immagineTestoEAvviso();
 
     void formaColore();
@@ -255,6 +264,73 @@ void tst_controlli::carattereCheEntra()
     controllo.Width(6000);
     QCOMPARE(pixel(), 20);
     QVERIFY(controllo.Entra());
+}
+
+namespace {
+
+/// Counts the events of one kind that an object gets.
+class ContaEventi : public QObject
+{
+public:
+    ContaEventi(QObject *osservato, QEvent::Type tipo) : m_tipo(tipo) { osservato->installEventFilter(this); }
+    int Quanti() const { return m_quanti; }
+    bool eventFilter(QObject *, QEvent *evento) override
+    {
+        m_quanti += evento->type() == m_tipo;
+        return false;
+    }
+
+private:
+    QEvent::Type m_tipo;
+    int m_quanti = 0;
+};
+
+} // namespace
+
+// Each size that is tried costs the loading of its type. It is the largest one that fits, all the same.
+void tst_controlli::carattereTrovatoInPochiTentativi()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.FontSize(300); // 400 pixels
+    etichetta.Posto(0, 0, 1950, 750);
+    const ContaEventi cambi(etichetta.Widget(), QEvent::FontChange);
+    etichetta.Caption(QStringLiteral("Orientamento"));
+    QVERIFY2(cambi.Quanti() <= 12, qPrintable(QString::number(cambi.Quanti())));
+    QVERIFY(etichetta.Entra());
+    QFont carattere = etichetta.Widget()->font();
+    carattere.setPixelSize(carattere.pixelSize() + 1);
+    etichetta.Widget()->setFont(carattere);
+    QVERIFY(!etichetta.Entra());
+}
+
+void tst_controlli::carattereTrovatoEIlMaggiore_data()
+{
+    QTest::addColumn<QString>("testo");
+    for (const char *testo :
+         {"Verificación válida hasta el 31/12/2027", "Orientamento orizzontale", "Scheinwerfer links"})
+        QTest::addRow("%s", testo) << QString::fromUtf8(testo);
+}
+
+// One pixel after the other from above finds the same, in places of many widths.
+void tst_controlli::carattereTrovatoEIlMaggiore()
+{
+    QFETCH(QString, testo);
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.FontSize(30); // 40 pixels
+    etichetta.Caption(testo);
+    for (qint32 larghezza = 900; larghezza <= 6000; larghezza += 45) {
+        etichetta.Posto(0, 0, larghezza, 450);
+        QFont carattere = etichetta.Widget()->font();
+        const int trovato = carattere.pixelSize();
+        int pixel = 40;
+        for (; pixel > Carattere_Minimo(); --pixel) {
+            carattere.setPixelSize(pixel);
+            etichetta.Widget()->setFont(carattere);
+            if (etichetta.Entra())
+                break;
+        }
+        QCOMPARE(trovato, pixel);
+    }
 }
 
 void tst_controlli::etichettaVaACapoPrimaDiRimpicciolire()
@@ -1267,6 +1343,79 @@ void tst_controlli::immagineSenzaDistorsione()
     immagine.Posto(0, 0, 6000, 1500); // it follows its place
     QCOMPARE(Punto(immagine, 200, 2), rosso);
     QVERIFY(Punto(immagine, 90, 50) != rosso);
+}
+
+// Only what is shown is kept, not the whole picture: another size is read from the file again, the same is
+// not.
+void tst_controlli::immagineLettaAllaMisuraDelPosto()
+{
+    const Cartella cartella;
+    const QString file = cartella.Percorso(QStringLiteral("Faro0.png"));
+    Immagine immagine(m_finestra.get(), QStringLiteral("img"));
+    immagine.Posto(0, 0, 3000, 3000);
+    immagine.Picture(file);
+    const auto *label = qobject_cast<QLabel *>(immagine.Widget());
+    QCOMPARE(label->pixmap(Qt::ReturnByValue).size(), QSize(200, 100));
+
+    QImage altra(40, 20, QImage::Format_RGB32);
+    altra.fill(Qt::blue);
+    QVERIFY(altra.save(QString(file).replace(u'\\', u'/')));
+    immagine.Visible(true); // the control is told the size that it has
+    QCOMPARE(Punto(immagine, 100, 100), QColor(Qt::red));
+    immagine.Posto(0, 0, 6000, 6000);
+    QCOMPARE(Punto(immagine, 200, 200), QColor(Qt::blue));
+
+    QVERIFY(QFile::remove(QString(file).replace(u'\\', u'/')));
+    immagine.Posto(0, 0, 3000, 3000);
+    QVERIFY(!label->pixmap(Qt::ReturnByValue).isNull()); // gone: what was shown stays
+}
+
+namespace {
+
+/// Mean difference of two pictures of one size, in levels of 256.
+double Differenza(const QImage &a, const QImage &b)
+{
+    qint64 somma = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            somma += qAbs(qRed(p) - qRed(q)) + qAbs(qGreen(p) - qGreen(q)) + qAbs(qBlue(p) - qBlue(q));
+        }
+    }
+    return static_cast<double>(somma) / (3.0 * a.width() * a.height());
+}
+
+} // namespace
+
+void tst_controlli::immagineComeRimpicciolitaDaIntera_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<qint32>("larghezza");
+    QTest::addColumn<qint32>("altezza");
+    for (const char *file : {"splash_kp_net.jpg", "faro0.jpg", "faro1.jpg"}) {
+        QTest::addRow("%s 800", file) << QString::fromLatin1(file) << 11800 << 6300;
+        QTest::addRow("%s 1920", file) << QString::fromLatin1(file) << 28600 << 11500;
+    }
+}
+
+// The decoder scales by other means than the toolkit: nobody sees it.
+void tst_controlli::immagineComeRimpicciolitaDaIntera()
+{
+    QFETCH(QString, file);
+    QFETCH(qint32, larghezza);
+    QFETCH(qint32, altezza);
+    const StazioneProva stazione;
+    Immagine immagine(m_finestra.get(), QStringLiteral("img"));
+    immagine.Posto(0, 0, larghezza, altezza);
+    immagine.Picture(gDirImmagini + file);
+    const QImage mostrata = qobject_cast<QLabel *>(immagine.Widget())->pixmap(Qt::ReturnByValue).toImage();
+    const QImage attesa =
+        QImage(Percorso_Nativo(gDirImmagini + file))
+            .scaled(immagine.Widget()->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    QCOMPARE(mostrata.size(), attesa.size());
+    const double differenza = Differenza(mostrata, attesa);
+    QVERIFY2(differenza < 0.4, qPrintable(QString::number(differenza)));
 }
 
 void tst_controlli::immagineTestoEAvviso()

@@ -54,6 +54,23 @@ void Risultato_Buono()
 
 int segnali = 0; // beeps heard
 
+/// How many controls a window of the program has when it is told what kind of window it is.
+class SpiaFinestra : public QObject
+{
+public:
+    SpiaFinestra() { qApp->installEventFilter(this); }
+    int Massimo() const { return m_massimo; }
+    bool eventFilter(QObject *oggetto, QEvent *evento) override
+    {
+        if (evento->type() == QEvent::ParentChange && oggetto->objectName() == u"frmEsito")
+            m_massimo = std::max(m_massimo, static_cast<int>(oggetto->findChildren<QWidget *>().size()));
+        return false;
+    }
+
+private:
+    int m_massimo = -1;
+};
+
 } // namespace
 
 /// In place of the system's.
@@ -119,6 +136,14 @@ private Q_SLOTS:
         QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(Id_Mctc(regolare ? 126 : 127)));
         QCOMPARE(Sfondo_Di(Widget_Di(*form, "lblTitolo")), regolare ? VERDE : ROSSO);
         QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(regolare ? 126 : 127)));
+    }
+
+    /// Another kind of window polishes every control anew: the verdict waits for it.
+    void finestraPrimaDeiControlli()
+    {
+        const SpiaFinestra spia;
+        Apri();
+        QCOMPARE(spia.Massimo(), 0);
     }
 
     // --- lamp ---------------------------------------------------------------------------------------------

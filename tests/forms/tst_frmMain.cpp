@@ -65,7 +65,7 @@ std::function<void()> gIntanto;
 /// The connection is lost between the look and the listing behind it.
 bool gElencoPerso = false;
 
-/// Listings of the exchange folder, by either call of the platform.
+/// Listings of the exchange folder, by any call of the platform.
 int gElenchi = 0;
 
 /// The one port that the machine has; 0 for none.
@@ -79,10 +79,14 @@ CartellaScambio Cartella_Chiesta(const QString &cartella) asm("__wrap__Z15Cartel
 // And its question for a port to this one.
 bool Porta_Chiesta(qint16 numero) asm("__wrap__Z14Porta_Presentes");
 // And every listing of a folder.
-bool Trova_Vera(const QString &percorso,
-                QList<RecordTrovato> &trovati) asm("__real__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoE");
-bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati) asm(
-    "__wrap__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoE");
+bool Trova_Vera(
+    const QString &percorso, QList<RecordTrovato> &trovati,
+    const std::function<void()>
+        &intanto) asm("__real__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoERKSt8functionIFvvEE");
+bool Trova_Chiesta(
+    const QString &percorso, QList<RecordTrovato> &trovati,
+    const std::function<void()>
+        &intanto) asm("__wrap__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoERKSt8functionIFvvEE");
 QStringList Elenca_Vera(const QString &percorso,
                         qint16 attributo) asm("__real__Z15Cartella_ElencaRK7QStrings");
 QStringList Elenca_Chiesta(const QString &percorso,
@@ -104,10 +108,11 @@ bool Porta_Chiesta(qint16 numero)
     return numero == gPorta;
 }
 
-bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati)
+bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati,
+                   const std::function<void()> &intanto)
 {
     gElenchi += percorso.startsWith(gDirAcc) ? 1 : 0;
-    return Trova_Vera(percorso, trovati);
+    return Trova_Vera(percorso, trovati, intanto);
 }
 
 QStringList Elenca_Chiesta(const QString &percorso, qint16 attributo)

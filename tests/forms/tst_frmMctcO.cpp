@@ -37,19 +37,24 @@ std::function<void()> gIntanto;
 } // namespace
 
 // The linker leads every listing through the second of these, on to the first.
-bool Trova_Vera(const QString &percorso,
-                QList<RecordTrovato> &trovati) asm("__real__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoE");
-bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati) asm(
-    "__wrap__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoE");
+bool Trova_Vera(
+    const QString &percorso, QList<RecordTrovato> &trovati,
+    const std::function<void()>
+        &intanto) asm("__real__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoERKSt8functionIFvvEE");
+bool Trova_Chiesta(
+    const QString &percorso, QList<RecordTrovato> &trovati,
+    const std::function<void()>
+        &intanto) asm("__wrap__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoERKSt8functionIFvvEE");
 
 /// A network that takes its time.
-bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati)
+bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati,
+                   const std::function<void()> &intanto)
 {
     if (gIntanto && percorso.endsWith(QStringLiteral("*.acc"))) {
         gIntanto();
         Orologio_Banco().Attendi(gLentezza);
     }
-    return Trova_Vera(percorso, trovati);
+    return Trova_Vera(percorso, trovati, intanto);
 }
 
 class tst_frmMctcO : public QObject
@@ -666,6 +671,46 @@ private Q_SLOTS:
         QCOMPARE(rifatta.count(), 1);
         Battito();
         QCOMPARE(Lista()->count(), 3);
+    }
+
+    /// The listing of a full folder takes longer than an operator waits: events run meanwhile, a beat among
+    /// them does nothing.
+    void gliEventiGiranoDuranteIlBattito()
+    {
+        for (int i = 0; i < 1000; ++i)
+            Scrivi_File(QStringLiteral("%1.acc").arg(20000000 + i), {});
+        Apri();
+        Battito(); // the list is read once more
+        int giri = 0, dentro = -1;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, this, [&] {
+            if (++giri > 1)
+                return;
+            Scrivi_File(QStringLiteral("30000000.acc"), Buono());
+            Battito();
+            dentro = Lista()->count();
+        });
+        timer.start(0);
+        Battito();
+        timer.stop();
+        QVERIFY2(giri >= 3, qPrintable(QString::number(giri)));
+        QCOMPARE(dentro, 1000);
+        Battito();
+        Battito(); // the beat inside has put the clock forward, and the next alarm with it
+        QCOMPARE(Lista()->count(), 1001);
+    }
+
+    /// The way out is pressed while a beat lists the folder: the list is not read into a form that has gone.
+    void esciDuranteIlBattito()
+    {
+        for (int i = 0; i < 1000; ++i)
+            Scrivi_File(QStringLiteral("%1.acc").arg(20000000 + i), {});
+        Apri();
+        Battito();
+        Scrivi_File(QStringLiteral("30000000.acc"), Buono());
+        QTimer::singleShot(0, this, [this] { Premi(*form, "cmd_1"); });
+        QCOMPARE(Errore_DaEvento([] { Battito(); }), 0);
+        QVERIFY(!form->Caricato());
     }
 
     void battitoConIlRapportoAperto()

@@ -92,6 +92,8 @@ private Q_SLOTS:
                                   "9600,N,9,1", "9600,N,,1",   "9600,N,8,0",  "9600,N,8,3",
                                   "9600,N,8,",  "9600,N,8,1,", "9600;N;8;1",  "2147483648,N,8,1"})
             QTest::newRow(*testo == '\0' ? "(vuoto)" : testo) << QString::fromLatin1(testo);
+        QTest::newRow("NUL behind the speed") << QString::fromLatin1(QByteArrayLiteral("9600\0x,N,8,1"));
+        QTest::newRow("NUL behind the bits") << QString::fromLatin1(QByteArrayLiteral("9600,N,8\0x,1"));
     }
     /// Nothing of a bad text reaches the device, and the port stays as it was.
     void impostazioniErrate()

@@ -83,9 +83,25 @@ private Q_SLOTS:
         const Aperture cartella(prova.Stazione.Nativo(QStringLiteral("DIR_FAR")));
         QVERIFY(Fs_Esiste(percorso, 0));
         QCOMPARE(cartella.Conta(), 0);
-        // In another case it is found by listing, as before.
+        // Nor in capitals, as the worklist names its files.
         QVERIFY(Fs_Esiste(prova.Stazione.Percorso(QStringLiteral("DIR_FAR\\12345678.ACC")), 0));
+        QCOMPARE(cartella.Conta(), 0);
+        // A missing one costs its listing: whether the folder can be listed is part of the answer.
+        QVERIFY(!Fs_Esiste(prova.Stazione.Percorso(QStringLiteral("DIR_FAR\\87654321.ACC")), 0));
         QCOMPARE(cartella.Conta(), 1);
+    }
+
+    /// The worklist asks for its files in capitals; in a folder of ten thousand each listing was felt.
+    void unControlloInMaiuscoloNonElencaLaCartella()
+    {
+        ProvaAcc prova;
+        gControlloVisivo = Vero;
+        prova.Scrivi(prova.Buono());
+        const QString inMaiuscolo = gDirAcc + QStringLiteral("12345678.ACC");
+        const Aperture cartella(prova.Stazione.Nativo(QStringLiteral("DIR_FAR")));
+        Acc_Apri(inMaiuscolo);
+        QCOMPARE(qint16{Acc_Controlla(inMaiuscolo, prova.Rapporto)}, qint16{0});
+        QCOMPARE(cartella.Conta(), 0);
     }
 
     /// A hidden file is not there for the scan, though it could be opened.

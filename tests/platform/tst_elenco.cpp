@@ -90,6 +90,10 @@ private Q_SLOTS:
             << QStringLiteral("*.*")
             << Nomi({u"10.acc", u"9.acc", u"A.acc", u"aZ.acc", u"a_1.acc", u"b.acc", u"c.ACC", u"senza",
                      u"x.accetta", u"y.acc.old", u"z.ac", u"è.acc"});
+        QTest::newRow("a star takes the longest that fits")
+            << QStringLiteral("*c*.old") << Nomi({u"y.acc.old"});
+        QTest::newRow("stars and marks")
+            << QStringLiteral("?*?.ac?") << Nomi({u"10.acc", u"aZ.acc", u"a_1.acc"});
         QTest::newRow("signs of an expression are letters") << QStringLiteral("[ab].acc") << QStringList();
     }
     void maschere()
@@ -169,6 +173,19 @@ private Q_SLOTS:
     void ricercaNellOrdineDelVolume()
     {
         QCOMPARE(Trova(u"L\\a*.acc"), Nomi({u"A.acc", u"aZ.acc", u"a_1.acc"}));
+    }
+
+    /// A full folder takes a while: what runs meanwhile runs again and again, in a small one not at all.
+    void intantoSiFaAltro()
+    {
+        constexpr int QUANTI = 1000;
+        for (int i = 0; i < QUANTI; ++i)
+            m_stazione.Scrivi(QStringLiteral("Q\\%1.acc").arg(i), {});
+        QList<RecordTrovato> trovati;
+        int volte = 0;
+        QVERIFY(Trova_File(Percorso(u"Q\\*.acc"), trovati, [&volte] { ++volte; }));
+        QCOMPARE(trovati.size(), QUANTI);
+        QVERIFY2(volte >= 4 && volte < QUANTI, qPrintable(QString::number(volte)));
     }
 
     void ricercaSenzaRisultato()

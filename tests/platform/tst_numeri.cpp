@@ -67,6 +67,7 @@ constexpr Testo TESTI[] = {
     {"inf",        NO,      NO},
     {"-inf",       NO,      NO},
     {"1e-400",     0,       0},
+    {"12\n.",      NO,      NO},
 };
 // clang-format on
 

@@ -98,6 +98,48 @@ private Q_SLOTS:
         }
     }
 
+    /// A name of few letters is tried in each of its spellings, and one whose letters have more than two is
+    /// looked for in the folder: both give the same one.
+    void leGrafieInOrdine_data()
+    {
+        QTest::addColumn<QStringList>("nomi"); // in plain order
+        QTest::addColumn<QString>("chiesto");
+        const auto riga = [](const char *nome, const QStringList &nomi, const QString &chiesto) {
+            QTest::newRow(nome) << nomi << chiesto;
+        };
+        riga("tried", {QStringLiteral("1.Acc"), QStringLiteral("1.aCC"), QStringLiteral("1.acc")},
+             QStringLiteral("1.ACC"));
+        riga("tried, asked for in small letters", {QStringLiteral("2.ACC"), QStringLiteral("2.aCc")},
+             QStringLiteral("2.acc"));
+        riga("looked for", {QStringLiteral("3.Abcde"), QStringLiteral("3.aBcde"), QStringLiteral("3.abcde")},
+             QStringLiteral("3.ABCDE"));
+        riga("a long s", {QStringLiteral("4.ſ")}, QStringLiteral("4.S"));
+        riga("a dotless i", {QStringLiteral("5.ı")}, QStringLiteral("5.I"));
+        riga("an accent", {QStringLiteral("6.È"), QStringLiteral("6.è")}, QStringLiteral("6.È"));
+    }
+    void leGrafieInOrdine()
+    {
+        if (QSysInfo::kernelType() == QStringLiteral("winnt"))
+            QSKIP("its file system knows one spelling");
+        QFETCH(QStringList, nomi);
+        QFETCH(QString, chiesto);
+        for (const QString &nome : nomi)
+            Crea(nome);
+        for (const QString &nome : nomi) {
+            QCOMPARE(Percorso_Nativo(m_base + u'\\' + chiesto), m_cartella.filePath(nome));
+            QVERIFY(QFile::remove(m_cartella.filePath(nome))); // and the next one takes its place
+        }
+    }
+
+    /// To the system a name ends at a NUL; it is no name of a file.
+    void unNulNonAccorciaIlNome()
+    {
+        const QString nome = m_base + QStringLiteral("\\12345678") + QChar(0) + QStringLiteral("A");
+        QVERIFY(!QFile::exists(Percorso_Nativo(nome)));
+        QCOMPARE(Percorso_Nativo(m_base + QStringLiteral("\\12345678.ACC") + QChar(0)),
+                 m_cartella.filePath(QStringLiteral("12345678.ACC")) + QChar(0));
+    }
+
     void laGrafiaEsattaDellaCartellaVince()
     {
         for (const char16_t *nome : {u"gemella", u"Gemella", u"GEMELLA"})

@@ -4,6 +4,7 @@
 // every system.
 #include "platform/profilo.h"
 
+#include "core/modGeneral.h"
 #include "tests/comuni/aperture_posix.h"
 #include "tests/comuni/privilegi_posix.h"
 #include "tests/comuni/stazione_prova.h"
@@ -28,7 +29,17 @@ namespace {
 /// folder.
 std::function<void(int descrittore)> alDisco;
 
+/// Questions for the status of a file.
+int gDomande = 0;
+
 } // namespace
+
+/// Stands before the system's own call in this program.
+extern "C" int stat(const char *nome, struct stat *stato) noexcept
+{
+    ++gDomande;
+    return ::fstatat(AT_FDCWD, nome, stato, 0);
+}
 
 /// Stands before the system's own call in this program.
 extern "C" int fsync(int descrittore)
@@ -218,6 +229,51 @@ private Q_SLOTS:
         }
         const int aperte = aperture.Conta(); // none if the station has read it late enough
         QVERIFY2(aperte <= 1, qPrintable(QString::number(aperte)));
+    }
+
+    /// On a network folder each question is a way there and back.
+    void tabellaDeiTestiChiedeDelFileUnaVolta()
+    {
+        const QString nativo = m_stazione.Nativo(QStringLiteral("lingueMCTC.ini"));
+        QVERIFY(Attendi_Timbro(nativo, 2));
+        QStringList tabella;
+        gDomande = 0;
+        Carica_Lingua(gFileLingueMctc, ULTIMO_TESTO_MCTC, tabella);
+        QCOMPARE(gDomande, 1);
+        QCOMPARE(tabella.size(), ULTIMO_TESTO_MCTC + 1);
+        QVERIFY(!tabella.first().isEmpty());
+    }
+
+    /// What another program writes is seen as soon as it has gone, what this one writes at once.
+    void profiloFermo()
+    {
+        {
+            const ProfiloFermo fermo(m_file);
+            gDomande = 0;
+            {
+                const ProfiloFermo ancora(m_file);
+                QCOMPARE(Leggi(QStringLiteral("X"), m_file), QStringLiteral("1"));
+            }
+            m_stazione.Scrivi(m_nome, "[A]\r\nX=5\r\n");
+            QCOMPARE(Leggi(QStringLiteral("X"), m_file), QStringLiteral("1"));
+            QCOMPARE(gDomande, 0);
+            QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("6"), m_file));
+            QCOMPARE(Leggi(QStringLiteral("X"), m_file), QStringLiteral("6"));
+        }
+        m_stazione.Scrivi(m_nome, "[A]\r\nX=7\r\n");
+        QCOMPARE(Leggi(QStringLiteral("X"), m_file), QStringLiteral("7"));
+    }
+
+    /// One that is missing stays missing as long as it lives.
+    void profiloFermoMancante()
+    {
+        QVERIFY(QFile::remove(m_nativo));
+        {
+            const ProfiloFermo fermo(m_file);
+            m_stazione.Scrivi(m_nome, "[A]\r\nX=5\r\n");
+            QCOMPARE(Leggi(QStringLiteral("X"), m_file), QStringLiteral("-"));
+        }
+        QCOMPARE(Leggi(QStringLiteral("X"), m_file), QStringLiteral("5"));
     }
 
     void vedeUnaRiscritturaConLaDataRimessa()

@@ -9,7 +9,8 @@ class tst_registrazione : public QObject
 {
     Q_OBJECT
 
-    QString File() const { return m_cartella->filePath(QStringLiteral("r.txt")); }
+    /// With a mark like those that texts are filled in at: an error names the file as it stands.
+    QString File() const { return m_cartella->filePath(QStringLiteral("r al 50%2.txt")); }
     void Scrivi(const QByteArray &testo) const;
     QByteArray Scritto() const;
 
@@ -87,7 +88,7 @@ void tst_registrazione::scrittaERiletta()
     QByteArray tutti;
     for (int b = 0; b < 256; ++b)
         tutti.append(static_cast<char>(b));
-    const QList<Brano> brani = {
+    const QList<BranoLinea> brani = {
         {0,             Voce::Strumento, tutti      },
         {999,           Voce::Stazione,  "\x02"     },
         {1000000000000, Voce::Strumento, tutti + 'x'}
@@ -95,7 +96,7 @@ void tst_registrazione::scrittaERiletta()
     ScrittoreRegistrazione scrittore;
     QString errore;
     QVERIFY(scrittore.Apri(File(), QStringLiteral("prova"), errore));
-    for (const Brano &brano : brani)
+    for (const BranoLinea &brano : brani)
         QVERIFY(scrittore.Aggiungi(brano));
     Registrazione letta;
     QCOMPARE(Registrazione_Leggi(File(), letta), QStringList());

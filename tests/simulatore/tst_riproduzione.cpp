@@ -9,12 +9,12 @@
 
 namespace {
 
-Brano Dalla_Stazione(qint64 ms, const QByteArray &byte)
+BranoLinea Dalla_Stazione(qint64 ms, const QByteArray &byte)
 {
     return {ms, Voce::Stazione, byte};
 }
 
-Brano Dallo_Strumento(qint64 ms, const QByteArray &byte)
+BranoLinea Dallo_Strumento(qint64 ms, const QByteArray &byte)
 {
     return {ms, Voce::Strumento, byte};
 }
@@ -23,7 +23,7 @@ Brano Dallo_Strumento(qint64 ms, const QByteArray &byte)
 class Banchetto
 {
 public:
-    explicit Banchetto(const QList<Brano> &brani, bool svelta = false)
+    explicit Banchetto(const QList<BranoLinea> &brani, bool svelta = false)
         : riproduzione({{}, brani}, svelta, [this](const QString &riga) { registro.append(riga); })
     {
     }
@@ -41,8 +41,8 @@ public:
     Riproduzione riproduzione;
 };
 
-const QList<Brano> DUE_COMANDI = {Dalla_Stazione(100, STATO), Dallo_Strumento(141, A_RIPOSO),
-                                  Dalla_Stazione(300, MISURA), Dallo_Strumento(350, PRONTA)};
+const QList<BranoLinea> DUE_COMANDI = {Dalla_Stazione(100, STATO), Dallo_Strumento(141, A_RIPOSO),
+                                       Dalla_Stazione(300, MISURA), Dallo_Strumento(350, PRONTA)};
 
 } // namespace
 

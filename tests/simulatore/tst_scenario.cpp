@@ -139,6 +139,10 @@ void tst_scenario::errore_data()
     riga("prova negativa", "[VEICOLO1]\nProva=-1\n", QStringLiteral("[VEICOLO1] Prova"));
     riga("ritardo enorme", "[GENERALE]\nRitardo=60001\n", QStringLiteral("[GENERALE] Ritardo"));
     riga("ricomincia", "[GENERALE]\nRicomincia=2\n", QStringLiteral("[GENERALE] Ricomincia"));
+    riga("segno in un numero", "[GENERALE]\nRitardo=%1\n",
+         QStringLiteral("\"%1\" non è un numero da 0 a 60000"));
+    riga("segno nel numero di un guasto", "[GUASTI]\nGuasto1=Stato;1;ritardo;%2\n",
+         QStringLiteral("\"%2\" non è un numero da 1 a 60000"));
     riga("guasto a pezzi", "[GUASTI]\nGuasto1=Stato;silenzio\n", QStringLiteral("comando;volte;guasto"));
     riga("troppi pezzi", "[GUASTI]\nGuasto1=Stato;1;ritardo;1;1\n", QStringLiteral("comando;volte;guasto"));
     riga("comando sconosciuto", "[GUASTI]\nGuasto1=Prova;1;tipo\n",

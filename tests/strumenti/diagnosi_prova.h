@@ -13,16 +13,24 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-/// The station's program as far as anybody looks into it: its version stands in it as a text.
 class StazioneSana : public StazioneProva
 {
 public:
     StazioneSana()
     {
         Cambia_Ini("\nNum=1\r", "\nNum=77\r"); // a port that no machine has: nobody is waited for on it
-        const QString versione = Versione_Programma();
-        Scrivi(Programma(),
-               QByteArray(reinterpret_cast<const char *>(versione.utf16()), versione.size() * qsizetype{2}));
+        Programma_DiVersione(Versione_Programma());
+        if (Programma().endsWith(QStringLiteral(".exe"))) {
+            Scrivi(QStringLiteral("platforms\\qwindows.dll"), "libreria");
+            Scrivi(QStringLiteral("imageformats\\qjpeg.dll"), "libreria");
+        }
+    }
+    /// The station's program as far as anybody looks into it: its version stands in it as a text.
+    void Programma_DiVersione(const QString &versione) const
+    {
+        const QString segnata = QStringLiteral("lumira, versione ") + versione + QChar(u'\0');
+        Scrivi(Programma(), "testo" + QByteArray(reinterpret_cast<const char *>(segnata.utf16()),
+                                                 segnata.size() * qsizetype{2}));
         // Of its owner and of everybody else.
         QFile::setPermissions(Nativo(Programma()), QFile::Permissions(0x7755));
     }

@@ -7,8 +7,10 @@
 #include "strumenti/riscontro.h"
 #include "tests/strumenti/diagnosi_prova.h"
 
+#include <QCryptographicHash>
 #include <QDate>
 #include <QDir>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -44,12 +46,24 @@ const StazioneRotta ROTTE[] = {
      u"guasto programma: manca lingue.ini"},
     {"programma mancante", [](const StazioneSana &s) { QFile::remove(s.Nativo(s.Programma())); },
      u"guasto programma: manca %PROGRAMMA%"},
-    {"programma di un'altra versione", [](const StazioneSana &s) { s.Scrivi(s.Programma(), "lumira"); },
-     u"avviso programma: %PROGRAMMA% non è della versione %VERSIONE%, quella di questo strumento"},
+    {"programma senza versione", [](const StazioneSana &s) { s.Scrivi(s.Programma(), "lumira"); },
+     u"avviso programma: %PROGRAMMA% non dice la sua versione; quella di questo strumento è la %VERSIONE%"},
+    {"programma di un'altra versione", [](const StazioneSana &s) { s.Programma_DiVersione(u'2' + Versione_Programma()); },
+     u"avviso programma: %PROGRAMMA% è della versione 2%VERSIONE%, e questo strumento della %VERSIONE%"},
     {"file vuoto", [](const StazioneSana &s) { s.Scrivi(QStringLiteral("dati\\ModelloAcc.acc"), {}); },
      u"guasto programma: dati\\ModelloAcc.acc è vuoto"},
     {"immagine mancante", [](const StazioneSana &s) { QFile::remove(s.Nativo(QStringLiteral("dati\\faro0.jpg"))); },
-     u"avviso programma: manca dati\\faro0.jpg"},
+     u"guasto programma: manca dati\\faro0.jpg"},
+    {"immagine dei simmetrici mancante", [](const StazioneSana &s) { QFile::remove(s.Nativo(QStringLiteral("dati\\faro1.jpg"))); },
+     u"guasto programma: manca dati\\faro1.jpg"},
+    {"immagine del cliente mancante", [](const StazioneSana &s) { QFile::remove(s.Nativo(QStringLiteral("dati\\splash_kp_net.jpg"))); },
+     u"guasto programma: manca dati\\splash_kp_net.jpg"},
+    {"immagine di un altro cliente mancante", [](const StazioneSana &s) { s.Cambia_Ini("User=KP", "User=ALTRO"); QFile::remove(s.Nativo(QStringLiteral("dati\\splash_kp_net.jpg"))); },
+     u"avviso programma: manca dati\\splash_kp_net.jpg"},
+    {"logo mancante", [](const StazioneSana &s) { QFile::remove(s.Nativo(QStringLiteral("dati\\kp_logo.gif"))); },
+     u"avviso programma: manca dati\\kp_logo.gif"},
+    {"immagine danneggiata", [](const StazioneSana &s) { s.Scrivi(QStringLiteral("dati\\faro1.jpg"), "<html>"); },
+     u"guasto programma: dati\\faro1.jpg non è una figura, o è danneggiata: la stazione vi finisce"},
     {"configurazione vuota", [](const StazioneSana &s) { s.Scrivi(INI, {}); },
      u"guasto programma: lumira.ini è vuoto"},
 
@@ -91,6 +105,22 @@ const StazioneRotta ROTTE[] = {
      u"guasto configurazione: [IMPOSTAZIONI] Lingua= non va bene"},
     {"cartella senza barra", [](const StazioneSana &s) { s.Imposta(QStringLiteral("MCTC"), QStringLiteral("ReteDati"), QStringLiteral("C:\\MCTC\\RETE")); },
      u"guasto configurazione: [MCTC] ReteDati=C:\\MCTC\\RETE non va bene"},
+    {"cartella vuota", [](const StazioneSana &s) { s.Cambia_Ini("\nReteDati=" + gAppPath.toLatin1(), "\nReteDati="); },
+     u"guasto configurazione: [MCTC] ReteDati= non va bene"},
+    {"cartella in uso vuota", [](const StazioneSana &s) { s.Cambia_Ini("\nDirDati=" + gAppPath.toLatin1(), "\nDirDati="); },
+     u"guasto configurazione: [MCTC] DirDati= non va bene"},
+    {"altezza vuota", [](const StazioneSana &s) { s.Cambia_Ini("AltezzaFaro=65", "AltezzaFaro="); },
+     u"guasto configurazione: [IMPOSTAZIONI] AltezzaFaro= non va bene"},
+    {"altezza senza numero", [](const StazioneSana &s) { s.Cambia_Ini("AltezzaFaro=65", "AltezzaFaro=alto"); },
+     u"guasto configurazione: [IMPOSTAZIONI] AltezzaFaro=alto non va bene"},
+    {"modello seriale", [](const StazioneSana &s) { s.Cambia_Ini("ModSeriale=1", "ModSeriale=QX5"); },
+     u"avviso configurazione: [IMPOSTAZIONI] ModSeriale=QX5 non va bene"},
+    {"livello sconosciuto", [](const StazioneSana &s) { s.Cambia_Ini("KeyMancanti=0", "KeyMancanti=2"); },
+     u"avviso configurazione: [LivelliMctc] KeyMancanti=2 non va bene"},
+    {"data dei livelli", [](const StazioneSana &s) { s.Cambia_Ini("Data=02111999", "Data=31021999"); },
+     u"avviso configurazione: [LivelliMctc] Data=31021999 non va bene"},
+    {"versione dei livelli", [](const StazioneSana &s) { s.Cambia_Ini("Versione=100", "Versione=1.0"); },
+     u"avviso configurazione: [LivelliMctc] Versione=1.0 non va bene"},
     {"password non cifrata", [](const StazioneSana &s) { s.Imposta(QStringLiteral("IMPOSTAZIONI"), QStringLiteral("Pwd2"), QString(40, u'a')); },
      u"guasto configurazione: [IMPOSTAZIONI] Pwd2=(non mostrato) non va bene"},
     {"porta senza numero", [](const StazioneSana &s) { s.Cambia_Ini("\nNum=77", "\nNum=0"); },
@@ -110,6 +140,8 @@ const StazioneRotta ROTTE[] = {
 
     {"testo mancante", [](const StazioneSana &s) { const QByteArray byte = s.Leggi(TESTI); const qsizetype riga = byte.indexOf("\n007=", byte.indexOf("[FR]")); s.Scrivi(TESTI, QByteArray(byte).replace(riga, 5, "\nX07=")); },
      u"avviso testi: lingueMCTC.ini, [FR]: mancano 1 testi su %TESTI% (007)"},
+    {"testi in UTF-8", [](const StazioneSana &s) { s.Scrivi(TESTI, QString::fromLatin1(s.Leggi(TESTI)).toUtf8()); },
+     u"avviso testi: lingueMCTC.ini: lettere accentate in UTF-8, si leggeranno male"},
     {"tutti i testi della sua lingua", [](const StazioneSana &s) { s.Cambia(TESTI, "[IT]", "[ITA]"); },
      u"guasto testi: lingueMCTC.ini, [IT]: mancano %TESTI% testi su %TESTI% (000, 001, 002, 003, 004, 005, 006, 007, 008, 009, ...)"},
 
@@ -154,6 +186,37 @@ QString Atteso(const StazioneSana &stazione, QString testo)
         testo.replace(da, fine + 1 - da, QString::number(Riga_Di(stazione, riga)));
     }
     return testo;
+}
+
+/// Some of the delivered files.
+const QStringList CONSEGNATI = {QStringLiteral("lingue.ini"),      TESTI,
+                                QStringLiteral("dati\\faro0.jpg"), QStringLiteral("dati\\lumira.png"),
+                                StazioneSana::Programma(),         INI};
+
+/// The bill of a station. @param radice what stands before the names in it, e.g. "./".
+QByteArray Distinta_Di(const StazioneSana &stazione, const QString &radice)
+{
+    QJsonArray file;
+    for (const QString &nome : CONSEGNATI) {
+        const QByteArray byte = stazione.Leggi(nome);
+        const auto somma = [&byte](const QString &nomeSomma, QCryptographicHash::Algorithm come) {
+            return QJsonObject{
+                {QStringLiteral("algorithm"),                       nomeSomma     },
+                { QStringLiteral("checksumValue"),
+                 QString::fromLatin1(QCryptographicHash::hash(byte, come).toHex())},
+            };
+        };
+        file.append(QJsonObject{
+            {QStringLiteral("fileName"), radice + QString(nome).replace(u'\\', u'/')},
+            {QStringLiteral("checksums"),
+             QJsonArray{somma(QStringLiteral("SHA1"), QCryptographicHash::Sha1),
+                        somma(QStringLiteral("SHA256"), QCryptographicHash::Sha256)}                                   },
+        });
+    }
+    return QJsonDocument(QJsonObject{
+                             {QStringLiteral("files"), file}
+    })
+        .toJson();
 }
 
 } // namespace
@@ -218,6 +281,100 @@ private Q_SLOTS:
         QCOMPARE(Cattivi(Solo(Trovati(Diagnosi(stazione, {JSON})), {QStringLiteral("configurazione")})),
                  QStringList{
                      QStringLiteral("guasto configurazione: [IMPOSTAZIONI] Pwd=(non mostrato) non va bene")});
+    }
+
+    /// Of a program that lies there nobody knows more than its bytes.
+    void versioneNelProgramma()
+    {
+        QFile strumento(QStringLiteral(LUMIRA_DIAGNOSI));
+        QVERIFY(strumento.open(QIODevice::ReadOnly));
+        QCOMPARE(Versione_Di(strumento.readAll()), Versione_Programma());
+    }
+
+    // --- the bill ------------------------------------------------------------------------------------------
+
+    void distinta_data()
+    {
+        QTest::addColumn<QString>("cambiato");
+        QTest::addColumn<QStringList>("trovati");
+        const QString programma = StazioneSana::Programma();
+        QTest::newRow("intera") << QString() << QStringList();
+        QTest::newRow("testi") << QStringLiteral("lingue.ini")
+                               << QStringList{
+                                      QStringLiteral("avviso programma: lingue.ini non è quello consegnato")};
+        QTest::newRow("programma")
+            << programma
+            << QStringList{QStringLiteral("guasto programma: %1 non è quello consegnato").arg(programma)};
+        QTest::newRow("configurazione") << INI << QStringList();
+    }
+    void distinta()
+    {
+        QFETCH(QString, cambiato);
+        QFETCH(QStringList, trovati);
+        const StazioneSana stazione;
+        stazione.Scrivi(QStringLiteral("licenze\\distinta.spdx.json"),
+                        Distinta_Di(stazione, QStringLiteral("./")));
+        if (!cambiato.isEmpty())
+            stazione.Scrivi(cambiato, stazione.Leggi(cambiato) + ";");
+        const QStringList programma =
+            Solo(Trovati(Diagnosi(stazione, {JSON})), {QStringLiteral("programma")});
+        QCOMPARE(Cattivi(programma), trovati);
+        QCOMPARE(programma.contains(QStringLiteral("ok programma: 5 file consegnati, tutti interi")),
+                 trovati.isEmpty());
+    }
+
+    void distintaConUnFileChePiuNonCe()
+    {
+        const StazioneSana stazione;
+        stazione.Scrivi(QStringLiteral("licenze\\distinta.spdx.json"),
+                        Distinta_Di(stazione, QStringLiteral("./")));
+        for (const char16_t *nome : {u"dati\\lumira.png", u"dati\\faro0.jpg"})
+            QVERIFY(QFile::remove(stazione.Nativo(QString::fromUtf16(nome))));
+        QCOMPARE(Cattivi(Solo(Trovati(Diagnosi(stazione, {JSON})), {QStringLiteral("programma")})),
+                 (QStringList{QStringLiteral("guasto programma: manca dati\\faro0.jpg"),
+                              QStringLiteral("avviso programma: manca dati\\lumira.png")}));
+    }
+
+    /// A package's bill counts from the machine's root, two folders above the station.
+    void distintaDelPacchetto()
+    {
+        const QTemporaryDir macchina;
+        const QDir radice(macchina.path());
+        QVERIFY(radice.mkpath(QStringLiteral("opt")) &&
+                radice.mkpath(QStringLiteral("usr/share/doc/lumira")));
+        const StazioneSana stazione;
+        QFile distinta(radice.filePath(QStringLiteral("usr/share/doc/lumira/distinta.spdx.json")));
+        const QByteArray byte = Distinta_Di(stazione, QStringLiteral("./opt/lumira/"));
+        QVERIFY(distinta.open(QIODevice::WriteOnly) && distinta.write(byte) == byte.size());
+        distinta.close();
+        stazione.Scrivi(TESTI, stazione.Leggi(TESTI) + ";");
+        const QStringList diverso{QStringLiteral("avviso programma: lingueMCTC.ini non è quello consegnato")};
+        QVERIFY(QDir().rename(stazione.Cartella(), radice.filePath(QStringLiteral("opt/lumira"))));
+        const auto rimetti = qScopeGuard(
+            [&] { QDir().rename(radice.filePath(QStringLiteral("opt/lumira")), stazione.Cartella()); });
+        const Esecuzione e = Processo_Esegui(QStringLiteral(LUMIRA_DIAGNOSI),
+                                             {QStringLiteral("--lingua"), QStringLiteral("IT"), JSON,
+                                              radice.filePath(QStringLiteral("opt/lumira"))});
+        QCOMPARE(Cattivi(Solo(Trovati(e), {QStringLiteral("programma")})), diverso);
+    }
+
+    /// Results go into the folder of the acceptance files; the other one may not even be there.
+    void cartellaDeiRisultatiDiversa()
+    {
+        const StazioneSana stazione;
+        stazione.Imposta(QStringLiteral("MCTC"), QStringLiteral("DirRisultati"),
+                         stazione.Percorso(QStringLiteral("altrove\\")));
+        QCOMPARE(Cattivi(Solo(Trovati(Diagnosi(stazione, {JSON})), DELLA_STAZIONE)), QStringList());
+        stazione.Scrivi(QStringLiteral("DIR_FAR\\10000001.far"), "[Dati]\r\n");
+        QFile risultato(stazione.Nativo(QStringLiteral("DIR_FAR\\10000001.far")));
+        QVERIFY(
+            risultato.open(QIODevice::ReadWrite) &&
+            risultato.setFileTime(QDateTime(QDate(2090, 5, 4), QTime(3, 2)), QFile::FileModificationTime));
+        const QStringList cattivi = Cattivi(Solo(Trovati(Diagnosi(stazione, {JSON})), DELLA_STAZIONE));
+        QCOMPARE(cattivi.size(), 2);
+        QCOMPARE(cattivi[0], QStringLiteral("avviso cartelle: 1 file .far su 1 con difetti: 10000001.far"));
+        QVERIFY2(cattivi[1].startsWith(QStringLiteral("avviso orologio: 10000001.far è stato scritto il ")),
+                 qPrintable(cattivi[1]));
     }
 
     /// Whatever is not good says what to do about it.

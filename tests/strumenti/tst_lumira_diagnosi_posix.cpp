@@ -71,6 +71,14 @@ public:
     }
     Q_DISABLE_COPY_MOVE(Strumento)
 
+    /// The lines that it has written since its start; it ends with that.
+    QByteArray Registro()
+    {
+        m_processo.terminate();
+        m_processo.waitForFinished(ATTESA_MS);
+        return m_processo.readAll();
+    }
+
 private:
     QTemporaryDir m_cartella;
     QProcess m_processo;
@@ -192,7 +200,37 @@ private Q_SLOTS:
             e = Diagnosi(stazione, {JSON});
         }
         QCOMPARE(Cattivi(Di(e, u"programma")),
-                 QStringList{QStringLiteral("avviso programma: dati\\faro1.jpg non si può leggere")});
+                 QStringList{QStringLiteral("guasto programma: dati\\faro1.jpg non si può leggere")});
+    }
+
+    /// The station's settings are lost when a new file cannot take the old one's place.
+    void configurazioneNonScrivibile_data()
+    {
+        QTest::addColumn<uint>("cartella");
+        QTest::addColumn<uint>("file");
+        QTest::addColumn<bool>("scrivibile");
+        QTest::newRow("tutto permesso") << 0777U << 0666U << true;
+        QTest::newRow("file di sola lettura") << 0777U << 0444U << false;
+        QTest::newRow("cartella di sola lettura") << 0555U << 0666U << false;
+    }
+    void configurazioneNonScrivibile()
+    {
+        QFETCH(uint, cartella);
+        QFETCH(uint, file);
+        QFETCH(bool, scrivibile);
+        const StazioneSana stazione;
+        QVERIFY(Permessi(stazione.Nativo(QStringLiteral("lumira.ini")), file) &&
+                Permessi(stazione.Cartella(), cartella));
+        const auto rimetti = qScopeGuard([&] { Permessi(stazione.Cartella(), 0755); });
+        Esecuzione e;
+        {
+            const SenzaPrivilegi senza;
+            e = Diagnosi(stazione, {JSON});
+        }
+        QCOMPARE(Cattivi(Di(e, u"configurazione")),
+                 scrivibile ? QStringList()
+                            : QStringList{QStringLiteral("avviso configurazione: lumira.ini non si può "
+                                                         "scrivere: ogni modifica andrà persa")});
     }
 
     void programmaNonEseguibile()
@@ -201,6 +239,25 @@ private Q_SLOTS:
         QVERIFY(Permessi(stazione.Nativo(stazione.Programma()), 0644));
         QCOMPARE(Cattivi(Di(Diagnosi(stazione, {JSON}), u"programma")),
                  QStringList{QStringLiteral("guasto programma: lumira non si può eseguire")});
+    }
+
+    /// A tool of Windows looks at a program of Windows, which opens no window without these.
+    void libreriaDiWindows()
+    {
+        const StazioneSana stazione;
+        const QTemporaryDir altrove;
+        const QString strumento = altrove.filePath(QStringLiteral("lumira-diagnosi.exe"));
+        QVERIFY(QFile::copy(QStringLiteral(LUMIRA_DIAGNOSI), strumento));
+        stazione.Scrivi(QStringLiteral("platforms\\qwindows.dll"), {});
+        const QStringList trovati =
+            Cattivi(Di(Processo_Esegui(strumento, {QStringLiteral("--lingua"), QStringLiteral("IT"), JSON,
+                                                   stazione.Cartella()}),
+                       u"programma"));
+        QCOMPARE(trovati, (QStringList{
+                              QStringLiteral("guasto programma: manca lumira.exe"),
+                              QStringLiteral("guasto programma: platforms\\qwindows.dll è vuoto"),
+                              QStringLiteral("guasto programma: manca imageformats\\qjpeg.dll"),
+                          }));
     }
 
     // --- the port ------------------------------------------------------------------------------------------
@@ -228,10 +285,9 @@ private Q_SLOTS:
         QVERIFY(Di(e, u"porte")
                     .contains(QStringLiteral(
                         "guasto porte: COM77, la porta della stazione, non si può usare senza il diritto")));
-        QVERIFY(
-            Di(e, u"porte")
-                .contains(
-                    QStringLiteral("ok porte: COM77: %1, senza diritto di usarla").arg(linea.Dispositivo())));
+        QVERIFY(Di(e, u"porte")
+                    .contains(QStringLiteral("avviso porte: COM77: %1, senza diritto di usarla")
+                                  .arg(linea.Dispositivo())));
     }
 
     void portaOccupata()
@@ -313,6 +369,20 @@ private Q_SLOTS:
         QCOMPARE(
             Di(e, u"strumento"),
             QStringList{QStringLiteral("guasto strumento: su COM77 arriva qualcosa che non è una risposta")});
+    }
+
+    /// Whatever speaks there, it is not nobody; and the station's own format is asked in once.
+    void strumentoStorpioCercato()
+    {
+        const StazioneSana stazione;
+        Porte_Proprie_Nascondi(stazione);
+        Strumento strumento(stazione, PORTA, "[GUASTI]\r\nGuasto1=Stato;*;controllo\r\n");
+        const Esecuzione e = Diagnosi(stazione, {JSON, CERCA});
+        QCOMPARE(Di(e, u"strumento"),
+                 QStringList{QStringLiteral("guasto strumento: su COM77 a 9600,N,8,1 arriva qualcosa che non "
+                                            "è una risposta, e in nessun formato lo è")});
+        constexpr int FORMATI_USUALI = 6; // that of the station is one of them
+        QCOMPARE(strumento.Registro().count("<- "), FORMATI_USUALI);
     }
 
     void strumentoCercatoAlSuoPosto()

@@ -146,6 +146,16 @@ private Q_SLOTS:
         QCOMPARE(e.uscita.count(u'\n'), 4);
     }
 
+    /// A name with a mark like those that texts are filled in at is told as it stands.
+    void difettiConNomeSegnato()
+    {
+        const QString nome = QStringLiteral("DIR_FAR\\al 50%2.far");
+        m_stazione.Scrivi(nome, "[Kandelo]\r\n");
+        const Esecuzione e = Esegui({m_stazione.Nativo(nome)});
+        QVERIFY2(e.errori.contains(QStringLiteral("al 50%2.far:2: manca la chiave: Marca\n")),
+                 qPrintable(e.errori));
+    }
+
     void riepilogo()
     {
         const Esecuzione e = Esegui({QStringLiteral("--riepilogo"), QStringLiteral("--csv"), m_cartella});
@@ -223,6 +233,8 @@ private Q_SLOTS:
         QTest::newRow("stazione che non c'è")
             << QStringList{QStringLiteral("--grafico"), m_cartella + QStringLiteral("/g.svg"),
                            QStringLiteral("--stazione"), m_cartella, m_cartella};
+        QTest::newRow("stazione senza grafico")
+            << QStringList{QStringLiteral("--stazione"), m_cartella, m_cartella};
         QTest::newRow("file che manca")
             << QStringList{QStringLiteral("--riepilogo"), m_cartella + QStringLiteral("/manca.far")};
     }

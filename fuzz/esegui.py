@@ -1,0 +1,172 @@
+#!/usr/bin/env python3
+"""Runs the fuzz targets on their samples, each a number of times, and says what they found.
+
+    fuzz/esegui.py [TARGET ...]        these; by default all of fuzz/CMakeLists.txt
+        --giri N        runs of each target (10 million)
+        --secondi N     seconds of each target, in place of runs
+        --insieme N     targets at a time (one a core)
+        --scrivi        write the table into docs/affidabilita.md
+        --riduci        no run: keep of fuzz/campioni and of what former runs have found the fewest inputs that reach
+                        as much; the program says then what changed
+
+The targets are built in build/fuzz, with clang. An input that breaks a rule is kept in build/fuzz/difetti and its name
+is said; the target alone takes it again: build/fuzz/fuzz/fuzz_acc INPUT. Status 1 when there was one.
+"""
+import argparse
+import concurrent.futures
+import os
+import re
+import shutil
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+RADICE = Path(__file__).resolve().parents[1]
+CAMPIONI = RADICE / "fuzz/campioni"
+COSTRUITI = RADICE / "build/fuzz"
+PROGRAMMI = COSTRUITI / "fuzz"
+TROVATI = COSTRUITI / "trovati"  # inputs of former runs that went a new way
+DIFETTI = COSTRUITI / "difetti"
+DOCUMENTO = RADICE / "docs/affidabilita.md"
+SEZIONE = "fuzzing"
+GIRI = 10_000_000
+LENTI = {"fuzz_acc": 100}  # what takes milliseconds a run gets one in so many; its passes have targets of their own
+LUNGHEZZA = 4096  # bytes of an input: an acceptance file and a configuration have some 3000
+MEMORIA = 2048  # MB of a target
+ATTESA = 20  # seconds that one input may take: more is a defect too
+
+TESTO = """## Fuzzing
+
+Written by `fuzz/esegui.py --scrivi`. Each target gives the system inputs that libFuzzer grows by the ways they take
+through the code, from the samples in `fuzz/campioni`, under the address and undefined-behaviour sanitizers. What it
+looks for stands in the first lines of its file: a rule written a second time, or a result read back, not only that
+the program goes on. Coverage: edges of the code that the inputs reach.
+
+| target | runs | seconds | coverage | samples | crashes |
+|---|---|---|---|---|---|
+"""
+
+
+def leggi_nomi():
+    """The targets, as fuzz/CMakeLists.txt has them."""
+    elenco = (RADICE / "fuzz/CMakeLists.txt").read_text(encoding="utf-8")
+    return ["fuzz_" + nome for nome in re.findall(r"^bersaglio\((\w+)", elenco, re.M)]
+
+
+def costruisci(nomi):
+    if not (COSTRUITI / "build.ninja").exists():
+        subprocess.run(["cmake", "--preset", "fuzz"], cwd=RADICE, check=True, stdout=subprocess.DEVNULL)
+    subprocess.run(["cmake", "--build", "--preset", "fuzz", "--target", *nomi], cwd=RADICE, check=True,
+                   stdout=subprocess.DEVNULL)
+
+
+def ambiente():
+    """Targets that write files do it in memory, where there is such a place."""
+    memoria = {"TMPDIR": "/dev/shm"} if os.access("/dev/shm", os.W_OK) else {}
+    # Leaks are for the unit tests: here the search for them takes longer than the run.
+    return dict(os.environ, LC_ALL="C.UTF-8", ASAN_OPTIONS="detect_leaks=0", **memoria)
+
+
+def cartella_di(base, nome):
+    cartella = base / nome
+    cartella.mkdir(parents=True, exist_ok=True)
+    return cartella
+
+
+def chiama(nome, *argomenti):
+    """A target to its end. @return status and what it said."""
+    comando = [PROGRAMMI / nome, f"-max_len={LUNGHEZZA}", f"-rss_limit_mb={MEMORIA}", f"-timeout={ATTESA}", *argomenti]
+    fatto = subprocess.run([str(parte) for parte in comando], env=ambiente(), stdin=subprocess.DEVNULL,
+                           stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
+    return fatto.returncode, fatto.stderr.decode("utf-8", "replace")
+
+
+def ultimo(forma, detto):
+    """The last number of that form in what a target said, 0 for none."""
+    numeri = re.findall(forma, detto)
+    return int(numeri[-1]) if numeri else 0
+
+
+def prova(nome, misura):
+    """Runs a target. @return its row of the table, and what it said if it found something."""
+    difetti = cartella_di(DIFETTI, nome)
+    inizio = time.monotonic()
+    stato, detto = chiama(nome, *misura, f"-artifact_prefix={difetti}/", "-print_final_stats=1",
+                          cartella_di(TROVATI, nome), cartella_di(CAMPIONI, nome))
+    riga = [nome, ultimo(r"stat::number_of_executed_units: +(\d+)", detto), round(time.monotonic() - inizio),
+            ultimo(r"\bcov: (\d+)", detto), len(list((CAMPIONI / nome).iterdir())), int(stato != 0)]
+    return riga, detto if stato != 0 else ""
+
+
+def scrivi(righe):
+    """Puts the table between its markers, or behind the document."""
+    inizio, fine = f"<!-- {SEZIONE} -->\n", f"<!-- fine: {SEZIONE} -->\n"
+    tabella = "".join("| " + " | ".join(str(cella) for cella in riga) + " |\n" for riga in righe)
+    blocco = inizio + TESTO + tabella + fine
+    tutto = DOCUMENTO.read_text(encoding="utf-8") if DOCUMENTO.exists() else "# Reliability\n"
+    da, a = tutto.find(inizio), tutto.find(fine)
+    if 0 <= da < a:
+        tutto = tutto[:da] + blocco + tutto[a + len(fine):]
+    else:
+        tutto += "\n" + blocco
+    DOCUMENTO.write_text(tutto, encoding="utf-8")
+
+
+def riduci(nome):
+    """Samples and findings become the fewest samples that reach as much; a sample that a person named stays anyway."""
+    nuovi = COSTRUITI / "ridotti" / nome
+    shutil.rmtree(nuovi, ignore_errors=True)
+    nuovi.mkdir(parents=True)
+    stato, detto = chiama(nome, "-set_cover_merge=1", "-use_counters=0", nuovi, cartella_di(CAMPIONI, nome), cartella_di(TROVATI, nome))
+    if stato != 0:
+        return f"{nome}: non ridotto\n{detto}"
+    for campione in (CAMPIONI / nome).iterdir():
+        if re.fullmatch("[0-9a-f]{40}", campione.name):
+            campione.unlink()
+    shutil.copytree(nuovi, CAMPIONI / nome, dirs_exist_ok=True)
+    file = list((CAMPIONI / nome).iterdir())
+    return f"{nome}: {len(file)} campioni, {sum(uno.stat().st_size for uno in file)} byte"
+
+
+def leggi_argomenti():
+    argomenti = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    argomenti.add_argument("bersagli", nargs="*", metavar="TARGET")
+    misura = argomenti.add_mutually_exclusive_group()
+    misura.add_argument("--giri", type=int, default=GIRI)
+    misura.add_argument("--secondi", type=int)
+    misura.add_argument("--riduci", action="store_true")
+    argomenti.add_argument("--insieme", type=int, default=os.cpu_count())
+    argomenti.add_argument("--scrivi", action="store_true")
+    return argomenti.parse_args()
+
+
+def main():
+    argomenti = leggi_argomenti()
+    nomi = argomenti.bersagli or leggi_nomi()
+    if estranei := set(nomi) - set(leggi_nomi()):
+        sys.exit("fuzz/esegui.py: nessun bersaglio " + ", ".join(sorted(estranei)))
+    costruisci(nomi)
+    righe = []
+    with concurrent.futures.ThreadPoolExecutor(argomenti.insieme) as insieme:
+        if argomenti.riduci:
+            for detto in insieme.map(riduci, nomi):
+                print(detto, flush=True)
+            return
+        def misura(nome):
+            giri = max(1, argomenti.giri // LENTI.get(nome, 1))
+            # Short ones are a check of every change: they go the same ways each time.
+            return [f"-max_total_time={argomenti.secondi}", "-seed=1"] if argomenti.secondi else [f"-runs={giri}"]
+
+        for riga, detto in insieme.map(lambda nome: prova(nome, misura(nome)), nomi):
+            print(detto + "%-20s %10d giri %6d s  copertura %5d  campioni %3d  difetti %d" % tuple(riga), flush=True)
+            righe.append(riga)
+    if argomenti.scrivi:
+        scrivi(righe)
+    difetti = sum(riga[-1] for riga in righe)
+    print(f"Fuzzing: {len(righe)} bersagli, {sum(riga[1] for riga in righe)} giri, {difetti} con difetti")
+    sys.exit(1 if difetti else 0)
+
+
+if __name__ == "__main__":
+    main()
