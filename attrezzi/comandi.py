@@ -33,7 +33,8 @@ def leggi_comandi():
         elenco = cartella / "compile_commands.json"
         for voce in json.loads(elenco.read_text(encoding="utf-8")) if elenco.exists() else []:
             sorgente = Path(voce["file"])
-            if not sorgente.is_relative_to(RADICE / "build"):
+            # A build that was not configured since may still name what has gone.
+            if sorgente.is_file() and not sorgente.is_relative_to(RADICE / "build"):
                 comandi.setdefault(sorgente, (cartella, senza_precompilati(shlex.split(voce["command"]))))
     return comandi
 
