@@ -2,13 +2,13 @@
 // findings and the outcome say of each other, and that a good file has the template's keys with good values.
 #include "core/modGeneral.h"
 #include "fuzz/comune.h"
+#include "fuzz/valori_profilo.h"
 #include "mctc/campi_acc.h"
 #include "mctc/controllo_sintassi.h"
 #include "mctc/controllo_struttura.h"
 #include "mctc/controllo_valori.h"
 #include "mctc/controllo_visivi.h"
 #include "mctc/modMctc.h"
-#include "platform/profilo_testo.h"
 
 #include <QFile>
 #include <QThread>

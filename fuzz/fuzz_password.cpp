@@ -4,8 +4,8 @@
 #include "core/modStr.h"
 #include "core/pwd_cifra.h"
 #include "fuzz/comune.h"
+#include "fuzz/valori_profilo.h"
 #include "platform/codifica.h"
-#include "platform/profilo_testo.h"
 #include "strumenti/password_ini.h"
 
 #include <QFile>

@@ -2,9 +2,9 @@
 // a read then finds the value and everything else as before. Input: a line each for section, key and value
 // (UTF-8), then the profile.
 #include "fuzz/comune.h"
+#include "fuzz/valori_profilo.h"
 #include "platform/codifica.h"
 #include "platform/profilo.h"
-#include "platform/profilo_testo.h"
 
 #include <algorithm>
 

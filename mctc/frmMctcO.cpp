@@ -437,8 +437,12 @@ void frmMctcO::Esamina_Cartella()
         mUltimoElenco = elenco;
     }
     mUltimoConteggio = QString::number(ultimo);
-    if (ultimo != prima || differenza != -1)
-        Lista_Aggiorna();
+    if (ultimo == prima && differenza == -1)
+        return;
+    Lista_Aggiorna();
+    // Lost between the two listings: without this the list would stay empty until a file changes.
+    if (ultimo >= 0 && mRighe == 0)
+        mUltimoConteggio = QString::number(-1);
 }
 
 void frmMctcO::lstAuto_Click()

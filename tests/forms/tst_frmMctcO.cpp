@@ -21,7 +21,10 @@
 #include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTest>
+
 #include <QTimer>
+#include <functional>
+#include <utility>
 
 namespace {
 
@@ -33,6 +36,9 @@ const QColor BIANCO(255, 255, 255);
 /// How long the poll's listing takes, in ms of the test's clock, and what happens meanwhile.
 int gLentezza = 0;
 std::function<void()> gIntanto;
+
+/// What happens once behind it, before anything else is asked of the folder.
+std::function<void()> gSubitoDopo;
 
 } // namespace
 
@@ -54,7 +60,10 @@ bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati,
         gIntanto();
         Orologio_Banco().Attendi(gLentezza);
     }
-    return Trova_Vera(percorso, trovati, intanto);
+    const bool trovato = Trova_Vera(percorso, trovati, intanto);
+    if (gSubitoDopo && percorso.endsWith(QStringLiteral("*.acc")))
+        std::exchange(gSubitoDopo, {})();
+    return trovato;
 }
 
 class tst_frmMctcO : public QObject
@@ -958,6 +967,24 @@ private Q_SLOTS:
         QCOMPARE(mostrati.last(), conto);
         Battito();
         QCOMPARE(inizi.last() - inizi[inizi.size() - 2], BATTITO);
+    }
+
+    /// The connection goes between the poll's listing and the reading of the files, and is back before the
+    /// next beat: nothing has changed since, and yet the lines come back.
+    void unaCartellaPersaFraDueElenchi()
+    {
+        Scrivi_File(QStringLiteral("12345678.acc"), Buono());
+        Apri();
+        Battito();
+        const QString cartella = banco->Stazione.Nativo(QStringLiteral("DIR_FAR"));
+        const QString altrove = cartella + QStringLiteral(".persa");
+        Scrivi_File(QStringLiteral("23456789.acc"), Buono());
+        gSubitoDopo = [&] { QVERIFY(QFile::rename(cartella, altrove)); };
+        Battito();
+        QCOMPARE(Testo_Di(*form, "lblAttesa"), QStringLiteral("In attesa: 0 di 0"));
+        QVERIFY(QFile::rename(altrove, cartella));
+        Battito();
+        QCOMPARE(Testo_Di(*form, "lblAttesa"), QStringLiteral("In attesa: 2 di 2"));
     }
 
     /// A line that is done is chosen as any other.
