@@ -54,5 +54,5 @@ class DueVolte(unittest.TestCase):
             # which the Qt for Windows was built.
             programmi = [nome for nome in nomi if nome.endswith(".exe")]
             self.assertEqual({data_programma(zip.read(nome)) for nome in programmi}, {PRIMO_GENNAIO})
-            nostre = [nome for nome in nomi if Path(nome).name.startswith("lib")]
+            nostre = [nome for nome in nomi if Path(nome).match("lib*.dll")]
             self.assertEqual({data_programma(zip.read(nome)) for nome in nostre}, {NESSUNA_DATA})
