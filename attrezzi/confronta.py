@@ -17,12 +17,12 @@ import os
 import shutil
 import statistics
 import subprocess
-import sys
 import tempfile
 import time
 from pathlib import Path
 
 from operatore import Stazione, SchermoVirtuale, Strumento, avvia_processo, ferma_processo
+from sezione import scrivi_sezione
 from spettatore import Spettatore, aperti, attendi, memoria, processore
 from stampante import Stampante
 
@@ -280,14 +280,6 @@ def testa():
     )
 
 
-def scrivi(testo):
-    prima, _, resto = FIGURE.read_text(encoding="utf-8").partition(INIZIO)
-    _, _, dopo = resto.partition(FINE)
-    if not resto:
-        sys.exit(f"{FIGURE}: the place of the figures is not there")
-    FIGURE.write_text(prima + INIZIO + testo + FINE + dopo, encoding="utf-8")
-
-
 def main():
     righe = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     righe.add_argument("installazione", type=Path)
@@ -301,7 +293,7 @@ def main():
         testo += riga(m) + "\n"
         print(riga(m), flush=True)
     if scelte.scrivi:
-        scrivi(testo)
+        scrivi_sezione(FIGURE, INIZIO, FINE, testo)
 
 
 if __name__ == "__main__":

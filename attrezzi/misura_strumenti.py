@@ -17,6 +17,8 @@ import sys
 import tempfile
 import time
 
+from sezione import scrivi_sezione
+
 RADICE = pathlib.Path(__file__).resolve().parents[1]
 FIGURE = RADICE / "docs/prestazioni.md"
 INIZIO = "<!-- attrezzi/misura_strumenti.py: da qui -->\n"
@@ -98,14 +100,6 @@ def tabella(installazione, quanti):
     return "\n".join(righe) + "\n"
 
 
-def scrivi(testo):
-    prima, _, resto = FIGURE.read_text(encoding="utf-8").partition(INIZIO)
-    _, _, dopo = resto.partition(FINE)
-    if not resto:
-        sys.exit(f"{FIGURE}: the place of the figures is not there")
-    FIGURE.write_text(prima + INIZIO + testo + FINE + dopo, encoding="utf-8")
-
-
 def main():
     righe = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     righe.add_argument("installazione", type=pathlib.Path)
@@ -115,7 +109,7 @@ def main():
     testo = tabella(scelte.installazione.resolve(), scelte.file)
     print(testo, end="")
     if scelte.scrivi:
-        scrivi(testo)
+        scrivi_sezione(FIGURE, INIZIO, FINE, testo)
 
 
 if __name__ == "__main__":

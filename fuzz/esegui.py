@@ -23,6 +23,10 @@ import time
 from pathlib import Path
 
 RADICE = Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(RADICE / "attrezzi"))
+
+from sezione import scrivi_sezione  # noqa: E402
+
 CAMPIONI = RADICE / "fuzz/campioni"
 COSTRUITI = RADICE / "build/fuzz"
 PROGRAMMI = COSTRUITI / "fuzz"
@@ -100,17 +104,8 @@ def prova(nome, misura):
 
 
 def scrivi(righe):
-    """Puts the table between its markers, or behind the document."""
-    inizio, fine = f"<!-- {SEZIONE} -->\n", f"<!-- fine: {SEZIONE} -->\n"
     tabella = "".join("| " + " | ".join(str(cella) for cella in riga) + " |\n" for riga in righe)
-    blocco = inizio + TESTO + tabella + fine
-    tutto = DOCUMENTO.read_text(encoding="utf-8") if DOCUMENTO.exists() else "# Reliability\n"
-    da, a = tutto.find(inizio), tutto.find(fine)
-    if 0 <= da < a:
-        tutto = tutto[:da] + blocco + tutto[a + len(fine):]
-    else:
-        tutto += "\n" + blocco
-    DOCUMENTO.write_text(tutto, encoding="utf-8")
+    scrivi_sezione(DOCUMENTO, f"<!-- {SEZIONE} -->\n", f"<!-- fine: {SEZIONE} -->\n", TESTO + tabella)
 
 
 def riduci(nome):

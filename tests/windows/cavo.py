@@ -31,3 +31,15 @@ class CavoNullModem:
         self._filo.join()
         for descrittore in (*self._capi, *self._prese, self._fine, self._avviso):
             os.close(descrittore)
+
+
+def collega_cavo(macchina, numero, alla_fine):
+    """Puts a cable into a COM port of a machine. @param alla_fine takes what has to be done when the test is over.
+
+    @returns the far end, a device of this computer.
+    """
+    cavo = CavoNullModem()
+    alla_fine(cavo.stacca)
+    qui, la = cavo.dispositivi
+    macchina.collega_porta(numero, la)
+    return qui

@@ -5,7 +5,7 @@ import json
 import shutil
 import subprocess
 
-from cavo import CavoNullModem
+from cavo import collega_cavo
 from macchina import CONSEGNA, TEMPO, ProvaMacchina
 from operatore import Profilo, attendi, avvia_processo, ferma_processo
 from prova import QX5SIM
@@ -18,17 +18,8 @@ class Diagnosi(ProvaMacchina):
     def setUpClass(cls):
         super().setUpClass()
         cls.stazione = cls.macchina.disco / "stazione"
-        cls.lontani = {numero: cls.collega(numero) for numero in (3, 5)}
+        cls.lontani = {numero: collega_cavo(cls.macchina, numero, cls.addClassCleanup) for numero in (3, 5)}
         shutil.copytree(CONSEGNA, cls.stazione)
-
-    @classmethod
-    def collega(cls, numero):
-        """@returns the far end of a cable in a COM port."""
-        cavo = CavoNullModem()
-        cls.addClassCleanup(cavo.stacca)
-        qui, la = cavo.dispositivi
-        cls.macchina.collega_porta(numero, la)
-        return qui
 
     def setUp(self):
         self.configura("Num", "3")

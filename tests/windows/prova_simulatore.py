@@ -4,7 +4,7 @@ technician trains without an instrument, and how the line of a real one is recor
 import os
 import subprocess
 
-from cavo import CavoNullModem
+from cavo import CavoNullModem, collega_cavo
 from finestre import ProvaFinestre
 from macchina import CONSEGNA, Macchina
 from operatore import attendi, avvia_processo, ferma_processo
@@ -20,12 +20,7 @@ class Simulatore(ProvaStazione):
         self.stazione.imposta("VEICOLO", "Operatore", "Niccolò Forlì")
 
     def cavo(self, numero):
-        """A cable into a COM port of the machine. @returns its other end."""
-        cavo = CavoNullModem()
-        self.addCleanup(cavo.stacca)
-        qui, la = cavo.dispositivi
-        self.macchina.collega_porta(numero, la)
-        return qui
+        return collega_cavo(self.macchina, numero, self.addCleanup)
 
     def qx5sim_windows(self, nome, porta, *argomenti):
         """Starts qx5sim.exe and waits until it has the port."""
