@@ -14,7 +14,6 @@
 #include "link/frmComm.h"
 #include "mctc/cartella_scambio.h"
 #include "mctc/frmMctcO.h"
-#include "platform/elenco.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/percorsi.h"
 #include "report/frmMctc2.h"
@@ -24,6 +23,7 @@
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
 #include "tests/forms/seriale_prova.h"
+#include "tests/forms/trova_prova.h"
 #include "toolkit/applicazione.h"
 #include "toolkit/schermo.h"
 
@@ -78,15 +78,7 @@ CartellaScambio Cartella_Vera(const QString &cartella) asm("__real__Z15Cartella_
 CartellaScambio Cartella_Chiesta(const QString &cartella) asm("__wrap__Z15Cartella_GuardaRK7QString");
 // And its question for a port to this one.
 bool Porta_Chiesta(qint16 numero) asm("__wrap__Z14Porta_Presentes");
-// And every listing of a folder.
-bool Trova_Vera(
-    const QString &percorso, QList<RecordTrovato> &trovati,
-    const std::function<void()>
-        &intanto) asm("__real__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoERKSt8functionIFvvEE");
-bool Trova_Chiesta(
-    const QString &percorso, QList<RecordTrovato> &trovati,
-    const std::function<void()>
-        &intanto) asm("__wrap__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoERKSt8functionIFvvEE");
+// And every query of a directory.
 QStringList Elenca_Vera(const QString &percorso,
                         qint16 attributo) asm("__real__Z15Cartella_ElencaRK7QStrings");
 QStringList Elenca_Chiesta(const QString &percorso,

@@ -5,12 +5,12 @@
 #include "core/modCtl.h"
 #include "core/modGeneral.h"
 #include "dialogs/frmMsg.h"
-#include "platform/elenco.h"
 #include "report/frmMctc2.h"
 #include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
 #include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
+#include "tests/forms/trova_prova.h"
 #include "toolkit/ricerca_elenco.h"
 
 #include <QCheckBox>
@@ -41,16 +41,6 @@ std::function<void()> gIntanto;
 std::function<void()> gSubitoDopo;
 
 } // namespace
-
-// The linker leads every listing through the second of these, on to the first.
-bool Trova_Vera(
-    const QString &percorso, QList<RecordTrovato> &trovati,
-    const std::function<void()>
-        &intanto) asm("__real__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoERKSt8functionIFvvEE");
-bool Trova_Chiesta(
-    const QString &percorso, QList<RecordTrovato> &trovati,
-    const std::function<void()>
-        &intanto) asm("__wrap__Z10Trova_FileRK7QStringR5QListI13RecordTrovatoERKSt8functionIFvvEE");
 
 /// A network that takes its time.
 bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati,
