@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <fcntl.h>
 #include <memory>
 #include <optional>
@@ -119,8 +120,10 @@ std::optional<QByteArray> Byte_Di(const QString &nativo)
     std::array<char, 16384> blocco;
     QByteArray byte;
     ssize_t letti = 0;
-    while ((letti = ::read(aperto, blocco.data(), blocco.size())) > 0)
-        byte.append(blocco.data(), letti);
+    do { // a signal that breaks a call off is no fault of the file
+        letti = ::read(aperto, blocco.data(), blocco.size());
+        byte.append(blocco.data(), std::max<ssize_t>(0, letti));
+    } while (letti > 0 || (letti < 0 && errno == EINTR));
     ::close(aperto);
     return letti < 0 ? std::nullopt : std::optional(byte);
 }
