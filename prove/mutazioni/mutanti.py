@@ -25,6 +25,8 @@ SALTATI = (Genere.STATIC_ASSERT, Genere.TYPE_REF, Genere.TEMPLATE_REF, Genere.ST
 FUNZIONI = (Genere.FUNCTION_DECL, Genere.CXX_METHOD, Genere.CONSTRUCTOR, Genere.DESTRUCTOR, Genere.FUNCTION_TEMPLATE,
             Genere.CONVERSION_FUNCTION)
 NIENTE = ("0", "false", "{}", "nullptr", "QString()", "")
+# Where numbers are lengths, fifteen to a pixel, and one more is the same pixel: those from 100 on change by a tenth.
+DI_LUNGHEZZE = re.compile(r"toolkit/|\w+/(frm|dlg)\w+\.cpp$")
 CARATTERI = {"": "char", "u": "char16_t", "U": "char32_t", "L": "wchar_t"}
 
 
@@ -65,7 +67,7 @@ class _Cercatore:
         return cursore.extent.start.offset, cursore.extent.end.offset
 
     def _brano(self, tratto):
-        return self.testo[tratto[0] : tratto[1]].decode()
+        return self.testo[tratto[0] : tratto[1]].decode(errors="replace")  # what a macro made may end anywhere
 
     def _aggiungi(self, specie, inizio, fine, nuovo, funzione):
         # A macro may go whole with what holds it; nothing changes inside one.
@@ -74,7 +76,7 @@ class _Cercatore:
         capo = self.testo.rfind(b"\n", 0, inizio) + 1
         coda = self.testo.find(b"\n", fine)
         righe = self.testo[capo:inizio], self.testo[inizio:fine], self.testo[fine : coda if coda >= 0 else None]
-        prima, dopo = (" ".join(b"".join(r).decode().split()) for r in (righe, (righe[0], nuovo.encode(), righe[2])))
+        prima, dopo = (" ".join(b"".join(r).decode(errors="replace").split()) for r in (righe, (righe[0], nuovo.encode(), righe[2])))
         if prima != dopo:
             riga = self.testo.count(b"\n", 0, inizio) + 1
             mutante = Mutante(self.sorgente, specie, inizio, fine, nuovo, riga, funzione, prima, dopo)
@@ -177,9 +179,10 @@ class _Cercatore:
         inizio, fine = self._tratto(cursore)
         brano = self._brano((inizio, fine))
         if cursore.kind == Genere.INTEGER_LITERAL and brano[:1].isdigit():
-            self._aggiungi("constant", inizio, fine, f"({brano} + 1)", funzione)
+            passo = self._passo(brano)
+            self._aggiungi("constant", inizio, fine, f"({brano} + {passo})", funzione)
             if brano.rstrip("uUlL") != "0":
-                self._aggiungi("constant", inizio, fine, f"({brano} - 1)", funzione)
+                self._aggiungi("constant", inizio, fine, f"({brano} - {passo})", funzione)
         elif cursore.kind == Genere.FLOATING_LITERAL:
             self._aggiungi("constant", inizio, fine, f"({brano} + 1)", funzione)
         elif cursore.kind == Genere.CXX_BOOL_LITERAL_EXPR and brano in ("true", "false"):
@@ -192,6 +195,10 @@ class _Cercatore:
             self._aggiungi(SPECIE.get(brano, "arithmetic"), inizio, fine, SCAMBI[brano], funzione)
         elif cursore.kind == Genere.DECL_REF_EXPR:
             self._enumeratore(cursore, inizio, fine, brano, funzione)
+
+    def _passo(self, numero):
+        lungo = DI_LUNGHEZZE.match(self.sorgente) and numero.isdecimal() and int(numero) >= 100
+        return int(numero) // 10 if lungo else 1
 
     def _enumeratore(self, cursore, inizio, fine, brano, funzione):
         """The next of its enumeration, the first behind the last."""

@@ -98,11 +98,15 @@ class Giudizi:
 
 def prove_che_vedono(mutante, testo, prove):
     """The tests that execute the mutant's lines, in the order in which they are asked. A line that has no code of its
-    own, such as a table's, is seen by whoever executes anything of the source."""
+    own, such as a table's, is seen by whoever executes anything of the source; of a source that is all tables, by
+    whoever executes anything of its folder."""
     righe = set(range(mutante.riga, mutante.riga + testo.count(b"\n", mutante.inizio, mutante.fine) + 1))
     lettori = [p for p in prove if mutante.sorgente in p.righe]
     if righe & set().union(*(p.codice[mutante.sorgente] for p in lettori)):
         lettori = [p for p in lettori if righe & set(p.righe[mutante.sorgente])]
+    if not lettori:
+        cartella = mutante.sorgente.split("/")[0] + "/"
+        lettori = [p for p in prove if any(s.startswith(cartella) for s in p.righe)]
     propria = "tst_" + Path(mutante.sorgente).stem
     return sorted(lettori, key=lambda p: (not p.nome.startswith(propria), p.secondi))
 
@@ -140,10 +144,10 @@ def _prova_mutante(mutante, mutato, comando, vedono):
     return {"esito": "survived", "prove": {p.nome: p.impronta for p in vedono}, "come": ""}
 
 
-def giudica_tutti(mutanti, comandi, prove):
-    """@return (mutant, what became of it), of those that compile."""
+def giudica_tutti(mutanti, comandi, prove, quanti):
+    """@param quanti mutants at a time. @return (mutant, what became of it), of those that compile."""
     giudizi, fatti = Giudizi(), []
-    with concurrent.futures.ThreadPoolExecutor(terreno.MANI) as mani:
+    with concurrent.futures.ThreadPoolExecutor(quanti) as mani:
         lavori = {mani.submit(giudica, m, comandi[m.sorgente], prove, giudizi): m for m in mutanti}
         for numero, lavoro in enumerate(concurrent.futures.as_completed(lavori), 1):
             mutante, detto = lavori[lavoro], lavoro.result()
@@ -178,6 +182,7 @@ def main():
     argomenti.add_argument("--campione", type=int)
     argomenti.add_argument("--seme", type=int, default=1)
     argomenti.add_argument("--file", nargs="+")
+    argomenti.add_argument("--mani", type=int, default=terreno.MANI, help="mutants at a time")
     argomenti.add_argument("--scrivi", action="store_true")
     scelti = argomenti.parse_args()
     comandi, prove = terreno.prepara()
@@ -190,7 +195,7 @@ def main():
     if scelti.campione is not None and scelti.campione < trovati:
         mutanti = random.Random(scelti.seme).sample(mutanti, scelti.campione)
     print(f"{len(mutanti)} of {trovati} mutants", flush=True)
-    fatti = giudica_tutti(mutanti, comandi, prove)
+    fatti = giudica_tutti(mutanti, comandi, prove, scelti.mani)
     tabella = "".join(righe_tabella(fatti, leggi_senza_effetto(), copertura_cartelle()))
     print(tabella)
     if scelti.scrivi:

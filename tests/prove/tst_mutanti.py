@@ -24,13 +24,13 @@ class TestMutanti(unittest.TestCase):
         self.addCleanup(cartella.cleanup)
         self.percorso = Path(cartella.name) / "piccolo.cpp"
 
-    def fatti(self, corpo):
+    def fatti(self, corpo, nome="core/piccolo.cpp"):
         self.percorso.write_text(TESTA + corpo, encoding="utf-8")
-        return mutanti_di("core/piccolo.cpp", self.percorso, ["-std=c++20"])
+        return mutanti_di(nome, self.percorso, ["-std=c++20"])
 
-    def verifica(self, corpo, attesi):
+    def verifica(self, corpo, attesi, **nome):
         """@param attesi (kind, the line concerned as the mutant has it)"""
-        self.assertEqual(sorted((m.specie, m.dopo) for m in self.fatti(corpo)), sorted(attesi))
+        self.assertEqual(sorted((m.specie, m.dopo) for m in self.fatti(corpo, **nome)), sorted(attesi))
 
     def test_operatori(self):
         self.verifica("bool f(int a, int b) { return a < b && a + b == 7; }", [
@@ -77,6 +77,14 @@ class TestMutanti(unittest.TestCase):
         self.verifica("const bool SI = true;\nconst char16_t VIRGOLA = u',';\nconst double PI = 3.14;", [
             ("constant", "const bool SI = false;"), ("constant", "const char16_t VIRGOLA = char16_t(u',' + 1);"),
             ("constant", "const double PI = (3.14 + 1);")])
+
+    def test_lunghezze(self):
+        """A twip is less than a pixel: where numbers are lengths, a large one changes by what can be seen."""
+        for nome, passo in (("setup/frmPiccolo.cpp", 34), ("toolkit/piccolo.cpp", 34), ("core/piccolo.cpp", 1)):
+            self.verifica("const int ALTA = 340;", [("constant", f"const int ALTA = (340 + {passo});"),
+                                                    ("constant", f"const int ALTA = (340 - {passo});")], nome=nome)
+        self.verifica("const int BORDO = 2;", [("constant", "const int BORDO = (2 + 1);"),
+                                               ("constant", "const int BORDO = (2 - 1);")], nome="setup/frmPiccolo.cpp")
 
     def test_enumeratori(self):
         """The one behind the last is the first."""
