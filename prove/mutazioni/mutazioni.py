@@ -22,6 +22,7 @@ import subprocess
 import sys
 import tempfile
 import threading
+import time
 from pathlib import Path
 
 import terreno
@@ -107,18 +108,20 @@ def prove_che_vedono(mutante, testo, prove):
     if not lettori:
         cartella = mutante.sorgente.split("/")[0] + "/"
         lettori = [p for p in prove if any(s.startswith(cartella) for s in p.righe)]
-    propria = "tst_" + Path(mutante.sorgente).stem
+    propria = "tst_" + Path(mutante.sorgente).stem.removesuffix("_posix")
     return sorted(lettori, key=lambda p: (not p.nome.startswith(propria), p.secondi))
 
 
-def giudica(mutante, comando, prove, giudizi):
-    """@return what became of the mutant: esito (uncompiled, killed, survived), prove (those it rests on) and come."""
+def giudica(mutante, comando, prove, giudizi, massimo, termine):
+    """@param massimo tests that one is asked; None: all that see it. @param termine when nobody is asked any more.
+    @return what became of the mutant: esito (uncompiled, killed, survived), prove (those it rests on) and come; None
+    when there was no time."""
     testo = (terreno.ALBERO / mutante.sorgente).read_bytes()
     mutato = mutante.testo(testo)
     segno = hashlib.sha256(shlex.join(comando).encode() + mutato).hexdigest()
-    vedono = prove_che_vedono(mutante, testo, prove)
+    vedono = prove_che_vedono(mutante, testo, prove)[:massimo]
     detto = giudizi.cerca(segno, vedono)
-    if detto is None:
+    if detto is None and time.monotonic() < termine:
         detto = _prova_mutante(mutante, mutato, comando, vedono)
         giudizi.tieni(segno, detto)
     return detto
@@ -144,15 +147,16 @@ def _prova_mutante(mutante, mutato, comando, vedono):
     return {"esito": "survived", "prove": {p.nome: p.impronta for p in vedono}, "come": ""}
 
 
-def giudica_tutti(mutanti, comandi, prove, quanti):
-    """@param quanti mutants at a time. @return (mutant, what became of it), of those that compile."""
-    giudizi, fatti = Giudizi(), []
-    with concurrent.futures.ThreadPoolExecutor(quanti) as mani:
-        lavori = {mani.submit(giudica, m, comandi[m.sorgente], prove, giudizi): m for m in mutanti}
+def giudica_tutti(mutanti, comandi, prove, scelti):
+    """@return (mutant, what became of it), in the order in which it became known."""
+    giudizi, fatti, termine = Giudizi(), [], time.monotonic() + 60 * scelti.minuti
+    with concurrent.futures.ThreadPoolExecutor(scelti.mani) as mani:
+        lavori = {mani.submit(giudica, m, comandi[m.sorgente], prove, giudizi, scelti.prove, termine): m for m in mutanti}
         for numero, lavoro in enumerate(concurrent.futures.as_completed(lavori), 1):
             mutante, detto = lavori[lavoro], lavoro.result()
-            if detto["esito"] != "uncompiled":
-                fatti.append((mutante, detto))
+            if detto is None:
+                continue
+            fatti.append((mutante, detto))
             if detto["esito"] == "survived":
                 print(f"[{numero}/{len(lavori)}] {mutante.sorgente}:{mutante.riga}: {mutante.funzione} "
                       f"({len(detto['prove'])} tests)\n- {mutante.prima}\n+ {mutante.dopo}", flush=True)
@@ -164,6 +168,8 @@ def righe_tabella(fatti, senza_effetto, copertura):
     conti = collections.defaultdict(collections.Counter)
     for mutante, detto in fatti:
         esito = detto["esito"]
+        if esito == "uncompiled":
+            continue
         if esito == "survived" and mutante.chiave() in senza_effetto:
             esito = "without"
         for nome in (mutante.sorgente.split("/")[0], "all"):
@@ -183,6 +189,8 @@ def main():
     argomenti.add_argument("--seme", type=int, default=1)
     argomenti.add_argument("--file", nargs="+")
     argomenti.add_argument("--mani", type=int, default=terreno.MANI, help="mutants at a time")
+    argomenti.add_argument("--prove", type=int, help="ask a mutant no more tests than these: quicker, and too strict")
+    argomenti.add_argument("--minuti", type=float, default=float("inf"), help="what is not judged by then is left out")
     argomenti.add_argument("--scrivi", action="store_true")
     scelti = argomenti.parse_args()
     comandi, prove = terreno.prepara()
@@ -195,24 +203,26 @@ def main():
     if scelti.campione is not None and scelti.campione < trovati:
         mutanti = random.Random(scelti.seme).sample(mutanti, scelti.campione)
     print(f"{len(mutanti)} of {trovati} mutants", flush=True)
-    fatti = giudica_tutti(mutanti, comandi, prove, scelti.mani)
+    fatti = giudica_tutti(mutanti, comandi, prove, scelti)
     tabella = "".join(righe_tabella(fatti, leggi_senza_effetto(), copertura_cartelle()))
-    print(tabella)
+    print(f"{len(fatti)} of {len(mutanti)} judged\n{tabella}")
     if scelti.scrivi:
+        scartati = sum(detto["esito"] == "uncompiled" for _, detto in fatti)
         scrivi_sezione(DOCUMENTO, "<!-- mutazioni -->\n", "<!-- fine: mutazioni -->\n",
-                       testo_sezione(scelti, trovati, len(mutanti) - len(fatti)) + tabella)
+                       testo_sezione(sys.argv[1:], trovati, len(fatti), scartati) + tabella)
 
 
-def testo_sezione(scelti, trovati, scartati):
+def testo_sezione(argomenti, trovati, giudicati, scartati):
     return f"""## Mutazioni
 
-Written by `prove/mutazioni/mutazioni.py --campione {scelti.campione} --seme {scelti.seme} --scrivi`. Small changes in the
-sources, one at a time: an operator, a condition turned round, a constant, a statement that is gone, two arguments of a
-type in each other's place. {trovati} can be made; of a random sample of {scelti.campione}, {scartati} do not compile and are
-not counted. A mutant is killed when a test that executes its line fails, dies or takes five times as long. Without
-effect: a survivor that no test could tell from the original, named in `prove/mutazioni/senza_effetto.txt` with the
-reason. Score: killed of those that have an effect. Lines and branches: what the tests execute of the source, by gcovr,
-without the ways that only an exception takes.
+Written by `prove/mutazioni/mutazioni.py {' '.join(argomenti)}`. Small changes in the sources, one at a time: an operator, a
+condition turned round, a constant, a statement that is gone, two arguments of a type in each other's place. {trovati} can
+be made; of a random sample of {giudicati}, {scartati} do not compile and are not counted. A mutant is killed when a test that
+executes its line fails, dies or takes five times as long; asked are the tests of `build/dev` but for those that start
+another program and the three that go through every form for minutes. Without effect: a survivor that no test could
+tell from the original, named in `prove/mutazioni/senza_effetto.txt` with the reason. Score: killed of those that have
+an effect. Lines and branches: what these tests execute of the source, by gcovr, without the ways that only an
+exception takes.
 
 | folder | mutants | killed | survived | without effect | score | lines | branches |
 |---|---|---|---|---|---|---|---|
