@@ -67,8 +67,8 @@ def leggi_senza_effetto():
     for blocco in SENZA_EFFETTO.read_text(encoding="utf-8").split("\n\n"):
         righe = blocco.splitlines()
         if len(righe) >= 4 and righe[1].startswith("- ") and righe[2].startswith("+ "):
-            sorgente, _, funzione = righe[0].partition(": ")
-            noti.add((sorgente, funzione, righe[1][2:], righe[2][2:].strip()))
+            sorgente, _, funzione = righe[0].partition(":")
+            noti.add((sorgente, funzione.strip(), righe[1][2:], righe[2][2:]))
     return noti
 
 
