@@ -18,12 +18,16 @@ SOMMA = terreno.CAMPO / "somma"
 
 def somma_contatori():
     """Adds up the counters of all tests beside the notes of the compiler."""
+    primo, *altri = sorted(d for d in (c / terreno.COSTRUZIONE.relative_to("/")
+                                       for c in (terreno.CAMPO / "contatori").iterdir()) if d.is_dir())
+    nuova = SOMMA.with_suffix(".nuova")
     shutil.rmtree(SOMMA, ignore_errors=True)
-    SOMMA.mkdir(parents=True)
-    for cartella in sorted((terreno.CAMPO / "contatori").iterdir()):
-        dati = cartella / terreno.COSTRUZIONE.relative_to("/")
-        if dati.is_dir():
-            subprocess.run(["gcov-tool", "merge", SOMMA, dati, "-o", SOMMA], check=True, capture_output=True)
+    shutil.copytree(primo, SOMMA, ignore=shutil.ignore_patterns("*.gcno"))
+    for dati in altri:
+        shutil.rmtree(nuova, ignore_errors=True)
+        subprocess.run(["gcov-tool", "merge", SOMMA, dati, "-o", nuova], check=True, capture_output=True)
+        shutil.rmtree(SOMMA)
+        nuova.rename(SOMMA)
     for dato in SOMMA.rglob("*.gcda"):
         nota = dato.with_suffix(".gcno")
         shutil.copy(terreno.COSTRUZIONE / nota.relative_to(SOMMA), nota)
