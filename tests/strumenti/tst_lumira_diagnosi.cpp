@@ -14,6 +14,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <iterator>
+
 namespace {
 
 const QString INI = QStringLiteral("lumira.ini");
@@ -169,12 +171,12 @@ int Riga_Di(const StazioneSana &stazione, const QString &testo)
 
 QString Atteso(const StazioneSana &stazione, QString testo)
 {
-#define CONTA(nome, numero) +1
-    constexpr int TUTTI = 0 TESTI_MCTC(CONTA);
-#undef CONTA
+#define NUMERO(nome, numero) qint16{numero},
+    constexpr qint16 NUMERI[] = {TESTI_MCTC(NUMERO)};
+#undef NUMERO
     testo.replace(QStringLiteral("%PROGRAMMA%"), StazioneSana::Programma());
     testo.replace(QStringLiteral("%VERSIONE%"), Versione_Programma());
-    testo.replace(QStringLiteral("%TESTI%"), QString::number(TUTTI));
+    testo.replace(QStringLiteral("%TESTI%"), QString::number(std::size(NUMERI)));
     testo.replace(QStringLiteral("%IERI%"), QString::fromLatin1(Fra_Giorni(-1)));
     testo.replace(QStringLiteral("%FRA7%"), QString::fromLatin1(Fra_Giorni(7)));
     testo.replace(QStringLiteral("%DIR_FAR%"),
@@ -387,7 +389,7 @@ private Q_SLOTS:
         const QJsonArray lista =
             QJsonDocument::fromJson(e.byte).object()[QStringLiteral("riscontri")].toArray();
         QVERIFY(lista.size() > 5);
-        for (const QJsonValue &voce : lista) {
+        for (const QJsonValueConstRef &voce : lista) {
             const bool buono = voce[QStringLiteral("grado")].toString() == u"ok";
             QCOMPARE(voce[QStringLiteral("rimedio")].toString().isEmpty(), buono);
         }
