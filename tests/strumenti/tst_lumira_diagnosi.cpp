@@ -1,9 +1,9 @@
 // lumira-diagnosi as a process, on stations of which each has one thing wrong: it has to name it.
+#include "core/parole.h"
 #include "mctc/campi_acc.h"
 #include "strumenti/archivio_zip.h"
 #include "strumenti/diagnosi.h"
 #include "strumenti/pacchetto.h"
-#include "strumenti/parole.h"
 #include "strumenti/riscontro.h"
 #include "tests/strumenti/diagnosi_prova.h"
 
