@@ -37,7 +37,8 @@ def leggi_copertura():
     """@return what gcovr tells of each source, in its own words."""
     somma_contatori()
     filtri = [opzione for c in terreno.CARTELLE for opzione in ("--filter", f"{terreno.ALBERO}/{c}/.*\\.cpp$")]
-    uscita = subprocess.run(["gcovr", "--root", terreno.ALBERO, "--json", "--exclude-throw-branches", *filtri, SOMMA],
+    uscita = subprocess.run(["gcovr", "--root", terreno.ALBERO, "--json", "--exclude-throw-branches", *filtri,
+                             *(SOMMA / c for c in terreno.CARTELLE)],
                             cwd=terreno.COSTRUZIONE, check=True, capture_output=True, text=True).stdout
     return json.loads(uscita)["files"]
 
