@@ -12,6 +12,7 @@ namespace {
 
 constexpr int AZIONI_VITA = 1000; // then a station begins anew
 constexpr int ULTIME = 30;        // actions told with what went wrong
+constexpr qsizetype DETTE = 60;   // lines of the program's and the sanitizer's words
 
 /// The run-time errors that the program ends by as it has to, when somebody does what cannot go on.
 constexpr const char *ERRORI_AMMESSI[] = {
@@ -47,11 +48,15 @@ QStringList Azioni_Di(const EsitoFiglio &figlio)
 QString Racconto(const EsitoFiglio &figlio, quint32 seme)
 {
     const QStringList righe = figlio.Uscita.split(u'\n', Qt::SkipEmptyParts);
+    QStringList errori = figlio.Errori.split(u'\n', Qt::SkipEmptyParts);
+    // Of a display that is none.
+    errori.removeIf([](const QString &riga) { return riga.startsWith(QStringLiteral("This plugin")); });
     return QStringLiteral("seed %1, action %2, status %3\n%4\n%5")
         .arg(seme)
         .arg(Azioni_Di(figlio).size())
         .arg(figlio.Finito ? QString::number(figlio.Stato) : QStringLiteral("none: killed or hung"),
-             righe.mid(std::max<qsizetype>(0, righe.size() - ULTIME)).join(u'\n'), figlio.Errori.right(6000));
+             righe.mid(std::max<qsizetype>(0, righe.size() - ULTIME)).join(u'\n'),
+             errori.first(std::min(errori.size(), DETTE)).join(u'\n'));
 }
 
 } // namespace

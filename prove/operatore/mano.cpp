@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QListWidget>
 #include <QTest>
 #include <QWheelEvent>
 #include <QWidget>
@@ -144,10 +145,12 @@ void Mano::Mira_Avanti()
     QWidget *finestra = Davanti();
     if (finestra == nullptr)
         return;
-    for (const char *nome : {"cmdMnu_2", "cmd_0"}) {
-        auto *pulsante = finestra->findChild<QWidget *>(QString::fromLatin1(nome));
-        if (pulsante != nullptr && pulsante->isVisible() && pulsante->isEnabled())
-            return Mira_A(finestra, pulsante);
+    const bool scelta = Fra(0, 1) == 0; // of a vehicle, before it is confirmed
+    for (const char *nome : {"cmdMnu_2", "lstAuto", "cmd_0"}) {
+        auto *controllo = finestra->findChild<QWidget *>(QString::fromLatin1(nome));
+        const bool elenco = qobject_cast<QListWidget *>(controllo) != nullptr;
+        if (controllo != nullptr && controllo->isVisible() && controllo->isEnabled() && (scelta || !elenco))
+            return Mira_A(finestra, controllo);
     }
     Mira();
 }
@@ -235,17 +238,17 @@ void Mano::Batti_Tasto()
     Tasto(m_tasto, m_con, 1);
 }
 
-/// A key repeats into whatever has the keyboard by then.
+/// A key repeats into whatever window has the keyboard by then.
 void Mano::Tieni_Tasto()
 {
     for (int i = 0; i < RIPETIZIONI; ++i) {
-        QWidget *fuoco = QApplication::focusWidget();
-        if (fuoco == nullptr)
+        const QWidget *davanti = Davanti();
+        if (davanti == nullptr)
             return;
-        QTest::simulateEvent(fuoco, true, m_tasto, m_con, QString(), i > 0, -1);
+        qt_handleKeyEvent(davanti->windowHandle(), QEvent::KeyPress, m_tasto, m_con, QString(), i > 0);
+        QCoreApplication::processEvents();
     }
-    if (QWidget *fuoco = QApplication::focusWidget(); fuoco != nullptr)
-        QTest::simulateEvent(fuoco, false, m_tasto, m_con, QString(), false, -1);
+    Tasto(m_tasto, m_con, 0);
 }
 
 QString Mano::Testo_ACaso()

@@ -15,6 +15,7 @@
 
 #include <QDesktopServices>
 #include <QDir>
+#include <QMessageBox>
 #include <QThread>
 #include <QTimer>
 
@@ -67,7 +68,7 @@ private:
     void Passo_Fra_Poco();
     void Passo();
     void Agisci();
-    static void Chiudi_Tutto();
+    static void Chiudi_Davanti();
     void Guarda();
     void Resta_InStazione();
     void Porta_Qualcosa();
@@ -165,7 +166,7 @@ void Vita::Passo()
         return;
     m_cicli.push_back(ciclo);
     if (m_fatte >= m_azioni)
-        Chiudi_Tutto();
+        Chiudi_Davanti();
     else
         Agisci();
     m_cicli.pop_back();
@@ -189,14 +190,14 @@ void Vita::Agisci()
     });
 }
 
-/// The forms and the boxes only: what is under an action's hands goes when the loop has control again.
-void Vita::Chiudi_Tutto()
+/// What is in front first, and one at a time: the form below has its turn before it goes too.
+void Vita::Chiudi_Davanti()
 {
-    const auto moduli = Moduli_Caricati();
-    for (auto modulo = moduli.rbegin(); modulo != moduli.rend(); ++modulo)
-        (*modulo)->Scarica();
-    if (QWidget *box = QApplication::activeModalWidget(); box != nullptr)
+    QWidget *box = QApplication::activeModalWidget();
+    if (qobject_cast<QMessageBox *>(box) != nullptr)
         box->close();
+    else if (const auto moduli = Moduli_Caricati(); !moduli.empty())
+        moduli.back()->Scarica();
 }
 
 void Vita::Eventi()
