@@ -1,10 +1,12 @@
 #!/usr/bin/python3
-"""Makes the pictures of docs/manuale.md: the installed program on a virtual screen, with a simulated instrument.
+"""Makes the pictures of docs/manuale.md and docs/simulatore.md: the installed programs on a virtual screen, the station
+with a simulated instrument.
 
 usage: figure_manuale.py INSTALLAZIONE [USCITA]
        e.g. figure_manuale.py /srv/stazione
 """
 
+import os
 import subprocess
 import sys
 import tempfile
@@ -41,6 +43,19 @@ AbbDx=0598OO
 
 BUONI = ("30000001", "30000002", "30000004")
 ERRATO = "30000003"
+
+# The window of the simulated instrument fills the picture, and a vehicle out of order is in the middle of its test.
+FINESTRA = (980, 660)
+ESERCITAZIONE = """[VEICOLO1]
+Riposo=1
+Prova=20
+AnabSx=0305AS
+AbbSx=0720OO
+AnabDx=0037OO
+AbbDx=0734OO
+"""
+INTERROGAZIONE = bytes.fromhex("02 41 42 43 10 36 03")
+INTERROGAZIONI = 4
 
 CARTELLE = ("DirDati", "DirRisultati")
 CARTELLA_MOSTRATA = "C:\\lumira\\"  # as a workshop reads it; that of the pictures is a passing one
@@ -170,6 +185,41 @@ def giro(stazione, uscita, passi, **valori):
         stazione.imposta(*nome.split("__"), valore)
 
 
+def interroga(porta):
+    """Asks the instrument for its state, as a station does."""
+    linea = os.open(porta, os.O_RDWR | os.O_NOCTTY)
+    try:
+        for _ in range(INTERROGAZIONI):
+            os.write(linea, INTERROGAZIONE)
+            risposta = b""
+            while not risposta.endswith(b"\x03"):
+                risposta += os.read(linea, 100)
+    finally:
+        os.close(linea)
+
+
+def esercitazione(stazione, uscita, lingua="IT"):
+    """The window of whoever teaches. @param lingua as qx5sim spells it."""
+    scenario = stazione.percorso("esercitazione.ini")
+    scenario.write_text(ESERCITAZIONE, encoding="cp1252")
+    porta = stazione.percorso("porte", "COM2")
+    comando = [stazione.percorso("simulatore", "qx5sim"), "--finestra", "--lingua", lingua, "--collega", porta]
+    comando += ["--registro", stazione.percorso("esercitazione.log"), "--seme", "5", scenario]
+    schermo = operatore.SchermoVirtuale(*FINESTRA)
+    try:
+        programma = operatore.Programma(stazione, schermo, comando=comando)
+        try:
+            programma.attendi(lambda: "pronto:" in programma.diario(), cosa="qx5sim pronto")
+            interroga(porta)
+            programma.attendi(lambda: programma.nomi("radio button"), cosa="finestra")
+            operatore.resta(programma.vivo, 1, "la finestra, con l'ultima trama")
+            Figure(programma, uscita).scatta("esercitazione")
+        finally:
+            programma.chiudi()
+    finally:
+        schermo.chiudi()
+
+
 def main(argomenti):
     if not 1 <= len(argomenti) <= 2:
         raise SystemExit(__doc__)
@@ -187,6 +237,7 @@ def main(argomenti):
             giro(stazione, uscita, Figure.debug, GENERAL__Debug="1")
         finally:
             strumento.spegni()
+        esercitazione(stazione, uscita)
 
 
 if __name__ == "__main__":

@@ -173,7 +173,7 @@ class Stazione:
 
 
 class Strumento:
-    """qx5sim on a pseudo terminal, linked as a port of a station."""
+    """qx5sim on a pseudo terminal, linked as a port of a station. Whoever reads its log reads it in Italian."""
 
     def __init__(self, qx5sim, stazione, scenario, *opzioni, porta="COM1", nome="qx5sim"):
         """
@@ -186,7 +186,7 @@ class Strumento:
         self._registro = stazione.percorso(f"{nome}.log")
         self._uscita = stazione.percorso(f"{nome}.out")
         self.porta = stazione.percorso("porte", porta)
-        argomenti = ["--collega", self.porta, "--registro", self._registro, *opzioni]
+        argomenti = ["--lingua", "IT", "--collega", self.porta, "--registro", self._registro, *opzioni]
         with open(self._uscita, "wb") as uscita:
             self.processo = avvia_processo(
                 [qx5sim, *argomenti, *([scenario] if scenario is not None else [])],

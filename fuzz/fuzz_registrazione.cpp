@@ -36,7 +36,7 @@ QByteArray Detto(const Registrazione &registrazione, Voce voce, bool dalPrimoCom
 
 void Prova_Riproduzione(const Registrazione &registrazione)
 {
-    Riproduzione strumento(registrazione, true, [](const QString &) {});
+    Riproduzione strumento(registrazione, 0, [](const QString &) {});
     QByteArray risposte;
     for (const Invio &invio : strumento.Ricevi(Detto(registrazione, Voce::Stazione, false))) {
         Pretendi(invio.ritardo == 0, "a quick replay waits for nothing");

@@ -138,6 +138,6 @@ bool Profilo_Scrivi(const QString &sezione, const QString &chiave, const QString
            (Pagina_DiUnByte() ? Scrivi_Chiamata : Scrivi_Byte)(sezione, chiave, valore, file);
 }
 
-ProfiloFermo::ProfiloFermo(const QString &) : m_file() {} // the calls themselves keep nothing
+ProfiloFermo::ProfiloFermo(const QString &) {} // the calls themselves keep nothing
 
 ProfiloFermo::~ProfiloFermo() = default;

@@ -6,6 +6,7 @@
 
 bool File_SuDisco(int descrittore)
 {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr) -- the library's own way to hand a handle out
     const auto aperto = reinterpret_cast<HANDLE>(_get_osfhandle(descrittore));
     if (FlushFileBuffers(aperto) != FALSE)
         return true;

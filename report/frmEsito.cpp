@@ -170,7 +170,7 @@ void frmEsito::Mostra_Verdetto()
 void frmEsito::Campi_Imposta()
 {
     constexpr TestoMctc ETICHETTE[] = {MctcAltezzaFaro, MctcTipoAsimmetrico};
-    for (size_t i = 0; i < gCampiEsito.size(); ++i) {
+    for (size_t i = 0; i < std::size(ETICHETTE); ++i) {
         CampoForm &campo = gCampiEsito[i];
         campo.LabelId = ETICHETTE[i];
         campo.Kind = CampoTesto;

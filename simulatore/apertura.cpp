@@ -17,7 +17,8 @@ bool Linea_Apri(Linea &linea, Collegamento &collegamento, QString &errore)
         linea.Chiudi();
         return false;
     }
-    // Not through the log, which may be a file: whoever started the program waits for this line.
+    // Not through the log, which may be a file: whoever started the program waits for this line, a script
+    // too, so that it is the same in every language.
     QTextStream(stdout) << QStringLiteral("pronto: ") << linea.Nome() << Qt::endl;
     return true;
 }

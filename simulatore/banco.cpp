@@ -2,7 +2,9 @@
 // business.
 #include "simulatore/banco.h"
 
+#include "core/parole.h"
 #include "simulatore/apertura.h"
+#include "simulatore/errore.h"
 #include "simulatore/trama.h"
 
 #include <algorithm>
@@ -11,6 +13,9 @@ namespace {
 
 /// Pause between two attempts to come back when the device is not there yet.
 constexpr int RIPROVA_MS = 1000;
+
+constexpr Parole PERDUTA = {u"-- perduta: ", u"-- lost: "};
+constexpr Parole STACCATA = {u"-- linea staccata per %1 ms", u"-- line hung up for %1 ms"};
 
 } // namespace
 
@@ -29,7 +34,7 @@ Banco::Banco(Linea &linea, Interlocutore &interlocutore, Registro &registro, Col
             Programma(invio);
     };
     m_linea.Lasciata = [this] {
-        m_registro.Annota(QStringLiteral("-- la stazione ha chiuso la porta"));
+        m_registro.Annota(QStringLiteral("-- ") + Porta_Chiusa());
         m_interlocutore.Linea_Lasciata();
     };
 }
@@ -67,14 +72,14 @@ void Banco::Esegui(const Invio &invio)
         Riaggancia(invio.riaggancio);
         return;
     }
-    const QString verso = m_linea.Scrivi(invio.byte) ? QStringLiteral("-> ") : QStringLiteral("-- perduta: ");
+    const QString verso = m_linea.Scrivi(invio.byte) ? QStringLiteral("-> ") : In_Parole(PERDUTA);
     const QString nota = invio.nota.isEmpty() ? QString() : QStringLiteral("  ") + invio.nota;
     m_registro.Annota(verso + Trama_Hex(invio.byte) + nota);
 }
 
 void Banco::Riaggancia(int ms)
 {
-    m_registro.Annota(QStringLiteral("-- linea staccata per %1 ms").arg(ms));
+    m_registro.Annota(In_Parole(STACCATA).arg(ms));
     m_coda.clear();
     m_collegamento.Togli();
     m_linea.Chiudi();

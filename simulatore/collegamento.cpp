@@ -1,6 +1,8 @@
 // The link put in one stroke and taken away only if it is still ours. It knows no terminal.
 #include "simulatore/collegamento.h"
 
+#include "core/parole.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -8,13 +10,19 @@
 #include <filesystem>
 #include <system_error>
 
+namespace {
+
+constexpr Parole ALTRO_FILE = {u"%1: esiste e non è un collegamento", u"%1: it is there and is not a link"};
+
+} // namespace
+
 bool Collegamento::Metti(const QString &destinazione, QString &errore)
 {
     if (m_percorso.isEmpty())
         return true;
     const QFileInfo posto(m_percorso);
     if (posto.exists() && !posto.isSymLink()) {
-        errore = QStringLiteral("%1: esiste e non è un collegamento").arg(m_percorso);
+        errore = In_Parole(ALTRO_FILE).arg(m_percorso);
         return false;
     }
     posto.dir().mkpath(QStringLiteral("."));

@@ -1,4 +1,5 @@
-// How qx5sim ends when something is wrong: the words on the standard error, and the status that tells.
+// How qx5sim ends when something is wrong: the words on the standard error, and the status that tells. The
+// words of what befalls a line, whoever speaks on it.
 #pragma once
 
 #include <QString>
@@ -13,3 +14,6 @@ int Errore_Mostra(const QString &errore);
 
 /// What to say of a device that has gone. @param dispositivo as it was named.
 QString Dispositivo_Perduto(const QString &dispositivo);
+
+/// What to say when the station has closed its end of the line.
+QString Porta_Chiusa();

@@ -12,6 +12,7 @@ namespace {
 
 int Finestra_Esegui(const Opzioni &opzioni)
 {
+    Opzioni_Parla(opzioni); // the program's choice is its own: a module has its words to itself
     Esercizio esercizio(opzioni);
     FinestraQx5 finestra(Lingua_Scelta(opzioni.lingua));
     esercizio.Annotata = [&finestra](const QString &riga) { finestra.Annota(riga); };

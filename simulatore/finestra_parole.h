@@ -1,5 +1,5 @@
-// The few words of the simulator's window, in the five languages of the station. The log that it shows stays
-// in Italian, as it is on every line and in every file.
+// The few words of the simulator's window, in the five languages of the station. The log that it shows is in
+// Italian or English, as it is on every line and in every file.
 #pragma once
 
 #include "simulatore/scenario.h"

@@ -1,6 +1,7 @@
 // Each fault as what it makes of a frame. Which reply it hits is the instrument's business.
 #include "simulatore/guasti.h"
 
+#include "core/parole.h"
 #include "simulatore/trama.h"
 
 namespace {
@@ -13,6 +14,9 @@ constexpr char RUMORE_DOPO[] = "\x03\x17\x80\x41\x42";
 /// What stands in place of the byte that tells the kind of reply. As a digit it is 15: a measure damaged in
 /// this way has an absurd figure, but one that the station can reckon with.
 constexpr char GENERE_ERRATO = '?';
+
+/// The fault bears the name by which a scenario asks for it, in every language.
+constexpr Parole CON_GUASTO = {u"%1  [guasto %2]", u"%1  [fault %2]"};
 
 constexpr char RIEMPIMENTO = 'X';
 
@@ -49,7 +53,7 @@ QList<Invio> Guasto_Applica(const Guasto &guasto, const Risposta &risposta, int 
                             qsizetype postoGenere)
 {
     const QByteArray &trama = risposta.trama;
-    const QString nota = QStringLiteral("%1  [guasto %2]").arg(risposta.nota, Guasto_Nome(guasto.tipo));
+    const QString nota = In_Parole(CON_GUASTO).arg(risposta.nota, Guasto_Nome(guasto.tipo));
     const qsizetype meta = trama.size() / 2;
     switch (guasto.tipo) {
     case TipoGuasto::Silenzio:

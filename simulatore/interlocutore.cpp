@@ -1,7 +1,15 @@
 // The station's bytes made into frames; what lies between them is told.
 #include "simulatore/interlocutore.h"
 
+#include "core/parole.h"
+
 #include <utility>
+
+namespace {
+
+constexpr Parole FUORI_TRAMA = {u"-- fuori trama: ", u"-- outside a frame: "};
+
+} // namespace
 
 Interlocutore::Interlocutore(std::function<void(const QString &)> annota) : m_annota(std::move(annota)) {}
 
@@ -13,7 +21,7 @@ QList<Invio> Interlocutore::Ricevi(const QByteArray &byte)
             invii += Comando_Ricevuto(m_assemblatore.Trama());
     }
     if (const QByteArray scartati = m_assemblatore.Scartati(); !scartati.isEmpty())
-        Annota(QStringLiteral("-- fuori trama: ") + Trama_Hex(scartati));
+        Annota(In_Parole(FUORI_TRAMA) + Trama_Hex(scartati));
     return invii;
 }
 

@@ -2,6 +2,7 @@
 // serial control that the station uses too. Windows has no pseudo terminals.
 #include "simulatore/linea.h"
 
+#include "core/parole.h"
 #include "link/seriale.h"
 #include "platform/errore_esecuzione.h"
 
@@ -9,6 +10,10 @@
 #include <QTimer>
 
 namespace {
+
+constexpr Parole NON_PORTA = {u"%1: non è una porta COM", u"%1: this is no COM port"};
+constexpr Parole SERVE_PORTA = {u"serve una porta: --dispositivo COMn",
+                                u"a port is needed: --dispositivo COMn"};
 
 /// How often the device is looked at.
 constexpr int OGNI_MS = 250;
@@ -33,7 +38,7 @@ public:
                                             QRegularExpression::CaseInsensitiveOption);
         const QRegularExpressionMatch nome = COM.match(m_dispositivo);
         if (!nome.hasMatch()) {
-            errore = QStringLiteral("%1: non è una porta COM").arg(m_dispositivo);
+            errore = In_Parole(NON_PORTA).arg(m_dispositivo);
             return false;
         }
         try {
@@ -83,7 +88,7 @@ class LineaMancante : public Linea
 public:
     bool Apri(QString &errore) override
     {
-        errore = QStringLiteral("serve una porta: --dispositivo COMn");
+        errore = In_Parole(SERVE_PORTA);
         return false;
     }
     void Chiudi() override {}

@@ -1,5 +1,6 @@
 // qx5sim: stands in for the instrument on a serial line, for demonstration, training and tests; keeps the
 // record of a real one, and plays it again.
+#include "core/parole.h"
 #include "core/versione.h"
 #include "platform/orologio.h"
 #include "simulatore/apertura.h"
@@ -15,6 +16,14 @@
 #include <QTextStream>
 
 namespace {
+
+constexpr Parole NON_SI_SCRIVE = {u"%1: la registrazione non si scrive più",
+                                  u"%1: the record can no longer be written"};
+constexpr Parole NOTA_REGISTRAZIONE = {u"%1, strumento %2 a %3 baud 8N1",
+                                       u"%1, instrument %2 at %3 baud 8N1"};
+constexpr Parole DOVE_REGISTRA = {u"-- registrazione: ", u"-- record: "};
+constexpr Parole DIVERSAMENTE = {u"la stazione ha fatto diversamente dalla registrazione",
+                                 u"the station has done otherwise than the record"};
 
 /// What went wrong while the program ran.
 void Esci_Perduto(const QString &perche)
@@ -61,22 +70,19 @@ int Fai_Ponte(const Opzioni &opzioni)
     };
     strumento->Perduta = [&perduta, &opzioni] { perduta(opzioni.ponte); };
     stazione->Perduta = [&perduta, &opzioni] { perduta(opzioni.dispositivo); };
-    ponte.Senza_Registrazione = [&percorso] {
-        Esci_Perduto(QStringLiteral("%1: la registrazione non si scrive più").arg(percorso));
-    };
+    ponte.Senza_Registrazione = [&percorso] { Esci_Perduto(In_Parole(NON_SI_SCRIVE).arg(percorso)); };
     Fine_Prepara();
     const QString nota =
-        QStringLiteral("%1, strumento %2 a %3 baud 8N1")
-            .arg(Orologio_Corrente().Adesso().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")))
-            .arg(opzioni.ponte)
-            .arg(opzioni.velocita);
+        In_Parole(NOTA_REGISTRAZIONE)
+            .arg(Orologio_Corrente().Adesso().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")), opzioni.ponte,
+                 QString::number(opzioni.velocita));
     if (!strumento->Apri(errore) || !registrazione.Apri(percorso, nota, errore))
         return Errore_Mostra(errore);
     if (!Linea_Apri(*stazione, collegamento, errore)) {
         registrazione.Scarta(); // an empty one would be in the way of the next try
         return Errore_Mostra(errore);
     }
-    registro.Annota(QStringLiteral("-- registrazione: ") + percorso);
+    registro.Annota(In_Parole(DOVE_REGISTRA) + percorso);
     return QCoreApplication::exec();
 }
 
@@ -89,7 +95,7 @@ int Riproduci(const Opzioni &opzioni)
     Registro registro;
     if (!registro.Apri(opzioni.registro, errore))
         return Errore_Mostra(errore);
-    Riproduzione riproduzione(registrazione, opzioni.svelto,
+    Riproduzione riproduzione(registrazione, opzioni.passo,
                               [&registro](const QString &riga) { registro.Annota(riga); });
     const std::unique_ptr<Linea> linea = Linea_Stazione(opzioni);
     linea->Perduta = [&opzioni, &registro] {
@@ -105,7 +111,7 @@ int Riproduci(const Opzioni &opzioni)
     const int stato = QCoreApplication::exec();
     if (stato != 0 || !riproduzione.Diversa())
         return stato;
-    Errore_Mostra(QStringLiteral("la stazione ha fatto diversamente dalla registrazione"));
+    Errore_Mostra(In_Parole(DIVERSAMENTE));
     return STATO_DIVERSO;
 }
 

@@ -20,14 +20,20 @@ struct Opzioni
     QString ponte;         ///< port of the real instrument; empty for no bridge
     QString registrazione; ///< file that the bridge makes; empty for a name of its own
     QString riproduci;     ///< record to play; empty for none
-    bool svelto = false;   ///< replies of the record at once
+    double passo = 1;      ///< how many times as fast the record is played; 0: replies at once
     bool finestra = false;
-    QString lingua; ///< of the window, two capitals; empty for that of the system
+    QString lingua; ///< two capitals; empty for that of the system
 };
 
 /// @param argomenti as the program got them, its name first.
-/// @param[out] errore what is wrong, in Italian, when it returns nothing.
+/// From here on the messages are in the language that the line asks for.
+/// @param[out] errore what is wrong, in that language, when it returns nothing.
 std::optional<Opzioni> Opzioni_Leggi(const QStringList &argomenti, QString &errore);
+
+/// Puts the language of the messages in force. The window speaks those of the station, the messages Italian
+/// and English alone: English beside a window in another one.
+/// @return false for a language that is not spoken.
+bool Opzioni_Parla(const Opzioni &opzioni);
 
 /// The text of --help.
 QString Opzioni_Aiuto();

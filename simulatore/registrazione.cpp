@@ -1,6 +1,7 @@
 // The lines of a record made and read. It knows no frame.
 #include "simulatore/registrazione.h"
 
+#include "core/parole.h"
 #include "simulatore/trama.h"
 
 #include <QRegularExpression>
@@ -16,6 +17,19 @@ constexpr int VERSIONE = 1;
 
 constexpr char16_t PAROLA_FAR[] = u"far ";
 constexpr char16_t COMMENTO = u'#';
+
+constexpr Parole NON_REGISTRAZIONE = {u"non è una registrazione di qx5sim", u"this is no record of qx5sim"};
+constexpr Parole TROPPO_NUOVA = {u"registrazione di formato %1: questo programma legge fino al %2",
+                                 u"a record of format %1: this program reads up to %2"};
+constexpr Parole SENZA_FORMA = {u"non ha la forma: millesimi, chi parla, byte in esadecimale",
+                                u"it has not the form: milliseconds, who speaks, bytes in hexadecimal"};
+constexpr Parole VOCE_IGNOTA = {u"\"%1\" non è né stazione né strumento",
+                                u"\"%1\" is neither stazione nor strumento"};
+constexpr Parole INDIETRO = {u"il tempo torna indietro", u"the time goes back"};
+constexpr Parole ALLA_RIGA = {u"%1, riga %2: %3", u"%1, line %2: %3"};
+constexpr Parole C_E_GIA = {u"%1: esiste già", u"%1: there is one already"};
+constexpr Parole COLONNE = {u"# millesimi dall'inizio, chi parla, byte",
+                            u"# milliseconds from the start, who speaks, bytes"};
 
 /// Columns, so that the times and the voices stand below each other.
 constexpr int LARGHEZZA_MS = 8;
@@ -44,16 +58,12 @@ QString Voce_Nome(Voce voce)
 /// What is wrong with the first line; empty when nothing is.
 QString Testa_Difetto(const QString &riga)
 {
-    if (!riga.startsWith(TESTA))
-        return QStringLiteral("non è una registrazione di qx5sim");
     bool buono = false;
-    const int versione = riga.sliced(QStringView(TESTA).size()).toInt(&buono);
-    if (!buono || versione < 1)
-        return QStringLiteral("non è una registrazione di qx5sim");
+    const int versione = riga.mid(QStringView(TESTA).size()).toInt(&buono);
+    if (!riga.startsWith(TESTA) || !buono || versione < 1)
+        return In_Parole(NON_REGISTRAZIONE);
     if (versione > VERSIONE)
-        return QStringLiteral("registrazione di formato %1: questo programma legge fino al %2")
-            .arg(versione)
-            .arg(VERSIONE);
+        return In_Parole(TROPPO_NUOVA).arg(versione).arg(VERSIONE);
     return {};
 }
 
@@ -64,12 +74,12 @@ QString Brano_Leggi(const QString &riga, BranoLinea &brano)
         QStringLiteral("^(\\d{1,15})\\s+(\\w+)\\s+([0-9A-Fa-f]{2}(?:\\s+[0-9A-Fa-f]{2})*)$"));
     const QRegularExpressionMatch forma = FORMA.match(riga);
     if (!forma.hasMatch())
-        return QStringLiteral("non ha la forma: millesimi, chi parla, byte in esadecimale");
+        return In_Parole(SENZA_FORMA);
     const auto *def = std::find_if(std::begin(VOCI), std::end(VOCI), [&forma](const DefVoce &d) {
         return forma.capturedView(2) == QStringView(d.nome);
     });
     if (def == std::end(VOCI))
-        return QStringLiteral("\"%1\" non è né stazione né strumento").arg(forma.captured(2));
+        return In_Parole(VOCE_IGNOTA).arg(forma.captured(2));
     brano.ms = forma.captured(1).toLongLong();
     brano.voce = def->voce;
     brano.byte = QByteArray::fromHex(forma.captured(3).toLatin1());
@@ -89,7 +99,7 @@ QString Riga_Leggi(const QString &riga, Registrazione &registrazione)
     if (QString difetto = Brano_Leggi(riga, brano); !difetto.isEmpty())
         return difetto;
     if (!registrazione.brani.isEmpty() && brano.ms < registrazione.brani.last().ms)
-        return QStringLiteral("il tempo torna indietro");
+        return In_Parole(INDIETRO);
     registrazione.brani.append(brano);
     return {};
 }
@@ -116,7 +126,7 @@ QStringList Registrazione_Leggi(const QString &file, Registrazione &registrazion
     for (qsizetype i = 1; i < righe.size(); ++i) {
         const QString difetto = Riga_Leggi(righe[i].trimmed(), letta);
         if (!difetto.isEmpty())
-            errori.append(QStringLiteral("%1, riga %2: %3").arg(file, QString::number(i + 1), difetto));
+            errori.append(In_Parole(ALLA_RIGA).arg(file, QString::number(i + 1), difetto));
     }
     if (errori.isEmpty())
         registrazione = letta;
@@ -127,13 +137,12 @@ bool ScrittoreRegistrazione::Apri(const QString &percorso, const QString &nota, 
 {
     m_file.setFileName(percorso);
     if (m_file.exists()) {
-        errore = QStringLiteral("%1: esiste già").arg(percorso);
+        errore = In_Parole(C_E_GIA).arg(percorso);
         return false;
     }
     const bool scritta = m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly) &&
                          Scrivi(QString::fromUtf16(TESTA) + QString::number(VERSIONE)) &&
-                         Scrivi(QStringLiteral("# ") + nota) &&
-                         Scrivi(QStringLiteral("# millesimi dall'inizio, chi parla, byte"));
+                         Scrivi(QStringLiteral("# ") + nota) && Scrivi(In_Parole(COLONNE));
     if (!scritta)
         errore = QStringLiteral("%1: %2").arg(percorso, m_file.errorString());
     return scritta;

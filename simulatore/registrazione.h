@@ -35,7 +35,7 @@ QString Brano_Testo(const BranoLinea &brano);
 
 /// Reads a record.
 /// @param[out] registrazione left as it was when there is an error.
-/// @return what is wrong, a line an error, in Italian; empty when all is well.
+/// @return what is wrong, a line an error, in the language chosen (core/parole.h); empty when all is well.
 QStringList Registrazione_Leggi(const QString &file, Registrazione &registrazione);
 
 /// Writes a record line by line, each one through to the system at once: whatever ends the program, the file

@@ -10,9 +10,9 @@
 class Riproduzione : public Interlocutore
 {
 public:
-    /// @param svelta replies at once; otherwise each as long after its command as in the record.
+    /// @param passo how many times as fast as in the record each reply follows its command; 0: at once.
     /// @param annota takes a line of the log.
-    Riproduzione(const Registrazione &registrazione, bool svelta,
+    Riproduzione(const Registrazione &registrazione, double passo,
                  std::function<void(const QString &)> annota);
 
     /// The station has said something that does not stand in the record at its place.

@@ -2,6 +2,7 @@
 #include "simulatore/scenario.h"
 
 #include "core/modGeneral.h"
+#include "core/parole.h"
 #include "platform/codifica.h"
 #include "platform/percorsi.h"
 
@@ -16,6 +17,18 @@ constexpr int MASSIMO_NUMERO = 60000;
 constexpr int SEMPRE = std::numeric_limits<int>::max(); // a last time that never comes
 constexpr qsizetype MISURA_RECORD = 6;
 constexpr qsizetype CIFRE_RECORD = 4;
+
+constexpr Parole ILLEGGIBILE = {u"%1: non si legge", u"%1: cannot be read"};
+constexpr Parole NON_NUMERO = {u"\"%1\" non è un numero da %2 a %3", u"\"%1\" is no number from %2 to %3"};
+constexpr Parole NON_RECORD = {u"\"%1\" non è fatto di quattro cifre e due caratteri",
+                               u"\"%1\" is not made of four digits and two characters"};
+constexpr Parole NON_GUASTO = {u"\"%1\" non ha la forma comando;volte;guasto[;numero]",
+                               u"\"%1\" has not the form command;times;fault[;number]"};
+constexpr Parole COMANDO_IGNOTO = {u"comando sconosciuto \"%1\"", u"unknown command \"%1\""};
+constexpr Parole NON_VOLTE = {u"\"%1\" non dice le volte: si scrive *, 3, 2-5 oppure 4-",
+                              u"\"%1\" does not tell the times: write *, 3, 2-5 or 4-"};
+constexpr Parole GUASTO_IGNOTO = {u"guasto sconosciuto \"%1\"", u"unknown fault \"%1\""};
+constexpr Parole SENZA_NUMERO = {u"il guasto \"%1\" non ha numero", u"the fault \"%1\" has no number"};
 
 /// A beam that passes with the limits of a new installation, for a record that the scenario leaves out.
 constexpr const char16_t *RECORD_PREDEFINITI[] = {u"0250OO", u"0600OO", u"0250OO", u"0600OO"};
@@ -46,6 +59,11 @@ constexpr DefGuasto GUASTI[] = {
 };
 // clang-format on
 
+QString Numero_Difetto(const QString &valore, int minimo, int massimo)
+{
+    return In_Parole(NON_NUMERO).arg(valore, QString::number(minimo), QString::number(massimo));
+}
+
 /// A section of the file being read, and the place where its errors go.
 class Lettura
 {
@@ -63,8 +81,7 @@ public:
         bool buono = false;
         const int numero = valore.isEmpty() ? predefinito : valore.toInt(&buono);
         if (!valore.isEmpty() && (!buono || numero < 0 || numero > massimo))
-            Errore(chiave,
-                   QStringLiteral("\"%1\" non è un numero da 0 a %2").arg(valore, QString::number(massimo)));
+            Errore(chiave, Numero_Difetto(valore, 0, massimo));
         return numero;
     }
 
@@ -88,8 +105,7 @@ QByteArray Record_Leggi(const Lettura &lettura, size_t numero)
     const bool cifre = std::all_of(record.cbegin(), record.cbegin() + std::min(CIFRE_RECORD, record.size()),
                                    [](char c) { return c >= '0' && c <= '9'; });
     if (record.size() != MISURA_RECORD || !cifre)
-        lettura.Errore(chiave,
-                       QStringLiteral("\"%1\" non è fatto di quattro cifre e due caratteri").arg(valore));
+        lettura.Errore(chiave, In_Parole(NON_RECORD).arg(valore));
     return record;
 }
 
@@ -117,33 +133,32 @@ QString Guasto_Interpreta(const QString &testo, Guasto &guasto)
     for (QString &pezzo : pezzi)
         pezzo = pezzo.trimmed();
     if (pezzi.size() < 3 || pezzi.size() > 4)
-        return QStringLiteral("\"%1\" non ha la forma comando;volte;guasto[;numero]").arg(testo);
+        return In_Parole(NON_GUASTO).arg(testo);
 
     if (pezzi[0] != u"*") {
         const DefComando *comando = Comando_DaNome(pezzi[0]);
         if (comando == nullptr)
-            return QStringLiteral("comando sconosciuto \"%1\"").arg(pezzi[0]);
+            return In_Parole(COMANDO_IGNOTO).arg(pezzi[0]);
         guasto.comando = comando->codice;
     }
     if (!Volte_Leggi(pezzi[1], guasto))
-        return QStringLiteral("\"%1\" non dice le volte: si scrive *, 3, 2-5 oppure 4-").arg(pezzi[1]);
+        return In_Parole(NON_VOLTE).arg(pezzi[1]);
 
     const auto *def = std::find_if(std::begin(GUASTI), std::end(GUASTI), [&pezzi](const DefGuasto &d) {
         return pezzi[2].compare(QStringView(d.nome), Qt::CaseInsensitive) == 0;
     });
     if (def == std::end(GUASTI))
-        return QStringLiteral("guasto sconosciuto \"%1\"").arg(pezzi[2]);
+        return In_Parole(GUASTO_IGNOTO).arg(pezzi[2]);
     guasto.tipo = def->tipo;
     guasto.numero = def->predefinito;
     if (pezzi.size() == 3)
         return {};
     if (def->massimo == 0)
-        return QStringLiteral("il guasto \"%1\" non ha numero").arg(pezzi[2]);
+        return In_Parole(SENZA_NUMERO).arg(pezzi[2]);
     bool buono = false;
     guasto.numero = pezzi[3].toInt(&buono);
     if (!buono || guasto.numero < def->minimo || guasto.numero > def->massimo)
-        return QStringLiteral("\"%1\" non è un numero da %2 a %3")
-            .arg(pezzi[3], QString::number(def->minimo), QString::number(def->massimo));
+        return Numero_Difetto(pezzi[3], def->minimo, def->massimo);
     return {};
 }
 
@@ -221,7 +236,7 @@ QStringList Scenario_Leggi(const QString &file, Scenario &scenario)
     QStringList errori;
     if (!file.isEmpty()) {
         if (!QFile(Percorso_Nativo(file)).open(QIODevice::ReadOnly))
-            return {QStringLiteral("%1: non si legge").arg(file)};
+            return {In_Parole(ILLEGGIBILE).arg(file)};
         const Lettura generale(file, QStringLiteral("GENERALE"), errori);
         letto.ritardo = generale.Numero(QStringLiteral("Ritardo"), letto.ritardo, MASSIMO_NUMERO);
         letto.ricomincia = generale.Numero(QStringLiteral("Ricomincia"), 0, 1) == 1;

@@ -71,5 +71,5 @@ QString Guasto_Nome(TipoGuasto tipo);
 /// Reads a scenario file; an empty path is a scenario without vehicles and faults.
 /// @param[out] scenario left as it was when there is an error, so that a slip of the pen in a file that is
 /// edited while the program runs does not stop the exercise.
-/// @return what is wrong, a line an error, in Italian; empty when all is well.
+/// @return what is wrong, a line an error, in the language chosen (core/parole.h); empty when all is well.
 QStringList Scenario_Leggi(const QString &file, Scenario &scenario);

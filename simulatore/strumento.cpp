@@ -1,6 +1,7 @@
 // Commands obeyed in the state of the vehicle at hand, replies with their faults. No line and no clock.
 #include "simulatore/strumento.h"
 
+#include "core/parole.h"
 #include "platform/codifica.h"
 
 #include <algorithm>
@@ -21,6 +22,23 @@ constexpr char NON_SCRITTO = '\0';
 
 /// The longest reply that a station holds, in bytes.
 constexpr qsizetype MASSIMO_STAZIONE = 106;
+
+constexpr Parole SCONOSCIUTO = {u"comando sconosciuto", u"unknown command"};
+constexpr Parole DATI_DI_TROPPO = {u"dati in un comando che non ne porta",
+                                   u"data in a command that carries none"};
+constexpr Parole SENZA_RIEMPITIVO = {u"manca il riempitivo 00 prima del carattere di controllo",
+                                     u"no filler 00 before the check character"};
+constexpr Parole SENZA_RISPOSTA = {u"%1: nessuna risposta", u"%1: no reply"};
+constexpr Parole NON_PARTE = {u"-- guasto %1: %2 non parte", u"-- fault %1: %2 is not sent"};
+constexpr Parole NON_PRONTA = {u"nessuna misura pronta: nessuna risposta", u"no measure ready: no reply"};
+constexpr Parole MISURA = {u"misura", u"measure"};
+constexpr Parole TESTI = {u"testi", u"texts"};
+constexpr Parole TROPPI_BYTE = {u"  (%1 byte: la stazione ne tiene %2)",
+                                u"  (%1 bytes: the station holds %2)"};
+constexpr Parole SCRITTURA_BUONA = {u"scritto", u"written"};
+constexpr Parole SCRITTURA_PERSA = {u"non scritto: il file di stato non si scrive",
+                                    u"not written: the state file cannot be written"};
+constexpr Parole NUOVO_VEICOLO = {u"-- nuovo veicolo:", u"-- new vehicle:"};
 
 /// Where the texts of a write go. The identity goes out in two frames, the operator alone in the second.
 struct DefScrittura
@@ -82,12 +100,12 @@ QString Comando_Difetto(const QByteArray &trama)
         return difetto;
     const DefComando *comando = Comando_Di(trama);
     if (comando == nullptr)
-        return QStringLiteral("comando sconosciuto");
+        return In_Parole(SCONOSCIUTO);
     const QByteArray carico = Carico_Di(trama);
     if (comando->carico == CaricoComando::Nessuno && !carico.isEmpty())
-        return QStringLiteral("dati in un comando che non ne porta");
+        return In_Parole(DATI_DI_TROPPO);
     if (comando->carico == CaricoComando::TestiRiempitivo && !carico.endsWith(RIEMPITIVO))
-        return QStringLiteral("manca il riempitivo 00 prima del carattere di controllo");
+        return In_Parole(SENZA_RIEMPITIVO);
     return {};
 }
 
@@ -105,14 +123,14 @@ struct DefStato
 {
     StatoStrumento stato;
     char byte;
-    const char16_t *nota;
+    Parole nota;
 };
 
 // clang-format off
 constexpr DefStato STATI[] = {
-    {StatoStrumento::Riposo, '1', u"\"1\" a riposo"},
-    {StatoStrumento::Prova,  '2', u"\"2\" prova in corso"},
-    {StatoStrumento::Pronta, '4', u"\"4\" misura pronta"},
+    {StatoStrumento::Riposo, '1', {u"\"1\" a riposo", u"\"1\" idle"}},
+    {StatoStrumento::Prova,  '2', {u"\"2\" prova in corso", u"\"2\" measuring"}},
+    {StatoStrumento::Pronta, '4', {u"\"4\" misura pronta", u"\"4\" measure ready"}},
 };
 // clang-format on
 
@@ -184,7 +202,7 @@ QList<Invio> Strumento::Comando_Ricevuto(const QByteArray &trama)
 {
     const QString riga = QStringLiteral("<- ") + Trama_Hex(trama) + QStringLiteral("  ");
     if (const QString difetto = Comando_Difetto(trama); !difetto.isEmpty()) {
-        Annota(riga + difetto + QStringLiteral(": nessuna risposta"));
+        Annota(riga + In_Parole(SENZA_RISPOSTA).arg(difetto));
         return {};
     }
 
@@ -208,8 +226,7 @@ QList<Invio> Strumento::Risposta_Invia(const DefComando &comando, const Risposta
     if (guasto != nullptr) {
         invii = Guasto_Applica(*guasto, risposta, m_scenario.ritardo, comando.postoGenere);
         if (invii.isEmpty())
-            Annota(
-                QStringLiteral("-- guasto %1: %2 non parte").arg(Guasto_Nome(guasto->tipo), risposta.nota));
+            Annota(In_Parole(NON_PARTE).arg(Guasto_Nome(guasto->tipo), risposta.nota));
         if (guasto->tipo == TipoGuasto::Unita)
             m_trattenuta += risposta.trama;
     }
@@ -264,30 +281,27 @@ Risposta Strumento::Risposta_Stato()
     if (!m_fermo)
         ++m_interrogazioni;
     const DefStato &stato = Stato_Def(Stato());
-    return {Trama_Componi(QByteArray(1, stato.byte)), QString::fromUtf16(stato.nota)};
+    return {Trama_Componi(QByteArray(1, stato.byte)), In_Parole(stato.nota)};
 }
 
 Risposta Strumento::Risposta_Misura()
 {
     if (!Misura_Pronta())
-        return {{}, QStringLiteral("nessuna misura pronta: nessuna risposta")};
+        return {{}, In_Parole(NON_PRONTA)};
     // A station that did not get the reply asks again, and gets the same measure.
     m_misurato = true;
     QByteArray corpo;
     for (const QByteArray &record : m_veicolo.record)
         corpo += record;
-    return {Trama_Componi(corpo), QStringLiteral("misura") + Record_Nota(m_veicolo)};
+    return {Trama_Componi(corpo), In_Parole(MISURA) + Record_Nota(m_veicolo)};
 }
 
 Risposta Strumento::Risposta_Testi(Blocco blocco, const QByteArray &testa)
 {
     const QStringList testi = m_memoria.Leggi(blocco);
-    Risposta risposta = {Trama_Componi(testa + Carico_Componi(testi)),
-                         QStringLiteral("testi") + Testi_Nota(testi)};
+    Risposta risposta = {Trama_Componi(testa + Carico_Componi(testi)), In_Parole(TESTI) + Testi_Nota(testi)};
     if (risposta.trama.size() > MASSIMO_STAZIONE)
-        risposta.nota += QStringLiteral("  (%1 byte: la stazione ne tiene %2)")
-                             .arg(risposta.trama.size())
-                             .arg(MASSIMO_STAZIONE);
+        risposta.nota += In_Parole(TROPPI_BYTE).arg(risposta.trama.size()).arg(MASSIMO_STAZIONE);
     return risposta;
 }
 
@@ -300,9 +314,7 @@ Risposta Strumento::Risposta_Scrittura(CodiceComando comando, const QByteArray &
     for (qsizetype i = 0; i < std::min(testi.size(), scrittura->quanti); ++i)
         tenuti = m_memoria.Scrivi(scrittura->blocco, scrittura->primo + i, testi[i]) && tenuti;
     const char esito = tenuti ? SCRITTO : NON_SCRITTO;
-    return {Trama_Componi(QByteArray(1, esito)),
-            tenuti ? QStringLiteral("scritto")
-                   : QStringLiteral("non scritto: il file di stato non si scrive")};
+    return {Trama_Componi(QByteArray(1, esito)), In_Parole(tenuti ? SCRITTURA_BUONA : SCRITTURA_PERSA)};
 }
 
 /// Reads the scenario anew; one with errors leaves the last good one in force.
@@ -329,5 +341,5 @@ void Strumento::Veicolo_Nuovo()
         m_veicolo = m_scenario.veicoli[m_indice];
     }
     m_veicolo.record = m_recordFissi.value_or(m_veicolo.record);
-    Annota(QStringLiteral("-- nuovo veicolo:") + Record_Nota(m_veicolo));
+    Annota(In_Parole(NUOVO_VEICOLO) + Record_Nota(m_veicolo));
 }

@@ -1,6 +1,8 @@
 // Frames checked, made and put together byte by byte. It knows no command.
 #include "simulatore/trama.h"
 
+#include "core/parole.h"
+
 #include <utility>
 
 namespace {
@@ -8,6 +10,11 @@ namespace {
 /// The characters that follow the start byte of every command. The instrument opens its replies with them
 /// too: the station looks at the third one alone, and only in the reply to the reading of the calibration.
 constexpr char PREFISSO[] = "ABC";
+
+constexpr Parole TROPPO_CORTA = {u"trama troppo corta", u"frame too short"};
+constexpr Parole SENZA_PREFISSO = {u"manca ABC dopo il byte di inizio", u"no ABC behind the start byte"};
+constexpr Parole CONTROLLO_ERRATO = {u"carattere di controllo errato, atteso \"%1\"",
+                                     u"wrong check character, \"%1\" expected"};
 
 /// A command without payload: start, prefix, code, check character, end.
 constexpr qsizetype TRAMA_MINIMA = 7;
@@ -42,13 +49,13 @@ QByteArray Trama_Controllata(QByteArray trama)
 QString Trama_Difetto(const QByteArray &trama)
 {
     if (trama.size() < TRAMA_MINIMA)
-        return QStringLiteral("trama troppo corta");
+        return In_Parole(TROPPO_CORTA);
     if (QByteArrayView(trama).sliced(1).first(3) != QByteArrayView(PREFISSO))
-        return QStringLiteral("manca ABC dopo il byte di inizio");
+        return In_Parole(SENZA_PREFISSO);
     const qsizetype controllo = trama.size() - 2;
     const char atteso = Controllo_Di(QByteArrayView(trama).first(controllo));
     if (trama[controllo] != atteso)
-        return QStringLiteral("carattere di controllo errato, atteso \"%1\"").arg(QLatin1Char(atteso));
+        return In_Parole(CONTROLLO_ERRATO).arg(QLatin1Char(atteso));
     return {};
 }
 

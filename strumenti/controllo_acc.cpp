@@ -2,10 +2,10 @@
 #include "strumenti/controllo_acc.h"
 
 #include "core/modFs.h"
+#include "core/parole.h"
 #include "mctc/campi_acc.h"
 #include "mctc/righe_acc.h"
 #include "platform/errore_esecuzione.h"
-#include "strumenti/parole.h"
 #include "strumenti/stazione_strumento.h"
 
 #include <QJsonArray>

@@ -3,13 +3,13 @@
 
 #include "core/modFs.h"
 #include "core/modGeneral.h"
+#include "core/parole.h"
 #include "mctc/cartella_scambio.h"
 #include "mctc/lettura_far.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/percorsi.h"
 #include "strumenti/controllo_acc.h"
 #include "strumenti/elenco_file.h"
-#include "strumenti/parole.h"
 #include "strumenti/scrivibile.h"
 #include "strumenti/stazione_strumento.h"
 

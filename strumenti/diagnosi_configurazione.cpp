@@ -7,6 +7,7 @@
 #include "core/lingue.h"
 #include "core/modGeneral.h"
 #include "core/modStr.h"
+#include "core/parole.h"
 #include "link/modComm.h"
 #include "link/seriale_comune.h"
 #include "platform/errore_esecuzione.h"
@@ -16,7 +17,6 @@
 #include "platform/percorsi.h"
 #include "platform/profilo_testo.h"
 #include "strumenti/codice_testo.h"
-#include "strumenti/parole.h"
 #include "strumenti/password_coperta.h"
 #include "strumenti/scrivibile.h"
 

@@ -2,8 +2,8 @@
 #include "strumenti/diagnosi.h"
 
 #include "core/modGeneral.h"
+#include "core/parole.h"
 #include "platform/percorsi.h"
-#include "strumenti/parole.h"
 
 #include <QFileInfo>
 #include <QImage>

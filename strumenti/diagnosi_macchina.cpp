@@ -2,9 +2,9 @@
 #include "strumenti/diagnosi.h"
 
 #include "core/modGeneral.h"
+#include "core/parole.h"
 #include "platform/orologio.h"
 #include "platform/percorsi.h"
-#include "strumenti/parole.h"
 
 #include <QDir>
 #include <QFileInfo>

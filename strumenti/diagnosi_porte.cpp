@@ -2,11 +2,11 @@
 #include "strumenti/diagnosi.h"
 
 #include "core/modGeneral.h"
+#include "core/parole.h"
 #include "link/modComm.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/istanza.h"
 #include "platform/percorsi.h"
-#include "strumenti/parole.h"
 #include "strumenti/sonda_strumento.h"
 
 #include <QStringList>

@@ -4,10 +4,10 @@
 
 #include "core/modFs.h"
 #include "core/modGeneral.h"
+#include "core/parole.h"
 #include "core/versione.h"
 #include "platform/percorsi.h"
 #include "strumenti/distinta.h"
-#include "strumenti/parole.h"
 #include "strumenti/stazione_strumento.h"
 
 #include <QFile>

@@ -2,7 +2,7 @@
 // that asks, and the rest of a look at the station must not go with it.
 #include "strumenti/diagnosi.h"
 
-#include "strumenti/parole.h"
+#include "core/parole.h"
 
 #include <QGuiApplication>
 #include <QProcess>

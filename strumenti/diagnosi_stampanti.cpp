@@ -1,8 +1,8 @@
 // The print queues, as the station asks for them.
 #include "strumenti/diagnosi.h"
 
+#include "core/parole.h"
 #include "platform/code_stampa.h"
-#include "strumenti/parole.h"
 
 #include <QStringList>
 

@@ -3,10 +3,10 @@
 
 #include "core/lingue.h"
 #include "core/modGeneral.h"
+#include "core/parole.h"
 #include "platform/percorsi.h"
 #include "platform/profilo_testo.h"
 #include "strumenti/codice_testo.h"
-#include "strumenti/parole.h"
 
 #include <QFile>
 #include <QStringList>

@@ -28,7 +28,7 @@ constexpr LuogoDistinta LUOGHI[] = {
 QByteArray Somma_Letta(const QJsonObject &file)
 {
     const QJsonArray somme = file[QStringLiteral("checksums")].toArray();
-    for (const QJsonValue &somma : somme) {
+    for (const QJsonValueConstRef &somma : somme) {
         if (somma[QStringLiteral("algorithm")].toString() == u"SHA256")
             return somma[QStringLiteral("checksumValue")].toString().toLatin1();
     }
@@ -40,7 +40,7 @@ Distinta Della_Stazione(const QByteArray &byte, const QDir &radice, const QDir &
 {
     Distinta distinta;
     const QJsonArray lista = QJsonDocument::fromJson(byte).object()[QStringLiteral("files")].toArray();
-    for (const QJsonValue &voce : lista) {
+    for (const QJsonValueConstRef &voce : lista) {
         const QJsonObject file = voce.toObject();
         const QString percorso = radice.absoluteFilePath(file[QStringLiteral("fileName")].toString());
         const QString nome = stazione.relativeFilePath(QDir::cleanPath(percorso));
@@ -62,7 +62,7 @@ Distinta Distinta_Leggi()
         if (!file.open(QIODevice::ReadOnly))
             continue;
         // The bill of a package says nothing of a station that lies elsewhere.
-        const Distinta distinta = Della_Stazione(file.readAll(), radice, stazione);
+        Distinta distinta = Della_Stazione(file.readAll(), radice, stazione);
         if (!distinta.isEmpty())
             return distinta;
     }

@@ -4,7 +4,7 @@
 
 #include "core/fari.h"
 #include "core/limiti.h"
-#include "strumenti/parole.h"
+#include "core/parole.h"
 
 #include <QDate>
 #include <QMap>

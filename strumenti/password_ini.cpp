@@ -3,6 +3,7 @@
 
 #include "core/modGeneral.h"
 #include "core/modStr.h"
+#include "core/parole.h"
 #include "core/pwd_cifra.h"
 #include "platform/errore_esecuzione.h"
 #include "platform/file.h"
@@ -17,6 +18,17 @@
 namespace {
 
 constexpr ChiaveIni CHIAVI[] = {ChiavePassword, ChiavePassword2};
+
+constexpr Parole ALTRO_FILE = {u"in %1 manca la sezione [%2]: non è il lumira.ini di una stazione",
+                               u"%1 has no section [%2]: it is not the lumira.ini of a station"};
+constexpr Parole MANCA = {u"%1 non c'è", u"%1 is not there"};
+constexpr Parole ILLEGGIBILE = {u"%1 non si può leggere", u"%1 cannot be read"};
+constexpr Parole SENZA_COPIA = {u"la copia di %1 non si può fare: la password resta quella di prima",
+                                u"%1 cannot be copied: the password stays what it was"};
+constexpr Parole NON_SCRITTO = {u"%1 non si può scrivere: resta com'era",
+                                u"%1 cannot be written: it stays as it was"};
+constexpr Parole MEZZO_SCRITTO = {u"%1 non si può scrivere: com'era sta in %2",
+                                  u"%1 cannot be written: what it was stands in %2"};
 
 bool Testa_Di(const QString &riga, QStringView sezione)
 {
@@ -73,12 +85,10 @@ bool Ini_Adatto(const QString &file, QString &errore)
             if (Testa_Di(righe.Leggi(), SezioneImpostazioni))
                 return true;
         }
-        errore = QStringLiteral("in %1 manca la sezione [%2]: non è il lumira.ini di una stazione")
-                     .arg(file, SezioneImpostazioni);
+        errore = In_Parole(ALTRO_FILE).arg(file, SezioneImpostazioni);
     } catch (const ErroreEsecuzione &guasto) {
-        errore = guasto.Numero() == static_cast<int>(NumeroErrore::FileNonTrovato)
-                     ? QStringLiteral("%1 non c'è").arg(file)
-                     : QStringLiteral("%1 non si può leggere").arg(file);
+        const bool manca = guasto.Numero() == static_cast<int>(NumeroErrore::FileNonTrovato);
+        errore = In_Parole(manca ? MANCA : ILLEGGIBILE).arg(file);
     }
     return false;
 }
@@ -93,8 +103,7 @@ EsitoPassword Password_Scrivi(const QString &file, const QString &password, QStr
     const QString nativo = Percorso_Nativo(file);
     copia = Copia_Datata(nativo);
     if (copia.isEmpty()) {
-        errore =
-            QStringLiteral("la copia di %1 non si può fare: la password resta quella di prima").arg(file);
+        errore = In_Parole(SENZA_COPIA).arg(file);
         return EsitoPassword::FileRifiutato;
     }
     if (Scrivi_E_Rileggi(file, cifrato, password))
@@ -102,9 +111,9 @@ EsitoPassword Password_Scrivi(const QString &file, const QString &password, QStr
     if (Rimetti(nativo, copia)) {
         QFile::remove(copia);
         copia.clear();
-        errore = QStringLiteral("%1 non si può scrivere: resta com'era").arg(file);
+        errore = In_Parole(NON_SCRITTO).arg(file);
     } else {
-        errore = QStringLiteral("%1 non si può scrivere: com'era sta in %2").arg(file, copia);
+        errore = In_Parole(MEZZO_SCRITTO).arg(file, copia);
     }
     return EsitoPassword::FileRifiutato;
 }

@@ -13,7 +13,7 @@ enum class EsitoPassword
 };
 
 /// True for a file with the section that the passwords stand in.
-/// @param[out] errore what is wrong, in Italian; untouched when it is good.
+/// @param[out] errore what is wrong, in the language chosen; untouched when it is good.
 bool Ini_Adatto(const QString &file, QString &errore);
 
 /// Writes a password under Pwd and Pwd2: the station asks for one or the other, and by the end of a test
@@ -22,5 +22,5 @@ bool Ini_Adatto(const QString &file, QString &errore);
 /// anything but Scritta the file is as it was.
 /// @param file one that is Ini_Adatto.
 /// @param[out] copia path of the copy; empty when none is left behind.
-/// @param[out] errore what is wrong, in Italian; empty when the password stands in the file.
+/// @param[out] errore what is wrong, in the language chosen; empty when the password stands in the file.
 EsitoPassword Password_Scrivi(const QString &file, const QString &password, QString &copia, QString &errore);

@@ -2,7 +2,7 @@
 #include "strumenti/raccolta_far.h"
 
 #include "core/campo_form.h"
-#include "strumenti/parole.h"
+#include "core/parole.h"
 #include "strumenti/stazione_strumento.h"
 
 #include <QJsonArray>

@@ -11,6 +11,8 @@ constexpr Parole SENZA_VALORE = {u"a un'opzione manca il suo valore (%1 --help)"
                                  u"an option lacks its value (%1 --help)"};
 constexpr Parole SENZA_POSTI = {u"serve almeno un FILE o una CARTELLA (%1 --help)",
                                 u"at least one FILE or FOLDER is needed (%1 --help)"};
+constexpr Parole POSTI_VIETATI = {u"oltre alle opzioni non va niente (%1 --help)",
+                                  u"nothing stands beside the options (%1 --help)"};
 constexpr Parole TROPPI_POSTI = {u"più di una CARTELLA (%1 --help)", u"more than one FOLDER (%1 --help)"};
 constexpr Parole LINGUA_IGNOTA = {u"le lingue sono IT ed EN, non %1", u"the languages are IT and EN, not %1"};
 
@@ -52,6 +54,8 @@ std::optional<FineStrumento> RigaComando::Leggi(const QStringList &argomenti)
         return Rifiuta(In_Parole(SENZA_POSTI).arg(m_nome));
     if (m_luoghi == Luoghi::UnoAlPiu && Posti().size() > 1)
         return Rifiuta(In_Parole(TROPPI_POSTI).arg(m_nome));
+    if (m_luoghi == Luoghi::Nessuno && !Posti().isEmpty())
+        return Rifiuta(In_Parole(POSTI_VIETATI).arg(m_nome)); // not which: it may be a password
     return std::nullopt;
 }
 

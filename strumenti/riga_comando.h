@@ -1,8 +1,8 @@
-// The command line of a tool that reads files: what is the same in all of them. It opens none of them.
+// The command line of a tool: what is the same in all of them. It opens no file.
 #pragma once
 
+#include "core/parole.h"
 #include "strumenti/fine_strumento.h"
-#include "strumenti/parole.h"
 
 #include <QCommandLineParser>
 #include <QList>
@@ -22,6 +22,7 @@ public:
     {
         UnoOPiu,
         UnoAlPiu, ///< a station's folder
+        Nessuno,
     };
 
     /// @param nome of the tool. @param aiuto what --help says. @param opzioni its own, beside --help,

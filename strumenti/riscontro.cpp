@@ -1,9 +1,9 @@
 // Findings gathered, and their two forms.
 #include "strumenti/riscontro.h"
 
+#include "core/parole.h"
 #include "core/versione.h"
 #include "platform/orologio.h"
-#include "strumenti/parole.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -4,8 +4,8 @@
 #include "app/avvio.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
+#include "core/parole.h"
 #include "platform/percorsi.h"
-#include "strumenti/parole.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -2,8 +2,8 @@
 #include "strumenti/diagnosi.h"
 
 #include "app/stato_stazione.h"
+#include "core/parole.h"
 #include "platform/orologio.h"
-#include "strumenti/parole.h"
 
 namespace {
 

@@ -79,14 +79,14 @@ bool Applicazione::notify(QObject *ricevente, QEvent *evento)
 
 void Programma_Termina(int stato)
 {
-    std::fflush(nullptr);
+    (void)std::fflush(nullptr);
     std::_Exit(stato);
 }
 
 void Errore_Fatale(const ErroreEsecuzione &errore)
 {
-    std::fprintf(stderr, "lumira: run-time error %s\n", errore.what());
-    std::fflush(stderr);
+    (void)std::fprintf(stderr, "lumira: run-time error %s\n", errore.what());
+    (void)std::fflush(stderr);
     const QString testo = QStringLiteral("Run-time error '%1':\n\n%2");
     Messaggio_Sistema(QStringLiteral("lumira"), testo.arg(errore.Numero()).arg(errore.Descrizione()));
     Programma_Termina(1);

@@ -1,28 +1,35 @@
 #!/usr/bin/env python3
-"""Runs the unit tests of build/windows as Windows programs under Wine.
+"""Runs the unit tests of build/windows as Windows programs under Wine, several at a time.
 
     packaging/windows/prove.py [FOLDER ...]      folders of tests/; by default those of FOLDERS
 
 What cannot run there stands in prove_saltate.txt and is named with its reason; a test program that is neither
 built nor named there, or a name there that fits nothing, is a failure.
 """
+import concurrent.futures
 import fnmatch
 import os
 import pathlib
+import queue
 import subprocess
 import sys
 import tempfile
+import time
 
 import caratteri
 
 RADICE = pathlib.Path(__file__).resolve().parents[2]
-FOLDERS = ("platform", "core", "app", "link", "mctc", "simulatore", "report", "forms", "strumenti")
+# The longest first: at the end nobody waits for one alone.
+FOLDERS = ("forms", "platform", "core", "app", "link", "mctc", "simulatore", "report", "strumenti")
 # Forms run without a display: where Wine has one, each window waits two seconds for the focus.
 CON_FINESTRE = ("forms",)
 WINE = RADICE / "packaging/windows/wine.sh"
 SALTATE = RADICE / "packaging/windows/prove_saltate.txt"
 CARATTERI = RADICE / "build/caratteri"
 TEMPO = 600  # seconds, for one program
+# Each on a machine of its own: tests change the separators of the user and what stands in the registry.
+MACCHINE = max(2, os.cpu_count() or 1)
+PREFISSO = os.environ.get("WINEPREFIX", f"{tempfile.gettempdir()}/lumira-wine-{os.getuid()}")  # as in wine.sh
 
 
 def leggi_saltate():
@@ -39,10 +46,10 @@ def totali(riusciti, falliti, saltati):
     return f"Totals: {riusciti} passed, {falliti} failed, {saltati} skipped"
 
 
-def esegui(exe, argomenti):
-    """@return status and standard output."""
+def esegui(exe, macchina, argomenti):
+    """@param macchina the folder that Wine keeps its registry in. @return status and standard output."""
     # Wine keeps the variables of the Qt of this machine from the programs: theirs come as WINEQT.
-    ambiente = dict(os.environ, LC_ALL="C.UTF-8", WINEQT_QPA_FONTDIR=f"Z:{CARATTERI}")
+    ambiente = dict(os.environ, WINEPREFIX=macchina, LC_ALL="C.UTF-8", WINEQT_QPA_FONTDIR=f"Z:{CARATTERI}")
     schermo = ["-platform", "offscreen"] if exe.parent.name in CON_FINESTRE else []
     try:
         fatto = subprocess.run([WINE, exe, *schermo, *argomenti], cwd=exe.parent, env=ambiente, timeout=TEMPO,
@@ -52,68 +59,89 @@ def esegui(exe, argomenti):
     return fatto.returncode, fatto.stdout.decode("utf-8", "replace")
 
 
-def casi(exe):
+def casi(exe, macchina):
     """Every FUNCTION, or FUNCTION:ROW where it has a table."""
     trovati = []
-    for riga in esegui(exe, ["-datatags"])[1].splitlines():
+    for riga in esegui(exe, macchina, ["-datatags"])[1].splitlines():
         _, funzione, *resto = riga.rstrip().split(" ", 2)
         trovati.append(":".join([funzione, *resto]))
     return trovati
 
 
-def scegli(exe, saltate):
-    """@return what to run, and the patterns that name nothing.
+def scegli(exe, macchina, saltate):
+    """@return what to run, the patterns that name nothing, and the lines that tell what is skipped.
 
     Rows are named only in the tables that lose some: not every row's name comes through the command line.
     """
-    tutti = casi(exe)
+    tutti = casi(exe, macchina)
     tagliate = set()
-    inutili = []
+    inutili, righe = [], []
     for schema, motivo in saltate.items():
         scelti = [c for c in tutti if fnmatch.fnmatchcase(c, schema) or c.startswith(schema + ":")]
         if not scelti:
             inutili.append(schema)
         tutti = [c for c in tutti if c not in scelti]
         tagliate |= {c.partition(":")[0] for c in scelti}
-        print(f"SKIP {exe.stem} {schema}: {motivo}\n{totali(0, 0, len(scelti))}", flush=True)
+        righe.append(f"SKIP {exe.stem} {schema}: {motivo}\n{totali(0, 0, len(scelti))}")
     restanti = [c if c.partition(":")[0] in tagliate else c.partition(":")[0] for c in tutti]
-    return list(dict.fromkeys(restanti)), inutili
+    return list(dict.fromkeys(restanti)), inutili, righe
 
 
-def prova(cartella, nome, saltate):
-    """@return the complaints of one test program."""
-    exe = RADICE / "build/windows/tests" / cartella / f"{nome}.exe"
+def falliti(righe):
+    """@return what a log tells of the failures, a few lines each."""
+    inizi = [numero for numero, riga in enumerate(righe) if riga.startswith(("FAIL!", "QFATAL"))]
+    return [riga for numero in inizi for riga in righe[numero:numero + 4]]
+
+
+def prova(exe, macchina, saltate):
+    """Runs one test program. @return the complaints, and the lines to print."""
+    nome, inizio = exe.stem, time.monotonic()
     if "*" in saltate:
-        print(f"SKIP {nome}: {saltate['*']}\n{totali(0, 0, 1)}", flush=True)
-        return []
+        return [], [f"SKIP {nome}: {saltate['*']}\n{totali(0, 0, 1)}"]
     if not exe.exists():
-        return [f"{nome}: not built, and not named in {SALTATE.name}"]
-    restanti, inutili = scegli(exe, saltate)
-    if not restanti:
-        return [f"{nome}: does not start"]
+        return [f"{nome}: not built, and not named in {SALTATE.name}"], []
+    # Only where rows are left out is the program asked which it has: each start takes a second.
+    restanti, inutili, uscita = scegli(exe, macchina, saltate) if saltate else ([], [], [])
+    if saltate and not restanti:
+        return [f"{nome}: does not start"], uscita
     falli = [f"{nome}: {SALTATE.name} names {schema}, which is not there" for schema in inutili]
     with tempfile.TemporaryDirectory() as temporanea:
         # On Windows the test library keeps its log off a standard output that is no console.
         registro = pathlib.Path(temporanea) / "registro.txt"
-        stato, _ = esegui(exe, ["-o", f"{registro},txt", *(restanti if saltate else [])])
+        stato, _ = esegui(exe, macchina, ["-o", f"{registro},txt", *restanti])
         righe = registro.read_text(encoding="utf-8", errors="replace").splitlines() if registro.exists() else []
     totale = next((r for r in righe if r.startswith("Totals")), None)
-    print(f"{'PASS' if stato == 0 else 'FAIL'} {nome}: {totale or totali(0, 1, 0)}", flush=True)
+    secondi = f"{time.monotonic() - inizio:.1f} s"
+    uscita.append(f"{'PASS' if stato == 0 else 'FAIL'} {nome} ({secondi}): {totale or totali(0, 1, 0)}")
     if stato == 0:
-        return falli
-    for numero, riga in enumerate(righe):
-        if riga.startswith(("FAIL!", "QFATAL")):
-            print("\n".join(righe[numero:numero + 4]), flush=True)
-    return [*falli, f"{nome}: failed ({stato})"]
+        return falli, uscita
+    return [*falli, f"{nome}: failed ({stato})"], uscita + falliti(righe)
 
 
 def main():
     saltate = leggi_saltate()
     caratteri.presta(CARATTERI)
+    libere = queue.SimpleQueue()
+    for numero in range(MACCHINE):
+        libere.put(PREFISSO + (f"-{numero + 1}" if numero else ""))
+
+    def su_una_macchina(exe):
+        macchina = libere.get()
+        try:
+            return prova(exe, macchina, saltate.get(exe.stem, {}))
+        finally:
+            libere.put(macchina)
+
+    programmi = [RADICE / "build/windows/tests" / cartella / f"{sorgente.stem}.exe"
+                 for cartella in sys.argv[1:] or FOLDERS
+                 for sorgente in sorted((RADICE / "tests" / cartella).glob("tst_*.cpp"))]
     falli = []
-    for cartella in sys.argv[1:] or FOLDERS:
-        for sorgente in sorted((RADICE / "tests" / cartella).glob("tst_*.cpp")):
-            falli += prova(cartella, sorgente.stem, saltate.get(sorgente.stem, {}))
+    with concurrent.futures.ThreadPoolExecutor(MACCHINE) as insieme:
+        for attesa in concurrent.futures.as_completed([insieme.submit(su_una_macchina, exe) for exe in programmi]):
+            lamenti, uscita = attesa.result()
+            falli += lamenti
+            for riga in uscita:
+                print(riga, flush=True)
     for fallo in falli:
         print("FAIL:", fallo)
     return 1 if falli else 0

@@ -12,7 +12,7 @@ int main(int quanti, char **argomenti)
     const QStringList parole = QCoreApplication::arguments();
     QFile ingresso;
     if (parole.size() != 3 || !ingresso.open(stdin, QIODevice::ReadOnly)) {
-        std::fputs("scrivi_sezione DOCUMENTO NOME < testo\n", stderr);
+        (void)std::fputs("scrivi_sezione DOCUMENTO NOME < testo\n", stderr);
         return 2;
     }
     return Sezione_Scrivi(parole[1], parole[2].toUtf8(), ingresso.readAll()) ? 0 : 1;

@@ -11,7 +11,7 @@
 #include <QTest>
 
 #include <algorithm>
-#include <functional>
+#include <iterator>
 
 namespace {
 
@@ -22,9 +22,9 @@ constexpr const char16_t *FILE_MCTC = u"lingueMCTC.ini";
 /// A name of the program for a text.
 struct NomeTesto
 {
-    QString Nome;
+    QLatin1String Nome;
     int Numero;
-    std::function<QString()> Testo; ///< what the program shows
+    QString (*Testo)(); ///< what the program shows
 };
 using Nomi = QList<NomeTesto>;
 
@@ -37,7 +37,11 @@ QString Mostrato(TestoLingua id)
     return Testo_Lingua(id);
 }
 
-#define NOME_TESTO(nome, numero) {QStringLiteral(#nome), numero, [] { return Mostrato(nome); }},
+// Tables that stand ready: built at run time, every row of them is code.
+#define NOME_TESTO(nome, numero) {QLatin1String(#nome), numero, [] { return Mostrato(nome); }},
+constexpr NomeTesto NOMI_MCTC[] = {TESTI_MCTC(NOME_TESTO)};
+constexpr NomeTesto NOMI_LINGUA[] = {TESTI_LINGUA(NOME_TESTO)};
+#undef NOME_TESTO
 
 constexpr qsizetype MASSIMO_TESTO = 499;
 
@@ -162,8 +166,8 @@ class tst_testi : public QObject
 
     /// The names of each file's texts.
     const QMap<QString, Nomi> m_nomi = {
-        {QString::fromUtf16(FILE_MCTC),   {TESTI_MCTC(NOME_TESTO)}  },
-        {QString::fromUtf16(FILE_LINGUA), {TESTI_LINGUA(NOME_TESTO)}},
+        {QString::fromUtf16(FILE_MCTC),   Nomi(std::begin(NOMI_MCTC),   std::end(NOMI_MCTC))  },
+        {QString::fromUtf16(FILE_LINGUA), Nomi(std::begin(NOMI_LINGUA), std::end(NOMI_LINGUA))},
     };
     QMap<QString, Testi> m_testi;
     QStringList m_falli;
@@ -225,7 +229,7 @@ private Q_SLOTS:
     {
         for (const Nomi &nomi : m_nomi) {
             for (qsizetype i = 1; i < nomi.size(); ++i)
-                QVERIFY2(nomi[i - 1].Numero < nomi[i].Numero, qPrintable(nomi[i].Nome));
+                QVERIFY2(nomi[i - 1].Numero < nomi[i].Numero, nomi[i].Nome.data());
         }
     }
     void ogniNomeServe()

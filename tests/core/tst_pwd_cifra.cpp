@@ -4,6 +4,7 @@
 
 #include "core/modGeneral.h"
 #include "core/modStr.h"
+#include "core/parole.h"
 #include "platform/codifica.h"
 #include "tests/comuni/stazione_prova.h"
 
@@ -21,6 +22,7 @@ class tst_pwd_cifra : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { QVERIFY(Lingua_Scegli(QStringLiteral("IT"))); }
     void ogniPostoAlzatoDiQuattroVolte_data()
     {
         QTest::addColumn<QString>("password");

@@ -57,7 +57,7 @@ class Registrazione(ProvaStazione):
         self.assertEqual(self.spegni(ponte), 0)
         strumento.spegni()
 
-        for nome, opzioni in (("tempi", []), ("svelto", ["--svelto"])):
+        for nome, opzioni in (("tempi", []), ("doppio", ["--accelera", "2"]), ("svelto", ["--svelto"])):
             ripetuto = self.qx5sim(nome, "--riproduci", self.registrazione, *opzioni)
             self.uguale_salvo_gli_orari(self.prova(programma, "80000001"), dal_vero)
             self.assertIn("fine della registrazione", ripetuto.registro())

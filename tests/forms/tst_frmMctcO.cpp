@@ -61,6 +61,30 @@ bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati,
     return trovato;
 }
 
+namespace {
+
+/// What a label reads whenever it is painted: what has only been set is not on the screen yet.
+class Dipinte : public QObject
+{
+public:
+    explicit Dipinte(QLabel &etichetta) : m_etichetta(etichetta) { etichetta.installEventFilter(this); }
+
+    QStringList testi;
+
+protected:
+    bool eventFilter(QObject *, QEvent *evento) override
+    {
+        if (evento->type() == QEvent::Paint)
+            testi.append(m_etichetta.text());
+        return false;
+    }
+
+private:
+    QLabel &m_etichetta;
+};
+
+} // namespace
+
 class tst_frmMctcO : public QObject
 {
     Q_OBJECT
@@ -962,6 +986,47 @@ private Q_SLOTS:
         QCOMPARE(mostrati.last(), conto);
         Battito();
         QCOMPARE(inizi.last() - inizi[inizi.size() - 2], BATTITO);
+    }
+
+    /// The window stands still until the folder answers: by then the announcement has to be painted, and the
+    /// count again once it has answered, whether with the files or with their loss.
+    void lAnnuncioSiVedePrimaDellAttesa_data()
+    {
+        QTest::addColumn<bool>("persa");
+        QTest::newRow("risponde") << false;
+        QTest::newRow("si perde") << true;
+    }
+    void lAnnuncioSiVedePrimaDellAttesa()
+    {
+        QFETCH(bool, persa);
+        Scrivi_Targhe();
+        Apri();
+        const QString attesa = QStringLiteral("Cartella: attesa della risposta");
+        const QString cartella = banco->Stazione.Nativo(QStringLiteral("DIR_FAR"));
+        Dipinte dipinte(*Widget_Di<QLabel>(*form, "lblAttesa"));
+        bool chiesta = false;
+        QStringList prima; // painted when the slow folder is asked
+        const auto svelta = qScopeGuard([] {
+            gIntanto = {};
+            gLentezza = 0;
+        });
+        gLentezza = 500;
+        gIntanto = [] {};
+        Battito();
+        QVERIFY(!dipinte.testi.contains(attesa)); // nobody knew yet
+        dipinte.testi.clear();
+        gIntanto = [&] {
+            if (!std::exchange(chiesta, true))
+                prima = dipinte.testi;
+            if (persa)
+                QDir(cartella).removeRecursively();
+        };
+        Battito();
+        QVERIFY(chiesta);
+        QCOMPARE(prima, QStringList(attesa));
+        const QString conto = QStringLiteral("In attesa: %1 di %1").arg(persa ? 0 : 4);
+        QTRY_COMPARE(dipinte.testi.last(), conto);
+        QCOMPARE(Testo_Di(*form, "lblAttesa"), conto);
     }
 
     /// The connection goes between the poll's listing and the reading of the files, and is back before the

@@ -1,6 +1,8 @@
 // The command line of qx5sim.
 #include "simulatore/opzioni.h"
 
+#include "core/parole.h"
+
 #include <QDir>
 #include <QTest>
 
@@ -9,6 +11,7 @@ class tst_opzioni : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { QVERIFY(Lingua_Scegli(QStringLiteral("IT"))); }
     void nessuna();
     void tutte();
     void percorsiInteri();
@@ -17,6 +20,9 @@ private Q_SLOTS:
     void finestra();
     void errate_data();
     void errate();
+    void accelera_data();
+    void accelera();
+    void parlaLaLinguaChiesta();
     void aiutoDiceOgniOpzione();
 };
 
@@ -92,8 +98,43 @@ void tst_opzioni::riproduzione()
     const auto opzioni = Leggi(QStringLiteral("--riproduci r.txt --svelto --dispositivo COM3"), errore);
     QVERIFY2(opzioni, qUtf8Printable(errore));
     QCOMPARE(opzioni->riproduci, QDir::current().absoluteFilePath(QStringLiteral("r.txt")));
-    QVERIFY(opzioni->svelto);
-    QVERIFY(!Leggi(QStringLiteral("--riproduci r.txt"), errore)->svelto);
+}
+
+void tst_opzioni::accelera_data()
+{
+    QTest::addColumn<QString>("riga");
+    QTest::addColumn<double>("passo");
+    QTest::newRow("senza") << QString() << 1.0;
+    QTest::newRow("svelto") << QStringLiteral("--svelto") << 0.0;
+    QTest::newRow("0") << QStringLiteral("--accelera 0") << 0.0;
+    QTest::newRow("1") << QStringLiteral("--accelera 1") << 1.0;
+    QTest::newRow("10") << QStringLiteral("--accelera 10") << 10.0;
+    QTest::newRow("la metà") << QStringLiteral("--accelera 0.5") << 0.5;
+    QTest::newRow("il massimo") << QStringLiteral("--accelera 1000") << 1000.0;
+}
+
+void tst_opzioni::accelera()
+{
+    QFETCH(QString, riga);
+    QString errore;
+    const auto opzioni = Leggi(QStringLiteral("--riproduci r.txt ") + riga, errore);
+    QVERIFY2(opzioni, qUtf8Printable(errore));
+    QTEST(opzioni->passo, "passo");
+}
+
+void tst_opzioni::parlaLaLinguaChiesta()
+{
+    const auto errore = [](const char16_t *riga) {
+        QString detto;
+        return Leggi(QString::fromUtf16(riga), detto) ? QString() : detto;
+    };
+    QCOMPARE(errore(u"a b --lingua it"), QStringLiteral("più di uno scenario"));
+    QCOMPARE(errore(u"a b --lingua EN"), QStringLiteral("more than one scenario"));
+    QVERIFY(Opzioni_Aiuto().startsWith(QStringLiteral("Usage: qx5sim [options] [scenario.ini]")));
+    QVERIFY(Opzioni_Aiuto().contains(QStringLiteral("--collega PATH")));
+    QCOMPARE(errore(u"--muto --lingua IT"), QStringLiteral("opzione sconosciuta: muto"));
+    // Beside a window in a language that the messages do not have they are in English.
+    QCOMPARE(errore(u"--finestra --lingua de a b"), QStringLiteral("more than one scenario"));
 }
 
 void tst_opzioni::finestra()
@@ -125,8 +166,13 @@ void tst_opzioni::errate_data()
     QTest::newRow("--riproduci a --finestra") << QStringLiteral("con --riproduci");
     QTest::newRow("--registrazione a") << QStringLiteral("--registrazione vale con --ponte");
     QTest::newRow("--svelto") << QStringLiteral("--svelto vale con --riproduci");
-    QTest::newRow("--lingua IT") << QStringLiteral("--lingua vale con --finestra");
-    QTest::newRow("--finestra --lingua PT") << QStringLiteral("--lingua vuole");
+    QTest::newRow("--svelto --accelera 2 --riproduci a") << QStringLiteral("uno solo dei due");
+    QTest::newRow("--accelera 2") << QStringLiteral("--accelera vale con --riproduci");
+    for (const char *passo : {"due", "-1", "1001", "nan", "inf", "2,5", "", "10x"})
+        QTest::newRow(qPrintable(QStringLiteral("--riproduci a --accelera=%1").arg(QLatin1String(passo))))
+            << QStringLiteral("--accelera vuole un numero da 0 a 1000");
+    QTest::newRow("--lingua FR") << QStringLiteral("con --finestra anche FR");
+    QTest::newRow("--finestra --lingua PT") << QStringLiteral("le lingue sono IT ed EN");
     QTest::newRow("--velocita=-9600") << QStringLiteral("vogliono un numero");
 }
 
@@ -141,10 +187,11 @@ void tst_opzioni::errate()
 void tst_opzioni::aiutoDiceOgniOpzione()
 {
     const QString aiuto = Opzioni_Aiuto();
-    for (const char16_t *nome : {u"--collega PERCORSO", u"--dispositivo PERCORSO", u"--velocita BAUD",
-                                 u"--stato FILE", u"--registro FILE", u"--seme NUMERO", u"--finestra",
-                                 u"--lingua SIGLA", u"--ponte PORTA", u"--registrazione FILE",
-                                 u"--riproduci FILE", u"--svelto", u"--help", u"--version", u"scenario.ini"})
+    for (const char16_t *nome :
+         {u"--collega PERCORSO", u"--dispositivo PERCORSO", u"--velocita BAUD", u"--stato FILE",
+          u"--registro FILE", u"--seme NUMERO", u"--finestra", u"--lingua SIGLA", u"--ponte PORTA",
+          u"--registrazione FILE", u"--riproduci FILE", u"--accelera NUMERO", u"--svelto", u"--help",
+          u"--version", u"scenario.ini"})
         QVERIFY2(aiuto.contains(QString::fromUtf16(nome)), qUtf8Printable(QString::fromUtf16(nome)));
 }
 

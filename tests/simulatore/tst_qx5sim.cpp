@@ -194,6 +194,11 @@ private Q_SLOTS:
     void aiutoInItaliano();
     void versione();
     void opzioneErrata();
+    void linguaDelSistema();
+    void inInglese_data();
+    void inInglese();
+    void registroInInglese();
+    void finestraInInglese();
     void scenarioErrato();
     void rispondeSulTerminale();
     void riapertaDopoLaChiusura();
@@ -220,6 +225,8 @@ private Q_SLOTS:
     void ponteUccisoLasciaLaRegistrazione();
     void registrazioneRiprodotta_data();
     void registrazioneRiprodotta();
+    void riproduzioneAccelerata_data();
+    void riproduzioneAccelerata();
     void riproduzioneDiversa();
     void riproduzioneErrata();
     void finestraSenzaIlSuoModulo();
@@ -274,6 +281,104 @@ void tst_qx5sim::opzioneErrata()
     Simulatore simulatore({QStringLiteral("--muto")});
     QCOMPARE(simulatore.Codice(), 1);
     QVERIFY(simulatore.Errori().contains(QStringLiteral("opzione sconosciuta: muto")));
+}
+
+void tst_qx5sim::linguaDelSistema()
+{
+    const auto aiuto = [](const char16_t *lingua) {
+        Simulatore simulatore({QStringLiteral("LANGUAGE="),
+                               QStringLiteral("LC_ALL=") + QString::fromUtf16(lingua), QStringLiteral(QX5SIM),
+                               QStringLiteral("--help")},
+                              QStringLiteral("/usr/bin/env"));
+        return simulatore.Codice() == 0 ? simulatore.Uscita() : QString();
+    };
+    QVERIFY(aiuto(u"it_IT.UTF-8").startsWith(QStringLiteral("Uso: ")));
+    QVERIFY(aiuto(u"C.UTF-8").startsWith(QStringLiteral("Uso: ")));
+    QVERIFY(aiuto(u"en_GB.UTF-8").startsWith(QStringLiteral("Usage: ")));
+    QVERIFY(aiuto(u"fr_FR.UTF-8").startsWith(QStringLiteral("Usage: ")));
+}
+
+void tst_qx5sim::inInglese_data()
+{
+    QTest::addColumn<QStringList>("argomenti");
+    QTest::addColumn<QString>("errore");
+    const QString manca = QStringLiteral("/manca/file");
+    const QString scenario = QStringLiteral("SCENARIO"); // what it stands for is written by the test
+    QTest::newRow("opzione") << QStringList(QStringLiteral("--muto"))
+                             << QStringLiteral("unknown option: muto (qx5sim --help)");
+    QTest::newRow("valore") << QStringList(QStringLiteral("--stato"))
+                            << QStringLiteral("an option lacks its value");
+    QTest::newRow("accordo") << QStringList({QStringLiteral("--accelera"), QStringLiteral("2")})
+                             << QStringLiteral("--accelera goes with --riproduci");
+    QTest::newRow("numero") << QStringList({QStringLiteral("--seme"), QStringLiteral("x")})
+                            << QStringLiteral("--seme and --velocita take a number");
+    QTest::newRow("passo") << QStringList({QStringLiteral("--riproduci"), manca, QStringLiteral("--accelera"),
+                                           QStringLiteral("x")})
+                           << QStringLiteral("--accelera takes a number from 0 to 1000: ");
+    QTest::newRow("scenario che manca")
+        << QStringList(manca) << QStringLiteral("qx5sim: /manca/file: cannot be read");
+    QTest::newRow("fascio") << QStringList(scenario)
+                            << QStringLiteral("[VEICOLO1] AnabSx: \"12\" is not made of four digits");
+    QTest::newRow("numero dello scenario")
+        << QStringList(scenario) << QStringLiteral("[VEICOLO1] Riposo: \"x\" is no number from 0 to 60000");
+    QTest::newRow("guasto dello scenario")
+        << QStringList(scenario) << QStringLiteral("[VEICOLO1] Guasto1: unknown fault \"muto\"");
+    QTest::newRow("registrazione") << QStringList({QStringLiteral("--riproduci"), scenario})
+                                   << QStringLiteral("this is no record of qx5sim");
+    QTest::newRow("collegamento") << QStringList({QStringLiteral("--collega"), scenario})
+                                  << QStringLiteral("it is there and is not a link");
+}
+
+void tst_qx5sim::inInglese()
+{
+    QFETCH(QStringList, argomenti);
+    QFETCH(QString, errore);
+    const QString scenario = Scenario("[VEICOLO1]\nAnabSx=12\nRiposo=x\nGuasto1=Stato;1;muto\n");
+    argomenti.replaceInStrings(QStringLiteral("SCENARIO"), scenario);
+    Simulatore simulatore(QStringList({QStringLiteral("--lingua"), QStringLiteral("en")}) + argomenti);
+    QCOMPARE(simulatore.Codice(), 1);
+    const QString detto = simulatore.Errori();
+    QVERIFY2(detto.contains(errore), qUtf8Printable(detto));
+}
+
+void tst_qx5sim::registroInInglese()
+{
+    Simulatore simulatore({QStringLiteral("--lingua"), QStringLiteral("EN"), QStringLiteral("--registro"),
+                           File(QStringLiteral("registro.txt")),
+                           Scenario("[VEICOLO1]\nRiposo=1\nProva=1\nGuasto1=Stato;3;silenzio\n")});
+    {
+        const Sessione sessione(simulatore.Pronto()); // the same word in every language
+        QCOMPARE(sessione.Chiedi(STATO), A_RIPOSO);
+        QCOMPARE(sessione.Chiedi(STATO), IN_PROVA);
+        sessione.Manda(STATO);
+        QTRY_COMPARE(Registrate("-- fault silenzio: \"4\" measure ready is not sent\n"), 1);
+        QCOMPARE(sessione.Chiedi(MISURA).size(), 30);
+        QCOMPARE(sessione.Chiedi(SCRIVI_DATI2), SCRITTO);
+        sessione.Manda(Byte("02 41 42 43 11 37 03"));
+        QTRY_COMPARE(Registrate("unknown command: no reply\n"), 1);
+    }
+    QTRY_COMPARE(Registrate("-- the station has closed the port\n"), 1);
+    for (const char *riga : {"-- qx5sim ", ", seed ", "-- new vehicle: AnabSx=0250OO", "\"1\" idle\n",
+                             "\"2\" measuring\n", "  measure AnabSx=0250OO", "  written\n"})
+        QVERIFY2(Registrate(riga) >= 1, Registro().constData());
+}
+
+/// The window's module has its words to itself: it takes the language that the program was given.
+void tst_qx5sim::finestraInInglese()
+{
+    for (const auto &[lingua, detto] : {
+             std::pair{u"EN", u"it is there and is not a link"  },
+             {u"DE", u"it is there and is not a link"  },
+             {u"IT", u"esiste e non è un collegamento"}
+    })
+    {
+        Simulatore simulatore({QStringLiteral("--finestra"), QStringLiteral("--lingua"),
+                               QString::fromUtf16(lingua), QStringLiteral("--collega"),
+                               Scenario("[GENERALE]\n")});
+        QCOMPARE(simulatore.Codice(), 1);
+        const QString errori = simulatore.Errori();
+        QVERIFY2(errori.contains(QString::fromUtf16(detto)), qUtf8Printable(errori));
+    }
 }
 
 void tst_qx5sim::scenarioErrato()
@@ -605,6 +710,8 @@ void tst_qx5sim::registrazioneRiprodotta_data()
     QTest::addColumn<QStringList>("opzioni");
     QTest::addColumn<qint64>("almeno"); // ms of the whole
     QTest::newRow("con i suoi tempi") << QStringList() << qint64{750};
+    QTest::newRow("alla metà") << QStringList({QStringLiteral("--accelera"), QStringLiteral("0.5")})
+                               << qint64{1500};
     QTest::newRow("svelta") << QStringList(QStringLiteral("--svelto")) << qint64{0};
 }
 
@@ -635,6 +742,28 @@ void tst_qx5sim::registrazioneRiprodotta()
     QVERIFY(riproduzione.Termina());
 }
 
+void tst_qx5sim::riproduzioneAccelerata_data()
+{
+    QTest::addColumn<QStringList>("opzioni");
+    QTest::newRow("mille volte") << QStringList({QStringLiteral("--accelera"), QStringLiteral("1000")});
+    QTest::newRow("subito") << QStringList({QStringLiteral("--accelera"), QStringLiteral("0")});
+    QTest::newRow("svelta") << QStringList(QStringLiteral("--svelto"));
+}
+
+/// The instrument of the record took a minute: longer than this test waits.
+void tst_qx5sim::riproduzioneAccelerata()
+{
+    QFETCH(QStringList, opzioni);
+    QFile file(Registra());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(
+        "qx5sim registrazione 1\n0 stazione 02 41 42 43 10 36 03\n60000 strumento 02 41 42 43 31 39 03\n");
+    file.close();
+    Simulatore simulatore(QStringList{QStringLiteral("--riproduci"), Registra()} + opzioni);
+    QCOMPARE(Sessione(simulatore.Pronto()).Chiedi(STATO), A_RIPOSO);
+    QVERIFY(simulatore.Termina());
+}
+
 void tst_qx5sim::riproduzioneDiversa()
 {
     QFile file(Registra());
@@ -658,6 +787,10 @@ void tst_qx5sim::riproduzioneErrata()
     Simulatore simulatore({QStringLiteral("--riproduci"), Scenario("[VEICOLO1]\n")});
     QCOMPARE(simulatore.Codice(), 1);
     QVERIFY(simulatore.Errori().contains(QStringLiteral("non è una registrazione di qx5sim")));
+    Simulatore passo(
+        {QStringLiteral("--riproduci"), Registra(), QStringLiteral("--accelera"), QStringLiteral("presto")});
+    QCOMPARE(passo.Codice(), 1);
+    QVERIFY(passo.Errori().contains(QStringLiteral("--accelera vuole un numero da 0 a 1000")));
 }
 
 void tst_qx5sim::finestraSenzaIlSuoModulo()

@@ -1,6 +1,8 @@
 // The record's file: written line by line, read with its errors, the format of the first version for ever.
 #include "simulatore/registrazione.h"
 
+#include "core/parole.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -17,6 +19,7 @@ class tst_registrazione : public QObject
     std::unique_ptr<QTemporaryDir> m_cartella;
 
 private Q_SLOTS:
+    void initTestCase() { QVERIFY(Lingua_Scegli(QStringLiteral("IT"))); }
     void init() { m_cartella = std::make_unique<QTemporaryDir>(); }
 
     void formatoDellaPrimaVersione();

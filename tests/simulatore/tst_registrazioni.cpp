@@ -64,19 +64,26 @@ private Q_SLOTS:
 void tst_registrazioni::stessoFar_data()
 {
     QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("volte"); // how much slower it was recorded, and how much faster it is played
     const QDir cartella(QStringLiteral(QX5SIM_REGISTRAZIONI));
     const QStringList nomi = cartella.entryList({QStringLiteral("*.txt")});
     QVERIFY(nomi.size() >= 4);
-    for (const QString &nome : nomi)
-        QTest::newRow(qUtf8Printable(nome)) << cartella.filePath(nome);
+    for (const QString &nome : nomi) {
+        QTest::newRow(qUtf8Printable(nome)) << cartella.filePath(nome) << 1;
+        QTest::newRow(qUtf8Printable(nome + QStringLiteral(", dieci volte")))
+            << cartella.filePath(nome) << 10;
+    }
 }
 
 void tst_registrazioni::stessoFar()
 {
     QFETCH(QString, file);
+    QFETCH(int, volte);
     Registrazione registrazione;
     QCOMPARE(Registrazione_Leggi(file, registrazione), QStringList());
     QVERIFY2(!registrazione.far.isEmpty(), "it names no result file");
+    for (BranoLinea &brano : registrazione.brani)
+        brano.ms *= volte;
 
     OrologioProva orologio;
     const StazioneProva stazione;
@@ -85,7 +92,7 @@ void tst_registrazioni::stessoFar()
     gAltezzaFaro = 65;
     gRepMisure[RepInizio] = orologio.Adesso().toString(QStringLiteral("hh:mm:ss"));
     QStringList registro;
-    Riproduzione strumento(registrazione, false, [&registro](const QString &riga) { registro.append(riga); });
+    Riproduzione strumento(registrazione, volte, [&registro](const QString &riga) { registro.append(riga); });
     // The operator starts a session that has failed once more.
     qint16 esito = SessioneFallita;
     for (int n = 0; n < SESSIONI_MASSIME && esito != SessioneCompletata; ++n)

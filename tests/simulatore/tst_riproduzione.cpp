@@ -1,6 +1,7 @@
 // The instrument of a record: what it answers, when, and where it finds the station different.
 #include "simulatore/riproduzione.h"
 
+#include "core/parole.h"
 #include "tests/simulatore/byte_prova.h"
 
 #include <QTest>
@@ -23,8 +24,8 @@ BranoLinea Dallo_Strumento(qint64 ms, const QByteArray &byte)
 class Banchetto
 {
 public:
-    explicit Banchetto(const QList<BranoLinea> &brani, bool svelta = false)
-        : riproduzione({{}, brani}, svelta, [this](const QString &riga) { registro.append(riga); })
+    explicit Banchetto(const QList<BranoLinea> &brani, double passo = 1)
+        : riproduzione({{}, brani}, passo, [this](const QString &riga) { registro.append(riga); })
     {
     }
 
@@ -51,8 +52,11 @@ class tst_riproduzione : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { QVERIFY(Lingua_Scegli(QStringLiteral("IT"))); }
     void risponde();
-    void svelta();
+    void accelerata_data();
+    void accelerata();
+    void inInglese();
     void rispostaSpezzata();
     void comandoSpezzatoDaEntrambe();
     void silenzioERipetizione();
@@ -79,10 +83,43 @@ void tst_riproduzione::risponde()
                           QStringLiteral("-- fine della registrazione")}));
 }
 
-void tst_riproduzione::svelta()
+void tst_riproduzione::accelerata_data()
 {
-    Banchetto banchetto(DUE_COMANDI, true);
-    QCOMPARE(banchetto.Manda(STATO), QStringList(QStringLiteral("0:") + Trama_Hex(A_RIPOSO)));
+    QTest::addColumn<double>("passo");
+    QTest::addColumn<int>("primo"); // ms of the delays, 41 and 50 in the record
+    QTest::addColumn<int>("secondo");
+    QTest::newRow("subito") << 0.0 << 0 << 0;
+    QTest::newRow("il doppio") << 2.0 << 21 << 25;
+    QTest::newRow("dieci volte") << 10.0 << 4 << 5;
+    QTest::newRow("la metà") << 0.5 << 82 << 100;
+    QTest::newRow("quasi ferma") << 1e-12 << std::numeric_limits<int>::max()
+                                 << std::numeric_limits<int>::max();
+}
+
+void tst_riproduzione::accelerata()
+{
+    QFETCH(double, passo);
+    QFETCH(int, primo);
+    QFETCH(int, secondo);
+    Banchetto banchetto(DUE_COMANDI, passo);
+    QCOMPARE(banchetto.Manda(STATO), QStringList(QString::number(primo) + u':' + Trama_Hex(A_RIPOSO)));
+    QCOMPARE(banchetto.Manda(MISURA), QStringList(QString::number(secondo) + u':' + Trama_Hex(PRONTA)));
+}
+
+void tst_riproduzione::inInglese()
+{
+    QVERIFY(Lingua_Scegli(QStringLiteral("EN")));
+    Banchetto banchetto(QList<BranoLinea>{Dallo_Strumento(5, A_RIPOSO)} + DUE_COMANDI);
+    banchetto.Manda("z" + MISURA + STATO + MISURA + MISURA);
+    initTestCase();
+    QCOMPARE(banchetto.registro[0],
+             QStringLiteral("-- before any command, not played again: ") + Trama_Hex(A_RIPOSO));
+    QCOMPARE(banchetto.registro[1], QStringLiteral("-- a record of 2 commands"));
+    QVERIFY(banchetto.registro.contains(QStringLiteral("-- different: in the record command 1 is ") +
+                                        Trama_Hex(STATO)));
+    QVERIFY(banchetto.registro.contains(QStringLiteral("-- end of the record")));
+    QVERIFY(banchetto.registro.contains(QStringLiteral("-- different: the record has ended")));
+    QCOMPARE(banchetto.registro.last(), QStringLiteral("-- outside a frame: 7A"));
 }
 
 void tst_riproduzione::rispostaSpezzata()

@@ -1,6 +1,8 @@
 // Scenario files: what is read, and what is refused.
 #include "simulatore/scenario.h"
 
+#include "core/parole.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -27,6 +29,7 @@ class tst_scenario : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { QVERIFY(Lingua_Scegli(QStringLiteral("IT"))); }
     void senzaFile();
     void fileMancante();
     void tuttoLetto();

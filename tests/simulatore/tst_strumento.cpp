@@ -1,6 +1,7 @@
 // The instrument without a line: every reply and every fault, to the byte.
 #include "simulatore/strumento.h"
 
+#include "core/parole.h"
 #include "link/protocollo.h"
 #include "tests/simulatore/byte_prova.h"
 
@@ -116,6 +117,7 @@ class tst_strumento : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { QVERIFY(Lingua_Scegli(QStringLiteral("IT"))); }
     // --- status ---------------------------------------------------------------------------------------
     void interrogazioniFinoAllaMisura_data();
     void interrogazioniFinoAllaMisura();

@@ -1,6 +1,7 @@
 // Frames on the instrument's side.
 #include "simulatore/trama.h"
 
+#include "core/parole.h"
 #include "tests/simulatore/byte_prova.h"
 
 #include <QTest>
@@ -10,6 +11,7 @@ class tst_trama : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { QVERIFY(Lingua_Scegli(QStringLiteral("IT"))); }
     void rispostaConPrefissoEControllo();
     void controlloDiUnaSommaDi256();
     void controlloRimessoDopoUnaModifica();

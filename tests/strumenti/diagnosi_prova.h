@@ -71,7 +71,7 @@ inline QStringList Trovati(const Esecuzione &esecuzione)
     QStringList trovati;
     const QJsonArray lista =
         QJsonDocument::fromJson(esecuzione.byte).object()[QStringLiteral("riscontri")].toArray();
-    for (const QJsonValue &voce : lista)
+    for (const QJsonValueConstRef &voce : lista)
         trovati.append(voce[QStringLiteral("grado")].toString() + u' ' +
                        voce[QStringLiteral("materia")].toString() + QStringLiteral(": ") +
                        voce[QStringLiteral("trovato")].toString());

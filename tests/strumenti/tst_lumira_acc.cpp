@@ -45,7 +45,7 @@ class tst_lumira_acc : public QObject
         const QJsonArray lista = QJsonDocument::fromJson(json, &errore).array();
         if (errore.error != QJsonParseError::NoError)
             qWarning("%s", qPrintable(errore.errorString()));
-        for (const QJsonValue &valore : lista)
+        for (const QJsonValueConstRef &valore : lista)
             oggetti.insert(QFileInfo(valore[QStringLiteral("file")].toString()).fileName(),
                            valore.toObject());
         return oggetti;

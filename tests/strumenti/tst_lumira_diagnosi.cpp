@@ -1,9 +1,9 @@
 // lumira-diagnosi as a process, on stations of which each has one thing wrong: it has to name it.
+#include "core/parole.h"
 #include "mctc/campi_acc.h"
 #include "strumenti/archivio_zip.h"
 #include "strumenti/diagnosi.h"
 #include "strumenti/pacchetto.h"
-#include "strumenti/parole.h"
 #include "strumenti/riscontro.h"
 #include "tests/strumenti/diagnosi_prova.h"
 
@@ -13,6 +13,8 @@
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <iterator>
 
 namespace {
 
@@ -169,12 +171,12 @@ int Riga_Di(const StazioneSana &stazione, const QString &testo)
 
 QString Atteso(const StazioneSana &stazione, QString testo)
 {
-#define CONTA(nome, numero) +1
-    constexpr int TUTTI = 0 TESTI_MCTC(CONTA);
-#undef CONTA
+#define NUMERO(nome, numero) qint16{numero},
+    constexpr qint16 NUMERI[] = {TESTI_MCTC(NUMERO)};
+#undef NUMERO
     testo.replace(QStringLiteral("%PROGRAMMA%"), StazioneSana::Programma());
     testo.replace(QStringLiteral("%VERSIONE%"), Versione_Programma());
-    testo.replace(QStringLiteral("%TESTI%"), QString::number(TUTTI));
+    testo.replace(QStringLiteral("%TESTI%"), QString::number(std::size(NUMERI)));
     testo.replace(QStringLiteral("%IERI%"), QString::fromLatin1(Fra_Giorni(-1)));
     testo.replace(QStringLiteral("%FRA7%"), QString::fromLatin1(Fra_Giorni(7)));
     testo.replace(QStringLiteral("%DIR_FAR%"),
@@ -387,7 +389,7 @@ private Q_SLOTS:
         const QJsonArray lista =
             QJsonDocument::fromJson(e.byte).object()[QStringLiteral("riscontri")].toArray();
         QVERIFY(lista.size() > 5);
-        for (const QJsonValue &voce : lista) {
+        for (const QJsonValueConstRef &voce : lista) {
             const bool buono = voce[QStringLiteral("grado")].toString() == u"ok";
             QCOMPARE(voce[QStringLiteral("rimedio")].toString().isEmpty(), buono);
         }

@@ -13,7 +13,15 @@ namespace {
 
 Esecuzione Esegui(const QStringList &argomenti, const QByteArray &ingresso = {})
 {
-    return Processo_Esegui(QStringLiteral(LUMIRA_PASSWORD), argomenti, ingresso);
+    return Processo_Esegui(QStringLiteral(LUMIRA_PASSWORD),
+                           QStringList{QStringLiteral("--lingua"), QStringLiteral("IT")} + argomenti,
+                           ingresso);
+}
+
+/// The last language on the line counts.
+Esecuzione In_Inglese(const QStringList &argomenti, const QByteArray &ingresso = {})
+{
+    return Esegui(QStringList{QStringLiteral("--lingua"), QStringLiteral("en")} + argomenti, ingresso);
 }
 
 QString Password_Attesa(const char16_t *chiave)
@@ -153,6 +161,7 @@ private Q_SLOTS:
         QTest::newRow("password fra gli argomenti")
             << QStringList{QStringLiteral("--scrivi"), m_ini, QStringLiteral("lampada")};
         QTest::newRow("sconosciuta") << QStringList{QStringLiteral("--stampa"), m_ini};
+        QTest::newRow("solo la password") << QStringList{QStringLiteral("lampada")};
     }
     void usoErrato()
     {
@@ -160,6 +169,7 @@ private Q_SLOTS:
         const Esecuzione esecuzione = Esegui(argomenti, "lampada\nlampada\n");
         QCOMPARE(esecuzione.stato, 2);
         QVERIFY2(esecuzione.errori.contains(QStringLiteral("--help")), qPrintable(esecuzione.errori));
+        QVERIFY2(!esecuzione.errori.contains(QStringLiteral("lampada")), qPrintable(esecuzione.errori));
         QCOMPARE(m_stazione.Leggi(QStringLiteral("lumira.ini")), m_prima);
     }
 
@@ -168,11 +178,59 @@ private Q_SLOTS:
         const Esecuzione aiuto = Esegui({QStringLiteral("--help")});
         QCOMPARE(aiuto.stato, 0);
         QCOMPARE(aiuto.uscita.section(u'\n', 0, 0).trimmed(),
-                 QStringLiteral("Uso: lumira-password --scrivi FILE"));
+                 QStringLiteral("Uso: lumira-password [opzioni] --scrivi FILE"));
         QVERIFY(aiuto.errori.isEmpty());
+        const Esecuzione inglese = In_Inglese({QStringLiteral("--help")});
+        QCOMPARE(inglese.stato, 0);
+        QCOMPARE(inglese.uscita.section(u'\n', 0, 0).trimmed(),
+                 QStringLiteral("Usage: lumira-password [options] --scrivi FILE"));
         const Esecuzione versione = Esegui({QStringLiteral("--version")});
         QCOMPARE(versione.stato, 0);
         QCOMPARE(versione.uscita.trimmed(), QStringLiteral("lumira-password " LUMIRA_VERSIONE));
+    }
+
+    void inInglese_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<QByteArray>("ingresso");
+        QTest::addColumn<int>("stato");
+        QTest::addColumn<QString>("detto");
+        const auto riga = [](const char *dati, const char16_t *nome, const QByteArray &ingresso, int stato,
+                             const char16_t *detto) {
+            QTest::newRow(dati) << QString::fromUtf16(nome) << ingresso << stato << QString::fromUtf16(detto);
+        };
+        riga("scritta", u"lumira.ini", "lampada\nlampada\n", 0, u"Password written in %1: ");
+        riga("una volta", u"lumira.ini", "lampada\n", 1, u"the password has to be typed twice\n");
+        riga("diverse", u"lumira.ini", "a\nb\n", 1, u"the two passwords are not the same\n");
+        riga("vuota", u"lumira.ini", "\n\n", 1, u"the password is empty\n");
+        riga("comando", u"lumira.ini", "a\tb\na\tb\n", 1, u"character 2 is a control character: ");
+        riga("fuori", u"lumira.ini", "aЖ\naЖ\n", 1, u"character 2 (\"Ж\") is not in Windows-1252: ");
+        riga("mai", u"lumira.ini", "ü\nü\n", 1, u"character 1 (\"ü\") cannot stand in a password: ");
+        riga("oltre", u"lumira.ini", "aaù\naaù\n", 1, u"character 3 (\"ù\") can stand at place 1 at most: ");
+        riga("manca", u"manca.ini", "", 3, u"lumira-password: %1 is not there\n");
+        riga("cartella", u"dati", "", 3, u"lumira-password: %1 cannot be read\n");
+        riga("un altro", u"lingue.ini", "", 3, u"lumira-password: %1 has no section [IMPOSTAZIONI]: ");
+    }
+    void inInglese()
+    {
+        QFETCH(QString, nome);
+        QFETCH(QByteArray, ingresso);
+        QFETCH(int, stato);
+        QFETCH(QString, detto);
+        const QString file = m_stazione.Nativo(nome);
+        const Esecuzione esecuzione = In_Inglese({QStringLiteral("--scrivi"), file}, ingresso);
+        QCOMPARE(esecuzione.stato, stato);
+        const QString tutto = esecuzione.errori + esecuzione.uscita;
+        QVERIFY2(tutto.contains(detto.replace(QStringLiteral("%1"), file)), qPrintable(tutto));
+        QCOMPARE(tutto.contains(QStringLiteral("New password: ")), !ingresso.isEmpty());
+    }
+    void usoErratoInInglese()
+    {
+        QCOMPARE(In_Inglese({}).errori, QStringLiteral("lumira-password: --scrivi and the lumira.ini of the "
+                                                       "station are needed (lumira-password --help)\n"));
+        QCOMPARE(In_Inglese({m_ini}).errori, QStringLiteral("lumira-password: nothing stands beside the "
+                                                            "options (lumira-password --help)\n"));
+        QCOMPARE(Esegui({QStringLiteral("--lingua"), QStringLiteral("FR")}).stato, 2);
     }
 };
 

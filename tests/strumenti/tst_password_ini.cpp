@@ -3,6 +3,7 @@
 
 #include "core/modGeneral.h"
 #include "core/modStr.h"
+#include "core/parole.h"
 #include "platform/codifica.h"
 #include "tests/comuni/orologio_prova.h"
 #include "tests/comuni/stazione_prova.h"
@@ -75,6 +76,7 @@ class tst_password_ini : public QObject
     }
 
 private Q_SLOTS:
+    void initTestCase() { QVERIFY(Lingua_Scegli(QStringLiteral("IT"))); }
     /// What the tool takes opens the box; what it does not take it refuses with a word, and the file stays.
     void diecimilaPassword()
     {

@@ -1,5 +1,5 @@
-// lumira-acc and lumira-far against what POSIX has of its own: a terminal, the user's language, a full
-// device, folders without rights, a platform without a display.
+// lumira-acc, lumira-far and lumira-password against what POSIX has of its own: a terminal, the user's
+// language, a full device, folders without rights, a platform without a display.
 #include "tests/mctc/prova_acc.h"
 #include "tests/strumenti/processo.h"
 
@@ -82,7 +82,7 @@ private Q_SLOTS:
 
     void linguaDelSistema()
     {
-        for (const char *strumento : {LUMIRA_ACC, LUMIRA_FAR}) {
+        for (const char *strumento : {LUMIRA_ACC, LUMIRA_FAR, LUMIRA_PASSWORD}) {
             const QString programma = QString::fromUtf8(strumento);
             QVERIFY(Con_Lingua(programma, "it_IT.UTF-8").uscita.startsWith(QStringLiteral("Uso: ")));
             QVERIFY(Con_Lingua(programma, "C.UTF-8").uscita.startsWith(QStringLiteral("Uso: ")));

@@ -27,7 +27,7 @@ class Simulatore(ProvaStazione):
         uscita = self.stazione.percorso(f"{nome}.out")
         with open(uscita, "wb") as scritta:
             simulatore = self.macchina.avvia(
-                CONSEGNA / "qx5sim.exe", "--dispositivo", porta, *argomenti, stdout=scritta
+                CONSEGNA / "qx5sim.exe", "--lingua", "IT", "--dispositivo", porta, *argomenti, stdout=scritta
             )
         self.addCleanup(ferma_processo, simulatore)
         attendi(lambda: f"pronto: {porta}" in uscita.read_text(errors="replace"), cosa="qx5sim.exe pronto")
@@ -92,6 +92,16 @@ class Simulatore(ProvaStazione):
         adattatore.stacca()
         self.assertEqual(ponte.wait(30), 2)
         self.assertTrue(registrazione.read_text(encoding="utf-8").endswith("COM4: il dispositivo non c'è più\n"))
+
+
+    def test_parla_la_lingua_chiesta_e_ne_dice_gli_errori(self):
+        for lingua, atteso in (("IT", "serve una porta"), ("EN", "a port is needed")):
+            qx5sim = self.macchina.avvia(
+                CONSEGNA / "qx5sim.exe", "--lingua", lingua, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE
+            )
+            _, errori = qx5sim.communicate(timeout=60)
+            self.assertEqual(qx5sim.returncode, 1)
+            self.assertIn(f"qx5sim: {atteso}: --dispositivo COMn", errori.decode("utf-8", "replace"))
 
 
 class FinestraSimulatore(ProvaFinestre):

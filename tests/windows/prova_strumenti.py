@@ -30,15 +30,24 @@ class Strumenti(ProvaMacchina):
         shutil.copy(self.stazione / "dati" / "ModelloAcc.acc", self.accettazione)
         shutil.copy(ATTESI / "regolare.far", self.risultato)
 
-    def esegui(self, strumento, *argomenti, stato):
+    def esegui(self, strumento, *argomenti, stato, lingua="IT"):
         """Runs a tool to its end, which has to be with this status. @returns what it wrote."""
         processo = self.macchina.avvia(
-            self.stazione / f"{strumento}.exe", "--lingua", "IT", *argomenti,
+            self.stazione / f"{strumento}.exe", "--lingua", lingua, *argomenti,
             stdout=subprocess.PIPE, stderr=subprocess.PIPE,
         )  # fmt: skip
         uscita, errori = (testo.decode("utf-8", "replace") for testo in processo.communicate(timeout=TEMPO))
         self.assertEqual(processo.returncode, stato, uscita + errori)
         return uscita
+
+    # --- all of them ---
+
+    def test_l_aiuto_nelle_due_lingue(self):
+        for strumento in ("lumira-acc", "lumira-far", "lumira-diagnosi", "lumira-password"):
+            for lingua, uso in (("IT", "Uso: "), ("EN", "Usage: ")):
+                with self.subTest(f"{strumento} {lingua}"):
+                    aiuto = self.esegui(strumento, "--help", stato=0, lingua=lingua)
+                    self.assertTrue(aiuto.startswith(uso + strumento), aiuto)
 
     # --- lumira-acc ---
 

@@ -1,5 +1,5 @@
 // The user's language, asked of the system once. It knows no text.
-#include "strumenti/parole.h"
+#include "core/parole.h"
 
 #include <QLocale>
 #include <QStringList>
