@@ -255,7 +255,8 @@ void frmMctcO::Lista_Aggiorna()
     const QScopedValueRollback<bool> lettura(mInLettura, true);
     // Read before the list is cleared: listing a folder lets events run, and a press of a button among them
     // must find the lines that the operator sees. It may close the form, too.
-    const qint32 ultima = Lista_Leggi(gDirAcc, mVoci);
+    QList<VoceLista> lette = mVoci;
+    const qint32 ultima = Lista_Leggi(gDirAcc, lette);
     if (!Caricato())
         return;
     const VeicoliFatti fatti = Fatti_Elenca(gDirAcc);
@@ -264,6 +265,7 @@ void frmMctcO::Lista_Aggiorna()
         return;
     const qint32 scelta = lstAuto->ListIndex(); // the line chosen while the files were read
     const QString prima = lstAuto->List(scelta);
+    mVoci = lette; // with its lines: until here a press meant one of those that the operator saw
     mRighe = ultima + 1;
     QStringList righe;
     for (qint32 i = 0; i < mRighe; ++i)

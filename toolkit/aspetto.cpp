@@ -2,11 +2,11 @@
 #include "toolkit/aspetto.h"
 
 #include "toolkit/schermo.h"
+#include "toolkit/stile_barre.h"
 
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
-#include <QStyleFactory>
 
 #include <algorithm>
 #include <cmath>
@@ -197,7 +197,7 @@ int Carattere_Minimo()
 
 void Aspetto_Applica(QApplication &applicazione)
 {
-    applicazione.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    applicazione.setStyle(Stile_Nuovo());
     applicazione.setPalette(Tavolozza());
     QFont carattere(Carattere_Normale());
     carattere.setPixelSize(Pixel_Interi(Punti_Normali()));

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QTest>
-#include <QTimer>
 
 namespace {
 
@@ -139,10 +138,12 @@ void Scarica_Tutti()
 
 ReteModale::ReteModale()
 {
-    QTimer::singleShot(PAZIENZA, &m_contesto, [this] {
+    m_attesa.setSingleShot(true);
+    QObject::connect(&m_attesa, &QTimer::timeout, &m_attesa, [this] {
         m_scattata = true;
         Scarica_Tutti();
     });
+    m_attesa.start(PAZIENZA);
 }
 
 ReteModale::~ReteModale() = default;

@@ -5,6 +5,7 @@
 #include "toolkit/modulo.h"
 
 #include <QStringList>
+#include <QTimer>
 
 #include <functional>
 
@@ -65,6 +66,6 @@ public:
     bool Scattata() const { return m_scattata; }
 
 private:
-    QObject m_contesto;
+    QTimer m_attesa; // goes with the net: a single shot would stay until its time
     bool m_scattata = false;
 };

@@ -40,6 +40,9 @@ std::function<void()> gIntanto;
 /// What happens once behind it, before anything else is asked of the folder.
 std::function<void()> gSubitoDopo;
 
+/// What happens once behind the search for results, before the lines are drawn.
+std::function<void()> gDopoRisultati;
+
 } // namespace
 
 /// A network that takes its time.
@@ -53,6 +56,8 @@ bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati,
     const bool trovato = Trova_Vera(percorso, trovati, intanto);
     if (gSubitoDopo && percorso.endsWith(QStringLiteral("*.acc")))
         std::exchange(gSubitoDopo, {})();
+    if (gDopoRisultati && percorso.endsWith(QStringLiteral("*.far")))
+        std::exchange(gDopoRisultati, {})();
     return trovato;
 }
 
@@ -1267,6 +1272,30 @@ private Q_SLOTS:
         QVERIFY(Nomi_Caricati().isEmpty());
         QVERIFY(notifiche->isEmpty());
         QVERIFY(QFile::exists(File_Nativo(QStringLiteral("12345678.acc")))); // the list removes no file
+    }
+
+    /// Events run once more between the files read and their lines drawn: what is pressed there is meant for
+    /// a line that the operator sees, although there are fewer files by then.
+    void tastoFraLetturaERighe()
+    {
+        for (const char *nome : {"12345678.acc", "22345678.acc"})
+            Scrivi_File(QString::fromLatin1(nome), Buono());
+        Scrivi_File(QStringLiteral("32345678.acc"), Con("Targa=AB123CD", "Targa=EF456GH"));
+        Apri();
+        Orologio_Banco().Avanza(BATTITO);
+        QCOMPARE(Lista()->count(), 3);
+        Togli_File(QStringLiteral("12345678.acc"));
+        QString scelta;
+        gDopoRisultati = [&] {
+            QTimer::singleShot(0, Lista(), [&] {
+                QTest::keyClicks(Lista(), QStringLiteral("g"));
+                scelta = gFileAcc;
+            });
+        };
+        Orologio_Banco().Avanza(BATTITO);
+        QVERIFY(!gDopoRisultati);
+        QVERIFY2(scelta.endsWith(QStringLiteral("32345678.ACC")), qPrintable(scelta));
+        QCOMPARE(Lista()->count(), 2);
     }
 
     void suOgniSchermo_data() { Righe_PerSchermo(); }
