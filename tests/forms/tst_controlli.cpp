@@ -1227,7 +1227,7 @@ void tst_controlli::elencoInDueColonne()
     QCOMPARE(Elenco_Colonne(elenco, 120, 4), Twip_DaPixel(pixel)); // whatever this list is written in
 
     auto *lista = qobject_cast<QListWidget *>(elenco.Widget());
-    QApplication::processEvents(); // the lines find their places
+    QApplication::processEvents();                  // the lines find their places
     const int dentro = lista->viewport()->height(); // without the frame
     QCOMPARE(dentro % 4, 0);
     QCOMPARE(lista->visualItemRect(lista->item(0)).height(), dentro / 4);
