@@ -27,8 +27,8 @@ MANI = 2  # mutants, or tests, at a time: tests count seconds
 
 # What these execute is a program that they start, which a mutant is not linked into.
 PROGRAMMI_ALTRUI = ("tst_lumira_", "tst_strumenti_posix", "tst_qx5sim")
-# Minutes each, for the looks of every form on every screen: left out, so that the score may be too low.
-LUNGHE = ("tst_schermate", "tst_leggibile", "tst_senza_mouse")
+# Minutes each, for looks at every form and for long days: left out, so that the score may be too low.
+LUNGHE = ("tst_schermate", "tst_leggibile", "tst_senza_mouse", "tst_resistenza", "tst_operatore")
 MEMORIA = 4 << 30  # bytes: a loop that lost its end must not take the machine
 FILE_MASSIMO = 8 << 30  # bytes: some tests make a file with a hole
 VOLTE = 5  # a test that takes so many times its own time hangs
