@@ -59,7 +59,7 @@ int Comanda(int &quanti, char **argomenti)
     const Giornate giornate =
         Giornate_Vivi(riga.value(QStringLiteral("azioni")).toInt(), seme, [](const QString &avviso) {
             std::printf("%s\n", qPrintable(avviso));
-            std::fflush(stdout);
+            static_cast<void>(std::fflush(stdout));
         });
     const QByteArray tabella = Tabella(giornate, seme, QSysInfo::prettyProductName().toUtf8());
     std::printf("%s%s\n", tabella.constData(), qPrintable(giornate.Guasto));
