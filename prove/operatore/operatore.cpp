@@ -22,7 +22,8 @@ closes and minimises it, on stations of several settings, with an instrument, a 
 wrong by chance. A day is a process of 1,000 actions; a program that is left is started again. Every 20 actions each
 file of the station is held against a table of what may change it (`prove/operatore/regole.cpp`): a key of `lumira.ini`
 by the form and the button that save it, a result behind a session, an acceptance file when its result is there, and
-nothing else. A run-time error that the program ends by is told with its words.
+nothing else. A run-time error that the program ends by is told with its words. What is kept in memory is not looked at
+here: that is the soak's.
 
 )";
 
@@ -59,7 +60,7 @@ int Comanda(int &quanti, char **argomenti)
     const Giornate giornate =
         Giornate_Vivi(riga.value(QStringLiteral("azioni")).toInt(), seme, [](const QString &avviso) {
             std::printf("%s\n", qPrintable(avviso));
-            std::fflush(stdout);
+            static_cast<void>(std::fflush(stdout));
         });
     const QByteArray tabella = Tabella(giornate, seme, QSysInfo::prettyProductName().toUtf8());
     std::printf("%s%s\n", tabella.constData(), qPrintable(giornate.Guasto));

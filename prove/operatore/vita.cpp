@@ -186,7 +186,7 @@ void Vita::Agisci()
         Porta_Qualcosa();
     m_mano.Fai([this](const QString &racconto) {
         std::printf("%d %s\n", m_fatte, racconto.toUtf8().constData());
-        std::fflush(stdout);
+        static_cast<void>(std::fflush(stdout));
     });
 }
 
@@ -219,7 +219,7 @@ void Vita::Guarda()
     m_fatti.Dimentica();
     for (const QString &guasto : guasti)
         std::printf("! %s\n", guasto.toUtf8().constData());
-    std::fflush(stdout);
+    static_cast<void>(std::fflush(stdout));
     if (!guasti.isEmpty())
         Termina_Vera(VitaGuasta);
 }

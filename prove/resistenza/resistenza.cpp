@@ -78,8 +78,8 @@ int main(int quanti, char **argomenti)
     const QList<Crescita> crescite = Crescite(inizio, Misura_Adesso());
     const QByteArray tabella = Tabella(prima, veicoli, crescite);
     std::printf("%s", tabella.constData());
-    if (!Cresciute(crescite).isEmpty())
-        return 1;
+    // Also what has grown is a matter of record.
     const QString documento = riga.value(QStringLiteral("documento"));
-    return documento.isEmpty() || Sezione_Scrivi(documento, SEZIONE, TESTO + tabella) ? 0 : 1;
+    const bool scritto = documento.isEmpty() || Sezione_Scrivi(documento, SEZIONE, TESTO + tabella);
+    return scritto && Cresciute(crescite).isEmpty() ? 0 : 1;
 }
