@@ -26,7 +26,9 @@ PACCHETTI_STAMPA=(cups cups-client cups-filters ghostscript printer-driver-cups-
 # the tests sign with a certificate of their own.
 PACCHETTI_WINDOWS=(g++-mingw-w64-x86-64-posix nsis wine64 wine locales libcups2 openssl osslsigncode)
 # lld links the test programs, clang builds the fuzzers. The Debian package is made and looked into: dpkg-dev and file.
-PACCHETTI_CONTROLLI=(git lld clang libclang-rt-14-dev clang-format clang-tidy cppcheck shellcheck pyflakes3 dpkg-dev file)
+# Mutants are made by what clang knows of a source (python3-clang-14).
+PACCHETTI_CONTROLLI=(git lld clang libclang-rt-14-dev clang-format clang-tidy cppcheck shellcheck pyflakes3 dpkg-dev file
+    python3-clang-14)
 
 errore() {
     echo "$(basename "$0"): $*" >&2

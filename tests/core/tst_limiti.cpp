@@ -76,6 +76,16 @@ private Q_SLOTS:
     }
     void cleanup() { Imposta_Locale(QLocale::c()); }
 
+    /// First of all: nothing has been read yet.
+    void primaDiOgniLettura()
+    {
+        for (const ChiaveLux &voce : LUX)
+            QCOMPARE(*voce.limite, 0);
+        for (const ChiaveDev &voce : DEV)
+            QCOMPARE(*voce.limite, 0.0F);
+        QCOMPARE(int(gSimmetrico), 0);
+    }
+
     /// Every limit takes its own key: distinct values in all eight.
     void ogniLimiteDallaSuaChiave()
     {

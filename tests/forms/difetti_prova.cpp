@@ -50,6 +50,7 @@ QString Scritta_Di(const QWidget *widget)
 QImage Vista_Di(QWidget *widget)
 {
     QImage vista(widget->size(), QImage::Format_RGB32);
+    vista.fill(Qt::white); // a control that leaves its ground alone leaves there what the memory held
     widget->render(&vista, QPoint());
     return vista;
 }

@@ -1216,7 +1216,7 @@ void tst_controlli::elencoDistruttoAMouseGiu()
 void tst_controlli::elencoInDueColonne()
 {
     ElencoVoci elenco(m_finestra.get(), QStringLiteral("lst"));
-    elenco.Posto(0, 0, 6000, 3000);
+    elenco.Posto(0, 0, 6000, 3030);
     elenco.Visible(true);
     elenco.AddItem(QStringLiteral("H\tH"));
     elenco.AddItem(QStringLiteral("H\tH"));
@@ -1227,7 +1227,10 @@ void tst_controlli::elencoInDueColonne()
     QCOMPARE(Elenco_Colonne(elenco, 120, 4), Twip_DaPixel(pixel)); // whatever this list is written in
 
     auto *lista = qobject_cast<QListWidget *>(elenco.Widget());
-    QApplication::processEvents(); // the lines find their places
+    QApplication::processEvents();                  // the lines find their places
+    const int dentro = lista->viewport()->height(); // without the frame
+    QCOMPARE(dentro % 4, 0);
+    QCOMPARE(lista->visualItemRect(lista->item(0)).height(), dentro / 4);
     const auto lettera = [&](int riga, int da, int a) {
         const QImage vista = lista->viewport()->grab().toImage();
         const QRect posto = lista->visualItemRect(lista->item(riga));

@@ -8,6 +8,7 @@
 #include "tests/forms/principale_prova.h"
 #include "tests/forms/trascina_prova.h"
 #include "toolkit/aspetto.h"
+#include "toolkit/elenco_voci.h"
 #include "toolkit/schermo.h"
 
 #include <QAbstractItemView>
@@ -111,6 +112,7 @@ private Q_SLOTS:
     void pulsanteSpentoONascostoNonSiPreme();
     void senzaPulsantiInvioEdEscapeNonFannoNulla();
     void tabulazionePerRigaPoiPulsanti();
+    void tabulazioneElencoDopoLeRighe();
 
     // window
     void misureInTwip();
@@ -1443,14 +1445,37 @@ void tst_modulo::tabulazionePerRigaPoiPulsanti()
     QCOMPARE(giro, QStringLiteral("txt_0 txt_1 cbo_0 chk_0 txt_2 cmd_0 cmd_1 cmd_2 txt_0").split(u' '));
 }
 
+/// A list that belongs to no row comes behind all of them, and before the buttons.
+void tst_modulo::tabulazioneElencoDopoLeRighe()
+{
+    const auto modulo = Nuovo<ModuloProva>();
+    std::unique_ptr<ElencoVoci> elenco;
+    modulo->AlDisegno = [&] {
+        Disegna(*modulo);
+        elenco = std::make_unique<ElencoVoci>(modulo->Finestra(), QStringLiteral("lst"));
+        elenco->Posto(0, 0, 1500, 1500);
+        elenco->Visible(true);
+    };
+    modulo->Mostra();
+    QVERIFY(Attiva(*modulo));
+    QStringList giro;
+    for (int i = 0; i < 7; ++i) {
+        giro.append(modulo->Finestra()->focusWidget()->objectName());
+        Premi(*modulo, Qt::Key_Tab);
+    }
+    QCOMPARE(giro, QStringLiteral("txt_0 txt_1 cbo_0 chk_0 txt_2 lst cmd_0").split(u' '));
+}
+
 // --- window -----------------------------------------------------------------------------------------------
 
 void tst_modulo::misureInTwip()
 {
     const auto modulo = Nuovo<ModuloProva>();
     modulo->Mostra();
-    modulo->Width(4500);
     modulo->Height(3000);
+    QCOMPARE(modulo->Finestra()->height(), 200);
+    modulo->Width(4500); // each by itself, at once
+    QCOMPARE(modulo->Finestra()->size(), QSize(300, 200));
     modulo->Sposta(1500, 750);
     QCOMPARE(modulo->Finestra()->size(), QSize(300, 200));
     QCOMPARE(modulo->Finestra()->pos(), QPoint(100, 50));

@@ -240,6 +240,41 @@ private Q_SLOTS:
         QCOMPARE(trovate, attese);
     }
 
+    /// Every judgement is one of three letters. What is none: who looked and when, and the outcome.
+    void controlliVisivi()
+    {
+        using enum TipoControllo;
+        const QStringList giudizi{QStringLiteral("I"), QStringLiteral("R"), QStringLiteral("A")};
+        struct Altra
+        {
+            QString chiave;
+            TipoControllo controllo;
+            qint16 massimo;
+            bool elenco;
+        };
+        QList<Altra> altre{
+            {QStringLiteral("DataControlli"),      Data,  0,   false},
+            {QStringLiteral("OraInizioControlli"), Ora,   0,   false},
+            {QStringLiteral("OraFineControlli"),   Ora,   0,   false},
+            {QStringLiteral("Operatore"),          Testo, 50,  false},
+            {QStringLiteral("EsitoRevisione"),     Testo, 0,   true },
+            {QStringLiteral("DataEffettiva"),      Data,  0,   false},
+            {QStringLiteral("Note"),               Testo, 320, false}
+        };
+        for (const RegolaVisivo &regola : REGOLE_VISIVI) {
+            QStringList ammessi;
+            for (const QStringView uno : regola.Ammessi)
+                ammessi.append(uno.toString());
+            const bool altra = !altre.isEmpty() && altre.first().chiave == regola.Key;
+            const Altra attesa = altra ? altre.takeFirst() : Altra{regola.Key.toString(), Testo, 0, true};
+            QVERIFY2(regola.Controllo == attesa.controllo, qPrintable(attesa.chiave));
+            QVERIFY2(regola.Massimo == attesa.massimo, qPrintable(attesa.chiave));
+            QVERIFY2(ammessi.isEmpty() != attesa.elenco, qPrintable(attesa.chiave));
+            QVERIFY2(altra || ammessi == giudizi, qPrintable(attesa.chiave));
+        }
+        QVERIFY(altre.isEmpty());
+    }
+
     void dueChiaviVisiveFinisconoConUnBianco()
     {
         QStringList conBianco;

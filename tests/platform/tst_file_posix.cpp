@@ -3,6 +3,7 @@
 #include "platform/file.h"
 
 #include "platform/sostituzione.h"
+#include "platform/su_disco.h"
 #include "tests/comuni/errore_prova.h"
 #include "tests/comuni/privilegi_posix.h"
 #include "tests/comuni/stazione_prova.h"
@@ -54,6 +55,14 @@ private Q_SLOTS:
         mandati_a_disco.clear();
         File_ScriviRighe(m_stazione.Percorso(QStringLiteral("DIR_FAR\\prova.txt")), {QStringLiteral("a")});
         QCOMPARE(mandati_a_disco, QStringList({QStringLiteral("file"), QStringLiteral("cartella")}));
+    }
+
+    /// A folder that has gone meanwhile, or may not be read: nothing is asked of the disk.
+    void cartellaCheNonSiApre()
+    {
+        mandati_a_disco.clear();
+        Cartella_SuDisco(m_stazione.Nativo(QStringLiteral("manca")));
+        QCOMPARE(mandati_a_disco, QStringList());
     }
 
     /// A share may take every byte and tell only when it is asked to keep them that it has no room.

@@ -665,6 +665,24 @@ private Q_SLOTS:
         QVERIFY(QFileInfo::exists(cartella));
         QVERIFY(QFileInfo(collegamento).isSymLink());
     }
+
+    /// A station runs for weeks: what is opened for a read or a write is closed again.
+    void nienteRestaAperto()
+    {
+        const auto aperti = [] {
+            return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::AllEntries | QDir::System).size();
+        };
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("0"), m_file));
+        const qsizetype prima = aperti();
+        QVERIFY(prima > 0);
+        for (int i = 0; i < 20; ++i) {
+            QVERIFY(Scrivi(QStringLiteral("X"), QString::number(i), m_file));
+            QCOMPARE(Leggi(QStringLiteral("X"), m_file), QString::number(i));
+            m_stazione.Scrivi(m_nome, "[A]\r\nX=another's\r\n");
+            QCOMPARE(Leggi(QStringLiteral("X"), m_file), QStringLiteral("another's"));
+        }
+        QCOMPARE(aperti(), prima);
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_profilo_posix)

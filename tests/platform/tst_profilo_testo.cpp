@@ -12,7 +12,7 @@ private Q_SLOTS:
     void righe()
     {
         const QList<RigaProfilo> righe =
-            Righe_Profilo("; nota\r\n\r\n[ Uno ]x\r\nA = 1\r\n\tsola\n[uno\nA=2");
+            Righe_Profilo("; nota\r\n\r\n[ Uno ]x\r\nA = 1\r\n\tsola\n[uno\nA=2\n=7");
         const auto inBreve = [](const RigaProfilo &riga) {
             const QString testa = riga.Testa ? QStringLiteral("[") : QStringLiteral(" ");
             const QString uguale = riga.Uguale ? QStringLiteral(" =") : QString();
@@ -23,7 +23,7 @@ private Q_SLOTS:
         std::transform(righe.cbegin(), righe.cend(), std::back_inserter(trovate), inBreve);
         QCOMPARE(trovate, (QStringList{QStringLiteral("3[UNO [ Uno ]x"), QStringLiteral("4 A A = 1 ="),
                                        QStringLiteral("5 SOLA \tsola"), QStringLiteral("6[UNO [uno"),
-                                       QStringLiteral("7 A A=2 =")}));
+                                       QStringLiteral("7 A A=2 ="), QStringLiteral("8  =7 =")}));
     }
     void nienteRighe() { QVERIFY(Righe_Profilo("\r\n;a\r\n  \n").isEmpty()); }
 };

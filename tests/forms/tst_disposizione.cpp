@@ -1,0 +1,144 @@
+// How every form stands on the screen, control by control, held against what was found good. A measure that
+// slips cuts nothing and covers nothing, and is seen here all the same. The texts are other tests' business.
+#include "core/modGeneral.h"
+#include "tests/forms/figlio_prova.h"
+#include "tests/forms/principale_prova.h"
+#include "tests/forms/scene_prova.h"
+#include "toolkit/modulo.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+
+#include <cstdio>
+
+namespace {
+
+/// A path that is too long for its box is shown beside it: how long the path of this run is says nothing.
+QChar Visibile(const QWidget &controllo, const QWidget &finestra)
+{
+    if (controllo.objectName().startsWith(u"lblPercorso_"))
+        return u'?';
+    return controllo.isVisibleTo(&finestra) ? u'+' : u'-';
+}
+
+/// A line a control: where it stands in its form, in pixels, how large its type is, its colours, what it is
+/// called. A name that tells the folder of this run tells it by a word.
+QString Riga(const QWidget &controllo, const QWidget &finestra)
+{
+    const QPoint posto = controllo.mapTo(&finestra, QPoint());
+    const QPalette &colori = controllo.palette();
+    QString nome = controllo.accessibleName();
+    nome.replace(gAppPath, QStringLiteral("<stazione>\\"));
+    const auto *etichetta = qobject_cast<const QLabel *>(&controllo);
+    return QStringLiteral("%1 %2,%3 %4x%5 %6px %7 %8 %9 %10 %11%12")
+        .arg(controllo.objectName())
+        .arg(posto.x())
+        .arg(posto.y())
+        .arg(controllo.width())
+        .arg(controllo.height())
+        .arg(controllo.font().pixelSize())
+        .arg(colori.color(controllo.foregroundRole()).name(), colori.color(controllo.backgroundRole()).name())
+        .arg(etichetta != nullptr ? static_cast<int>(etichetta->alignment()) : 0)
+        .arg(controllo.isEnabled() ? QChar(u'+') : QChar(u'-'))
+        .arg(Visibile(controllo, finestra))
+        .arg(nome.isEmpty() ? QString() : u' ' + nome.simplified());
+}
+
+/// The child process: every control of every scene.
+void Racconta()
+{
+    Scene_Percorri(QStringLiteral("IT"), [](const QString &scena, const Modulo &modulo) {
+        const QWidget &finestra = *modulo.Finestra();
+        std::printf("[%s]\n%s %dx%d\n", qPrintable(scena), qPrintable(modulo.objectName()), finestra.width(),
+                    finestra.height());
+        for (const QWidget *controllo : finestra.findChildren<QWidget *>()) {
+            if (!controllo->objectName().isEmpty() && !controllo->objectName().startsWith(u"qt_"))
+                std::printf("%s\n", qPrintable(Riga(*controllo, finestra)));
+        }
+    });
+}
+
+QStringList Righe_Del(const QString &percorso)
+{
+    QFile file(percorso);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll()).split(u'\n');
+}
+
+/// What one has and the other has not, with the scene where it stands.
+QStringList Differenze(const QStringList &attese, const QStringList &viste)
+{
+    QStringList differenze;
+    QString scena;
+    for (qsizetype i = 0; i < qMax(attese.size(), viste.size()) && differenze.size() < 30; ++i) {
+        if (viste.value(i).startsWith(u'['))
+            scena = viste.value(i);
+        if (attese.value(i) != viste.value(i))
+            differenze += QStringList{scena, QStringLiteral("- ") + attese.value(i),
+                                      QStringLiteral("+ ") + viste.value(i)};
+    }
+    return differenze;
+}
+
+} // namespace
+
+class tst_disposizione : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void differenzeSiVedono();
+    void comeFuTrovataBuona_data();
+    void comeFuTrovataBuona();
+};
+
+void tst_disposizione::differenzeSiVedono()
+{
+    const QStringList prima{QStringLiteral("[menu]"), QStringLiteral("lbl_0 1,2")};
+    QCOMPARE(Differenze(prima, prima), QStringList());
+    QCOMPARE(Differenze(prima, {QStringLiteral("[menu]"), QStringLiteral("lbl_0 1,3")}),
+             (QStringList{QStringLiteral("[menu]"), QStringLiteral("- lbl_0 1,2"),
+                          QStringLiteral("+ lbl_0 1,3")}));
+    QCOMPARE(Differenze(prima, {QStringLiteral("[menu]")}).size(), 3);
+}
+
+void tst_disposizione::comeFuTrovataBuona_data()
+{
+    QTest::addColumn<QSize>("schermo");
+    for (const QSize schermo : {QSize(1024, 768), QSize(1920, 1080)})
+        QTest::addRow("%dx%d", schermo.width(), schermo.height()) << schermo;
+}
+
+/// Where a form is meant to look otherwise, the new text is looked through and takes the place of the old
+/// one.
+void tst_disposizione::comeFuTrovataBuona()
+{
+    QFETCH(QSize, schermo);
+    const EsitoFiglio figlio = Figlio_Esegui({QStringLiteral("--racconta")}, schermo);
+    QVERIFY2(figlio.Buono(), qPrintable(figlio.Racconto()));
+    const QString nome = QString::fromLatin1(QTest::currentDataTag()) + QStringLiteral(".txt");
+    const QString attesa =
+        QStringLiteral(LUMIRA_SORGENTE) + QStringLiteral("/tests/forms/disposizione/") + nome;
+    const QStringList differenze = Differenze(Righe_Del(attesa), figlio.Uscita.split(u'\n'));
+    if (differenze.isEmpty())
+        return;
+    const QString vista = QDir(QCoreApplication::applicationDirPath()).filePath(nome);
+    QFile nuova(vista);
+    QVERIFY(nuova.open(QIODevice::WriteOnly) && nuova.write(figlio.Uscita.toUtf8()) >= 0);
+    QFAIL(qPrintable(
+        QStringLiteral("%1\nIf it is meant so: cp %2 %3").arg(differenze.join(u'\n'), vista, attesa)));
+}
+
+int main(int argc, char **argv)
+{
+    if (argc > 1 && qstrcmp(argv[1], "--racconta") == 0) {
+        const Applicazione applicazione(argc, argv);
+        Racconta();
+        return 0;
+    }
+    return Principale_Prova<tst_disposizione>(argc, argv);
+}
+
+#include "tst_disposizione.moc"
