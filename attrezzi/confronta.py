@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""Measures what the operator feels, each beside a yardstick, and puts the ratios into docs/prestazioni.md.
+"""Measures what the operator feels, each beside a yardstick, and puts the ratios into docs/prestazioni.md and the three
+that matter most into README.md.
 
     attrezzi/confronta.py INSTALLATION [--misure DIR] [--windows DIR] [--giri N] [--scrivi]
 
@@ -29,6 +30,13 @@ from stampante import Stampante
 RADICE = Path(__file__).resolve().parents[1]
 WINE = RADICE / "packaging/windows/wine.sh"
 FIGURE = RADICE / "docs/prestazioni.md"
+LEGGIMI = RADICE / "README.md"
+# What an operator waits for many times a day, in his words.
+SENTITE = {
+    ("start to the painted menu", "plain menu, same picture"): "start, until the menu is there",
+    ("end of the link to the verdict", ""): "from the end of the link to the verdict on the screen",
+    ("key of the print button to the page in the queue", ""): "from the print button to the page in the queue",
+}
 INIZIO = "<!-- attrezzi/confronta.py: da qui -->\n"
 FINE = "<!-- attrezzi/confronta.py: fin qui -->\n"
 
@@ -271,6 +279,15 @@ def riga(m):
     return f"| {misurata} | {cifre(m['nostra'])} | {metro} | {medio:.3g} ({minimo:.3g}) | {m['aim']:g} | {esito} |"
 
 
+def in_breve(m):
+    """A line of README.md, empty for what is not SENTITE."""
+    nome = SENTITE.get((m["nome"], m["metro_nome"]))
+    if not nome:
+        return ""
+    accanto = f", {valore(m, statistics.median):.2g} of a plain Qt program's" if m["metro"] else ""
+    return f"| {nome} | {statistics.median(m['nostra']):.3g} {m['unita']}{accanto} |\n"
+
+
 def testa():
     """What the figures depend on, and the head of their table."""
     return (
@@ -288,12 +305,14 @@ def main():
     righe.add_argument("--giri", type=int, default=7)
     righe.add_argument("--scrivi", action="store_true")
     scelte = righe.parse_args()
-    testo = testa()
+    testo, breve = testa(), "| what an operator waits for | |\n|---|---|\n"
     for m in misura_tutto(scelte):
         testo += riga(m) + "\n"
+        breve += in_breve(m)
         print(riga(m), flush=True)
     if scelte.scrivi:
         scrivi_sezione(FIGURE, INIZIO, FINE, testo)
+        scrivi_sezione(LEGGIMI, INIZIO, FINE, breve)
 
 
 if __name__ == "__main__":
