@@ -140,15 +140,22 @@ class Banco:
         self._schermo.tasto(tasto)
         self._occhi.attendi_quadro(self._occhi.punti(), self.processo, prima)
 
+    def attendi_quiete(self):
+        self._occhi.attendi_quiete()
+
+    def porta_al_collegamento(self):
+        """The first vehicle of the list, from the menu to the link form."""
+        for tasto in ("Return", "Down", "Return"):
+            self.tasto(tasto)
+        self._schermo.tasto("Return")
+
     def porta_al_risultato(self):
         """A vehicle from the menu to its verdict.
 
         @returns seconds from the end of the link, which closes its port with the form, to the verdict, and how many
             of them the program worked.
         """
-        for tasto in ("Return", "Down", "Return"):
-            self.tasto(tasto)
-        self._schermo.tasto("Return")
+        self.porta_al_collegamento()
         attendi(lambda: self._porta in aperti(self.processo), "the port is not opened")
         chiusa = attendi(lambda: self._porta not in aperti(self.processo), "the port is not closed")
         lavorato = processore(self.processo)

@@ -49,9 +49,10 @@ def prova(stazione, banco, numero):
     """One vehicle from its acceptance file to its result, and back to the menu."""
     nome = f"{20000000 + numero}"
     stazione.accettazione(nome)
-    banco.porta_al_risultato()
-    banco.tasto("Escape")
+    banco.porta_al_collegamento()
     attendi(lambda: stazione.contenuto() == [f"{nome}.far"], f"{nome}: the result is not there")
+    banco.attendi_quiete()  # the result goes to the disk before the verdict comes to the screen
+    banco.tasto("Escape")
     (stazione.scambio / f"{nome}.far").unlink()
 
 
