@@ -15,6 +15,7 @@ from pathlib import Path
 from accessibilita import ABILITATO, ATTIVO, SPUNTATO, VISIBILE, Bus, NonRisponde
 
 PAUSA = 0.05  # seconds between two looks at a condition
+ATTIMO = 1  # longer than a list takes to be built anew on a busy machine, shorter than what must not happen stays
 ATTESA = 30  # seconds: far more than anything takes, so that a slow machine fails no test
 RIPROVA = 3  # seconds until an operator clicks again
 
@@ -51,11 +52,14 @@ def attendi(condizione, secondi=ATTESA, cosa="la condizione"):
 
 
 def resta(condizione, secondi, cosa="la condizione"):
-    """Looks on for the whole time: the condition must not fail once. For what must not happen."""
+    """Looks on for the whole time: the condition must not go away. For what must not happen and would stay: a message,
+    a form closed. A look that falls into a list being built anew sees nothing, so that one look alone says nothing."""
     termine = time.monotonic() + secondi
     while time.monotonic() < termine:
-        if not condizione():
-            raise AssertionError(f"non resta per {secondi} s: {cosa}")
+        try:
+            attendi(condizione, ATTIMO, cosa)
+        except AttesaScaduta as errore:
+            raise AssertionError(f"non resta per {secondi} s: {cosa}") from errore
         time.sleep(PAUSA)
 
 
