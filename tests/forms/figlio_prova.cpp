@@ -49,9 +49,7 @@ QString Testo(QByteArray scritto)
     return QString::fromUtf8(scritto);
 }
 
-} // namespace
-
-EsitoFiglio Figlio_Esegui(const QStringList &argomenti, QSize schermo)
+EsitoFiglio Esegui(const QString &programma, const QStringList &argomenti, QSize schermo)
 {
     QTemporaryDir cartella;
     QProcess figlio;
@@ -68,8 +66,7 @@ EsitoFiglio Figlio_Esegui(const QStringList &argomenti, QSize schermo)
         figlio.setWorkingDirectory(cartella.path());
         piattaforma += QStringLiteral(":configfile=schermo.json");
     }
-    figlio.start(QCoreApplication::applicationFilePath(),
-                 argomenti + QStringList{QStringLiteral("-platform"), piattaforma});
+    figlio.start(programma, argomenti + QStringList{QStringLiteral("-platform"), piattaforma});
     EsitoFiglio esito;
     if (!figlio.waitForFinished(PAZIENZA)) {
         figlio.kill();
@@ -81,6 +78,18 @@ EsitoFiglio Figlio_Esegui(const QStringList &argomenti, QSize schermo)
     esito.Uscita = Testo(figlio.readAllStandardOutput());
     esito.Errori = Testo(figlio.readAllStandardError());
     return esito;
+}
+
+} // namespace
+
+EsitoFiglio Figlio_Esegui(const QStringList &argomenti, QSize schermo)
+{
+    return Esegui(QCoreApplication::applicationFilePath(), argomenti, schermo);
+}
+
+EsitoFiglio Vicino_Esegui(const QString &programma, const QStringList &argomenti, QSize schermo)
+{
+    return Esegui(QCoreApplication::applicationDirPath() + u'/' + programma, argomenti, schermo);
 }
 
 void Righe_PerSchermo()

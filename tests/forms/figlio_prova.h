@@ -1,5 +1,5 @@
-// A test that starts itself again as a process of its own: on a screen of another size, or to see how the
-// program ends.
+// A test that starts itself, or its neighbour, as a process of its own: on a screen of another size, or to
+// see how the program ends.
 #pragma once
 
 #include <QSize>
@@ -27,6 +27,10 @@ struct EsitoFiglio
 /// Starts the running executable with other arguments and waits for its end.
 /// @param schermo size of its screen in pixels; invalid: as the present one.
 EsitoFiglio Figlio_Esegui(const QStringList &argomenti, QSize schermo = QSize());
+
+/// Starts another test that lies beside the running one.
+/// @param programma its name without an ending.
+EsitoFiglio Vicino_Esegui(const QString &programma, const QStringList &argomenti, QSize schermo);
 
 /// The sizes of screen that the tests go through, the smallest and the largest among them, as a test's table:
 /// column schermo, a row each.

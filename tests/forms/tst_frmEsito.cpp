@@ -14,7 +14,6 @@
 #include "tests/comuni/locale_prova.h"
 #include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
-#include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
 #include "toolkit/aspetto.h"
 #include "toolkit/lettura.h"
@@ -616,18 +615,6 @@ private Q_SLOTS:
         Apri();
         QVERIFY(Testo_Di(*form, "lblTitolo").isEmpty());
         QCOMPARE(Cella(0)->text(), QStringLiteral("SI"));
-    }
-
-    void suOgniSchermo_data() { Righe_PerSchermo(); }
-    /// The layout holds on every screen of a workshop, each one in a process of its own.
-    void suOgniSchermo()
-    {
-        QFETCH(QSize, schermo);
-        const EsitoFiglio esito =
-            Figlio_Esegui({QStringLiteral("postiDellaTabella"), QStringLiteral("postiDelVerdettoEDelFaro"),
-                           QStringLiteral("pulsanti"), QStringLiteral("corniciDipinte")},
-                          schermo);
-        QVERIFY2(esito.Buono(), qPrintable(esito.Racconto()));
     }
 };
 

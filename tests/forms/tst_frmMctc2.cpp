@@ -8,7 +8,6 @@
 #include "tests/comuni/locale_prova.h"
 #include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
-#include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
 #include "toolkit/schermo.h"
 
@@ -634,16 +633,6 @@ private Q_SLOTS:
         Apri(false);
         QVERIFY(Etichetta_Di(0)->text().isEmpty());
         QCOMPARE(Casella(10)->text(), QStringLiteral("Rossi Mario"));
-    }
-
-    void suOgniSchermo_data() { Righe_PerSchermo(); }
-    /// The layout holds on every screen of a workshop, each one in a process of its own.
-    void suOgniSchermo()
-    {
-        QFETCH(QSize, schermo);
-        const EsitoFiglio esito = Figlio_Esegui(
-            {QStringLiteral("postiSullaGriglia"), QStringLiteral("etichetteScalateInOrizzontale")}, schermo);
-        QVERIFY2(esito.Buono(), qPrintable(esito.Racconto()));
     }
 };
 

@@ -8,7 +8,6 @@
 #include "report/frmMctc2.h"
 #include "tests/comuni/testi_prova.h"
 #include "tests/forms/banco_form.h"
-#include "tests/forms/figlio_prova.h"
 #include "tests/forms/principale_prova.h"
 #include "tests/forms/trova_prova.h"
 #include "toolkit/ricerca_elenco.h"
@@ -1296,18 +1295,6 @@ private Q_SLOTS:
         QVERIFY(!gDopoRisultati);
         QVERIFY2(scelta.endsWith(QStringLiteral("32345678.ACC")), qPrintable(scelta));
         QCOMPARE(Lista()->count(), 2);
-    }
-
-    void suOgniSchermo_data() { Righe_PerSchermo(); }
-    /// The layout holds on every screen of a workshop, each one in a process of its own.
-    void suOgniSchermo()
-    {
-        QFETCH(QSize, schermo);
-        const EsitoFiglio esito =
-            Figlio_Esegui({QStringLiteral("corniciDipinte"), QStringLiteral("righeNelleCornici"),
-                           QStringLiteral("targheIntere"), QStringLiteral("didascalieAccantoAlleCaselle")},
-                          schermo);
-        QVERIFY2(esito.Buono(), qPrintable(esito.Racconto()));
     }
 };
 
