@@ -15,13 +15,29 @@ using namespace operatore;
 
 namespace {
 
-/// In the environment of a life: the program ends by an error of its own accord, at no place of the table.
+/// In the environment of a life: the program ends by an error at a key, which no row of the table allows.
 constexpr const char *INCIAMPO = "LUMIRA_PROVA_INCIAMPO";
+
+class Inciampo : public QObject
+{
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject *, QEvent *evento) override
+    {
+        constexpr int TASTI = 20;
+        if (evento->type() == QEvent::KeyPress && ++m_tasti == TASTI)
+            Solleva(NumeroErrore::Overflow);
+        return false;
+    }
+
+private:
+    int m_tasti = 0;
+};
 
 void Inciampa()
 {
     if (qEnvironmentVariableIsSet(INCIAMPO))
-        QTimer::singleShot(500, qApp, [] { Solleva(NumeroErrore::Overflow); });
+        qApp->installEventFilter(new Inciampo(qApp));
 }
 Q_COREAPP_STARTUP_FUNCTION(Inciampa)
 
