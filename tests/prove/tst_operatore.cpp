@@ -24,7 +24,7 @@ public:
     using QObject::QObject;
     bool eventFilter(QObject *, QEvent *evento) override
     {
-        constexpr int TASTI = 20;
+        constexpr int TASTI = 5;
         if (evento->type() == QEvent::KeyPress && ++m_tasti == TASTI)
             Solleva(NumeroErrore::Overflow);
         return false;
@@ -84,7 +84,7 @@ private Q_SLOTS:
     void erroreAltroveEGuasto()
     {
         qputenv(INCIAMPO, "1");
-        const Giornate giornate = Giornate_Vivi(1000, 7, [](const QString &) {});
+        const Giornate giornate = Giornate_Vivi(100, 7, [](const QString &) {});
         qunsetenv(INCIAMPO);
         QVERIFY2(giornate.Guasto.contains(QStringLiteral("run-time error 6: Overflow")),
                  qPrintable(giornate.Guasto));
