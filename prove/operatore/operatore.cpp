@@ -24,6 +24,8 @@ file of the station is held against a table of what may change it (`prove/operat
 by the form and the button that save it, a result behind a session, an acceptance file when its result is there, and
 nothing else. A run-time error that ends the program may do so only where a row of that file allows it, by the form and
 the button or the passing of time that it follows. What is kept in memory is not looked at here: that is the soak's.
+The Windows program of this name does the same under Wine, more slowly and without the sanitizers: `vita SEED 300`
+is a short day there, and says nothing behind a `!`, or a file has changed that must not.
 
 )";
 
