@@ -2,6 +2,7 @@
 #include "toolkit/elenco_lettura.h"
 
 #include "toolkit/aspetto.h"
+#include "toolkit/fondo_elenco.h"
 
 #include <QKeyEvent>
 #include <QListWidget>
@@ -130,6 +131,7 @@ ElencoLettura::ElencoLettura(QWidget *finestra, const QString &nome)
     : Controllo(new WidgetLettura(finestra), nome)
 {
     Fai<QListWidget>([](QListWidget &lista) {
+        Fondo_AllElenco(lista);
         lista.setItemDelegate(new DelegatoLettura(&lista));
         lista.setFocusPolicy(Qt::NoFocus);
         lista.setSelectionMode(QAbstractItemView::NoSelection);

@@ -2,6 +2,7 @@
 #include "toolkit/elenco_voci.h"
 
 #include "platform/errore_esecuzione.h"
+#include "toolkit/fondo_elenco.h"
 
 #include <QListWidget>
 #include <QMouseEvent>
@@ -68,6 +69,7 @@ ElencoVoci::ElencoVoci(QWidget *finestra, const QString &nome) : Controllo(new W
 {
     Fai<WidgetElenco>([this](WidgetElenco &lista) {
         lista.setUniformItemSizes(true);
+        Fondo_AllElenco(lista);
         QObject::connect(&lista, &WidgetElenco::Scelta, &lista, [this] { Click(); });
     });
 }
