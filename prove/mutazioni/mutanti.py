@@ -24,7 +24,7 @@ AZIONI = (*BINARI, Genere.CALL_EXPR, Genere.UNARY_OPERATOR, Genere.UNEXPOSED_EXP
 SALTATI = (Genere.STATIC_ASSERT, Genere.TYPE_REF, Genere.TEMPLATE_REF, Genere.STRING_LITERAL)
 FUNZIONI = (Genere.FUNCTION_DECL, Genere.CXX_METHOD, Genere.CONSTRUCTOR, Genere.DESTRUCTOR, Genere.FUNCTION_TEMPLATE,
             Genere.CONVERSION_FUNCTION)
-NIENTE = ("0", "false", "{}", "nullptr", "std::nullopt", "QString()", "")
+NIENTE = ("0", "false", "Falso", "{}", "nullptr", "std::nullopt", "QString()", "")
 # Where numbers are lengths, fifteen to a pixel, and one more is the same pixel: those from 100 on change by a tenth.
 DI_LUNGHEZZE = re.compile(r"toolkit/|\w+/(frm|dlg)\w+\.cpp$")
 CARATTERI = {"": "char", "u": "char16_t", "U": "char32_t", "L": "wchar_t"}

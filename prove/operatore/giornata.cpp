@@ -1,10 +1,10 @@
 #include "prove/operatore/giornata.h"
 
+#include "prove/operatore/regole.h"
 #include "prove/operatore/vita.h"
 #include "tests/forms/figlio_prova.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace operatore {
 
@@ -13,13 +13,6 @@ namespace {
 constexpr int AZIONI_VITA = 1000; // then a station begins anew
 constexpr int ULTIME = 30;        // actions told with what went wrong
 constexpr qsizetype DETTE = 60;   // lines of the program's and the sanitizer's words
-
-/// The run-time errors that the program ends by as it has to, when somebody does what cannot go on.
-constexpr const char *ERRORI_AMMESSI[] = {
-    "run-time error 6: Overflow",
-    "run-time error 9: Subscript out of range",
-    "run-time error 13: Type mismatch",
-};
 
 /// The words of the error that the program has told; empty for none.
 QString Errore_Detto(const EsitoFiglio &figlio)
@@ -32,16 +25,22 @@ QString Errore_Detto(const EsitoFiglio &figlio)
     return {};
 }
 
-bool Ammesso(const QString &errore)
+/// What the error followed; empty for none.
+QString Errore_Dopo(const EsitoFiglio &figlio)
 {
-    return std::any_of(std::begin(ERRORI_AMMESSI), std::end(ERRORI_AMMESSI),
-                       [&errore](const char *ammesso) { return errore == QLatin1String(ammesso); });
+    for (const QString &riga : figlio.Uscita.split(u'\n')) {
+        if (riga.startsWith(QLatin1String(SEGNO_DOPO)))
+            return riga.mid(qsizetype(qstrlen(SEGNO_DOPO)));
+    }
+    return {};
 }
 
 QStringList Azioni_Di(const EsitoFiglio &figlio)
 {
     QStringList azioni = figlio.Uscita.split(u'\n', Qt::SkipEmptyParts);
-    azioni.removeIf([](const QString &riga) { return riga.startsWith(u'!'); });
+    azioni.removeIf([](const QString &riga) {
+        return riga.startsWith(u'!') || riga.startsWith(QLatin1String(SEGNO_DOPO));
+    });
     return azioni;
 }
 
@@ -70,12 +69,14 @@ Giornate Giornate_Vivi(int azioni, quint32 seme, const std::function<void(const 
             {QString::fromLatin1(ARGOMENTO_VITA), QString::number(seme), QString::number(quante)});
         const int fatte = int(Azioni_Di(figlio).size());
         const QString errore = Errore_Detto(figlio);
-        const bool perErrore = figlio.Finito && figlio.Stato == VitaFinitaPerErrore && Ammesso(errore);
+        const QString dopo = Errore_Dopo(figlio);
+        const bool perErrore =
+            figlio.Finito && figlio.Stato == VitaFinitaPerErrore && Errore_Ammesso(errore, dopo);
         if (perErrore)
-            ++giornate.Errori[errore];
+            ++giornate.Errori[errore + QStringLiteral(" after ") + dopo];
         if ((!figlio.Buono() && !perErrore) || fatte == 0)
             giornate.Guasto = Racconto(figlio, seme);
-        avviso(QStringLiteral("seed %1: %2 actions %3").arg(seme).arg(fatte).arg(errore));
+        avviso(QStringLiteral("seed %1: %2 actions %3 %4").arg(seme).arg(fatte).arg(errore, dopo));
         giornate.Azioni += fatte;
         ++giornate.Vite;
         ++seme;

@@ -14,7 +14,7 @@ struct Giornate
 {
     int Azioni = 0;
     int Vite = 0;
-    QMap<QString, int> Errori; ///< days that ended by a run-time error, by its words
+    QMap<QString, int> Errori; ///< days that ended by a run-time error, by its words and its place
     QString Guasto; ///< what was not to be: seed, action, and what came before it; empty when all went well
 };
 

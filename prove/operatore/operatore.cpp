@@ -22,8 +22,8 @@ closes and minimises it, on stations of several settings, with an instrument, a 
 wrong by chance. A day is a process of 1,000 actions; a program that is left is started again. Every 20 actions each
 file of the station is held against a table of what may change it (`prove/operatore/regole.cpp`): a key of `lumira.ini`
 by the form and the button that save it, a result behind a session, an acceptance file when its result is there, and
-nothing else. A run-time error that the program ends by is told with its words. What is kept in memory is not looked at
-here: that is the soak's.
+nothing else. A run-time error that ends the program may do so only where a row of that file allows it, by the form and
+the button or the passing of time that it follows. What is kept in memory is not looked at here: that is the soak's.
 
 )";
 

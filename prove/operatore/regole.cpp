@@ -11,8 +11,10 @@
 #include <QFile>
 #include <QPushButton>
 #include <QSysInfo>
+#include <QThread>
 
 #include <algorithm>
+#include <iterator>
 #include <span>
 
 namespace operatore {
@@ -68,6 +70,27 @@ constexpr RegolaChiavi REGOLE[] = {
     {"frmComm 1",         OPERATORE      },
     {"frmComm 1",         CHIAVI_TARATURA},
 };
+
+struct RegolaErrore
+{
+    const char *Errore;
+    const char *Dopo;
+};
+
+/// What ends the program as it has to: nobody may go on with figures that are none.
+// clang-format off
+constexpr RegolaErrore ERRORI[] = {
+    // A figure of the measure is far from any digit; or a limit is past 32 bits when the measure is judged.
+    {"run-time error 6: Overflow",               "frmComm 0 clock"},
+    // With the list of the line open the form stays, and the measure is judged when somebody closes it.
+    {"run-time error 6: Overflow",               "frmComm 0 cmd_0"},
+    {"run-time error 6: Overflow",               "frmComm 0 close"},
+    // Texts so long that the sum of their frame passes 16 bits.
+    {"run-time error 6: Overflow",               "frmComm 2 clock"},
+    // The files have vanished under a confirm button that a clean one enabled.
+    {"run-time error 9: Subscript out of range", "frmMctcO cmd_0" },
+};
+// clang-format on
 
 // The files.
 constexpr const char *CONFIGURAZIONE = "lumira.ini";
@@ -126,6 +149,14 @@ bool Far_Intero(const QByteArray &byte)
     return byte.startsWith("[Kandelo]\r\n") && byte.endsWith("\r\n") && byte.count('\n') == RIGHE_FAR;
 }
 
+/// A form by its name, the link form by its session's mode too: each mode has consequences of its own.
+QString Nome_Di(const Modulo &modulo)
+{
+    const auto *sessione = dynamic_cast<const frmComm *>(&modulo);
+    return sessione == nullptr ? modulo.objectName()
+                               : modulo.objectName() + u' ' + QString::number(int{sessione->Modo});
+}
+
 } // namespace
 
 // --- what has been seen
@@ -134,14 +165,12 @@ bool Far_Intero(const QByteArray &byte)
 void Fatti::Guarda()
 {
     for (const auto &modulo : Moduli_Caricati()) {
-        const QString nome = modulo->objectName();
-        m_fatti.insert(nome);
-        if (const auto *sessione = dynamic_cast<frmComm *>(modulo.get()))
-            m_fatti.insert(nome + u' ' + QString::number(int{sessione->Modo}));
+        m_fatti.insert(modulo->objectName());
+        m_fatti.insert(Nome_Di(*modulo));
         if (modulo->Finestra() == nullptr)
             continue;
         for (QPushButton *pulsante : modulo->Finestra()->findChildren<QPushButton *>())
-            Osserva(nome, pulsante);
+            Osserva(Nome_Di(*modulo), pulsante);
     }
 }
 
@@ -152,7 +181,10 @@ void Fatti::Osserva(const QString &modulo, QPushButton *pulsante)
         return;
     pulsante->setProperty(OSSERVATO, true);
     const QString fatto = modulo + u' ' + pulsante->objectName();
-    QObject::connect(pulsante, &QPushButton::pressed, pulsante, [this, fatto] { m_fatti.insert(fatto); });
+    QObject::connect(pulsante, &QPushButton::pressed, pulsante, [this, fatto] {
+        m_fatti.insert(fatto);
+        Segue(fatto);
+    });
 }
 
 void Fatti::Dimentica()
@@ -161,6 +193,31 @@ void Fatti::Dimentica()
     for (const auto &modulo : Moduli_Caricati())
         aperti.insert(modulo->objectName());
     m_fatti.removeIf([&aperti](const QString &fatto) { return !aperti.contains(fatto.section(u' ', 0, 0)); });
+}
+
+void Fatti::Comincia(const QString &azione)
+{
+    const auto moduli = Moduli_Caricati();
+    Segue((moduli.empty() ? QString() : Nome_Di(*moduli.back())) + u' ' + azione);
+}
+
+void Fatti::Segue(const QString &fatto)
+{
+    m_ultimi[QThread::currentThread()->loopLevel()] = fatto;
+}
+
+/// What a loop did that has come to its end is no matter any more: what waited for it goes on.
+QString Fatti::Ultimo() const
+{
+    const auto dopo = m_ultimi.upperBound(QThread::currentThread()->loopLevel());
+    return dopo == m_ultimi.cbegin() ? QString() : *std::prev(dopo);
+}
+
+bool Errore_Ammesso(const QString &errore, const QString &dopo)
+{
+    return std::any_of(std::begin(ERRORI), std::end(ERRORI), [&](const RegolaErrore &regola) {
+        return errore == QLatin1String(regola.Errore) && dopo == QLatin1String(regola.Dopo);
+    });
 }
 
 // --- the files

@@ -1,5 +1,6 @@
-// Which files of a station may change, and by what: looked at again and again while somebody works on it.
-// What a form does is not known here, only what it may leave behind.
+// Which files of a station may change, and by what; and which run-time errors may end the program, and after
+// what: looked at again and again while somebody works on it. What a form does is not known here, only what
+// it may leave behind.
 #pragma once
 
 #include <QDateTime>
@@ -14,7 +15,8 @@ class QPushButton;
 namespace operatore {
 
 /// What has been seen since it may last have had a consequence: a form that is open ("frmSetupO"), a button
-/// of it that was pressed ("frmSetupO cmd_0"), a session by its mode ("frmComm 1").
+/// of it that was pressed ("frmSetupO cmd_0"), a session by its mode ("frmComm 1"). And what is being done
+/// right now: an error is held against that.
 class Fatti
 {
 public:
@@ -24,11 +26,28 @@ public:
     /// Forgets the forms that have gone.
     void Dimentica();
 
+    /// An action begins: what the program does from now on in this event loop follows it.
+    /// @param azione in words ("clock").
+    void Comincia(const QString &azione);
+    /// What the program does from now on in this event loop follows this.
+    /// @param fatto as Ultimo gives it.
+    void Segue(const QString &fatto);
+    /// @return what the program's doings follow: the button that was pressed ("frmMctcO cmd_0"), else the
+    /// form that came up last and the action ("frmComm 0 clock"). Of the loops that are open the innermost
+    /// counts.
+    QString Ultimo() const;
+
 private:
     void Osserva(const QString &modulo, QPushButton *pulsante);
 
     QSet<QString> m_fatti;
+    QMap<int, QString> m_ultimi; ///< by the depth of the loop that it was done in
 };
+
+/// Whether the program may end by a run-time error there: no handler is meant to catch it.
+/// @param errore its words, "run-time error 6: Overflow".
+/// @param dopo as Fatti::Ultimo gives it.
+bool Errore_Ammesso(const QString &errore, const QString &dopo);
 
 /// The files of a station folder, against those of the last look.
 class Regole

@@ -68,7 +68,7 @@ private:
     void Passo_Fra_Poco();
     void Passo();
     void Agisci();
-    static void Chiudi_Davanti();
+    void Chiudi_Davanti();
     void Guarda();
     void Resta_InStazione();
     void Porta_Qualcosa();
@@ -175,6 +175,7 @@ void Vita::Passo()
 void Vita::Agisci()
 {
     m_fatti.Guarda();
+    m_fatti.Comincia(QStringLiteral("clock"));
     Orologio_Banco().Avanza(TEMPI[m_caso.bounded(int(std::size(TEMPI)))]);
     m_fatti.Guarda();
     if (m_cicli.size() > PROFONDO)
@@ -185,6 +186,7 @@ void Vita::Agisci()
     if (m_caso.bounded(FRA_DUE_FATTI) == 0)
         Porta_Qualcosa();
     m_mano.Fai([this](const QString &racconto) {
+        m_fatti.Comincia(racconto);
         std::printf("%d %s\n", m_fatte, racconto.toUtf8().constData());
         static_cast<void>(std::fflush(stdout));
     });
@@ -193,6 +195,7 @@ void Vita::Agisci()
 /// What is in front first, and one at a time: the form below has its turn before it goes too.
 void Vita::Chiudi_Davanti()
 {
+    m_fatti.Comincia(QStringLiteral("close"));
     QWidget *box = QApplication::activeModalWidget();
     if (qobject_cast<QMessageBox *>(box) != nullptr)
         box->close();
@@ -203,11 +206,13 @@ void Vita::Chiudi_Davanti()
 void Vita::Eventi()
 {
     const bool ancora = m_cicli.size() < PROFONDO;
+    const QString prima = m_fatti.Ultimo();
     if (ancora)
         m_cicli.push_back(-1);
     Eventi_Veri();
     if (ancora)
         m_cicli.pop_back();
+    m_fatti.Segue(prima);
 }
 
 // --- the files
@@ -228,6 +233,7 @@ void Vita::Guarda()
 /// right too.
 void Vita::Finita_PerErrore()
 {
+    std::printf("%s%s\n", SEGNO_DOPO, m_fatti.Ultimo().toUtf8().constData());
     m_fatti.Guarda();
     Guarda();
 }

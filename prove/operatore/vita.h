@@ -5,8 +5,11 @@
 namespace operatore {
 
 /// The first argument of a process that lives a day: after it come its seed and how many actions it has. It
-/// says on standard output what it is about to do, a line an action.
+/// says on standard output what it is about to do, a line an action. Before it ends by an error it says,
+/// behind a SEGNO_DOPO, what that followed.
 inline constexpr const char *ARGOMENTO_VITA = "vita";
+
+inline constexpr const char *SEGNO_DOPO = "@ ";
 
 /// How it ended. One that ends by a run-time error has the program's own status, 1.
 enum EsitoVita

@@ -7,6 +7,7 @@
 #include "tests/forms/principale_prova.h"
 
 #include <QPushButton>
+#include <QWindow>
 
 #include <cstdio>
 #include <utility>
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void terminaScriveCioCheEScritto();
     void messaggioDiSistemaAspetta();
     void messaggioDiSistemaSenzaParoleAltrui();
+    void messaggioDiSistemaStaDavanti();
     void nomeDelProgramma();
 };
 
@@ -205,6 +207,28 @@ void tst_applicazione::messaggioDiSistemaSenzaParoleAltrui()
     const EsitoFiglio figlio = Caso("parole");
     QVERIFY2(figlio.Buono(), qPrintable(figlio.Racconto()));
     QCOMPARE(figlio.Uscita, QStringLiteral("[Err Rs232] Rec sts: 13\n"));
+}
+
+// A click on the window behind it does not lay the box under that one: the window system knows whose it is.
+void tst_applicazione::messaggioDiSistemaStaDavanti()
+{
+    const auto modulo = Nuovo<ModuloProva>();
+    modulo->Mostra();
+    QVERIFY(Attiva(*modulo));
+    const QWindow *dietro = nullptr;
+    QTimer battito;
+    connect(&battito, &QTimer::timeout, this, [&] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (box == nullptr)
+            return;
+        dietro = box->windowHandle()->transientParent();
+        box->button(QMessageBox::Ok)->click();
+    });
+    battito.start(1);
+    Messaggio_Sistema(QStringLiteral("Err Rs232"), QStringLiteral("Rec sts: 13"));
+    QVERIFY(dietro != nullptr);
+    QCOMPARE(dietro, modulo->Finestra()->windowHandle());
+    modulo->Scarica();
 }
 
 void tst_applicazione::nomeDelProgramma()

@@ -5,7 +5,9 @@
 #include "tests/forms/principale_prova.h"
 #include "toolkit/controlli.h"
 #include "toolkit/schermo.h"
+#include "toolkit/segno_avviso.h"
 
+#include <QImage>
 #include <QPalette>
 
 class tst_aspetto : public QObject
@@ -28,6 +30,7 @@ private Q_SLOTS:
     void fuocoSiVede_data();
     void fuocoSiVede();
     void spuntaSiVede();
+    void segnoDiAvvisoIntero();
 };
 
 void tst_aspetto::coloreBluVerdeRosso_data()
@@ -170,6 +173,26 @@ void tst_aspetto::fuocoSiVede()
     QVERIFY(vista() != senza);
     altro.SetFocus();
     QCOMPARE(vista(), senza);
+}
+
+// The whole of the warning sign stands in the middle of its picture, however large that is.
+void tst_aspetto::segnoDiAvvisoIntero()
+{
+    constexpr int LATO = 1000;
+    const QImage segno = Segno_Avviso(LATO).toImage();
+    QRect coperto;
+    for (int y = 0; y < LATO; ++y) {
+        for (int x = 0; x < LATO; ++x) {
+            if (qAlpha(segno.pixel(x, y)) > 127)
+                coperto |= QRect(x, y, 1, 1);
+        }
+    }
+    // Its corners are rounded by half its pen: 3 hundredths beyond where they stand.
+    const QRect atteso(QPoint(20, 60), QPoint(979, 919));
+    const QMargins scarto(coperto.left() - atteso.left(), coperto.top() - atteso.top(),
+                          coperto.right() - atteso.right(), coperto.bottom() - atteso.bottom());
+    for (const int pixel : {scarto.left(), scarto.top(), scarto.right(), scarto.bottom()})
+        QVERIFY2(qAbs(pixel) <= 2, qPrintable(QString::number(pixel)));
 }
 
 void tst_aspetto::spuntaSiVede()

@@ -100,7 +100,7 @@ class TestMutanti(unittest.TestCase):
             ("constant", "fai(MISURA(a + 2), (3 - 1));"), ("arguments", "fai(3, MISURA(a + 2));")])
 
     def test_ciòCheTornaNienteNonCambiaInNiente(self):
-        self.verifica("Testo f() { return {}; }\nint g() { return 0; }", [("constant", "int g() { return (0 + 1); }")])
+        self.verifica("Testo f() { return {}; }\nenum Flag { Falso };\nFlag h() { return Falso; }\nint g() { return 0; }", [("constant", "int g() { return (0 + 1); }")])
 
     def test_dove(self):
         """A change is found again by its function and text; the copy differs in it alone."""

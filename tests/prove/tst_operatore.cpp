@@ -1,14 +1,47 @@
 // Somebody at the station who does anything, for a while: prove/operatore/operatore goes on for a hundred
 // thousand things.
+#include "platform/errore_esecuzione.h"
 #include "prove/operatore/giornata.h"
+#include "prove/operatore/regole.h"
 #include "prove/operatore/vita.h"
 
 #include <QCoreApplication>
 #include <QTest>
+#include <QTimer>
 
 #include <cstring>
 
 using namespace operatore;
+
+namespace {
+
+/// In the environment of a life: the program ends by an error at a key, which no row of the table allows.
+constexpr const char *INCIAMPO = "LUMIRA_PROVA_INCIAMPO";
+
+class Inciampo : public QObject
+{
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject *, QEvent *evento) override
+    {
+        constexpr int TASTI = 5;
+        if (evento->type() == QEvent::KeyPress && ++m_tasti == TASTI)
+            Solleva(NumeroErrore::Overflow);
+        return false;
+    }
+
+private:
+    int m_tasti = 0;
+};
+
+void Inciampa()
+{
+    if (qEnvironmentVariableIsSet(INCIAMPO))
+        qApp->installEventFilter(new Inciampo(qApp));
+}
+Q_COREAPP_STARTUP_FUNCTION(Inciampa)
+
+} // namespace
 
 class tst_operatore : public QObject
 {
@@ -21,6 +54,57 @@ private Q_SLOTS:
         const Giornate giornate = Giornate_Vivi(AZIONI, 7, [](const QString &) {});
         QVERIFY2(giornate.Guasto.isEmpty(), qPrintable(giornate.Guasto));
         QVERIFY(giornate.Azioni >= AZIONI);
+    }
+
+    void erroreAlSuoPosto_data()
+    {
+        QTest::addColumn<QString>("errore");
+        QTest::addColumn<QString>("dopo");
+        QTest::addColumn<bool>("ammesso");
+        const QString overflow = QStringLiteral("run-time error 6: Overflow");
+        const QString indice = QStringLiteral("run-time error 9: Subscript out of range");
+        QTest::newRow("measure") << overflow << "frmComm 0 clock" << true;
+        QTest::newRow("long texts") << overflow << "frmComm 2 clock" << true;
+        QTest::newRow("reading session") << overflow << "frmComm 1 clock" << false;
+        QTest::newRow("save of the setup") << overflow << "frmSetupO cmd_0" << false;
+        QTest::newRow("no place") << overflow << "" << false;
+        QTest::newRow("vanished files") << indice << "frmMctcO cmd_0" << true;
+        QTest::newRow("way out of the list") << indice << "frmMctcO cmd_1" << false;
+        QTest::newRow("index in a session") << indice << "frmComm 0 clock" << false;
+        QTest::newRow("type") << "run-time error 13: Type mismatch"
+                              << "frmMctcO cmd_0" << false;
+    }
+    void erroreAlSuoPosto()
+    {
+        QFETCH(QString, errore);
+        QFETCH(QString, dopo);
+        QTEST(Errore_Ammesso(errore, dopo), "ammesso");
+    }
+
+    void erroreAltroveEGuasto()
+    {
+        qputenv(INCIAMPO, "1");
+        const Giornate giornate = Giornate_Vivi(100, 7, [](const QString &) {});
+        qunsetenv(INCIAMPO);
+        QVERIFY2(giornate.Guasto.contains(QStringLiteral("run-time error 6: Overflow")),
+                 qPrintable(giornate.Guasto));
+        QCOMPARE(giornate.Vite, 1);
+        QVERIFY(giornate.Errori.isEmpty());
+    }
+
+    void inUnCicloContaIlSuoUltimo()
+    {
+        Fatti fatti;
+        fatti.Comincia(QStringLiteral("clock"));
+        QCOMPARE(fatti.Ultimo(), QStringLiteral(" clock"));
+        QEventLoop ciclo;
+        QTimer::singleShot(0, &ciclo, [&] {
+            fatti.Segue(QStringLiteral("frmMsg cmd_0"));
+            QCOMPARE(fatti.Ultimo(), QStringLiteral("frmMsg cmd_0"));
+            ciclo.quit();
+        });
+        ciclo.exec();
+        QCOMPARE(fatti.Ultimo(), QStringLiteral(" clock"));
     }
 };
 

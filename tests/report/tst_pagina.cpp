@@ -375,6 +375,23 @@ private Q_SLOTS:
     }
 
     /// A page to fill in by hand has measures and blank boxes; one of a test begun has marks and no measures.
+    /// A test without a measure has no end: its place is the end's own matter.
+    void senzaFineLInizioNonSiSposta()
+    {
+        const QStringList intera = Disegna(CARTA_A4);
+        gRepMisure[RepFine] = QStringLiteral("-");
+        const QStringList senzaFine = Disegna(CARTA_A4);
+        QCOMPARE(senzaFine.size(), intera.size());
+        QStringList spostati;
+        for (qsizetype i = 0; i < intera.size(); ++i) {
+            if (senzaFine[i] != intera[i])
+                spostati.append(senzaFine[i]);
+        }
+        QCOMPARE(spostati.size(), 2);
+        QVERIFY2(spostati[0].contains(u"Fine:"), qPrintable(spostati[0]));
+        QVERIFY2(spostati[1].endsWith(u"[-]"), qPrintable(spostati[1]));
+    }
+
     void quantiSegniEMisure_data()
     {
         QTest::addColumn<qint16>("tipoProva");
