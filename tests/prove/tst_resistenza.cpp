@@ -17,9 +17,9 @@ private:
     /// behind.
     static constexpr int PRIMA = 20;
     static constexpr int VEICOLI = 40;
-    /// Bytes a vehicle: glyphs, files and rules of style that are met for the first time cost something; a
-    /// picture of a bar, or a form that is kept, costs more.
-    static constexpr qint64 AMMESSI = 4000;
+    /// Bytes a vehicle: glyphs and files that are met for the first time cost some 130; an entry that the
+    /// style sheet keeps for a list, a picture of a bar, or a form that is kept, costs more.
+    static constexpr qint64 AMMESSI = 500;
     static constexpr qint64 AMMESSI_IMMAGINI = 600;
 
 private Q_SLOTS:
