@@ -26,7 +26,7 @@ CARTELLE = ("app", "core", "dialogs", "link", "mctc", "platform", "report", "set
 MANI = 2  # mutants, or tests, at a time: tests count seconds
 
 # What these execute is a program that they start, which a mutant is not linked into.
-PROGRAMMI_ALTRUI = ("tst_lumira_", "tst_strumenti_posix", "tst_qx5sim")
+PROGRAMMI_ALTRUI = ("tst_lumira_", "tst_strumenti_posix", "tst_qx5sim", "tst_su_ogni_schermo")
 # Minutes each, for looks at every form and for long days: left out, so that the score may be too low.
 LUNGHE = ("tst_schermate", "tst_leggibile", "tst_senza_mouse", "tst_resistenza", "tst_operatore")
 MEMORIA = 4 << 30  # bytes: a loop that lost its end must not take the machine
