@@ -14,7 +14,7 @@ namespace {
 
 constexpr qint64 SESSIONE = 3 * 200 + 2000; // ms: three replies looked at, and the last text
 constexpr qint64 SGUARDO = 100;             // ms until the menu looks at its folder
-constexpr int PAZIENZA = 20000;             // ms: the director gives up before
+constexpr int PAZIENZA = 120000; // ms: the director gives up before, also on a machine that builds besides
 constexpr int RIGA_GUASTA = 1;
 
 const QString VEICOLO = QStringLiteral("DIR_FAR\\01234567.acc");
