@@ -1,6 +1,7 @@
 // The layout of the forms that scale with the screen, on every screen of a workshop: what their own tests
 // hold on the present one, each in a process of its own.
 #include "tests/forms/figlio_prova.h"
+#include "tests/forms/principale_prova.h"
 
 #include <QTest>
 
@@ -41,5 +42,8 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_su_ogni_schermo)
+int main(int argc, char **argv)
+{
+    return Principale_Prova<tst_su_ogni_schermo>(argc, argv);
+}
 #include "tst_su_ogni_schermo.moc"
