@@ -222,6 +222,8 @@ private Q_SLOTS:
         QCOMPARE(Errore_Testo(AccTarga, static_cast<ErroreValore>(errore)), testo);
     }
 
+    void senzaErroreNessunMotivo() { QCOMPARE(Errore_Motivo(ValoreBuono), QString()); }
+
     void fuoriTabellaEUnErrore()
     {
         const auto numero = [](qint16 riga, qint16 errore) {
