@@ -2,6 +2,7 @@
 
 import shutil
 import tempfile
+import time
 from pathlib import Path
 
 import operatore
@@ -22,6 +23,7 @@ PAGINE = {
 }
 CARTELLE = ["Stazione è più", "Łódź", "Станция"]
 AVVISO = "Avviso"  # title of the program's messages
+RIPOSO = 3  # seconds without a change: the menu is whole, also on a busy machine
 
 
 class Cartelle(ProvaMacchina):
@@ -62,12 +64,14 @@ class Cartelle(ProvaMacchina):
         """
         programma = self.avvia(stazione)
         attendi(lambda: self.finestre.mostra("lumira"), cosa="menu")
-        ultima = None
+        ultima, cambiata = None, time.monotonic()
 
         def ferma_o_attesa():
-            nonlocal ultima
+            nonlocal ultima, cambiata
             prima, ultima = ultima, self.schermata()
-            return ultima == modello if modello else ultima == prima
+            if ultima != prima:
+                cambiata = time.monotonic()
+            return ultima == modello if modello else time.monotonic() - cambiata > RIPOSO
 
         try:
             attendi(ferma_o_attesa, cosa=f"menu di {stazione.name}")
