@@ -61,15 +61,15 @@ def lontananza(prova, cambiati):
 
 
 def avvia(prova):
-    registro = prova.programma.with_suffix(".registro").open("wb")
-    return subprocess.Popen(
-        ["timeout", str(MASSIMO), prova.programma, "-silent"],
-        cwd=prova.programma.parent,
-        env=os.environ | AMBIENTE,
-        stdin=subprocess.DEVNULL,
-        stdout=registro,
-        stderr=subprocess.STDOUT,
-    )
+    with prova.programma.with_suffix(".registro").open("wb") as registro:
+        return subprocess.Popen(
+            ["timeout", str(MASSIMO), prova.programma, "-silent"],
+            cwd=prova.programma.parent,
+            env=os.environ | AMBIENTE,
+            stdin=subprocess.DEVNULL,
+            stdout=registro,
+            stderr=subprocess.STDOUT,
+        )
 
 
 def raccogli(prova, processo, inizio):

@@ -374,7 +374,6 @@ private Q_SLOTS:
         QCOMPARE(Disegna(foglio.carta), Pagina_Attesa(foglio, regolare ? Chiavi_Segni() : QStringList()));
     }
 
-    /// A page to fill in by hand has measures and blank boxes; one of a test begun has marks and no measures.
     /// A test without a measure has no end: its place is the end's own matter.
     void senzaFineLInizioNonSiSposta()
     {
@@ -392,6 +391,7 @@ private Q_SLOTS:
         QVERIFY2(spostati[1].endsWith(u"[-]"), qPrintable(spostati[1]));
     }
 
+    /// A page to fill in by hand has measures and blank boxes; one of a test begun has marks and no measures.
     void quantiSegniEMisure_data()
     {
         QTest::addColumn<qint16>("tipoProva");
