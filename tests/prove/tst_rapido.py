@@ -62,13 +62,14 @@ class TestRapido(unittest.TestCase):
         stato, _, detto = self.esegui()
         self.assertEqual(stato, 1)
         self.assertIn("tst_z: status 3", detto)
+        (self.prove / "core/tst_z.riuscita").write_text("\n20.00")  # no short one
         self.prova("core/tst_a")
         self.assertEqual(self.esegui(60, "core/a.cpp")[1], ["tst_z", "tst_a"])
 
     def test_primaLePiùVicine(self):
-        for nome in ("forms/tst_altra", "core/tst_vicina", "core/tst_limiti"):
+        for nome in ("core/tst_altra", "report/tst_a_vicina", "report/tst_pagina"):
             self.prova(nome)
-        self.assertEqual(self.esegui(60, "core/limiti.cpp")[1], ["tst_limiti", "tst_vicina", "tst_altra"])
+        self.assertEqual(self.esegui(60, "report/pagina.cpp")[1], ["tst_pagina", "tst_a_vicina", "tst_altra"])
 
     def test_ciòCheNonEntraNelTempoRestaDovuto(self):
         lunga = self.prova("core/tst_lunga")
