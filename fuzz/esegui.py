@@ -5,7 +5,7 @@
         --giri N        runs of each target (10 million); a slow one (LENTI) gets its share of them
         --secondi N     seconds of each target, in place of runs
         --insieme N     targets at a time (one a core)
-        --scrivi        write the table into docs/affidabilita.md
+        --scrivi        write each one's row into the table of docs/affidabilita.md, as it ends
         --riduci        no run: keep of fuzz/campioni and of what former runs have found the fewest inputs that reach
                         as much; the program says then what changed
 
@@ -132,8 +132,12 @@ def prova(nome, misura):
     return riga, detto if stato != 0 else ""
 
 
-def scrivi(righe):
-    tabella = "".join("| " + " | ".join(str(cella) for cella in riga) + " |\n" for riga in righe)
+def scrivi(riga):
+    """Puts a target's row into the table, where those of the others stay: the long run may be done in parts."""
+    righe = {nome: intera for intera, nome in
+             re.findall(r"^(\| (fuzz_\w+) \|.*\n)", DOCUMENTO.read_text(encoding="utf-8"), re.M)}
+    righe[riga[0]] = "| " + " | ".join(str(cella) for cella in riga) + " |\n"
+    tabella = "".join(righe[nome] for nome in leggi_nomi() if nome in righe)
     scrivi_sezione(DOCUMENTO, f"<!-- {SEZIONE} -->\n", f"<!-- fine: {SEZIONE} -->\n", TESTO + tabella)
 
 
@@ -182,11 +186,13 @@ def main():
             # Short ones are a check of every change: they go the same ways each time.
             return [f"-max_total_time={argomenti.secondi}", "-seed=1"] if argomenti.secondi else [f"-runs={giri}"]
 
-        for riga, detto in insieme.map(lambda nome: prova(nome, misura(nome)), nomi):
+        prove = [insieme.submit(prova, nome, misura(nome)) for nome in nomi]
+        for fatta in concurrent.futures.as_completed(prove):
+            riga, detto = fatta.result()
             print(detto + "%-20s %10d giri %6d s  copertura %5d  campioni %3d  difetti %d" % tuple(riga), flush=True)
             righe.append(riga)
-    if argomenti.scrivi:
-        scrivi(righe)
+            if argomenti.scrivi:
+                scrivi(riga)
     difetti = sum(riga[-1] for riga in righe)
     print(f"Fuzzing: {len(righe)} bersagli, {sum(riga[1] for riga in righe)} giri, {difetti} con difetti")
     sys.exit(1 if difetti else 0)
