@@ -146,7 +146,8 @@ def riduci(nome):
     nuovi = COSTRUITI / "ridotti" / nome
     shutil.rmtree(nuovi, ignore_errors=True)
     nuovi.mkdir(parents=True)
-    stato, detto = chiama(nome, "-set_cover_merge=1", "-use_counters=0", nuovi, cartella_di(CAMPIONI, nome), cartella_di(TROVATI, nome))
+    stato, detto = chiama(nome, "-set_cover_merge=1", "-use_counters=0", nuovi, cartella_di(CAMPIONI, nome),
+                          cartella_di(TROVATI, nome))
     if stato != 0:
         return f"{nome}: non ridotto\n{detto}"
     for campione in (CAMPIONI / nome).iterdir():
