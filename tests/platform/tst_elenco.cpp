@@ -186,6 +186,9 @@ private Q_SLOTS:
         QVERIFY(Trova_File(Percorso(u"Q\\*.acc"), trovati, [&volte] { ++volte; }));
         QCOMPARE(trovati.size(), QUANTI);
         QCOMPARE(volte, 5); // after each two hundred
+        const QStringList nomi = Cartella_Elenca(Percorso(u"Q\\*.acc"), 0, [&volte] { ++volte; });
+        QCOMPARE(nomi.size(), QUANTI);
+        QCOMPARE(volte, 10);
     }
 
     void ricercaSenzaRisultato()
