@@ -9,9 +9,9 @@
 #include "mctc/controllo_valori.h"
 #include "mctc/controllo_visivi.h"
 #include "mctc/modMctc.h"
+#include "platform/profilo.h"
 
 #include <QFile>
-#include <QThread>
 
 namespace {
 
@@ -28,10 +28,6 @@ const QHash<QString, ValoriSezione> &Modello()
     static const QHash<QString, ValoriSezione> VALORI = Valori_Profilo(Consegnato("dati/ModelloAcc.acc"));
     return VALORI;
 }
-
-/// Ticks of the clock that stamps the files, in ms: a profile younger than that is read anew for each of its
-/// keys.
-constexpr unsigned long TIMBRO = 4;
 
 /// What a station has read before it looks at its first file.
 void Prepara_Stazione()
@@ -76,7 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *dati, size_t quanti)
     Q_UNUSED(PRONTA)
     const QByteArray byte = Byte_Di(dati, quanti);
     const QString percorso = File_Con(QStringLiteral("12345678.acc"), byte);
-    QThread::msleep(TIMBRO);
+    const ProfiloFermo letto(percorso); // a file just written would be read anew for each of its keys
     Acc_Apri(percorso);
     ControlloAcc controllo;
     QString rapporto;

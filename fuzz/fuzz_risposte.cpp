@@ -110,7 +110,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *dati, size_t quanti)
         if (!preso)
             continue;
         Pretendi(esito == modello.Aggiungi(byte), "a byte begins, fills or ends a frame");
-        const QByteArray buffer(reinterpret_cast<const char *>(assemblatore.BufRx.data()), LUNGHEZZA_RX);
+        const QByteArray buffer =
+            QByteArray::fromRawData(reinterpret_cast<const char *>(assemblatore.BufRx.data()), LUNGHEZZA_RX);
         Pretendi(buffer == modello.buffer, "the buffer holds the frame, and the tail of the one before");
         if (esito != EsitoByte::Fine)
             continue;

@@ -4,6 +4,7 @@
 #include "core/modGeneral.h"
 #include "fuzz/comune.h"
 #include "platform/codifica.h"
+#include "platform/profilo.h"
 #include "simulatore/scenario.h"
 
 #include <QRegularExpression>
@@ -75,9 +76,10 @@ void Prova_Letto(const Scenario &scenario)
                      "a record is four digits and two characters");
     }
     const QByteArray testo = Scenario_Testo(scenario);
+    const QString percorso = File_Con(QStringLiteral("scritto.ini"), testo);
+    const ProfiloFermo scritto(percorso);
     Scenario ancora;
-    Pretendi(Scenario_Leggi(File_Con(QStringLiteral("scritto.ini"), testo), ancora).isEmpty(),
-             "a scenario that is written out is read again");
+    Pretendi(Scenario_Leggi(percorso, ancora).isEmpty(), "a scenario that is written out is read again");
     Pretendi(Scenario_Testo(ancora) == testo, "it is the same scenario");
 }
 
@@ -102,6 +104,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *dati, size_t quanti)
 {
     constexpr int IN_VIGORE = 77;
     const QString percorso = File_Con(QStringLiteral("scenario.ini"), Byte_Di(dati, quanti));
+    const ProfiloFermo letto(percorso); // a file just written would be read anew for each of its keys
     Scenario scenario;
     scenario.ritardo = IN_VIGORE;
     const QStringList errori = Scenario_Leggi(percorso, scenario);

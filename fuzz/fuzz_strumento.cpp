@@ -2,6 +2,7 @@
 // a frame that the station takes whole, and it says it to good commands alone.
 #include "fuzz/comune.h"
 #include "link/protocollo.h"
+#include "platform/profilo.h"
 #include "simulatore/strumento.h"
 
 namespace {
@@ -21,8 +22,9 @@ qsizetype Comandi_Buoni(const QByteArray &byte)
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *dati, size_t quanti)
 {
     const QByteArray byte = Byte_Di(dati, quanti);
-    Strumento strumento(QString(), File_Con(QStringLiteral("stato.ini"), QByteArray()), 1,
-                        [](const QString &) {});
+    const QString stato = File_Con(QStringLiteral("stato.ini"), QByteArray());
+    const ProfiloFermo fermo(stato); // until the first write: a new file would be read anew for each text
+    Strumento strumento(QString(), stato, 1, [](const QString &) {});
     const QList<Invio> invii = strumento.Ricevi(byte);
     Pretendi(invii.size() <= Comandi_Buoni(byte), "a wrong command gets no reply");
     for (const Invio &invio : invii) {

@@ -32,11 +32,9 @@ Regola Regola_Numero(size_t numero)
     return {visivo.Controllo, visivo.Massimo, visivo.Ammessi, Falso};
 }
 
-bool Forma(const QString &valore, const char *forma)
+QRegularExpression Intera(const char *forma)
 {
-    return QRegularExpression(QRegularExpression::anchoredPattern(QLatin1String(forma)))
-        .match(valore)
-        .hasMatch();
+    return QRegularExpression(QRegularExpression::anchoredPattern(QLatin1String(forma)));
 }
 
 bool E_Data(const QString &valore)
@@ -57,15 +55,18 @@ bool Nel_Vocabolario(const QString &valore, Vocabolario ammessi)
 /// and its result is not worth a second writing.
 std::optional<bool> Buono(const QString &valore, const Regola &regola)
 {
-    const bool cifre = Forma(valore, "[0-9]+");
+    static const QRegularExpression CIFRE = Intera("[0-9]+");
+    static const QRegularExpression CIFRE_E_PUNTI = Intera("[0-9.]+");
+    static const QRegularExpression DUE_DECIMALI = Intera("[0-9]*\\.[0-9]{2}");
+    const bool cifre = CIFRE.match(valore).hasMatch();
     switch (regola.controllo) {
     case TipoControllo::Testo:
         return regola.massimo != 0 ? valore.size() <= regola.massimo
                                    : Nel_Vocabolario(valore, regola.ammessi);
     case TipoControllo::Decimale:
-        if (!Forma(valore, "[0-9.]+"))
+        if (!CIFRE_E_PUNTI.match(valore).hasMatch())
             return std::nullopt;
-        return valore.size() <= regola.massimo && Forma(valore, "[0-9]*\\.[0-9]{2}");
+        return valore.size() <= regola.massimo && DUE_DECIMALI.match(valore).hasMatch();
     case TipoControllo::Data:
         return cifre ? std::optional(E_Data(valore)) : std::nullopt;
     case TipoControllo::Ora:
