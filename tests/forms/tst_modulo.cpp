@@ -22,6 +22,8 @@
 #include <QWindow>
 #include <QtTest/qtestspontaneevent.h>
 
+#include <cstdio>
+
 class tst_modulo : public QObject
 {
     Q_OBJECT
@@ -118,6 +120,7 @@ private Q_SLOTS:
     void misureInTwip();
     void centrato();
     void massimizzatoCopreLoSchermo();
+    void massimizzatoGiaInLoad();
     void piccoloSopraQuelloAttivo();
     void portatoAvanti();
     void senzaCorniceMisuraFissa();
@@ -125,6 +128,7 @@ private Q_SLOTS:
     void inPrimoPiano();
     void aggiornaRidipinge();
     void lineeSullaFinestra();
+    void corniceSullOrlo();
     void attivatoAOgniRitorno();
 
 private:
@@ -1509,6 +1513,29 @@ void tst_modulo::massimizzatoCopreLoSchermo()
     QCOMPARE(modulo->Height(), Schermo_Altezza());
 }
 
+// Whoever asks the window in Load gets the size that it will have.
+void tst_modulo::massimizzatoGiaInLoad()
+{
+    const EsitoFiglio figlio = Figlio_Esegui({QStringLiteral("--intero")}, QSize(900, 700));
+    QVERIFY2(figlio.Buono(), qPrintable(figlio.Racconto()));
+    QCOMPARE(figlio.Uscita.trimmed(), QStringLiteral("900x700"));
+}
+
+/// What the process of its own does. @return its status.
+int Intero(int argc, char **argv)
+{
+    Applicazione applicazione(argc, argv);
+    const auto modulo = Nuovo<ModuloProva>();
+    QSize grandezza;
+    modulo->AlLoad = [&] {
+        modulo->Massimizza();
+        grandezza = modulo->Finestra()->size();
+    };
+    modulo->Carica();
+    std::printf("%dx%d\n", grandezza.width(), grandezza.height());
+    return 0;
+}
+
 /// A small form belongs to the one it opens over, whatever was loaded last; one that covers the screen to
 /// none.
 void tst_modulo::piccoloSopraQuelloAttivo()
@@ -1610,6 +1637,28 @@ void tst_modulo::lineeSullaFinestra()
     QCOMPARE(punto(vista, 200, 300), cornice);
 }
 
+// A small form has a frame of its own, to its last pixels; one that covers the screen has none.
+void tst_modulo::corniceSullOrlo()
+{
+    const auto piccolo = Nuovo<ModuloProva>();
+    piccolo->Mostra();
+    const QImage vista = piccolo->Finestra()->grab().toImage();
+    const QColor cornice = Colore_Cornice();
+    for (const int x : {0, vista.width() / 2, vista.width() - 1}) {
+        QCOMPARE(vista.pixelColor(x, 0), cornice);
+        QCOMPARE(vista.pixelColor(x, vista.height() - 1), cornice);
+    }
+    for (const int x : {0, vista.width() - 1})
+        QCOMPARE(vista.pixelColor(x, vista.height() / 2), cornice);
+    QVERIFY(vista.pixelColor(1, 1) != cornice);
+    QVERIFY(vista.pixelColor(vista.width() - 2, vista.height() - 2) != cornice);
+
+    const auto intero = Nuovo<ModuloProva>();
+    intero->AlLoad = [&] { intero->Massimizza(); };
+    intero->Mostra();
+    QVERIFY(intero->Finestra()->grab().toImage().pixelColor(0, 0) != cornice);
+}
+
 void tst_modulo::attivatoAOgniRitorno()
 {
     const auto primo = Nuovo<ModuloProva>();
@@ -1628,6 +1677,8 @@ int main(int argc, char **argv)
 {
     if (argc > 1 && qstrcmp(argv[1], "--attivato-subito") == 0)
         return Attivato_Subito(argc, argv);
+    if (argc > 1 && qstrcmp(argv[1], "--intero") == 0)
+        return Intero(argc, argv);
     return Principale_Prova<tst_modulo>(argc, argv);
 }
 
