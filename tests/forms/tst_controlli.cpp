@@ -39,6 +39,7 @@ private Q_SLOTS:
     void visibileEAbilitato();
     void nomeTagENomeAccessibile();
     void carattereInPunti();
+    void carattereSenzaPosto();
     void carattereMaiSottoUnPixel();
     void carattereCheEntra_data();
     void carattereCheEntra();
@@ -74,6 +75,7 @@ private Q_SLOTS:
     void testoAltriSegniRestano();
 
     void comboNientePrescelto();
+    void comboVuotaEntraOvunque();
     void comboPerTesto();
     void comboPerIndice();
     void comboClickSoloDellOperatore();
@@ -215,6 +217,18 @@ void tst_controlli::carattereInPunti()
     QVERIFY(etichetta.Widget()->font().bold());
     QCOMPARE(etichetta.Widget()->font().family(), QStringLiteral("Courier New"));
     QCOMPARE(etichetta.Widget()->font().pixelSize(), 16);
+}
+
+// A control that is placed one side after the other has no place yet in between: its type waits for it.
+void tst_controlli::carattereSenzaPosto()
+{
+    for (const QSize twip : {QSize(1500, 0), QSize(0, 1500), QSize(0, 0)}) {
+        Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+        etichetta.FontSize(20);
+        etichetta.Caption(QStringLiteral("Intensità"));
+        etichetta.Posto(0, 0, twip.width(), twip.height());
+        QCOMPARE(etichetta.Widget()->font().pixelSize(), Pixel_Interi(20));
+    }
 }
 
 void tst_controlli::carattereMaiSottoUnPixel()
@@ -895,6 +909,18 @@ void tst_controlli::comboNientePrescelto()
     QCOMPARE(combo.ListIndex(), qint16{-1});
     combo.AddItem(QStringLiteral("COM1"));
     QCOMPARE(combo.ListIndex(), qint16{-1});
+}
+
+// Nothing is cut where nothing stands, be the place narrower than the arrow.
+void tst_controlli::comboVuotaEntraOvunque()
+{
+    CasellaCombinata combo(m_finestra.get(), QStringLiteral("cbo"));
+    combo.FontSize(20);
+    combo.Posto(0, 0, 120, 450);
+    QVERIFY(combo.Entra());
+    QCOMPARE(combo.Widget()->font().pixelSize(), Pixel_Interi(20));
+    combo.AddItem(QStringLiteral("Italiano"));
+    QVERIFY(!combo.Entra());
 }
 
 void tst_controlli::comboPerTesto()

@@ -94,6 +94,7 @@ private Q_SLOTS:
     void pulsanteChiude();
     void chiusuraDellaFinestra();
 
+    void pulsanteAlSuoPosto_data();
     void pulsanteAlSuoPosto();
     void centratoSulloSchermo();
     void bordoEIcona();
@@ -325,18 +326,37 @@ void tst_frmMsg::chiusuraDellaFinestra()
 
 // --- the look ---------------------------------------------------------------------------------------------
 
+// The button grows with the form: by a fifth of a low one, in a high one by half of what the two lines of the
+// text that have to be seen leave over.
+void tst_frmMsg::pulsanteAlSuoPosto_data()
+{
+    QTest::addColumn<int>("lunghezza");
+    QTest::addColumn<int>("alto");
+    const int righe[][2] = {
+        {0,   360},
+        {50,  400},
+        {75,  435},
+        {126, 685},
+        {175, 900},
+        {600, 900},
+    };
+    for (const auto &riga : righe)
+        QTest::addRow("%d", riga[0]) << riga[0] << riga[1];
+}
+
 void tst_frmMsg::pulsanteAlSuoPosto()
 {
-    for (const int lunghezza : {0, 75, 600}) {
-        bool visto = false;
-        Mostra_E_Guarda(1, Testo(lunghezza), [&] {
-            const Pulsante &pulsante = Messaggio().cmd[0];
-            QCOMPARE(pulsante.Top(), Messaggio().Height() - 2 * pulsante.Height() - 100);
-            QCOMPARE(pulsante.Left(), (Messaggio().Width() - pulsante.Width()) / 2);
-            visto = true;
-        });
-        QVERIFY(visto);
-    }
+    QFETCH(int, lunghezza);
+    QFETCH(int, alto);
+    bool visto = false;
+    Mostra_E_Guarda(1, Testo(lunghezza), [&] {
+        const Pulsante &pulsante = Messaggio().cmd[0];
+        QCOMPARE(pulsante.Height(), alto);
+        QCOMPARE(pulsante.Top(), Messaggio().Height() - 2 * pulsante.Height() - 100);
+        QCOMPARE(pulsante.Left(), (Messaggio().Width() - pulsante.Width()) / 2);
+        visto = true;
+    });
+    QVERIFY(visto);
 }
 
 void tst_frmMsg::centratoSulloSchermo()
