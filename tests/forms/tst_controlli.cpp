@@ -16,6 +16,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QInputMethodEvent>
 #include <QLabel>
@@ -48,6 +49,7 @@ private Q_SLOTS:
     void carattereTrovatoEIlMaggiore();
     void etichettaVaACapoPrimaDiRimpicciolire();
     void lettereIntereInUnaRigaBassa();
+    void testoSenzaFineDettoSubito();
     void distruttoPortaViaIlWidget();
     void distruttoSparisceDalleTecnologieAssistive();
     void distruttoDalSuoGestore_data();
@@ -372,6 +374,19 @@ void tst_controlli::lettereIntereInUnaRigaBassa()
     QVERIFY(etichetta.Widget()->font().pixelSize() < 20); // the letters reach below
     etichetta.Caption(QStringLiteral("AZIENDA"));
     QCOMPARE(etichetta.Widget()->font().pixelSize(), 20);
+}
+
+// A report of many screens is not laid out to learn that it does not fit.
+void tst_controlli::testoSenzaFineDettoSubito()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.Posto(0, 0, 3000, 600);
+    const QString testo = QStringLiteral("Voce estranea ").repeated(300000);
+    QElapsedTimer tempo;
+    tempo.start();
+    etichetta.Caption(testo);
+    QVERIFY(!etichetta.Entra());
+    QVERIFY2(tempo.elapsed() < 500, qPrintable(QString::number(tempo.elapsed())));
 }
 
 void tst_controlli::distruttoPortaViaIlWidget()

@@ -115,6 +115,7 @@ private Q_SLOTS:
     void senzaPulsantiInvioEdEscapeNonFannoNulla();
     void tabulazionePerRigaPoiPulsanti();
     void tabulazioneElencoDopoLeRighe();
+    void tabulazioneElencoFattoInMezzo();
 
     // window
     void misureInTwip();
@@ -1468,6 +1469,31 @@ void tst_modulo::tabulazioneElencoDopoLeRighe()
         Premi(*modulo, Qt::Key_Tab);
     }
     QCOMPARE(giro, QStringLiteral("txt_0 txt_1 cbo_0 chk_0 txt_2 lst cmd_0").split(u' '));
+}
+
+/// So it does where it was made between them.
+void tst_modulo::tabulazioneElencoFattoInMezzo()
+{
+    const auto modulo = Nuovo<ModuloProva>();
+    std::unique_ptr<ElencoVoci> elenco;
+    modulo->AlDisegno = [&] {
+        modulo->cmd.Carica(0).Posto(0, 3000, 1500, 450);
+        modulo->cmd[0].Visible(true);
+        elenco = std::make_unique<ElencoVoci>(modulo->Finestra(), QStringLiteral("lst"));
+        elenco->Posto(0, 0, 1500, 1500);
+        elenco->Visible(true);
+        modulo->txt.Carica(0).Posto(0, 2000, 1500, 450);
+        modulo->txt[0].Visible(true);
+    };
+    modulo->Mostra();
+    QVERIFY(Attiva(*modulo));
+    modulo->txt[0].SetFocus();
+    QStringList giro;
+    for (int i = 0; i < 4; ++i) {
+        giro.append(modulo->Finestra()->focusWidget()->objectName());
+        Premi(*modulo, Qt::Key_Tab);
+    }
+    QCOMPARE(giro, QStringLiteral("txt_0 lst cmd_0 txt_0").split(u' '));
 }
 
 // --- window -----------------------------------------------------------------------------------------------
