@@ -49,6 +49,10 @@ private Q_SLOTS:
     void carattereTrovatoEIlMaggiore();
     void etichettaVaACapoPrimaDiRimpicciolire();
     void lettereIntereInUnaRigaBassa();
+    void parolaLargaComeIlPosto();
+    void spaziNonOccupano();
+    void principioPienoDueVolte_data();
+    void principioPienoDueVolte();
     void testoSenzaFineDettoSubito();
     void distruttoPortaViaIlWidget();
     void distruttoSparisceDalleTecnologieAssistive();
@@ -374,6 +378,67 @@ void tst_controlli::lettereIntereInUnaRigaBassa()
     QVERIFY(etichetta.Widget()->font().pixelSize() < 20); // the letters reach below
     etichetta.Caption(QStringLiteral("AZIENDA"));
     QCOMPARE(etichetta.Widget()->font().pixelSize(), 20);
+}
+
+void tst_controlli::parolaLargaComeIlPosto()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.FontSize(20);
+    etichetta.Caption(QStringLiteral("Intensità"));
+    const int larga = etichetta.Widget()->minimumSizeHint().width();
+    etichetta.Posto(0, 0, Twip_DaPixel(larga), 1500);
+    QVERIFY(etichetta.Entra());
+    QCOMPARE(etichetta.Widget()->font().pixelSize(), Pixel_Interi(20));
+    etichetta.Width(Twip_DaPixel(larga - 1));
+    QVERIFY(etichetta.Widget()->font().pixelSize() < Pixel_Interi(20));
+}
+
+// Blanks at a line's end hang over, and a hyphen that shows only where a word is broken takes no room.
+void tst_controlli::spaziNonOccupano()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.FontSize(20);
+    etichetta.Posto(0, 0, 1500, 600);
+    for (const QChar segno : {QChar(u' '), QChar(QChar::SoftHyphen)}) {
+        etichetta.Caption(u'H' + QString(100, segno));
+        QVERIFY(etichetta.Entra());
+        QCOMPARE(etichetta.Widget()->font().pixelSize(), Pixel_Interi(20));
+    }
+}
+
+void tst_controlli::principioPienoDueVolte_data()
+{
+    QTest::addColumn<QString>("testo");
+    QTest::addColumn<int>("quanto");
+    const auto volte = [](const char *parola, int quante) {
+        return QString::fromLatin1(parola).repeated(quante);
+    };
+    // Six lines, of ten letters each, are twice what the place and one line more hold.
+    QTest::newRow("corto") << volte("HHHHH ", 3) << 18;
+    QTest::newRow("due parole per riga") << volte("HHHH ", 40) << 13 * 5 - 1;
+    QTest::newRow("due che riempiono la riga") << volte("HHHHH ", 40) << 13 * 6 - 1;
+    QTest::newRow("la prima non ci sta con la seconda")
+        << QStringLiteral("HHHHHH ") + volte("HHHHH ", 40) << 7 + 11 * 6 - 1;
+    QTest::newRow("una riga per parola") << volte("HHHHHHHH ", 40) << 7 * 9 - 1;
+    QTest::newRow("parole piu' larghe della riga") << volte("HHHHHHHHHHHHHHHHHHHHHHHHH ", 40) << 7 * 26 - 1;
+    QTest::newRow("parole larghe e due spazi") << volte("HHHHHHHHHHHHHHHHHHHHHHHHH  ", 40) << 7 * 27 - 2;
+    QTest::newRow("righe corte") << volte("H\n", 40) << 6 * 2 - 1;
+    QTest::newRow("righe vuote") << volte("\n", 40) << 5;
+    QTest::newRow("righe di due parole") << volte("HHHHH HHHHH\n", 40) << 6 * 12 - 1;
+    QTest::newRow("senza uno spazio") << volte("H", 400) << 400;
+}
+
+void tst_controlli::principioPienoDueVolte()
+{
+    QFETCH(QString, testo);
+    QFETCH(int, quanto);
+    QFont carattere = m_finestra->font();
+    carattere.setPixelSize(Carattere_Minimo());
+    const QFontMetrics metrica(carattere);
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.Posto(0, 0, Twip_DaPixel(10 * metrica.horizontalAdvance(u'H')),
+                    Twip_DaPixel(2 * metrica.lineSpacing()));
+    QCOMPARE(etichetta.Principio(testo), testo.left(quanto));
 }
 
 // A report of many screens is not laid out to learn that it does not fit.

@@ -349,6 +349,8 @@ private Q_SLOTS:
     void differenzeSiVedono();
     void comeFuTrovatoBuono_data();
     void comeFuTrovatoBuono();
+    void lettereIntereSeEntra_data();
+    void lettereIntereSeEntra();
 };
 
 void tst_disegno::differenzeSiVedono()
@@ -374,6 +376,53 @@ void tst_disegno::comeFuTrovatoBuono()
     QFETCH(QSize, schermo);
     const QString difetto = Foglio_Confronta(QStringLiteral("disegno"), schermo);
     QVERIFY2(difetto.isEmpty(), qPrintable(difetto));
+}
+
+void tst_disegno::lettereIntereSeEntra_data()
+{
+    QTest::addColumn<QString>("testo");
+    QTest::addColumn<Verticale>("verticale");
+    for (const char *testo : {"ace", "HIT", "gy", "Hg"}) {
+        QTest::addRow("%s in alto", testo) << QString::fromLatin1(testo) << Verticale::Alto;
+        QTest::addRow("%s nel mezzo", testo) << QString::fromLatin1(testo) << Verticale::Mezzo;
+        QTest::addRow("%s in basso", testo) << QString::fromLatin1(testo) << Verticale::Basso;
+    }
+}
+
+// The line of a text may stick out of a low place as long as its letters do not, and a pixel is left for
+// their smoothed edge: the place that is the first to be called high enough is a pixel higher than the first
+// that shows all the ink of a high one.
+void tst_disegno::lettereIntereSeEntra()
+{
+    QFETCH(QString, testo);
+    QFETCH(Verticale, verticale);
+    QWidget finestra;
+    finestra.setFixedSize(200, 150);
+    finestra.show();
+    Etichetta etichetta(&finestra, QStringLiteral("lbl"));
+    etichetta.FontSize(Carattere_Minimo() / Pixel_DaPunti(1)); // none smaller: it stays as it is
+    etichetta.Allineamento(Orizzontale::Sinistra, verticale);
+    etichetta.Caption(testo);
+    etichetta.Visible(true);
+    const auto inchiostro = [&](int alto) {
+        etichetta.Posto(0, 0, 1500, Twip_DaPixel(alto));
+        const QImage vista = etichetta.Widget()->grab().toImage();
+        int punti = 0;
+        for (int y = 0; y < vista.height(); ++y) {
+            for (int x = 0; x < vista.width(); ++x)
+                punti += vista.pixelColor(x, y) != Colore_Tema(Tinta::Sfondo);
+        }
+        return punti;
+    };
+    const int tutto = inchiostro(100);
+    QVERIFY(tutto > 0);
+    bool prima = false; // whether a place lower by a pixel shows all
+    for (int alto = 1; alto < 30; ++alto) {
+        const bool intero = inchiostro(alto) == tutto;
+        QVERIFY2(etichetta.Entra() == prima, qPrintable(QString::number(alto)));
+        prima = intero;
+    }
+    QVERIFY(prima);
 }
 
 int main(int argc, char **argv)
