@@ -10,6 +10,7 @@
 #include "tests/forms/trascina_prova.h"
 #include "toolkit/aspetto.h"
 #include "toolkit/elenco_colonne.h"
+#include "toolkit/elenco_lettura.h"
 #include "toolkit/schermo.h"
 
 #include <QAccessible>
@@ -102,6 +103,7 @@ private Q_SLOTS:
     void elencoFuocoNonSceglie();
     void elencoSvuotatoNonSceglie();
     void elencoDistruttoAMouseGiu();
+    void elencoSenzaFondoDentro();
     void elencoInDueColonne();
 
     void immagineCheManca();
@@ -1317,6 +1319,15 @@ void tst_controlli::elencoDistruttoAMouseGiu()
                    Qt::NoButton, {});
     QCoreApplication::sendEvent(lista->viewport(), &su);
     QCOMPARE(volte, 0);
+}
+
+// The ground is the list's own: asked for by its inside at every paint it would be kept for ever.
+void tst_controlli::elencoSenzaFondoDentro()
+{
+    const ElencoVoci voci(m_finestra.get(), QStringLiteral("lst"));
+    const ElencoLettura lettura(m_finestra.get(), QStringLiteral("lstTesto"));
+    for (const Controllo *elenco : std::initializer_list<const Controllo *>{&voci, &lettura})
+        QVERIFY(!qobject_cast<QListWidget *>(elenco->Widget())->viewport()->autoFillBackground());
 }
 
 void tst_controlli::elencoInDueColonne()
