@@ -1530,11 +1530,16 @@ void tst_modulo::centrato()
 void tst_modulo::massimizzatoCopreLoSchermo()
 {
     const auto modulo = Nuovo<ModuloProva>();
-    modulo->AlLoad = [&] { modulo->Massimizza(); };
+    modulo->AlLoad = [&] {
+        modulo->Sposta(150, 300); // where it stood before counts no more
+        modulo->Massimizza();
+    };
     modulo->Mostra();
     QCOMPARE(modulo->Finestra()->geometry(), QRect(0, 0, 800, 800));
     QVERIFY(modulo->Finestra()->windowFlags().testFlag(Qt::FramelessWindowHint));
     QTRY_VERIFY(modulo->Finestra()->isFullScreen()); // over the panels of a desktop, too
+    QCOMPARE(modulo->Left(), 0);
+    QCOMPARE(modulo->Top(), 0);
     QCOMPARE(modulo->Width(), Schermo_Larghezza());
     QCOMPARE(modulo->Height(), Schermo_Altezza());
 }
