@@ -92,6 +92,7 @@ private Q_SLOTS:
     void conPulsanteAspettaLOperatore();
     void pulsanteChiude_data();
     void pulsanteChiude();
+    void invioSenzaFuoco();
     void chiusuraDellaFinestra();
 
     void pulsanteAlSuoPosto_data();
@@ -295,6 +296,23 @@ void tst_frmMsg::pulsanteChiude_data()
     QTest::newRow("Invio") << int{Qt::Key_Return};
     QTest::newRow("Escape") << int{Qt::Key_Escape};
     QTest::newRow("spazio") << int{Qt::Key_Space};
+}
+
+// Enter closes a message also when none of its controls has the keyboard.
+void tst_frmMsg::invioSenzaFuoco()
+{
+    bool visto = false;
+    QTimer::singleShot(0, &Messaggio(), [&] {
+        visto = Attiva(Messaggio());
+        Parte("cmd_0")->clearFocus();
+        QTest::keyClick(Messaggio().Finestra(), Qt::Key_Return);
+        if (Messaggio().Caricato()) {
+            visto = false;
+            Messaggio().Scarica();
+        }
+    });
+    Mostra_MsgConferma(QStringLiteral("Avviso"));
+    QVERIFY(visto);
 }
 
 void tst_frmMsg::pulsanteChiude()

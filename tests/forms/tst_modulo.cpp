@@ -82,6 +82,7 @@ private Q_SLOTS:
     void erroreDentroLaConvalida();
     void convalidaScaricaLaSuaCasella();
     void convalidaScaricaIlPulsante();
+    void convalidaPremeUnPulsante();
     void scaricatoDentroLaConvalida_data();
     void scaricatoDentroLaConvalida();
     void nascostaOSpentaNonConvalida_data();
@@ -962,6 +963,19 @@ void tst_modulo::convalidaScaricaLaSuaCasella()
     modulo->cmd[1].Click();
     QVERIFY(!modulo->txt.Esiste(2));
     QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 1")), 1); // what has gone holds nobody
+}
+
+// While a box is being asked it is not asked again: what its handler presses is pressed.
+void tst_modulo::convalidaPremeUnPulsante()
+{
+    const auto modulo = Completo();
+    QVERIFY(Attiva(*modulo));
+    modulo->txt[1].SetFocus();
+    modulo->AlValidate = [&](qint16) { modulo->cmd[2].Click(); };
+    modulo->cmd[1].Click();
+    QCOMPARE(modulo->Volte(QStringLiteral("txt_Validate 1")), 1);
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 2")), 1);
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 1")), 1);
 }
 
 void tst_modulo::convalidaScaricaIlPulsante()
