@@ -186,6 +186,8 @@ private Q_SLOTS:
         QVERIFY(Trova_File(Percorso(u"Q\\*.acc"), trovati, [&volte] { ++volte; }));
         QCOMPARE(trovati.size(), QUANTI);
         QCOMPARE(volte, 5); // after each two hundred
+        QVERIFY(Trova_File(Percorso(u"Q\\99*.acc"), trovati, [&volte] { ++volte; }));
+        QCOMPARE(volte, 5);
     }
 
     void ricercaSenzaRisultato()
