@@ -77,11 +77,15 @@ class Prova:
         try:
             quadro = occhi.attendi_quadro(punti, processo, prima)
             if conta:
-                self.secondi.append(quadro.istante - inizio)
-                self.processore.append(quadro.processore)
-                self.memoria.append(memoria(processo))
+                self.conta(processo, quadro.istante - inizio, quadro.processore)
         finally:
             ferma_processo(processo)
+
+    def conta(self, processo, secondi, lavorati):
+        """What is kept of a start, while its picture stands."""
+        self.secondi.append(secondi)
+        self.processore.append(lavorati)
+        self.memoria.append(memoria(processo))
 
 
 def misura_avvii(stazione, schermo, metri, giri):
@@ -149,15 +153,17 @@ class Banco:
             self.tasto(tasto)
         self._schermo.tasto("Return")
 
-    def porta_al_risultato(self):
+    def porta_al_risultato(self, alla_fine=lambda: None):
         """A vehicle from the menu to its verdict.
 
+        @param alla_fine what happens at the end of the link.
         @returns seconds from the end of the link, which closes its port with the form, to the verdict, and how many
             of them the program worked.
         """
         self.porta_al_collegamento()
         attendi(lambda: self._porta in aperti(self.processo), "the port is not opened")
         chiusa = attendi(lambda: self._porta not in aperti(self.processo), "the port is not closed")
+        alla_fine()
         lavorato = processore(self.processo)
         # The verdict and its table; a button gets the mark of the keyboard when the window system says so.
         verdetto = self._occhi.attendi_quadro(self._occhi.punti(0.02, 0.4), self.processo)

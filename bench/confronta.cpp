@@ -3,8 +3,10 @@
 // us.
 //
 //   lumira-confronta [--json] [--giri N] [--solo WORD]
+//   lumira-confronta --solo WORD --misura NAME --perf COMMANDS,ANSWERS --lato nostra|metro
 //
-// Times are the processor's, but where an operator waits.
+// Times are the processor's, but where an operator waits. The second form is led by attrezzi/profilo.py: a
+// sampler looks at that side of that measure.
 #include "bench/stazione_misure.h"
 #include "core/modFs.h"
 #include "core/modGeneral.h"
@@ -61,6 +63,40 @@ struct Esito
 
 // --- what is common ----------------------------------------------------------------------------------------
 
+/// A sampler of the processor, told to look while what is measured runs, and not while its folder is made.
+class Campionatore
+{
+public:
+    /// @param tubi its two pipes, for commands and for answers, with a comma between.
+    void Apri(const QString &tubi)
+    {
+        m_comandi = ::open(QFile::encodeName(tubi.section(u',', 0, 0)).constData(), O_WRONLY | O_CLOEXEC);
+        m_risposte = ::open(QFile::encodeName(tubi.section(u',', 1)).constData(), O_RDONLY | O_CLOEXEC);
+        if (m_comandi < 0 || m_risposte < 0)
+            qFatal("the sampler's pipes do not open");
+    }
+    /// @param lato what runs from now on is of the side that is wanted.
+    void Attiva(bool lato) { m_attivo = lato && m_comandi >= 0; }
+    void Comincia() const { Di("enable\n"); }
+    void Finisci() const { Di("disable\n"); }
+
+private:
+    void Di(QByteArrayView comando) const
+    {
+        std::array<char, 16> risposta;
+        if (m_attivo &&
+            (::write(m_comandi, comando.data(), static_cast<size_t>(comando.size())) != comando.size() ||
+             ::read(m_risposte, risposta.data(), risposta.size()) <= 0))
+            qFatal("the sampler has gone");
+    }
+
+    bool m_attivo = false;
+    int m_comandi = -1;
+    int m_risposte = -1;
+};
+
+Campionatore gCampionatore;
+
 /// What the processor has worked for this program, in milliseconds.
 double Tempo_Processore()
 {
@@ -73,9 +109,12 @@ double Tempo_Processore()
 template <typename Procedura>
 double Processore(Procedura procedura)
 {
+    gCampionatore.Comincia();
     const double prima = Tempo_Processore();
     procedura();
-    return Tempo_Processore() - prima;
+    const double tempo = Tempo_Processore() - prima;
+    gCampionatore.Finisci();
+    return tempo;
 }
 
 /// The same a time, of a procedure too short for the clock.
@@ -437,22 +476,23 @@ constexpr Gruppo GRUPPI[] = {
 
 // --- rounds, and what they come to -------------------------------------------------------------------------
 
-Esito Misura_Per(const Misura &misura, int giri)
+/// @param lato whether the sampler looks at our side; at the yardstick otherwise.
+Esito Misura_Per(const Misura &misura, int giri, bool lato)
 {
     Esito esito{misura, {}, {}};
-    const auto un_giro = [&misura](bool conta, Esito &in) {
-        const double nostra = misura.nostra();
-        const double metro = misura.metro ? misura.metro() : 0;
-        if (!conta)
-            return;
-        in.nostra.append(nostra);
+    if (misura.giri == 0) { // the first finds nothing in the system's memory
+        misura.nostra();
         if (misura.metro)
-            in.metro.append(metro);
-    };
-    if (misura.giri == 0)
-        un_giro(false, esito); // the first finds nothing in the system's memory
-    for (int giro = 0; giro < (misura.giri > 0 ? std::min(misura.giri, giri) : giri); ++giro)
-        un_giro(true, esito);
+            misura.metro();
+    }
+    for (int giro = 0; giro < (misura.giri > 0 ? std::min(misura.giri, giri) : giri); ++giro) {
+        gCampionatore.Attiva(lato);
+        esito.nostra.append(misura.nostra());
+        gCampionatore.Attiva(!lato);
+        if (misura.metro)
+            esito.metro.append(misura.metro());
+    }
+    gCampionatore.Attiva(false);
     return esito;
 }
 
@@ -514,24 +554,33 @@ int main(int argc, char **argv)
     argomenti.addHelpOption();
     argomenti.addOptions({
         {QStringLiteral("json"),                     QStringLiteral("The figures as an array of objects.")},
-        { QStringLiteral("giri"), QStringLiteral("Rounds of each measure."),                                   QStringLiteral("N"),
+        {                                   QStringLiteral("giri"), QStringLiteral("Rounds of each measure."),                                   QStringLiteral("N"),
          QStringLiteral("7")},
-        {                                                                                 QStringLiteral("solo"),
+        {                                                                                                                   QStringLiteral("solo"),
          QStringLiteral("One group: controllo, sondaggio, sosta, targhe, tabella, "
                         "crescita."),
          QStringLiteral("WORD")},
+        {                                                                                                                QStringLiteral("misura"),                   QStringLiteral("One measure of the group."),           QStringLiteral("NAME")},
+        {QStringLiteral("perf"),                     QStringLiteral("Pipes of a sampler."),                 QStringLiteral("COMMANDS,ANSWERS")},
+        {                                                                                                    QStringLiteral("lato"),                     QStringLiteral("The side that is sampled."),           QStringLiteral("nostra|metro")},
     });
     argomenti.process(applicazione);
 
     const int giri = std::max(1, argomenti.value(QStringLiteral("giri")).toInt());
     const QString solo = argomenti.value(QStringLiteral("solo"));
+    const QString nome = argomenti.value(QStringLiteral("misura"));
+    const bool lato = argomenti.value(QStringLiteral("lato")) != u"metro";
+    if (argomenti.isSet(QStringLiteral("perf")))
+        gCampionatore.Apri(argomenti.value(QStringLiteral("perf")));
     const bool json = argomenti.isSet(QStringLiteral("json"));
     QJsonArray esiti;
     for (const Gruppo &gruppo : GRUPPI) {
         if (!solo.isEmpty() && solo != QLatin1String(gruppo.parola))
             continue;
         for (const Misura &misura : gruppo.misure()) {
-            const Esito esito = Misura_Per(misura, giri);
+            if (!nome.isEmpty() && nome != misura.nome)
+                continue;
+            const Esito esito = Misura_Per(misura, giri, lato);
             esiti.append(Json_Di(esito));
             if (!json)
                 Scrivi_Riga(esito);

@@ -35,7 +35,7 @@ qint32 Fs_Elenco(QString &cartella, const QString &maschera, QStringList &nomi, 
     cartella = Fs_ConBarra(cartella);
     const QString estensione = Fs_Estensione(maschera).toUpper();
     nomi.clear();
-    const QStringList trovati = Cartella_Elenca(cartella + maschera, 0);
+    const QStringList trovati = Cartella_Elenca(cartella + maschera, 0, Eventi_Esegui);
     for (const QString &nome : trovati) {
         Eventi_Esegui();
         if (filtroEstensione && Fs_Estensione(nome).toUpper() != estensione)

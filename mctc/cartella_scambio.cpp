@@ -48,10 +48,10 @@ CartellaScambio Cartella_Guarda(const QString &cartella)
     return {nomi.isEmpty() ? StatoCartella::Vuota : StatoCartella::ConAccettazioni, Intero32(attesa)};
 }
 
-VeicoliFatti Fatti_Elenca(const QString &cartella)
+VeicoliFatti Fatti_Elenca(const QString &cartella, const std::function<void()> &intanto)
 {
     QList<RecordTrovato> trovati;
-    Trova_File(cartella + QStringLiteral("*.far"), trovati);
+    Trova_File(cartella + QStringLiteral("*.far"), trovati, intanto);
     return Fatti_Tra(trovati);
 }
 

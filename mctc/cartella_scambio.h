@@ -7,6 +7,8 @@
 #include <QSet>
 #include <QString>
 
+#include <functional>
+
 enum class StatoCartella
 {
     ConAccettazioni,
@@ -29,9 +31,10 @@ CartellaScambio Cartella_Guarda(const QString &cartella);
 using VeicoliFatti = QSet<QString>;
 
 /// Finds them: the names of the result files that are not empty, in capitals, up to their first point, as the
-/// result file takes its name from the acceptance file. No events run meanwhile.
-/// @param cartella ends in a backslash. @return nothing for a folder that cannot be listed.
-VeicoliFatti Fatti_Elenca(const QString &cartella);
+/// result file takes its name from the acceptance file.
+/// @param cartella ends in a backslash. @param intanto  runs again and again while a full folder is listed.
+/// @return nothing for a folder that cannot be listed.
+VeicoliFatti Fatti_Elenca(const QString &cartella, const std::function<void()> &intanto = {});
 
 /// True when the result of an acceptance file is among those. @param nomeFile without folder.
 bool E_Fatto(const VeicoliFatti &fatti, const QString &nomeFile);

@@ -259,21 +259,19 @@ void frmMctcO::Lista_Aggiorna()
     const qint32 ultima = Lista_Leggi(gDirAcc, lette);
     if (!Caricato())
         return;
-    const VeicoliFatti fatti = Fatti_Elenca(gDirAcc);
-    Eventi_Esegui(); // the results of a full folder and the lines to be drawn are two waits, not one
+    const VeicoliFatti fatti = Fatti_Elenca(gDirAcc, Eventi_Esegui);
+    const QStringList righe = Lista_Righe(lette, ultima + 1);
+    Eventi_Esegui(); // the lines of a full folder are made and drawn in two waits, not in one
     if (!Caricato())
         return;
     const qint32 scelta = lstAuto->ListIndex(); // the line chosen while the files were read
     const QString prima = lstAuto->List(scelta);
-    mVoci = lette; // with its lines: until here a press meant one of those that the operator saw
+    mVoci = std::move(lette); // with its lines: until here a press meant one of those that the operator saw
     mRighe = ultima + 1;
-    QStringList righe;
-    for (qint32 i = 0; i < mRighe; ++i)
-        righe.append(mVoci[i].NomeFile + u'\t' + mVoci[i].Targa);
     lstAuto->Clear();
     lstAuto->AddItems(righe);
-    mFatti = fatti;
-    Segna_Fatti();
+    mFatti.clear();
+    Segna_Fatti(fatti);
     if (scelta > ultima)
         Mostra_Avviso(MctcVeicoloSparito);
     else if (lstAuto->List(scelta) != prima)
@@ -292,15 +290,19 @@ void frmMctcO::Scegli_DaProgramma(qint32 riga)
 
 // --- vehicles that have their result -----------------------------------------------------------------------
 
-void frmMctcO::Segna_Fatti()
+/// Touches only the lines whose mark changes: a full folder has thousands.
+void frmMctcO::Segna_Fatti(const VeicoliFatti &fatti)
 {
     const QString parola = Testo_Mctc(MctcFatto);
     qint32 attesa = 0;
     for (qint32 i = 0; i < mRighe; ++i) {
-        const bool fatto = E_Fatto(mFatti, mVoci[i].NomeFile);
+        const QString &nome = mVoci.at(i).NomeFile;
+        const bool fatto = E_Fatto(fatti, nome);
         attesa += !fatto;
-        Elenco_Fatta(*lstAuto, i, fatto, parola);
+        if (fatto != E_Fatto(mFatti, nome))
+            Elenco_Fatta(*lstAuto, i, fatto, parola);
     }
+    mFatti = fatti;
     lblAttesa->Caption(
         Testo_Riempito(Testo_Mctc(MctcInAttesa), QString::number(attesa), QString::number(mRighe)));
 }
@@ -311,10 +313,8 @@ void frmMctcO::tmrFatti_Timer()
         return;
     const VeicoliFatti fatti = Fatti_Elenca(gDirAcc);
     tmrFatti.Interval(INTERVALLO_FATTI); // from its answer, like the poll
-    if (fatti == mFatti)
-        return;
-    mFatti = fatti;
-    Segna_Fatti();
+    if (fatti != mFatti)
+        Segna_Fatti(fatti);
 }
 
 // --- the search for a plate --------------------------------------------------------------------------------

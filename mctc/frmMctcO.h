@@ -44,7 +44,7 @@ private:
     qint32 Firme_Elenca(QStringList &firme);
     void lstAuto_Click();
     void Scegli_DaProgramma(qint32 riga);
-    void Segna_Fatti();
+    void Segna_Fatti(const VeicoliFatti &fatti);
     void tmrFatti_Timer();
     void Cerca();
     bool Cerca_Altra(bool avanti);
@@ -72,7 +72,7 @@ private:
     std::unique_ptr<Etichetta> lblTarga;  // of the line chosen, to be read from the car
     std::unique_ptr<Etichetta> lblAvviso; // that line is another vehicle now
     std::unique_ptr<RicercaElenco> mRicerca;
-    VeicoliFatti mFatti;
+    VeicoliFatti mFatti;       // those that the list marks
     bool mDaProgramma = false; // a line is being chosen, and not by the operator's hand on the list
     Riposo mRiposo;            // of the exchange folder
     Temporizzatore tmrLst;

@@ -8,6 +8,8 @@
 #include "platform/eventi.h"
 #include "platform/maiuscole.h"
 
+#include <QStringBuilder>
+
 namespace {
 
 /// @param cartella ends in a backslash afterwards. @return the last index of nomi; -1 also for a folder that
@@ -60,6 +62,14 @@ qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci)
     }
     voci = lette;
     return ultima;
+}
+
+QStringList Lista_Righe(const QList<VoceLista> &voci, qint32 quante)
+{
+    QStringList righe;
+    for (qint32 i = 0; i < quante; ++i)
+        righe.append(voci[i].NomeFile % u'\t' % voci[i].Targa);
+    return righe;
 }
 
 qint32 Liste_Differenze(const QStringList &prima, const QStringList &dopo)

@@ -23,6 +23,9 @@ struct VoceLista
 /// @return the last index, -1 for none.
 qint32 Lista_Leggi(const QString &cartella, QList<VoceLista> &voci);
 
+/// The lines that show the first entries: name, a tab, plate.
+QStringList Lista_Righe(const QList<VoceLista> &voci, qint32 quante);
+
 /// Compares two listings. @return -1 when they are the same, anything else when they differ.
 qint32 Liste_Differenze(const QStringList &prima, const QStringList &dopo);
 

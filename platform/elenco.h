@@ -35,6 +35,7 @@ QStringList Nomi_Con(const QList<RecordTrovato> &trovati, qint16 attributo);
 
 /// The directory query: names that match a path and an attribute mask. Mask 0 gives plain files, mask 16
 /// adds folders ("." and ".." among them); hidden entries stay out. A path that ends in a backslash lists
-/// the folder; a missing folder lists nothing.
+/// the folder; a missing folder lists nothing. @param intanto  as of Trova_File.
 /// @throws ErroreEsecuzione 52 when the path is bad or its place cannot be reached.
-QStringList Cartella_Elenca(const QString &percorso, qint16 attributo);
+QStringList Cartella_Elenca(const QString &percorso, qint16 attributo,
+                            const std::function<void()> &intanto = {});

@@ -185,8 +185,8 @@ std::optional<RecordTrovato> Record_Della(const dirent &voce, const QString &nom
     return Record_Di(nome, stato);
 }
 
-/// Files between two turns of what runs meanwhile: a millisecond at most.
-constexpr qsizetype FILE_A_TURNO = 200;
+/// Entries between two turns of what runs meanwhile: a millisecond at most.
+constexpr qsizetype VOCI_A_TURNO = 200;
 
 /// Lists a folder whole or not at all: a connection lost in the middle must not make the rest of the vehicles
 /// look gone. @return 0, or the number of the system's error.
@@ -201,17 +201,17 @@ int Elenca(const QString &cartella, const Maschera &maschera, Serve serve,
         return errno;
     std::vector<Voce> voci;
     int errore = 0;
-    while (const dirent *voce = Voce_Seguente(aperta.get(), errore)) {
+    for (qsizetype letta = 1; const dirent *voce = Voce_Seguente(aperta.get(), errore); ++letta) {
+        if (intanto && letta % VOCI_A_TURNO == 0)
+            intanto();
         const QString trovato = QFile::decodeName(voce->d_name);
-        const QString grande = Maiuscole(trovato);
+        QString grande = Maiuscole(trovato);
         if (!maschera.Prende(grande))
             continue;
         if (auto record = Record_Della(*voce, trovato, aperta.get(), serve, errore))
-            voci.push_back({grande, std::move(*record)});
+            voci.push_back({std::move(grande), std::move(*record)});
         if (errore != 0)
             return errore;
-        if (intanto && voci.size() % FILE_A_TURNO == 0)
-            intanto();
     }
     if (errore != 0)
         return errore;
@@ -251,14 +251,14 @@ bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati, const st
            !trovati.isEmpty();
 }
 
-QStringList Cartella_Elenca(const QString &percorso, qint16 attributo)
+QStringList Cartella_Elenca(const QString &percorso, qint16 attributo, const std::function<void()> &intanto)
 {
     if (const std::optional<RecordTrovato> voce = Voce_Sola(percorso))
         return Nomi_Con({*voce}, attributo);
     const Richiesta richiesta = Richiesta_Di(percorso);
     const QString maschera = richiesta.maschera.isEmpty() ? QStringLiteral("*") : richiesta.maschera;
     QList<RecordTrovato> trovati;
-    const int errore = Elenca(richiesta.cartella, Maschera(maschera), Serve::Nomi, {}, trovati);
+    const int errore = Elenca(richiesta.cartella, Maschera(maschera), Serve::Nomi, intanto, trovati);
     if (errore != 0 && errore != ENOENT && errore != ENOTDIR)
         Solleva(NumeroErrore::NomeFileErrato);
     return Nomi_Con(trovati, attributo);

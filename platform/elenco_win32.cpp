@@ -29,8 +29,7 @@ constexpr qsizetype FILE_A_TURNO = 200;
 
 /// Lists what matches, whole or not at all: a connection lost in the middle must not make the rest of the
 /// vehicles look gone. @return 0, or the number of the system's error.
-DWORD Elenca(const QString &percorso, QList<RecordTrovato> &trovati,
-             const std::function<void()> &intanto = {})
+DWORD Elenca(const QString &percorso, QList<RecordTrovato> &trovati, const std::function<void()> &intanto)
 {
     // To the call a path would end at a NUL, and one past the longest would just not be there.
     if (percorso.contains(QChar(0)) || !Percorso_Ammesso(percorso))
@@ -67,11 +66,11 @@ bool Trova_File(const QString &percorso, QList<RecordTrovato> &trovati, const st
     return Elenca(percorso, trovati, intanto) == 0;
 }
 
-QStringList Cartella_Elenca(const QString &percorso, qint16 attributo)
+QStringList Cartella_Elenca(const QString &percorso, qint16 attributo, const std::function<void()> &intanto)
 {
     const bool cartella = percorso.isEmpty() || percorso.endsWith(u'\\');
     QList<RecordTrovato> trovati;
-    const DWORD errore = Elenca(cartella ? percorso + u'*' : percorso, trovati);
+    const DWORD errore = Elenca(cartella ? percorso + u'*' : percorso, trovati, intanto);
     if (errore != 0 && !Non_Trovato(errore))
         Solleva(NumeroErrore::NomeFileErrato);
     return Nomi_Con(trovati, attributo);

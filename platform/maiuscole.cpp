@@ -6,6 +6,9 @@
 
 QString Maiuscole(const QString &testo)
 {
+    // The names of the worklist are in capitals already, and looked up by the thousand.
+    if (std::all_of(testo.cbegin(), testo.cend(), [](QChar c) { return c.toUpper() == c; }))
+        return testo;
     QString grande(testo.size(), Qt::Uninitialized);
     std::transform(testo.cbegin(), testo.cend(), grande.begin(), [](QChar c) { return c.toUpper(); });
     return grande;

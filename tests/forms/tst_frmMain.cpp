@@ -79,10 +79,11 @@ CartellaScambio Cartella_Chiesta(const QString &cartella) asm("__wrap__Z15Cartel
 // And its question for a port to this one.
 bool Porta_Chiesta(qint16 numero) asm("__wrap__Z14Porta_Presentes");
 // And every query of a directory.
-QStringList Elenca_Vera(const QString &percorso,
-                        qint16 attributo) asm("__real__Z15Cartella_ElencaRK7QStrings");
-QStringList Elenca_Chiesta(const QString &percorso,
-                           qint16 attributo) asm("__wrap__Z15Cartella_ElencaRK7QStrings");
+QStringList Elenca_Vera(const QString &percorso, qint16 attributo, const std::function<void()> &intanto) asm(
+    "__real__Z15Cartella_ElencaRK7QStringsRKSt8functionIFvvEE");
+QStringList Elenca_Chiesta(
+    const QString &percorso, qint16 attributo,
+    const std::function<void()> &intanto) asm("__wrap__Z15Cartella_ElencaRK7QStringsRKSt8functionIFvvEE");
 
 /// A network that takes its time.
 CartellaScambio Cartella_Chiesta(const QString &cartella)
@@ -107,12 +108,12 @@ bool Trova_Chiesta(const QString &percorso, QList<RecordTrovato> &trovati,
     return Trova_Vera(percorso, trovati, intanto);
 }
 
-QStringList Elenca_Chiesta(const QString &percorso, qint16 attributo)
+QStringList Elenca_Chiesta(const QString &percorso, qint16 attributo, const std::function<void()> &intanto)
 {
     gElenchi += percorso.startsWith(gDirAcc) ? 1 : 0;
     if (gElencoPerso && percorso.startsWith(gDirAcc))
         Solleva(NumeroErrore::NomeFileErrato);
-    return Elenca_Vera(percorso, attributo);
+    return Elenca_Vera(percorso, attributo, intanto);
 }
 
 namespace {

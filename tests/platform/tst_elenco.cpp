@@ -188,6 +188,9 @@ private Q_SLOTS:
         QCOMPARE(volte, 5); // after each two hundred
         QVERIFY(Trova_File(Percorso(u"Q\\99*.acc"), trovati, [&volte] { ++volte; }));
         QCOMPARE(volte, 5);
+        const QStringList nomi = Cartella_Elenca(Percorso(u"Q\\*.acc"), 0, [&volte] { ++volte; });
+        QCOMPARE(nomi.size(), QUANTI);
+        QCOMPARE(volte, 10);
     }
 
     void ricercaSenzaRisultato()

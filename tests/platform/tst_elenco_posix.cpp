@@ -99,6 +99,17 @@ private Q_SLOTS:
         QCOMPARE(trovati.size(), 2);
     }
 
+    /// Also where nothing of a full folder is looked for, as the results of one that has none yet.
+    void intantoSiFaAltroFraNomiDAltri()
+    {
+        for (int i = 0; i < 400; ++i)
+            m_stazione.Accettazione(QStringLiteral("2%1.altro").arg(i));
+        QList<RecordTrovato> trovati;
+        int volte = 0;
+        QVERIFY(!Trova_File(Cartella() + QStringLiteral("*.far"), trovati, [&volte] { ++volte; }));
+        QCOMPARE(volte, 2);
+    }
+
     void ritornata()
     {
         QList<RecordTrovato> trovati;
