@@ -525,6 +525,30 @@ void tst_frmMsg::rapportoScorre()
     QCOMPARE(nome, testo);
 }
 
+namespace {
+
+/// Whether a key that is pressed on the control with the keyboard comes to the form, having been used by
+/// nobody.
+bool Arriva_AllaFinestra(Qt::Key tasto)
+{
+    class Spia : public QObject
+    {
+    public:
+        bool arrivato = false;
+        bool eventFilter(QObject *, QEvent *evento) override
+        {
+            arrivato = arrivato || evento->type() == QEvent::KeyPress;
+            return false;
+        }
+    } spia;
+    QWidget *finestra = Messaggio().Finestra();
+    finestra->installEventFilter(&spia);
+    QTest::keyClick(finestra->focusWidget(), tasto);
+    return spia.arrivato;
+}
+
+} // namespace
+
 void tst_frmMsg::rapportoConITasti()
 {
     bool visto = false;
@@ -541,6 +565,11 @@ void tst_frmMsg::rapportoConITasti()
         visto = attivo && riga > 0 && pagina == barra->pageStep() && dopo(Qt::Key_End) == barra->maximum();
         visto = visto && dopo(Qt::Key_PageUp) == barra->maximum() - pagina;
         visto = visto && dopo(Qt::Key_Up) == barra->maximum() - pagina - riga && dopo(Qt::Key_Home) == 0;
+        // What scrolls does nothing besides.
+        for (const Qt::Key tasto :
+             {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End})
+            visto = visto && !Arriva_AllaFinestra(tasto);
+        visto = visto && Arriva_AllaFinestra(Qt::Key_X);
         QTest::keyClick(Messaggio().Finestra()->focusWidget(), Qt::Key_Return); // the button still has it
     });
     Mostra_MsgConferma(Rapporto(100));
