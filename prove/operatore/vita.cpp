@@ -17,9 +17,11 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QMessageBox>
+#include <QPointer>
 #include <QThread>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -68,6 +70,7 @@ private:
     void Apri();
     void Passo_Fra_Poco();
     void Passo();
+    bool Deve_Finire(int ciclo);
     void Agisci();
     void Chiudi_Davanti();
     void Guarda();
@@ -82,7 +85,8 @@ private:
     StrumentoCaso m_strumento;
     Fatti m_fatti;
     std::unique_ptr<Regole> m_regole;
-    std::vector<int> m_cicli; // of the actions at work: the loop that they began in
+    std::vector<int> m_cicli;                // of the actions at work: the loop that they began in
+    std::vector<QPointer<QWidget>> m_modali; // of the loops, from the program's own on: what each waits for
     int m_azioni;
     int m_fatte = 0;
 };
@@ -163,7 +167,7 @@ void Vita::Passo()
         return;
     Passo_Fra_Poco();
     const int ciclo = QThread::currentThread()->loopLevel();
-    if (!m_cicli.empty() && ciclo <= m_cicli.back())
+    if ((!m_cicli.empty() && ciclo <= m_cicli.back()) || Deve_Finire(ciclo))
         return;
     m_cicli.push_back(ciclo);
     if (m_fatte >= m_azioni)
@@ -174,6 +178,24 @@ void Vita::Passo()
     // The test library lets events run behind its every press, not only in Eventi_Esegui: the loop around has
     // to hear of its end all the same (platform/eventi.cpp).
     QAbstractEventDispatcher::instance()->wakeUp();
+}
+
+/// A loop in a loop is a modal window's: when that has gone the loop is about to end, and no operator is
+/// quick enough to do something before it has. What waits for it below still stands on controls of the forms.
+/// @param ciclo depth of the loop at work, 1 for the program's own.
+bool Vita::Deve_Finire(int ciclo)
+{
+    m_modali.resize(size_t(ciclo)); // those above have ended
+    if (ciclo == 1)
+        return false;
+    QWidget *davanti = QApplication::activeModalWidget();
+    QPointer<QWidget> &suo = m_modali.back();
+    if (suo != nullptr && suo->isVisible())
+        return false;
+    if (std::find(m_modali.begin(), m_modali.end() - 1, davanti) != m_modali.end() - 1)
+        return true;
+    suo = davanti;
+    return false;
 }
 
 void Vita::Agisci()
