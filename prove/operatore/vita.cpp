@@ -176,7 +176,7 @@ void Vita::Passo()
         Agisci();
     m_cicli.pop_back();
     // The test library lets events run behind its every press, not only in Eventi_Esegui: the loop around has
-    // to hear of its end all the same (platform/eventi.cpp).
+    // to hear of its end all the same (platform/eventi_win32.cpp).
     QAbstractEventDispatcher::instance()->wakeUp();
 }
 
