@@ -20,7 +20,13 @@ QChar Visibile(const QWidget &controllo, const QWidget &finestra)
     return controllo.isVisibleTo(&finestra) ? u'+' : u'-';
 }
 
-/// A line a control: where it stands in its form, in pixels, how large its type is, its colours, what it is
+QString Carattere(const QFont &font)
+{
+    return QStringLiteral("%1px%2").arg(font.pixelSize()).arg(font.bold() ? u"b" : u"");
+}
+
+/// A line a control: where it stands in its form, in pixels, how large its type is and whether it
+/// is bold, its colours, what it is
 /// called. A name that tells the folder of this run tells it by a word.
 QString Riga(const QWidget &controllo, const QWidget &finestra)
 {
@@ -29,13 +35,13 @@ QString Riga(const QWidget &controllo, const QWidget &finestra)
     QString nome = controllo.accessibleName();
     nome.replace(gAppPath, QStringLiteral("<stazione>\\"));
     const auto *etichetta = qobject_cast<const QLabel *>(&controllo);
-    return QStringLiteral("%1 %2,%3 %4x%5 %6px %7 %8 %9 %10 %11%12")
+    return QStringLiteral("%1 %2,%3 %4x%5 %6 %7 %8 %9 %10 %11%12")
         .arg(controllo.objectName())
         .arg(posto.x())
         .arg(posto.y())
         .arg(controllo.width())
         .arg(controllo.height())
-        .arg(controllo.font().pixelSize())
+        .arg(Carattere(controllo.font()))
         .arg(colori.color(controllo.foregroundRole()).name(), colori.color(controllo.backgroundRole()).name())
         .arg(etichetta != nullptr ? static_cast<int>(etichetta->alignment()) : 0)
         .arg(controllo.isEnabled() ? QChar(u'+') : QChar(u'-'))

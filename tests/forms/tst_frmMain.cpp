@@ -804,6 +804,17 @@ private Q_SLOTS:
         QCOMPARE(Avviso(), QStringLiteral("Porta COM77 assente"));
     }
 
+    void uscitaDuranteIlMinutoNonLasciaTempi()
+    {
+        Apri();
+        Sessione_Annota(QStringLiteral("Lo strumento non risponde"));
+        Va_E_Torna();
+        QVERIFY(Orologio_Banco().Armate() > 0);
+        Premi(*form, "cmdMnu_7");
+        QVERIFY(!form->Caricato());
+        QCOMPARE(Orologio_Banco().Armate(), 0);
+    }
+
     /// A second failure within the minute of the first has a whole one too.
     void ogniFineHaIlSuoMinuto()
     {

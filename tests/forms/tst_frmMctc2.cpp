@@ -301,6 +301,10 @@ private Q_SLOTS:
         Apri(false);
         QVERIFY(Simmetrico()->isChecked());
         QCOMPARE(Figura(), simmetrica);
+        // What the form set itself is not the operator's word: it takes nobody else's away.
+        banco->Stazione.Imposta(IMPOSTAZIONI, QStringLiteral("Simmetrico"), QStringLiteral("0"));
+        Premi(*form, "cmd_0");
+        QCOMPARE(Memorizzato(IMPOSTAZIONI, QStringLiteral("Simmetrico")), QStringLiteral("0"));
     }
 
     void figuraMancanteFinisceIlProgramma()

@@ -807,6 +807,15 @@ private Q_SLOTS:
         QVERIFY(Modulo_Aperto("frmMctc2") != nullptr);
     }
 
+    void targaDellaPrimaRigaTrovata()
+    {
+        Scrivi_Targhe();
+        Apri();
+        QTest::keyClicks(Lista(), QStringLiteral("123"));
+        QCOMPARE(Lista()->currentRow(), 0);
+        QCOMPARE(Testo_Di(*form, "lblCerca"), QStringLiteral("Cerca: 123"));
+    }
+
     /// The first that fits, and the one at hand as long as it does: it is not checked again at every key.
     void laPrimaCheCorrispondeERimane()
     {
