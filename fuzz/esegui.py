@@ -35,7 +35,7 @@ DIFETTI = COSTRUITI / "difetti"
 DOCUMENTO = RADICE / "docs/affidabilita.md"
 SEZIONE = "fuzzing"
 GIRI = 10_000_000
-LENTI = {  # what is slow gets one run in so many: all targets together take an hour on two cores
+LENTI = {  # what is slow gets one run in so many: all targets together are to take an hour on two cores
     "fuzz_acc": 100,  # a whole check of a file, 3 ms; its passes have targets of their own
     "fuzz_far": 100,  # a file made into three tables and into objects, 2 ms
     "fuzz_password": 100,  # a copy and two files put in the place of others, 1 ms
