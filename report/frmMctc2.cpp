@@ -202,10 +202,11 @@ void frmMctc2::Disponi_Righe()
     };
     for (size_t i = 0; i < RIGHE_VEICOLO; ++i) {
         CampoForm &campo = gCampiVeicolo[i];
+        const size_t colonna = i / 6;
         const bool seconda = i % 2 == 1;
-        campo.CtlLeft = ScalaX_16(COLONNE_X[i / 6] + (seconda ? SECONDA_X : 0));
+        campo.CtlLeft = ScalaX_16(COLONNE_X[colonna] + (seconda ? SECONDA_X : 0));
         campo.CtlTop = ScalaY_16(RIGA_0_Y + static_cast<qint32>(i % 6 / 2) * PASSO_Y);
-        campo.CtlWidth = seconda ? ScalaX_16(SECONDA_LARGA[i / 6]) : ScalaY_16(4000);
+        campo.CtlWidth = seconda ? ScalaX_16(SECONDA_LARGA[colonna]) : ScalaY_16(4000);
         etichetta_sopra(campo, ETICHETTA_ALTA);
     }
     for (size_t i = 0; i < std::size(FARO); ++i) {

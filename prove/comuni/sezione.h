@@ -11,3 +11,8 @@
 /// @param testo heading, text and tables, ended by a line break.
 /// @return false when the document cannot be written.
 bool Sezione_Scrivi(const QString &documento, const QByteArray &nome, const QByteArray &testo);
+
+/// @param documento path of the document; one that is not there has no section.
+/// @param nome as Sezione_Scrivi has it.
+/// @return what stands between the marks; empty when there are none.
+QByteArray Sezione_Leggi(const QString &documento, const QByteArray &nome);

@@ -1,6 +1,7 @@
 // The command: days of somebody who does anything, and what came of them.
 #include "prove/comuni/sezione.h"
 #include "prove/operatore/giornata.h"
+#include "prove/operatore/tabella.h"
 #include "prove/operatore/vita.h"
 
 #include <QCommandLineParser>
@@ -13,6 +14,7 @@ using namespace operatore;
 
 namespace {
 
+constexpr const char *SEZIONE = "operatore";
 constexpr const char *TESTO =
     R"(## Operatore a caso
 
@@ -24,26 +26,10 @@ file of the station is held against a table of what may change it (`prove/operat
 by the form and the button that save it, a result behind a session, an acceptance file when its result is there, and
 nothing else. A run-time error that ends the program may do so only where a row of that file allows it, by the form and
 the button or the passing of time that it follows. What is kept in memory is not looked at here: that is the soak's.
-The Windows program of this name does the same under Wine, without the sanitizers and so slowly that a day is 300
-actions (`vita SEED 300`). Days 7, 11 and 13 went well there; day 12 stands still at its 31st action, twice out of
-two, day 14 did at its 16th, each at a press on the menu's way out; on Debian day 12 goes on. Why is not known: until
-it is, the days of a whole run are Debian's.
+The Windows program of this name does the same under Wine, without the sanitizers; a row is written on the system that
+it names, and leaves the others alone.
 
 )";
-
-QByteArray Tabella(const Giornate &giornate, quint32 seme, const QByteArray &sistema)
-{
-    QByteArray errori;
-    for (auto errore = giornate.Errori.cbegin(); errore != giornate.Errori.cend(); ++errore)
-        errori += (errori.isEmpty() ? "" : "; ") + errore.key().toUtf8() + ": " +
-                  QByteArray::number(errore.value());
-    return "| system | actions | first seed | days | crashes, hangs, sanitizer's words, files changed "
-           "against the rules "
-           "| ended by a run-time error |\n|---|---|---|---|---|---|\n| " +
-           sistema + " | " + QByteArray::number(giornate.Azioni) + " | " + QByteArray::number(seme) + " | " +
-           QByteArray::number(giornate.Vite) + " | " + (giornate.Guasto.isEmpty() ? "0" : "1") + " | " +
-           (errori.isEmpty() ? "none" : errori) + " |\n";
-}
 
 int Comanda(int &quanti, char **argomenti)
 {
@@ -66,12 +52,13 @@ int Comanda(int &quanti, char **argomenti)
             std::printf("%s\n", qPrintable(avviso));
             static_cast<void>(std::fflush(stdout));
         });
-    const QByteArray tabella = Tabella(giornate, seme, QSysInfo::prettyProductName().toUtf8());
+    const QString documento = riga.value(QStringLiteral("documento"));
+    const QByteArray tabella =
+        Tabella(giornate, seme, QSysInfo::prettyProductName().toUtf8(), Sezione_Leggi(documento, SEZIONE));
     std::printf("%s%s\n", tabella.constData(), qPrintable(giornate.Guasto));
     if (!giornate.Guasto.isEmpty())
         return 1;
-    const QString documento = riga.value(QStringLiteral("documento"));
-    return documento.isEmpty() || Sezione_Scrivi(documento, "operatore", TESTO + tabella) ? 0 : 1;
+    return documento.isEmpty() || Sezione_Scrivi(documento, SEZIONE, TESTO + tabella) ? 0 : 1;
 }
 
 } // namespace

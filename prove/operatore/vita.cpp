@@ -13,12 +13,15 @@
 #include "toolkit/aiuto.h"
 #include "toolkit/applicazione.h"
 
+#include <QAbstractEventDispatcher>
 #include <QDesktopServices>
 #include <QDir>
 #include <QMessageBox>
+#include <QPointer>
 #include <QThread>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -26,8 +29,8 @@
 // calls here.
 void Eventi_Veri() asm("__real__Z13Eventi_Eseguiv");
 void Eventi_Chiesti() asm("__wrap__Z13Eventi_Eseguiv");
-[[noreturn]] void Termina_Vera(int stato) asm("__real__Exit");
-[[noreturn]] void Termina_Chiesta(int stato) asm("__wrap__Exit");
+[[noreturn]] void Termina_Vera(int stato) asm("__real_" OPERATORE_FINE);
+[[noreturn]] void Termina_Chiesta(int stato) asm("__wrap_" OPERATORE_FINE);
 
 /// What a day keeps is not looked at here: a window that goes while the toolkit handles a key of it leaves 32
 /// bytes of the toolkit's own, and what the station keeps is found vehicle by vehicle (prove/resistenza).
@@ -67,6 +70,7 @@ private:
     void Apri();
     void Passo_Fra_Poco();
     void Passo();
+    bool Deve_Finire(int ciclo);
     void Agisci();
     void Chiudi_Davanti();
     void Guarda();
@@ -81,7 +85,8 @@ private:
     StrumentoCaso m_strumento;
     Fatti m_fatti;
     std::unique_ptr<Regole> m_regole;
-    std::vector<int> m_cicli; // of the actions at work: the loop that they began in
+    std::vector<int> m_cicli;                // of the actions at work: the loop that they began in
+    std::vector<QPointer<QWidget>> m_modali; // of the loops, from the program's own on: what each waits for
     int m_azioni;
     int m_fatte = 0;
 };
@@ -162,7 +167,7 @@ void Vita::Passo()
         return;
     Passo_Fra_Poco();
     const int ciclo = QThread::currentThread()->loopLevel();
-    if (!m_cicli.empty() && ciclo <= m_cicli.back())
+    if ((!m_cicli.empty() && ciclo <= m_cicli.back()) || Deve_Finire(ciclo))
         return;
     m_cicli.push_back(ciclo);
     if (m_fatte >= m_azioni)
@@ -170,6 +175,27 @@ void Vita::Passo()
     else
         Agisci();
     m_cicli.pop_back();
+    // The test library lets events run behind its every press, not only in Eventi_Esegui: the loop around has
+    // to hear of its end all the same (platform/eventi_win32.cpp).
+    QAbstractEventDispatcher::instance()->wakeUp();
+}
+
+/// A loop in a loop is a modal window's: when that has gone the loop is about to end, and no operator is
+/// quick enough to do something before it has. What waits for it below still stands on controls of the forms.
+/// @param ciclo depth of the loop at work, 1 for the program's own.
+bool Vita::Deve_Finire(int ciclo)
+{
+    m_modali.resize(size_t(ciclo)); // those above have ended
+    if (ciclo == 1)
+        return false;
+    QWidget *davanti = QApplication::activeModalWidget();
+    QPointer<QWidget> &suo = m_modali.back();
+    if (suo != nullptr && suo->isVisible())
+        return false;
+    if (std::find(m_modali.begin(), m_modali.end() - 1, davanti) != m_modali.end() - 1)
+        return true;
+    suo = davanti;
+    return false;
 }
 
 void Vita::Agisci()

@@ -52,8 +52,9 @@ constexpr const char16_t *QT_DEI_FORM[] = {
     u"QDateTime", u"QVariant",    u"QList",       u"QObject",        u"QScopedValueRollback"};
 
 /// Who lets events run: the one name, a modal show, a box of the system, the program's own loop.
-constexpr const char16_t *CON_EVENTI[] = {u"platform/eventi.cpp", u"toolkit/modulo.h", u"toolkit/modulo.cpp",
-                                          u"toolkit/applicazione.cpp", u"app/modMain.cpp"};
+constexpr const char16_t *CON_EVENTI[] = {u"platform/eventi_posix.cpp", u"platform/eventi_win32.cpp",
+                                          u"toolkit/modulo.h",          u"toolkit/modulo.cpp",
+                                          u"toolkit/applicazione.cpp",  u"app/modMain.cpp"};
 
 template <size_t N>
 bool Compreso(const char16_t *const (&elenco)[N], const QString &nome)

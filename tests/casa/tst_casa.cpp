@@ -184,12 +184,12 @@ private Q_SLOTS:
     void eventiFuoriPostoSiVedono()
     {
         const Alberello albero{
-            {"core/a.cpp",          "QCoreApplication::processEvents();\n"     },
-            {"link/b.cpp",          "QEventLoop ciclo; ciclo.exec ();\n"       },
-            {"app/c.cpp",           "a->sendPostedEvents(); // processEvents\n"},
-            {"mctc/d.cpp",          "Eventi_Esegui(); execve(); exec;\n"       },
-            {"platform/eventi.cpp", "QCoreApplication::processEvents();\n"     },
-            {"tests/e.cpp",         "QCoreApplication::processEvents();\n"     },
+            {"core/a.cpp",                "QCoreApplication::processEvents();\n"     },
+            {"link/b.cpp",                "QEventLoop ciclo; ciclo.exec ();\n"       },
+            {"app/c.cpp",                 "a->sendPostedEvents(); // processEvents\n"},
+            {"mctc/d.cpp",                "Eventi_Esegui(); execve(); exec;\n"       },
+            {"platform/eventi_posix.cpp", "QCoreApplication::processEvents();\n"     },
+            {"tests/e.cpp",               "QCoreApplication::processEvents();\n"     },
         };
         QCOMPARE(Eventi_FuoriPosto(albero.Leggi()),
                  (QStringList{QStringLiteral("app/c.cpp: sendPostedEvents"),

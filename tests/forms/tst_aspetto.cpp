@@ -19,6 +19,8 @@ private Q_SLOTS:
     void coloreBluVerdeRosso();
     void numeroDellaTinta();
     void coloriDiSistemaDiversi();
+    void tavolozza_data();
+    void tavolozza();
     void carattereDellApplicazione();
     void testiLeggibili_data();
     void testiLeggibili();
@@ -65,6 +67,32 @@ void tst_aspetto::coloriDiSistemaDiversi()
 {
     QVERIFY(Colore_Da(COLORE_SISTEMA_GRIGIO) != Colore_Da(COLORE_SISTEMA_FINESTRA));
     QCOMPARE(Colore_Da(COLORE_SISTEMA_FINESTRA), QColor(Qt::white));
+}
+
+void tst_aspetto::tavolozza_data()
+{
+    QTest::addColumn<QPalette::ColorRole>("ruolo");
+    QTest::addColumn<Tinta>("tinta");
+    QTest::addColumn<Tinta>("spenta"); // of a disabled control
+    QTest::newRow("finestra") << QPalette::Window << Tinta::Sfondo << Tinta::Sfondo;
+    QTest::newRow("scritta") << QPalette::WindowText << Tinta::Testo << Tinta::TestoSpento;
+    QTest::newRow("campo") << QPalette::Base << Tinta::Campo << Tinta::Campo;
+    QTest::newRow("testo del campo") << QPalette::Text << Tinta::Testo << Tinta::TestoSpento;
+    QTest::newRow("pulsante") << QPalette::Button << Tinta::Sfondo << Tinta::Sfondo;
+    QTest::newRow("testo del pulsante") << QPalette::ButtonText << Tinta::Testo << Tinta::TestoSpento;
+    QTest::newRow("voce scelta") << QPalette::Highlight << Tinta::Fuoco << Tinta::Fuoco;
+    QTest::newRow("testo della scelta") << QPalette::HighlightedText << Tinta::Campo << Tinta::Campo;
+}
+
+void tst_aspetto::tavolozza()
+{
+    QFETCH(QPalette::ColorRole, ruolo);
+    QFETCH(Tinta, tinta);
+    QFETCH(Tinta, spenta);
+    const QPalette colori = QApplication::palette();
+    QCOMPARE(colori.color(QPalette::Active, ruolo), Colore_Tema(tinta));
+    QCOMPARE(colori.color(QPalette::Inactive, ruolo), Colore_Tema(tinta));
+    QCOMPARE(colori.color(QPalette::Disabled, ruolo), Colore_Tema(spenta));
 }
 
 void tst_aspetto::carattereDellApplicazione()

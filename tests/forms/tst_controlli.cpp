@@ -10,12 +10,14 @@
 #include "tests/forms/trascina_prova.h"
 #include "toolkit/aspetto.h"
 #include "toolkit/elenco_colonne.h"
+#include "toolkit/elenco_lettura.h"
 #include "toolkit/schermo.h"
 
 #include <QAccessible>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QInputMethodEvent>
 #include <QLabel>
@@ -39,6 +41,7 @@ private Q_SLOTS:
     void visibileEAbilitato();
     void nomeTagENomeAccessibile();
     void carattereInPunti();
+    void carattereSenzaPosto();
     void carattereMaiSottoUnPixel();
     void carattereCheEntra_data();
     void carattereCheEntra();
@@ -47,6 +50,11 @@ private Q_SLOTS:
     void carattereTrovatoEIlMaggiore();
     void etichettaVaACapoPrimaDiRimpicciolire();
     void lettereIntereInUnaRigaBassa();
+    void parolaLargaComeIlPosto();
+    void spaziNonOccupano();
+    void principioPienoDueVolte_data();
+    void principioPienoDueVolte();
+    void testoSenzaFineDettoSubito();
     void distruttoPortaViaIlWidget();
     void distruttoSparisceDalleTecnologieAssistive();
     void distruttoDalSuoGestore_data();
@@ -74,6 +82,7 @@ private Q_SLOTS:
     void testoAltriSegniRestano();
 
     void comboNientePrescelto();
+    void comboVuotaEntraOvunque();
     void comboPerTesto();
     void comboPerIndice();
     void comboClickSoloDellOperatore();
@@ -94,6 +103,7 @@ private Q_SLOTS:
     void elencoFuocoNonSceglie();
     void elencoSvuotatoNonSceglie();
     void elencoDistruttoAMouseGiu();
+    void elencoSenzaFondoDentro();
     void elencoInDueColonne();
 
     void immagineCheManca();
@@ -215,6 +225,18 @@ void tst_controlli::carattereInPunti()
     QVERIFY(etichetta.Widget()->font().bold());
     QCOMPARE(etichetta.Widget()->font().family(), QStringLiteral("Courier New"));
     QCOMPARE(etichetta.Widget()->font().pixelSize(), 16);
+}
+
+// A control that is placed one side after the other has no place yet in between: its type waits for it.
+void tst_controlli::carattereSenzaPosto()
+{
+    for (const QSize twip : {QSize(1500, 0), QSize(0, 1500), QSize(0, 0)}) {
+        Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+        etichetta.FontSize(20);
+        etichetta.Caption(QStringLiteral("Intensità"));
+        etichetta.Posto(0, 0, twip.width(), twip.height());
+        QCOMPARE(etichetta.Widget()->font().pixelSize(), Pixel_Interi(20));
+    }
 }
 
 void tst_controlli::carattereMaiSottoUnPixel()
@@ -358,6 +380,80 @@ void tst_controlli::lettereIntereInUnaRigaBassa()
     QVERIFY(etichetta.Widget()->font().pixelSize() < 20); // the letters reach below
     etichetta.Caption(QStringLiteral("AZIENDA"));
     QCOMPARE(etichetta.Widget()->font().pixelSize(), 20);
+}
+
+void tst_controlli::parolaLargaComeIlPosto()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.FontSize(20);
+    etichetta.Caption(QStringLiteral("Intensità"));
+    const int larga = etichetta.Widget()->minimumSizeHint().width();
+    etichetta.Posto(0, 0, Twip_DaPixel(larga), 1500);
+    QVERIFY(etichetta.Entra());
+    QCOMPARE(etichetta.Widget()->font().pixelSize(), Pixel_Interi(20));
+    etichetta.Width(Twip_DaPixel(larga - 1));
+    QVERIFY(etichetta.Widget()->font().pixelSize() < Pixel_Interi(20));
+}
+
+// Blanks at a line's end hang over, and a hyphen that shows only where a word is broken takes no room.
+void tst_controlli::spaziNonOccupano()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.FontSize(20);
+    etichetta.Posto(0, 0, 1500, 600);
+    for (const QChar segno : {QChar(u' '), QChar(QChar::SoftHyphen)}) {
+        etichetta.Caption(u'H' + QString(100, segno));
+        QVERIFY(etichetta.Entra());
+        QCOMPARE(etichetta.Widget()->font().pixelSize(), Pixel_Interi(20));
+    }
+}
+
+void tst_controlli::principioPienoDueVolte_data()
+{
+    QTest::addColumn<QString>("testo");
+    QTest::addColumn<int>("quanto");
+    const auto volte = [](const char *parola, int quante) {
+        return QString::fromLatin1(parola).repeated(quante);
+    };
+    // Six lines, of ten letters each, are twice what the place and one line more hold.
+    QTest::newRow("corto") << volte("HHHHH ", 3) << 18;
+    QTest::newRow("due parole per riga") << volte("HHHH ", 40) << 13 * 5 - 1;
+    QTest::newRow("due che riempiono la riga") << volte("HHHHH ", 40) << 13 * 6 - 1;
+    QTest::newRow("la prima non ci sta con la seconda")
+        << QStringLiteral("HHHHHH ") + volte("HHHHH ", 40) << 7 + 11 * 6 - 1;
+    QTest::newRow("una riga per parola") << volte("HHHHHHHH ", 40) << 7 * 9 - 1;
+    QTest::newRow("parole piu' larghe della riga") << volte("HHHHHHHHHHHHHHHHHHHHHHHHH ", 40) << 7 * 26 - 1;
+    QTest::newRow("parole larghe e due spazi") << volte("HHHHHHHHHHHHHHHHHHHHHHHHH  ", 40) << 7 * 27 - 2;
+    QTest::newRow("righe corte") << volte("H\n", 40) << 6 * 2 - 1;
+    QTest::newRow("righe vuote") << volte("\n", 40) << 5;
+    QTest::newRow("righe di due parole") << volte("HHHHH HHHHH\n", 40) << 6 * 12 - 1;
+    QTest::newRow("senza uno spazio") << volte("H", 400) << 400;
+}
+
+void tst_controlli::principioPienoDueVolte()
+{
+    QFETCH(QString, testo);
+    QFETCH(int, quanto);
+    QFont carattere = m_finestra->font();
+    carattere.setPixelSize(Carattere_Minimo());
+    const QFontMetrics metrica(carattere);
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.Posto(0, 0, Twip_DaPixel(10 * metrica.horizontalAdvance(u'H')),
+                    Twip_DaPixel(2 * metrica.lineSpacing()));
+    QCOMPARE(etichetta.Principio(testo), testo.left(quanto));
+}
+
+// A report of many screens is not laid out to learn that it does not fit.
+void tst_controlli::testoSenzaFineDettoSubito()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.Posto(0, 0, 3000, 600);
+    const QString testo = QStringLiteral("Voce estranea ").repeated(300000);
+    QElapsedTimer tempo;
+    tempo.start();
+    etichetta.Caption(testo);
+    QVERIFY(!etichetta.Entra());
+    QVERIFY2(tempo.elapsed() < 500, qPrintable(QString::number(tempo.elapsed())));
 }
 
 void tst_controlli::distruttoPortaViaIlWidget()
@@ -897,6 +993,18 @@ void tst_controlli::comboNientePrescelto()
     QCOMPARE(combo.ListIndex(), qint16{-1});
 }
 
+// Nothing is cut where nothing stands, be the place narrower than the arrow.
+void tst_controlli::comboVuotaEntraOvunque()
+{
+    CasellaCombinata combo(m_finestra.get(), QStringLiteral("cbo"));
+    combo.FontSize(20);
+    combo.Posto(0, 0, 120, 450);
+    QVERIFY(combo.Entra());
+    QCOMPARE(combo.Widget()->font().pixelSize(), Pixel_Interi(20));
+    combo.AddItem(QStringLiteral("Italiano"));
+    QVERIFY(!combo.Entra());
+}
+
 void tst_controlli::comboPerTesto()
 {
     CasellaCombinata combo(m_finestra.get(), QStringLiteral("cbo"));
@@ -1211,6 +1319,15 @@ void tst_controlli::elencoDistruttoAMouseGiu()
                    Qt::NoButton, {});
     QCoreApplication::sendEvent(lista->viewport(), &su);
     QCOMPARE(volte, 0);
+}
+
+// The ground is the list's own: asked for by its inside at every paint it would be kept for ever.
+void tst_controlli::elencoSenzaFondoDentro()
+{
+    const ElencoVoci voci(m_finestra.get(), QStringLiteral("lst"));
+    const ElencoLettura lettura(m_finestra.get(), QStringLiteral("lstTesto"));
+    for (const Controllo *elenco : std::initializer_list<const Controllo *>{&voci, &lettura})
+        QVERIFY(!qobject_cast<QListWidget *>(elenco->Widget())->viewport()->autoFillBackground());
 }
 
 void tst_controlli::elencoInDueColonne()

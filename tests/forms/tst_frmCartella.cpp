@@ -69,6 +69,18 @@ private Q_SLOTS:
         QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(Id_Mctc(274)));
     }
 
+    /// A path has no blanks: it goes on in the next line wherever the first one ends.
+    void percorsoSuPiuRighe()
+    {
+        const QString nome = QString(150, u'A');
+        const QString lungo = Cartella(nome.toLatin1().constData());
+        Apri(lungo);
+        QCOMPARE(Testo_Di(*form, "lbl_0"), lungo + u'\\');
+        const QWidget *percorso = Widget_Di(*form, "lbl_0");
+        QVERIFY(percorso->fontMetrics().horizontalAdvance(nome) > percorso->width());
+        QVERIFY(form->lbl[0].Entra());
+    }
+
     void sceltaDiUnaVoce()
     {
         const QString radice = Cartella("rete");

@@ -596,6 +596,12 @@ private Q_SLOTS:
         Apri(ModoDefault);
         QVERIFY(!Visibile(*form, "lblPasso_0"));
         QVERIFY(Visibile(*form, "lblPasso_1"));
+        // The two that are left share the line, as far from one side as from the other.
+        const QRect dati = Widget_Di(*form, "lblPasso_1")->geometry();
+        const QRect fatto = Widget_Di(*form, "lblPasso_2")->geometry();
+        QCOMPARE(fatto.left(), dati.right() + 1);
+        QVERIFY(qAbs(fatto.width() - dati.width()) <= 1);
+        QVERIFY(qAbs(dati.left() - (Pixel_DaTwip(form->Width()) - 1 - fatto.right())) <= 1);
         Passa(3 * TICK);
         QCOMPARE(Testo_Di(*form, "lblPasso_2"), QStringLiteral("√ Fatto"));
     }

@@ -339,6 +339,18 @@ private Q_SLOTS:
         QVERIFY(Modulo_Aperto("frmMsg") == nullptr);
     }
 
+    /// A name of as many letters as a date or a time has digits is a name.
+    void nomiLunghiComeUnaData()
+    {
+        Scrivi_File(QStringLiteral("10000000.acc"), Con("Nome=NICOL\xD2", "Nome=BEATRICE"));
+        Scrivi_File(QStringLiteral("20000000.acc"), Con("Nome=NICOL\xD2", "Nome=SIMONA"));
+        Apri();
+        Clicca_Riga(0);
+        QCOMPARE(Testo_Di(*form, "txt_7"), QStringLiteral("BEATRICE"));
+        Clicca_Riga(1);
+        QCOMPARE(Testo_Di(*form, "txt_7"), QStringLiteral("SIMONA"));
+    }
+
     /// The keys of the list pick a file as the mouse does.
     void fileSceltoDaTastiera()
     {

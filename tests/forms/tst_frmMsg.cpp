@@ -92,8 +92,10 @@ private Q_SLOTS:
     void conPulsanteAspettaLOperatore();
     void pulsanteChiude_data();
     void pulsanteChiude();
+    void invioSenzaFuoco();
     void chiusuraDellaFinestra();
 
+    void pulsanteAlSuoPosto_data();
     void pulsanteAlSuoPosto();
     void centratoSulloSchermo();
     void bordoEIcona();
@@ -296,6 +298,23 @@ void tst_frmMsg::pulsanteChiude_data()
     QTest::newRow("spazio") << int{Qt::Key_Space};
 }
 
+// Enter closes a message also when none of its controls has the keyboard.
+void tst_frmMsg::invioSenzaFuoco()
+{
+    bool visto = false;
+    QTimer::singleShot(0, &Messaggio(), [&] {
+        visto = Attiva(Messaggio());
+        Parte("cmd_0")->clearFocus();
+        QTest::keyClick(Messaggio().Finestra(), Qt::Key_Return);
+        if (Messaggio().Caricato()) {
+            visto = false;
+            Messaggio().Scarica();
+        }
+    });
+    Mostra_MsgConferma(QStringLiteral("Avviso"));
+    QVERIFY(visto);
+}
+
 void tst_frmMsg::pulsanteChiude()
 {
     QFETCH(int, tasto);
@@ -325,18 +344,37 @@ void tst_frmMsg::chiusuraDellaFinestra()
 
 // --- the look ---------------------------------------------------------------------------------------------
 
+// The button grows with the form: by a fifth of a low one, in a high one by half of what the two lines of the
+// text that have to be seen leave over.
+void tst_frmMsg::pulsanteAlSuoPosto_data()
+{
+    QTest::addColumn<int>("lunghezza");
+    QTest::addColumn<int>("alto");
+    const int righe[][2] = {
+        {0,   360},
+        {50,  400},
+        {75,  435},
+        {126, 685},
+        {175, 900},
+        {600, 900},
+    };
+    for (const auto &riga : righe)
+        QTest::addRow("%d", riga[0]) << riga[0] << riga[1];
+}
+
 void tst_frmMsg::pulsanteAlSuoPosto()
 {
-    for (const int lunghezza : {0, 75, 600}) {
-        bool visto = false;
-        Mostra_E_Guarda(1, Testo(lunghezza), [&] {
-            const Pulsante &pulsante = Messaggio().cmd[0];
-            QCOMPARE(pulsante.Top(), Messaggio().Height() - 2 * pulsante.Height() - 100);
-            QCOMPARE(pulsante.Left(), (Messaggio().Width() - pulsante.Width()) / 2);
-            visto = true;
-        });
-        QVERIFY(visto);
-    }
+    QFETCH(int, lunghezza);
+    QFETCH(int, alto);
+    bool visto = false;
+    Mostra_E_Guarda(1, Testo(lunghezza), [&] {
+        const Pulsante &pulsante = Messaggio().cmd[0];
+        QCOMPARE(pulsante.Height(), alto);
+        QCOMPARE(pulsante.Top(), Messaggio().Height() - 2 * pulsante.Height() - 100);
+        QCOMPARE(pulsante.Left(), (Messaggio().Width() - pulsante.Width()) / 2);
+        visto = true;
+    });
+    QVERIFY(visto);
 }
 
 void tst_frmMsg::centratoSulloSchermo()
@@ -487,6 +525,30 @@ void tst_frmMsg::rapportoScorre()
     QCOMPARE(nome, testo);
 }
 
+namespace {
+
+/// Whether a key that is pressed on the control with the keyboard comes to the form, having been used by
+/// nobody.
+bool Arriva_AllaFinestra(Qt::Key tasto)
+{
+    class Spia : public QObject
+    {
+    public:
+        bool arrivato = false;
+        bool eventFilter(QObject *, QEvent *evento) override
+        {
+            arrivato = arrivato || evento->type() == QEvent::KeyPress;
+            return false;
+        }
+    } spia;
+    QWidget *finestra = Messaggio().Finestra();
+    finestra->installEventFilter(&spia);
+    QTest::keyClick(finestra->focusWidget(), tasto);
+    return spia.arrivato;
+}
+
+} // namespace
+
 void tst_frmMsg::rapportoConITasti()
 {
     bool visto = false;
@@ -503,6 +565,11 @@ void tst_frmMsg::rapportoConITasti()
         visto = attivo && riga > 0 && pagina == barra->pageStep() && dopo(Qt::Key_End) == barra->maximum();
         visto = visto && dopo(Qt::Key_PageUp) == barra->maximum() - pagina;
         visto = visto && dopo(Qt::Key_Up) == barra->maximum() - pagina - riga && dopo(Qt::Key_Home) == 0;
+        // What scrolls does nothing besides.
+        for (const Qt::Key tasto :
+             {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End})
+            visto = visto && !Arriva_AllaFinestra(tasto);
+        visto = visto && Arriva_AllaFinestra(Qt::Key_X);
         QTest::keyClick(Messaggio().Finestra()->focusWidget(), Qt::Key_Return); // the button still has it
     });
     Mostra_MsgConferma(Rapporto(100));

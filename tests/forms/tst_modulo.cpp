@@ -22,6 +22,8 @@
 #include <QWindow>
 #include <QtTest/qtestspontaneevent.h>
 
+#include <cstdio>
+
 class tst_modulo : public QObject
 {
     Q_OBJECT
@@ -80,6 +82,7 @@ private Q_SLOTS:
     void erroreDentroLaConvalida();
     void convalidaScaricaLaSuaCasella();
     void convalidaScaricaIlPulsante();
+    void convalidaPremeUnPulsante();
     void scaricatoDentroLaConvalida_data();
     void scaricatoDentroLaConvalida();
     void nascostaOSpentaNonConvalida_data();
@@ -113,11 +116,13 @@ private Q_SLOTS:
     void senzaPulsantiInvioEdEscapeNonFannoNulla();
     void tabulazionePerRigaPoiPulsanti();
     void tabulazioneElencoDopoLeRighe();
+    void tabulazioneElencoFattoInMezzo();
 
     // window
     void misureInTwip();
     void centrato();
     void massimizzatoCopreLoSchermo();
+    void massimizzatoGiaInLoad();
     void piccoloSopraQuelloAttivo();
     void portatoAvanti();
     void senzaCorniceMisuraFissa();
@@ -125,6 +130,7 @@ private Q_SLOTS:
     void inPrimoPiano();
     void aggiornaRidipinge();
     void lineeSullaFinestra();
+    void corniceSullOrlo();
     void attivatoAOgniRitorno();
 
 private:
@@ -959,6 +965,19 @@ void tst_modulo::convalidaScaricaLaSuaCasella()
     QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 1")), 1); // what has gone holds nobody
 }
 
+// While a box is being asked it is not asked again: what its handler presses is pressed.
+void tst_modulo::convalidaPremeUnPulsante()
+{
+    const auto modulo = Completo();
+    QVERIFY(Attiva(*modulo));
+    modulo->txt[1].SetFocus();
+    modulo->AlValidate = [&](qint16) { modulo->cmd[2].Click(); };
+    modulo->cmd[1].Click();
+    QCOMPARE(modulo->Volte(QStringLiteral("txt_Validate 1")), 1);
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 2")), 1);
+    QCOMPARE(modulo->Volte(QStringLiteral("cmd_Click 1")), 1);
+}
+
 void tst_modulo::convalidaScaricaIlPulsante()
 {
     const auto modulo = Completo();
@@ -1466,6 +1485,31 @@ void tst_modulo::tabulazioneElencoDopoLeRighe()
     QCOMPARE(giro, QStringLiteral("txt_0 txt_1 cbo_0 chk_0 txt_2 lst cmd_0").split(u' '));
 }
 
+/// So it does where it was made between them.
+void tst_modulo::tabulazioneElencoFattoInMezzo()
+{
+    const auto modulo = Nuovo<ModuloProva>();
+    std::unique_ptr<ElencoVoci> elenco;
+    modulo->AlDisegno = [&] {
+        modulo->cmd.Carica(0).Posto(0, 3000, 1500, 450);
+        modulo->cmd[0].Visible(true);
+        elenco = std::make_unique<ElencoVoci>(modulo->Finestra(), QStringLiteral("lst"));
+        elenco->Posto(0, 0, 1500, 1500);
+        elenco->Visible(true);
+        modulo->txt.Carica(0).Posto(0, 2000, 1500, 450);
+        modulo->txt[0].Visible(true);
+    };
+    modulo->Mostra();
+    QVERIFY(Attiva(*modulo));
+    modulo->txt[0].SetFocus();
+    QStringList giro;
+    for (int i = 0; i < 4; ++i) {
+        giro.append(modulo->Finestra()->focusWidget()->objectName());
+        Premi(*modulo, Qt::Key_Tab);
+    }
+    QCOMPARE(giro, QStringLiteral("txt_0 lst cmd_0 txt_0").split(u' '));
+}
+
 // --- window -----------------------------------------------------------------------------------------------
 
 void tst_modulo::misureInTwip()
@@ -1500,13 +1544,41 @@ void tst_modulo::centrato()
 void tst_modulo::massimizzatoCopreLoSchermo()
 {
     const auto modulo = Nuovo<ModuloProva>();
-    modulo->AlLoad = [&] { modulo->Massimizza(); };
+    modulo->AlLoad = [&] {
+        modulo->Sposta(150, 300); // where it stood before counts no more
+        modulo->Massimizza();
+    };
     modulo->Mostra();
     QCOMPARE(modulo->Finestra()->geometry(), QRect(0, 0, 800, 800));
     QVERIFY(modulo->Finestra()->windowFlags().testFlag(Qt::FramelessWindowHint));
     QTRY_VERIFY(modulo->Finestra()->isFullScreen()); // over the panels of a desktop, too
+    QCOMPARE(modulo->Left(), 0);
+    QCOMPARE(modulo->Top(), 0);
     QCOMPARE(modulo->Width(), Schermo_Larghezza());
     QCOMPARE(modulo->Height(), Schermo_Altezza());
+}
+
+// Whoever asks the window in Load gets the size that it will have.
+void tst_modulo::massimizzatoGiaInLoad()
+{
+    const EsitoFiglio figlio = Figlio_Esegui({QStringLiteral("--intero")}, QSize(900, 700));
+    QVERIFY2(figlio.Buono(), qPrintable(figlio.Racconto()));
+    QCOMPARE(figlio.Uscita.trimmed(), QStringLiteral("900x700"));
+}
+
+/// What the process of its own does. @return its status.
+int Intero(int argc, char **argv)
+{
+    Applicazione applicazione(argc, argv);
+    const auto modulo = Nuovo<ModuloProva>();
+    QSize grandezza;
+    modulo->AlLoad = [&] {
+        modulo->Massimizza();
+        grandezza = modulo->Finestra()->size();
+    };
+    modulo->Carica();
+    std::printf("%dx%d\n", grandezza.width(), grandezza.height());
+    return 0;
 }
 
 /// A small form belongs to the one it opens over, whatever was loaded last; one that covers the screen to
@@ -1610,6 +1682,28 @@ void tst_modulo::lineeSullaFinestra()
     QCOMPARE(punto(vista, 200, 300), cornice);
 }
 
+// A small form has a frame of its own, to its last pixels; one that covers the screen has none.
+void tst_modulo::corniceSullOrlo()
+{
+    const auto piccolo = Nuovo<ModuloProva>();
+    piccolo->Mostra();
+    const QImage vista = piccolo->Finestra()->grab().toImage();
+    const QColor cornice = Colore_Cornice();
+    for (const int x : {0, vista.width() / 2, vista.width() - 1}) {
+        QCOMPARE(vista.pixelColor(x, 0), cornice);
+        QCOMPARE(vista.pixelColor(x, vista.height() - 1), cornice);
+    }
+    for (const int x : {0, vista.width() - 1})
+        QCOMPARE(vista.pixelColor(x, vista.height() / 2), cornice);
+    QVERIFY(vista.pixelColor(1, 1) != cornice);
+    QVERIFY(vista.pixelColor(vista.width() - 2, vista.height() - 2) != cornice);
+
+    const auto intero = Nuovo<ModuloProva>();
+    intero->AlLoad = [&] { intero->Massimizza(); };
+    intero->Mostra();
+    QVERIFY(intero->Finestra()->grab().toImage().pixelColor(0, 0) != cornice);
+}
+
 void tst_modulo::attivatoAOgniRitorno()
 {
     const auto primo = Nuovo<ModuloProva>();
@@ -1628,6 +1722,8 @@ int main(int argc, char **argv)
 {
     if (argc > 1 && qstrcmp(argv[1], "--attivato-subito") == 0)
         return Attivato_Subito(argc, argv);
+    if (argc > 1 && qstrcmp(argv[1], "--intero") == 0)
+        return Intero(argc, argv);
     return Principale_Prova<tst_modulo>(argc, argv);
 }
 

@@ -189,6 +189,28 @@ private Q_SLOTS:
         const QStringList nomi = Cartella_Elenca(Percorso(u"Q\\*.acc"), 0, [&volte] { ++volte; });
         QCOMPARE(nomi.size(), QUANTI);
         QCOMPARE(volte, 10);
+        m_stazione.Scrivi(QStringLiteral("P\\1.acc"), {});
+        m_stazione.Scrivi(QStringLiteral("P\\2.acc"), {});
+        QVERIFY(Trova_File(Percorso(u"P\\*.acc"), trovati, [&volte] { ++volte; }));
+        QCOMPARE(trovati.size(), 2);
+        QCOMPARE(volte, 10);
+    }
+
+    /// A file or a folder that Windows marks as read-only, or as changed, is listed like any other.
+    void altriAttributiNonContano()
+    {
+        constexpr quint32 SOLA_LETTURA = 1;
+        constexpr quint32 ARCHIVIO = 32;
+        QList<RecordTrovato> trovati(3);
+        trovati[0].cFileName = QStringLiteral("a.acc");
+        trovati[0].dwFileAttributes = SOLA_LETTURA | ARCHIVIO;
+        trovati[1].cFileName = QStringLiteral("B");
+        trovati[1].dwFileAttributes = ATTRIBUTO_CARTELLA | SOLA_LETTURA;
+        trovati[2].cFileName = QStringLiteral("c.acc");
+        trovati[2].dwFileAttributes = ATTRIBUTO_NASCOSTO;
+        QCOMPARE(Nomi_Con(trovati, 0), QStringList(QStringLiteral("a.acc")));
+        QCOMPARE(Nomi_Con(trovati, static_cast<qint16>(ATTRIBUTO_CARTELLA)),
+                 QStringList({QStringLiteral("a.acc"), QStringLiteral("B")}));
     }
 
     void ricercaSenzaRisultato()

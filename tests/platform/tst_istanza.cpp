@@ -40,14 +40,23 @@ int Programma_Istanza(const QString &segno)
     return 0;
 }
 
+/// A program that nothing can be written to: the first thing that it opens takes the place of its input.
+int Programma_SenzaIngresso()
+{
+    (void)std::fclose(stdin);
+    std::puts(Istanza_Precedente() ? "second" : "first");
+    return 0;
+}
+
 class Programma
 {
 public:
     explicit Programma(const QString &file = QCoreApplication::applicationFilePath(),
                        const QString &segno = QString())
+        : Programma(file, QStringList{QStringLiteral("istanza"), segno})
     {
-        m_processo.start(file, {QStringLiteral("istanza"), segno});
     }
+    Programma(const QString &file, const QStringList &argomenti) { m_processo.start(file, argomenti); }
     /// What the program said of itself.
     QByteArray Detto()
     {
@@ -87,6 +96,16 @@ private Q_SLOTS:
         Programma terza;
         QCOMPARE(terza.Detto(), "second");
         QVERIFY(prima.Chiudi() && seconda.Chiudi() && terza.Chiudi());
+    }
+
+    /// Started by a shell that has closed its input, say.
+    void ancheSenzaIngressoSiRiconosce()
+    {
+        Programma prima;
+        QCOMPARE(prima.Detto(), "first");
+        Programma seconda(QCoreApplication::applicationFilePath(), {QStringLiteral("senza-ingresso")});
+        QCOMPARE(seconda.Detto(), "second");
+        QVERIFY(prima.Chiudi());
     }
 
     void laFineLasciaIlPosto()
@@ -194,6 +213,8 @@ int main(int argc, char *argv[])
     const QStringList argomenti = QCoreApplication::arguments();
     if (argomenti.value(1) == u"istanza")
         return Programma_Istanza(argomenti.value(2));
+    if (argomenti.value(1) == u"senza-ingresso")
+        return Programma_SenzaIngresso();
     if (argomenti.value(1) == u"figlio")
         return Programma_Figlio(argomenti.value(2));
     tst_istanza prova;

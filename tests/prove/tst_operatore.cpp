@@ -3,6 +3,7 @@
 #include "platform/errore_esecuzione.h"
 #include "prove/operatore/giornata.h"
 #include "prove/operatore/regole.h"
+#include "prove/operatore/tabella.h"
 #include "prove/operatore/vita.h"
 
 #include <QCoreApplication>
@@ -90,6 +91,29 @@ private Q_SLOTS:
                  qPrintable(giornate.Guasto));
         QCOMPARE(giornate.Vite, 1);
         QVERIFY(giornate.Errori.isEmpty());
+    }
+
+    void ogniSistemaTieneLaSuaRiga()
+    {
+        Giornate poche;
+        poche.Azioni = 10;
+        poche.Vite = 1;
+        Giornate molte;
+        molte.Azioni = 2001;
+        molte.Vite = 3;
+        molte.Errori = {
+            {QStringLiteral("un errore"),     1},
+            {QStringLiteral("un altro dopo"), 2}
+        };
+        QByteArray sezione = "## Titolo\n\nTesto.\n\n" + Tabella(poche, 1, "Windows 6.1", QByteArray());
+        sezione = "Testo.\n\n" + Tabella(poche, 4, "Debian 12", sezione);
+        const QList<QByteArray> righe = Tabella(molte, 7, "Debian 12", sezione).split('\n');
+        QCOMPARE(righe.size(), 5);
+        QVERIFY(righe[0].startsWith("| system | actions | first seed | days |"));
+        QCOMPARE(righe[1], QByteArray("|---|---|---|---|---|---|"));
+        QCOMPARE(righe[2], QByteArray("| Debian 12 | 2001 | 7 | 3 | 0 | un altro dopo: 2; un errore: 1 |"));
+        QCOMPARE(righe[3], QByteArray("| Windows 6.1 | 10 | 1 | 1 | 0 | none |"));
+        QVERIFY(righe[4].isEmpty());
     }
 
     void inUnCicloContaIlSuoUltimo()
