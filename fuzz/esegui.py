@@ -35,7 +35,7 @@ DIFETTI = COSTRUITI / "difetti"
 DOCUMENTO = RADICE / "docs/affidabilita.md"
 SEZIONE = "fuzzing"
 GIRI = 10_000_000
-LENTI = {  # what is slow gets one run in so many: all targets together take an hour on two cores
+LENTI = {  # what is slow gets one run in so many: all targets together are to take an hour on two cores
     "fuzz_acc": 100,  # a whole check of a file, 3 ms; its passes have targets of their own
     "fuzz_far": 100,  # a file made into three tables and into objects, 2 ms
     "fuzz_password": 100,  # a copy and two files put in the place of others, 1 ms
@@ -72,9 +72,10 @@ TESTO = """## Fuzzing
 Written by `fuzz/esegui.py --scrivi`. Each target gives the system inputs that libFuzzer grows by the ways they take
 through the code, from the samples in `fuzz/campioni`, under the address and undefined-behaviour sanitizers. What it
 looks for stands in the first lines of its file: a rule written a second time, or a result read back, not only that
-the program goes on. Coverage: edges of the code that the inputs reach. Of ten million runs, a target that takes less
-than 0.2 ms for one gets all; the others, which put whole files through many passes or files in the place of others, get
-the share that stands in the table of the program, `LENTI`: a fifth to a hundredth.
+the program goes on. Coverage: edges of the code that the inputs reach. Left to itself, the command gives ten million
+runs to each target that takes less than 0.2 ms for one; the others, which put whole files through many passes or files
+in the place of others, get the share that stands in `LENTI` in the program: a fifth to a hundredth. A row is the last
+run of its target, by whatever number of runs it was asked for.
 
 | target | runs | seconds | coverage | samples | crashes |
 |---|---|---|---|---|---|
