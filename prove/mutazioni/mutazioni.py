@@ -128,7 +128,8 @@ def giudica(mutante, comando, prove, giudizi, massimo, termine):
 
 
 def _prova_mutante(mutante, mutato, comando, vedono):
-    with tempfile.TemporaryDirectory(prefix="mutante") as cartella:
+    # What a test killed for its time has started may still write there.
+    with tempfile.TemporaryDirectory(prefix="mutante", ignore_cleanup_errors=True) as cartella:
         sorgente = Path(cartella) / Path(mutante.sorgente).name
         sorgente.write_bytes(mutato)
         oggetto = sorgente.with_suffix(".o")
