@@ -94,9 +94,12 @@ const Mano::Gesto &Mano::Scegli()
 }
 
 /// What the operator can get at: a list that has dropped down, a box that has to be answered, the window with
-/// the keyboard.
+/// the keyboard. Nothing once a box has its answer: what comes next is for the window behind, when the box's
+/// loop has ended.
 QWidget *Mano::Davanti() const
 {
+    if (m_daRispondere && (m_modale == nullptr || !m_modale->isVisible()))
+        return nullptr;
     for (QWidget *widget :
          {QApplication::activePopupWidget(), QApplication::activeModalWidget(), QApplication::activeWindow()})
     {

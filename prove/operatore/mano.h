@@ -2,6 +2,7 @@
 // chance. What a form makes of it is not known here.
 #pragma once
 
+#include <QApplication>
 #include <QList>
 #include <QPointer>
 #include <QRandomGenerator>
@@ -25,6 +26,8 @@ public:
     {
         const Gesto &gesto = Scegli();
         m_racconto.clear();
+        m_modale = QApplication::activeModalWidget();
+        m_daRispondere = m_modale != nullptr;
         (this->*gesto.Prepara)();
         racconta(QString::fromLatin1(gesto.Nome) + m_racconto);
         (this->*gesto.Fai)();
@@ -69,6 +72,8 @@ private:
     QRandomGenerator m_caso;
     QString m_racconto;
     QPointer<QWindow> m_finestra;
+    QPointer<QWidget> m_modale; ///< in front when the thing begins
+    bool m_daRispondere = false;
     QPoint m_punto;
     QString m_testo;
     Qt::Key m_tasto = Qt::Key_unknown;

@@ -204,7 +204,7 @@ void Vita::Agisci()
     m_fatti.Comincia(QStringLiteral("clock"));
     Orologio_Banco().Avanza(TEMPI[m_caso.bounded(int(std::size(TEMPI)))]);
     m_fatti.Guarda();
-    if (m_cicli.size() > PROFONDO)
+    if (m_cicli.size() > PROFONDO || Deve_Finire(m_cicli.back()))
         return;
     if (++m_fatte % FRA_DUE_SGUARDI == 0)
         Guarda();
