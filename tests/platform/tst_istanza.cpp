@@ -103,7 +103,8 @@ private Q_SLOTS:
     {
         Programma prima;
         QCOMPARE(prima.Detto(), "first");
-        Programma seconda(QCoreApplication::applicationFilePath(), {QStringLiteral("senza-ingresso")});
+        Programma seconda(QCoreApplication::applicationFilePath(),
+                          QStringList(QStringLiteral("senza-ingresso")));
         QCOMPARE(seconda.Detto(), "second");
         QVERIFY(prima.Chiudi());
     }
