@@ -427,12 +427,7 @@ void tst_disegno::lettereIntereSeEntra()
 
 int main(int argc, char **argv)
 {
-    if (argc > 1 && qstrcmp(argv[1], "--racconta") == 0) {
-        const Applicazione applicazione(argc, argv);
-        Racconta();
-        return 0;
-    }
-    return Principale_Prova<tst_disegno>(argc, argv);
+    return Principale_Racconta<tst_disegno>(argc, argv, Racconta);
 }
 
 #include "tst_disegno.moc"

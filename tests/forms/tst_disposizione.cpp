@@ -25,9 +25,8 @@ QString Carattere(const QFont &font)
     return QStringLiteral("%1px%2").arg(font.pixelSize()).arg(font.bold() ? u"b" : u"");
 }
 
-/// A line a control: where it stands in its form, in pixels, how large its type is and whether it
-/// is bold, its colours, what it is
-/// called. A name that tells the folder of this run tells it by a word.
+/// A line a control: where it stands in its form, in pixels, how large its type is and whether it is bold,
+/// its colours, what it is called. A name that tells the folder of this run tells it by a word.
 QString Riga(const QWidget &controllo, const QWidget &finestra)
 {
     const QPoint posto = controllo.mapTo(&finestra, QPoint());
@@ -105,12 +104,7 @@ void tst_disposizione::comeFuTrovataBuona()
 
 int main(int argc, char **argv)
 {
-    if (argc > 1 && qstrcmp(argv[1], "--racconta") == 0) {
-        const Applicazione applicazione(argc, argv);
-        Racconta();
-        return 0;
-    }
-    return Principale_Prova<tst_disposizione>(argc, argv);
+    return Principale_Racconta<tst_disposizione>(argc, argv, Racconta);
 }
 
 #include "tst_disposizione.moc"

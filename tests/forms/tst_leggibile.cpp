@@ -425,12 +425,7 @@ void tst_leggibile::sottosogliaServe()
 
 int main(int argc, char **argv)
 {
-    if (argc > 1 && qstrcmp(argv[1], "--racconta") == 0) {
-        const Applicazione applicazione(argc, argv);
-        Racconta();
-        return 0;
-    }
-    return Principale_Prova<tst_leggibile>(argc, argv);
+    return Principale_Racconta<tst_leggibile>(argc, argv, Racconta);
 }
 
 #include "tst_leggibile.moc"

@@ -207,12 +207,7 @@ void tst_schermate::difetti()
 
 int main(int argc, char **argv)
 {
-    if (argc > 1 && qstrcmp(argv[1], "--racconta") == 0) {
-        const Applicazione applicazione(argc, argv);
-        Racconta();
-        return 0;
-    }
-    return Principale_Prova<tst_schermate>(argc, argv);
+    return Principale_Racconta<tst_schermate>(argc, argv, Racconta);
 }
 
 #include "tst_schermate.moc"
