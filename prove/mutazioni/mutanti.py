@@ -24,6 +24,7 @@ AZIONI = (*BINARI, Genere.CALL_EXPR, Genere.UNARY_OPERATOR, Genere.UNEXPOSED_EXP
 SALTATI = (Genere.STATIC_ASSERT, Genere.TYPE_REF, Genere.TEMPLATE_REF, Genere.STRING_LITERAL)
 FUNZIONI = (Genere.FUNCTION_DECL, Genere.CXX_METHOD, Genere.CONSTRUCTOR, Genere.DESTRUCTOR, Genere.FUNCTION_TEMPLATE,
             Genere.CONVERSION_FUNCTION)
+DI_DUE_UGUALI = ("min", "max")  # the same from either side: their arguments have no order
 NIENTE = ("0", "false", "Falso", "{}", "nullptr", "std::nullopt", "QString()", "")
 # Where numbers are lengths, fifteen to a pixel, and one more is the same pixel: those from 100 on change by a tenth.
 DI_LUNGHEZZE = re.compile(r"toolkit/|\w+/(frm|dlg)\w+\.cpp$")
@@ -132,7 +133,7 @@ class _Cercatore:
             self._aggiungi("negation", inizio, inizio + 1, "", funzione)
 
     def _chiamata(self, cursore, funzione):
-        if cursore.spelling.startswith("operator"):
+        if cursore.spelling.startswith("operator") or cursore.spelling in DI_DUE_UGUALI:
             return
         argomenti = list(cursore.get_arguments())
         for uno, altro in zip(argomenti, argomenti[1:]):

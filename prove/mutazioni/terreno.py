@@ -1,5 +1,7 @@
 """The ground that mutants stand on: a copy of the tree, built for it alone, and which test executes which line.
 
+The start of the program is executed by no unit test: one end-to-end test, on an installation of the copy, is asked too.
+
 One build serves both: -O0 without symbols links in a tenth of a second, and its counters (gcov) tell the lines. The
 sources of the copy are never touched after that: a mutant is compiled beside it.
 """
@@ -85,9 +87,16 @@ class Prova:
         self.codice = {}  # {source: the lines that have code}
         self._collega = None
 
-    def collega(self, oggetto, uscita):
-        """Links the program with one object before the libraries, which then have no need for their own of it.
+    def comando(self, programma, cartella):
+        """@param programma the test itself, or one linked with a mutant. @param cartella of its own.
+        @return how it is run, and what its environment has besides."""
+        return [programma], {"QT_QPA_PLATFORM": "offscreen"}
 
+    def collega(self, oggetto, uscita):
+        """Links the program with one object before the libraries, which then have no need for their own of it; or in
+        the place of the program's own.
+
+        @param oggetto has the name of its source, but for the ending.
         @return whether it links."""
         if self._collega is None:
             bersaglio = str(self.programma.relative_to(COSTRUZIONE))
@@ -98,16 +107,43 @@ class Prova:
         comando = list(self._collega)
         dove = comando.index("-o")
         comando[dove + 1] = str(uscita)
-        comando.insert(dove, str(oggetto))
+        proprio = f"{oggetto.stem}.cpp.o"
+        comando = [str(oggetto) if Path(parte).name == proprio else parte for parte in comando]
+        if str(oggetto) not in comando:
+            comando.insert(dove, str(oggetto))
         return subprocess.run(comando, cwd=COSTRUZIONE, capture_output=True).returncode == 0
 
 
+class ProvaInstallata(Prova):
+    """An end-to-end test of the installed program, by its file in tests/e2e."""
+
+    INSTALLAZIONE = CAMPO / "installazione"
+
+    def __init__(self, nome):
+        super().__init__(nome, COSTRUZIONE / "app/lumira")
+
+    def comando(self, programma, cartella):
+        copia = Path(cartella) / "installazione"
+        shutil.copytree(self.INSTALLAZIONE, copia)
+        shutil.copy(programma, copia / "lumira")
+        return ([sys.executable, "-B", ALBERO / "tests/e2e/esegui.py", "--qui", f"{self.nome}.py"],
+                {"LUMIRA_INSTALLAZIONE": str(copia), "LUMIRA_COSTRUZIONE": str(COSTRUZIONE)})
+
+
+def installa():
+    """What the end-to-end test starts from."""
+    shutil.rmtree(ProvaInstallata.INSTALLAZIONE, ignore_errors=True)
+    subprocess.run(["cmake", "--install", COSTRUZIONE, "--prefix", ProvaInstallata.INSTALLAZIONE], check=True,
+                   stdout=subprocess.DEVNULL)
+
+
 def prove_costruite():
-    """The tests of the build that mutants can be linked into, as CTest has them."""
+    """The tests of the build that mutants can be linked into, as CTest has them, and the one of the start."""
     elenco = json.loads(subprocess.run(["ctest", "--test-dir", COSTRUZIONE, "--show-only=json-v1"], check=True,
                                        capture_output=True, text=True).stdout)
-    return [Prova(t["name"], t["command"][0]) for t in elenco["tests"]
-            if Path(t["command"][0]).is_relative_to(COSTRUZIONE) and not t["name"].startswith((*PROGRAMMI_ALTRUI, *LUNGHE))]
+    prove = [Prova(t["name"], t["command"][0]) for t in elenco["tests"]
+             if Path(t["command"][0]).is_relative_to(COSTRUZIONE) and not t["name"].startswith((*PROGRAMMI_ALTRUI, *LUNGHE))]
+    return [*prove, ProvaInstallata("prova_avvio")]
 
 
 def _limiti():
@@ -116,18 +152,20 @@ def _limiti():
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
 
-def esegui(programma, secondi, contatori):
+def esegui(prova, programma, secondi, contatori):
     """Runs a test in a folder and a session of its own until its first failure.
 
+    @param programma its own, or one linked with a mutant.
     @param secondi what it may take before it counts as hung.
     @param contatori folder for the counters of gcov.
     @return whether it passed, as a word that tells how it failed when not, or "".
     """
     with tempfile.TemporaryDirectory(prefix="mutante") as cartella:
         os.chmod(cartella, 0o755)  # some tests lay down the rights of root
-        ambiente = os.environ | {"QT_QPA_PLATFORM": "offscreen", "LC_ALL": "C.UTF-8", "TMPDIR": cartella,
-                                 "HOME": cartella, "GCOV_PREFIX": str(contatori)}
-        processo = subprocess.Popen([programma], cwd=cartella, env=ambiente, stdin=subprocess.DEVNULL,
+        comando, altro = prova.comando(programma, cartella)
+        ambiente = os.environ | altro | {"LC_ALL": "C.UTF-8", "TMPDIR": cartella, "HOME": cartella,
+                                         "GCOV_PREFIX": str(contatori)}
+        processo = subprocess.Popen(comando, cwd=cartella, env=ambiente, stdin=subprocess.DEVNULL,
                                     stdout=subprocess.PIPE, stderr=subprocess.STDOUT, start_new_session=True,
                                     preexec_fn=_limiti)
         guardia = concurrent.futures.ThreadPoolExecutor(1)
@@ -193,7 +231,7 @@ def osserva(prova):
     shutil.rmtree(contatori, ignore_errors=True)
     contatori.mkdir(parents=True)
     inizio = time.monotonic()
-    difetto = esegui(prova.programma, 600, contatori)
+    difetto = esegui(prova, prova.programma, 600, contatori)
     prova.secondi = time.monotonic() - inizio
     if difetto:
         raise SystemExit(f"{prova.nome} {difetto} without any mutant")
@@ -206,6 +244,7 @@ def osserva(prova):
 def prepara():
     """@return the compile commands of the sources and the tests, each with what it takes and sees."""
     costruisci()
+    installa()
     prove = prove_costruite()
     with concurrent.futures.ThreadPoolExecutor(MANI) as mani:
         list(mani.map(osserva, prove))

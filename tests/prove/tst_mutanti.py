@@ -73,6 +73,9 @@ class TestMutanti(unittest.TestCase):
         self.verifica("void f(int a, int b, Colore c)\n{\nfai(a, b);\nfai(a, a);\nfai(c);\n}", [
             ("statement", ";"), ("arguments", "fai(b, a);"), ("statement", ";"), ("statement", ";")])
 
+    def test_ilMinoreÈLoStessoDaOgniLato(self):
+        self.verifica("int min(int a, int b);\nint f(int a, int b)\n{\nreturn min(a, b);\n}", [("statement", "return {};")])
+
     def test_costanti(self):
         self.verifica("const bool SI = true;\nconst char16_t VIRGOLA = u',';\nconst double PI = 3.14;", [
             ("constant", "const bool SI = false;"), ("constant", "const char16_t VIRGOLA = char16_t(u',' + 1);"),
