@@ -93,7 +93,6 @@ void frmVerPerO::Disegno()
 void frmVerPerO::Load()
 {
     Centra();
-    mScritto = Falso;
     Campi_Azzera(gCampiVerifica, ULTIMA_RIGA);
     Campi_Imposta();
     Campi_Crea(gCampiVerifica, ULTIMA_RIGA, *this);

@@ -13,7 +13,6 @@ void Segna(const Pulsante &pulsante, const char *risalto)
     pulsante.Fai([risalto](QWidget &widget) {
         const QFont carattere = widget.font();
         widget.setProperty("risalto", QLatin1String(risalto));
-        widget.style()->unpolish(&widget);
         widget.style()->polish(&widget);
         widget.setFont(carattere);
     });

@@ -25,8 +25,21 @@ QString Carattere(const QFont &font)
     return QStringLiteral("%1px%2").arg(font.pixelSize()).arg(font.bold() ? u"b" : u"");
 }
 
+/// What a label keeps free inside, on the left, above, on the right, below; nothing when it keeps nothing.
+QString Margini(const QLabel &etichetta)
+{
+    const QMargins margini = etichetta.contentsMargins();
+    if (margini.isNull())
+        return QString();
+    return QStringLiteral(" [%1 %2 %3 %4]")
+        .arg(margini.left())
+        .arg(margini.top())
+        .arg(margini.right())
+        .arg(margini.bottom());
+}
+
 /// A line a control: where it stands in its form, in pixels, how large its type is and whether it is bold,
-/// its colours, what it is called. A name that tells the folder of this run tells it by a word.
+/// its colours, its margins, what it is called. A name that tells the folder of this run tells it by a word.
 QString Riga(const QWidget &controllo, const QWidget &finestra)
 {
     const QPoint posto = controllo.mapTo(&finestra, QPoint());
@@ -34,7 +47,7 @@ QString Riga(const QWidget &controllo, const QWidget &finestra)
     QString nome = controllo.accessibleName();
     nome.replace(gAppPath, QStringLiteral("<stazione>\\"));
     const auto *etichetta = qobject_cast<const QLabel *>(&controllo);
-    return QStringLiteral("%1 %2,%3 %4x%5 %6 %7 %8 %9 %10 %11%12")
+    return QStringLiteral("%1 %2,%3 %4x%5 %6 %7 %8 %9 %10 %11%12%13")
         .arg(controllo.objectName())
         .arg(posto.x())
         .arg(posto.y())
@@ -45,6 +58,7 @@ QString Riga(const QWidget &controllo, const QWidget &finestra)
         .arg(etichetta != nullptr ? static_cast<int>(etichetta->alignment()) : 0)
         .arg(controllo.isEnabled() ? QChar(u'+') : QChar(u'-'))
         .arg(Visibile(controllo, finestra))
+        .arg(etichetta != nullptr ? Margini(*etichetta) : QString())
         .arg(nome.isEmpty() ? QString() : u' ' + nome.simplified());
 }
 

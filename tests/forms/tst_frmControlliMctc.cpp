@@ -148,7 +148,8 @@ private Q_SLOTS:
             Premi(*form, modo.toLatin1().constData());
         QVERIFY(!form->Caricato());
         QCOMPARE(Ini(), prima);
-        Apri();
+        form->Mostra();
+        QVERIFY(Attiva(*form));
         QCOMPARE(Combo(0)->currentIndex(), 0);
         QCOMPARE(Testo_Di(*form, "txt_1"), QStringLiteral("100"));
     }

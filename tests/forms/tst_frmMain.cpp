@@ -308,6 +308,7 @@ private Q_SLOTS:
     void menu()
     {
         Apri();
+        QCOMPARE(form->Finestra()->windowTitle(), QStringLiteral("lumira"));
         for (int i = 0; i <= 8; ++i) {
             QCOMPARE(Voce(i)->text(), Testo_Mctc(Id_Mctc(i)));
             QVERIFY(!Voce(i)->text().isEmpty());

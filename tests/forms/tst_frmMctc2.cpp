@@ -468,9 +468,18 @@ private Q_SLOTS:
         }));
     }
 
+    void invioConferma_data()
+    {
+        QTest::addColumn<int>("casella"); // where the keyboard is; -1: where the form puts it
+        QTest::newRow("all'apertura") << -1;
+        QTest::newRow("da una casella") << 0;
+    }
     void invioConferma()
     {
+        QFETCH(int, casella);
         Apri(false);
+        if (casella >= 0)
+            QTest::mouseClick(Casella(casella), Qt::LeftButton);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         QCOMPARE(notifiche.size(), 1);
         QVERIFY(!form->Caricato());

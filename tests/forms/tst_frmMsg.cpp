@@ -596,8 +596,8 @@ void tst_frmMsg::rapportoConRotellaEDito()
         for (int i = 1; i <= 10; ++i)
             QTest::mouseMove(lista->viewport(), centro - QPoint(0, 8 * i), 20);
         QTest::mouseRelease(lista->viewport(), Qt::LeftButton, {}, centro - QPoint(0, 80));
-        dito = QTest::qWaitFor([barra] { return barra->value() > 0; });
-        dito = dito && Messaggio().Caricato(); // a drag presses nothing
+        dito = QTest::qWaitFor([barra] { return barra->value() == 80; }); // as far as the finger went
+        dito = dito && Messaggio().Caricato();                            // a drag presses nothing
         Messaggio().Scarica();
     });
     Mostra_MsgConferma(Rapporto(100));

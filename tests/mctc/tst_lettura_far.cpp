@@ -114,6 +114,8 @@ private Q_SLOTS:
         };
         caso("testa", Con("[Kandelo]", "[kandelo]"), 1, ErroreFar::Testa, u"[kandelo]");
         caso("mancante", Con("NumSerie=2\r\n", ""), 5, ErroreFar::Mancante, u"NumSerie");
+        // A verdict that is not there speaks neither for nor against the vehicle's.
+        caso("verdetto mancante", Con("VertAbbDx=R\r\n", ""), 12, ErroreFar::Mancante, u"VertAbbDx");
         caso("troncato", Buono().first(Buono().indexOf("Operatore=")), 31, ErroreFar::Mancante, u"Operatore");
         caso("estranea", Con("NumSerie=2\r\n", "NumSerie=2\r\nNumeri=3\r\n"), 6, ErroreFar::Estranea,
              u"Numeri=3");

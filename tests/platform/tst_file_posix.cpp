@@ -74,6 +74,8 @@ private Q_SLOTS:
         QTest::newRow("quota") << EDQUOT << 61;
         QTest::newRow("connection lost") << EIO << 61;
         QTest::newRow("a file system without the call") << EINVAL << 0;
+        QTest::newRow("a system without the call") << ENOSYS << 0;
+        QTest::newRow("a share without the call") << ENOTSUP << 0;
     }
     void rifiutoDelDisco()
     {
