@@ -3,6 +3,7 @@
 
     fuzz/esegui.py [TARGET ...]        these; by default all of fuzz/CMakeLists.txt
         --giri N        runs of each target (10 million); a slow one (LENTI) gets its share of them
+        --interi        slow ones get all of them too: some three days of a core
         --secondi N     seconds of each target, in place of runs
         --insieme N     targets at a time (one a core)
         --scrivi        write each one's row into the table of docs/affidabilita.md, as it ends
@@ -74,8 +75,8 @@ through the code, from the samples in `fuzz/campioni`, under the address and und
 looks for stands in the first lines of its file: a rule written a second time, or a result read back, not only that
 the program goes on. Coverage: edges of the code that the inputs reach. Left to itself, the command gives ten million
 runs to each target that takes less than 0.2 ms for one; the others, which put whole files through many passes or files
-in the place of others, get the share that stands in `LENTI` in the program: a fifth to a hundredth. A row is the last
-run of its target, by whatever number of runs it was asked for.
+in the place of others, get the share that stands in `LENTI` in the program, a fifth to a hundredth, or with `--interi` all
+of them. A row is the last run of its target, by whatever number of runs it was asked for.
 
 | target | runs | seconds | coverage | samples | crashes |
 |---|---|---|---|---|---|
@@ -166,6 +167,7 @@ def leggi_argomenti():
     misura.add_argument("--giri", type=int, default=GIRI)
     misura.add_argument("--secondi", type=int)
     misura.add_argument("--riduci", action="store_true")
+    argomenti.add_argument("--interi", action="store_true")
     argomenti.add_argument("--insieme", type=int, default=os.cpu_count())
     argomenti.add_argument("--scrivi", action="store_true")
     return argomenti.parse_args()
@@ -184,7 +186,7 @@ def main():
                 print(detto, flush=True)
             return
         def misura(nome):
-            giri = max(1, argomenti.giri // LENTI.get(nome, 1))
+            giri = max(1, argomenti.giri // (1 if argomenti.interi else LENTI.get(nome, 1)))
             # Short ones are a check of every change: they go the same ways each time.
             return [f"-max_total_time={argomenti.secondi}", "-seed=1"] if argomenti.secondi else [f"-runs={giri}"]
 
