@@ -67,6 +67,9 @@ private Q_SLOTS:
         QCOMPARE(Testo_Di(*form, "lbl_0"), radice + u'\\');
         QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(274)));
         QCOMPARE(Testo_Di(*form, "lblTitolo"), Testo_Mctc(Id_Mctc(274)));
+        QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("Ok"));
+        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(Id_Mctc(106)));
+        QCOMPARE(Testo_Di(*form, "cmd_2"), Testo_Mctc(Id_Mctc(275)));
     }
 
     /// A path has no blanks: it goes on in the next line wherever the first one ends.

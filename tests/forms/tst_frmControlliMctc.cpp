@@ -56,6 +56,9 @@ private Q_SLOTS:
         Apri();
         QCOMPARE(Testo_Di(*form, "lbl1"), Testo_Mctc(Id_Mctc(158)));
         QVERIFY(Visibile(*form, "lbl1"));
+        QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(158)));
+        QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("Ok"));
+        QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(Id_Mctc(106)));
         QCOMPARE(Widget_Di(*form, "lbl1")->y(), Controllo_Di(0)->y()); // at the top, beside the rows
         for (int riga = 0; riga < RIGHE; ++riga) {
             const QRect posto =

@@ -550,6 +550,7 @@ private Q_SLOTS:
     void pulsanti()
     {
         Apri(false);
+        QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(2)));
         QCOMPARE(Testo_Di(*form, "cmd_0"), Testo_Mctc(Id_Mctc(113)));
         QCOMPARE(Testo_Di(*form, "cmd_1"), Testo_Mctc(Id_Mctc(114)));
         QCOMPARE(Testo_Di(*form, "cmd_2"), Testo_Mctc(Id_Mctc(7)));

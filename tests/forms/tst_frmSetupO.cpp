@@ -1065,6 +1065,8 @@ private Q_SLOTS:
         }
         QCOMPARE(Testo_Di(*form, "lblDes_0"), Testo_Mctc(Id_Mctc(32)));
         QCOMPARE(Testo_Di(*form, "lblDes_1"), Testo_Mctc(Id_Mctc(31)));
+        QCOMPARE(form->Caption(), Testo_Mctc(Id_Mctc(1)));
+        QCOMPARE(Testo_Di(*form, "cmd_0"), QStringLiteral("Ok"));
         QCOMPARE(Testo_Di(*form, "cmd_1"), QStringLiteral("Periodic verification"));
         QVERIFY(!Abilitato(*form, "lblDes_0")); // the locks do not move
         QVERIFY(!Etichetta_Di(PRIMO_LUX)->isEnabled());

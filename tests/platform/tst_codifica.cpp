@@ -54,6 +54,7 @@ private Q_SLOTS:
         QTest::newRow("control that has no byte") << QStringLiteral("\u0080\u0099") << QByteArray("??");
         QTest::newRow("outside the base plane is one character")
             << QStringLiteral("a\U0001F600b") << QByteArray("a?b");
+        QTest::newRow("a pair at the end") << QStringLiteral("a\U0001F600") << QByteArray("a?");
         QTest::newRow("half a pair, high") << QString(QChar(0xD83D)) + u'b' << QByteArray("?b");
         QTest::newRow("half a pair, low") << QString(QChar(0xDE00)) + u'b' << QByteArray("?b");
         QTest::newRow("half a pair at the end") << QString(u'b' + QString(QChar(0xD83D))) << QByteArray("b?");

@@ -608,6 +608,17 @@ private Q_SLOTS:
         QTEST(QFile::exists(m_stazione.Nativo(cartella + nome)), "resta");
     }
 
+    /// Nor do they stay where the file's own name begins with a point.
+    void gliAvanziDiUnFileNascosto()
+    {
+        const QString nome = Cartella_Nuova() + QStringLiteral(".prova.ini");
+        const QString avanzo = nome + QStringLiteral(".aBcDeF");
+        m_stazione.Scrivi(avanzo, "[A]\r\nX=");
+        QVERIFY(Invecchia(m_stazione.Nativo(avanzo), 25));
+        QVERIFY(Scrivi(QStringLiteral("X"), QStringLiteral("9"), m_stazione.Percorso(nome)));
+        QVERIFY(!QFile::exists(m_stazione.Nativo(avanzo)));
+    }
+
     /// A folder of thousands of files is not searched at each write.
     void gliAvanziSiCercanoUnaVoltaAlGiorno()
     {
