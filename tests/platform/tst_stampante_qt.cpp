@@ -254,6 +254,8 @@ private Q_SLOTS:
         QTest::newRow("Courier New grassetto")
             << QStringLiteral("Courier New") << 12.0F << true << 1440.0 << 0.5;
         QTest::newRow("Arial") << QStringLiteral("Arial") << 10.0F << false << 1112.3 << 0.1;
+        QTest::newRow("una che la macchina ha")
+            << QStringLiteral("Liberation Mono") << 10.0F << false << 1200.0 << 0.5;
         QTest::newRow("Arial Black") << QStringLiteral("Arial Black") << 16.0F << false << 2134.0 << 4.0;
     }
     void larghezzeDeiCaratteri()
