@@ -36,7 +36,7 @@ qint32 Altezza_Per(const QString &testo)
 qint32 Pulsante_Per(qint32 altezza)
 {
     if (altezza <= FORM_BASSO)
-        return std::clamp(altezza / 5, 360, 480);
+        return std::max(altezza / 5, 360);
     return std::clamp((altezza - 100 - ELENCO_MARGINE - ELENCO_CIMA - ELENCO_MINIMO) / 2, 360, 900);
 }
 
