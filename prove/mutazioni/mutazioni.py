@@ -220,10 +220,10 @@ Written by `prove/mutazioni/mutazioni.py {' '.join(argomenti)}`. Small changes i
 condition turned round, a constant, a statement that is gone, two arguments of a type in each other's place. {trovati} can
 be made; of a random sample of {giudicati}, {scartati} do not compile and are not counted. A mutant is killed when a test that
 executes its line fails, dies or takes five times as long; asked are the tests of `build/dev` but for those that start
-another program and those that go through every form for minutes, and the end-to-end test of the program's start. Without effect: a survivor that no test could
-tell from the original, named in `prove/mutazioni/senza_effetto.txt` with the reason. Score: killed of those that have
-an effect. Lines and branches: what these tests execute of the source, by gcovr, without the ways that only an
-exception takes.
+another program and those that go through every form for minutes, and the end-to-end test of the program's start.
+Without effect: a survivor that no test could tell from the original, named in `prove/mutazioni/senza_effetto.txt` with
+the reason. Score: killed of those that have an effect. Lines and branches: what these tests execute of the source, by
+gcovr, without the ways that only an exception takes.
 
 | folder | mutants | killed | survived | without effect | score | lines | branches |
 |---|---|---|---|---|---|---|---|
