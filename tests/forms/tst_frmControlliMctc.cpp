@@ -151,6 +151,7 @@ private Q_SLOTS:
             Premi(*form, modo.toLatin1().constData());
         QVERIFY(!form->Caricato());
         QCOMPARE(Ini(), prima);
+        QCOMPARE(form->lbl.UBound(), qint16{0}); // the rows have gone with it
         form->Mostra();
         QVERIFY(Attiva(*form));
         QCOMPARE(Combo(0)->currentIndex(), 0);
