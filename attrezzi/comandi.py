@@ -4,23 +4,29 @@ was found clean, because each look takes seconds."""
 import concurrent.futures
 import hashlib
 import json
+import math
 import os
 import re
 import shlex
+import time
 from pathlib import Path
 
 RADICE = Path(__file__).resolve().parents[1]
 INCLUSIONE = re.compile(rb'^[ \t]*#[ \t]*include[ \t]*"([^"]+)"', re.M)
 
 
+PRECOMPILATE = re.compile(r"(/\S*)?/cmake_pch\.hxx(\.pch)?$")
+
+
 def senza_precompilati(comando):
-    """The command as it would be if every header were read where it is included: what GCC has read before is of no
-    use to another compiler, and hides what a source forgets to include."""
-    resto, opzioni = [], iter(comando)
-    for opzione in opzioni:
-        if opzione == "-include":
-            file = next(opzioni)
-            resto += [] if file.endswith("cmake_pch.hxx") else [opzione, file]
+    """The command as it would be if every header were read where it is included: what a compiler has read before is of
+    no use to another, and hides what a source forgets to include."""
+    resto = []
+    for opzione in comando:
+        if PRECOMPILATE.search(opzione):
+            # Clang has "-Xclang" before the option and before its file.
+            while resto[-1] in ("-include", "-include-pch", "-Xclang"):
+                resto.pop()
         elif opzione != "-Winvalid-pch":
             resto.append(opzione)
     return resto
@@ -71,19 +77,26 @@ def impronta(sorgente, comando, noti):
     return giudizio.hexdigest()
 
 
-def guarda_tutti(scelti, comandi, noti, puliti, guarda):
+def guarda_tutti(scelti, comandi, noti, puliti, guarda, minuti=math.inf):
     """Looks at sources side by side and prints what is complained of. A source that was clean is asked again only when
     it changes, or a header of ours that it reads, or the way it is judged.
 
     @param puliti folder with an empty file for each clean source, named after all that it depends on.
     @param guarda called with source, build folder and command, gives the complaints, empty when it is clean.
+    @param minuti after which none is begun any more.
     @return how many sources have complaints.
     """
     puliti.mkdir(parents=True, exist_ok=True)
     for sorgente in scelti:
         file_inclusi(sorgente, noti)
 
+    fine = time.monotonic() + 60 * minuti
+    saltati = []
+
     def uno(sorgente):
+        if time.monotonic() > fine:
+            saltati.append(sorgente)
+            return ""
         cartella, comando = comandi[sorgente]
         pulito = puliti / impronta(sorgente, comando, noti)
         lamento = "" if pulito.exists() else guarda(sorgente, cartella, comando)
@@ -96,5 +109,5 @@ def guarda_tutti(scelti, comandi, noti, puliti, guarda):
         for lamento in filter(None, mani.map(uno, scelti)):
             print(lamento, flush=True)
             guasti += 1
-    print(f"{len(scelti)} sources, {guasti} with complaints")
+    print(f"{len(scelti) - len(saltati)} sources, {guasti} with complaints; {len(saltati)} not looked at")
     return guasti

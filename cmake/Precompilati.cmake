@@ -1,9 +1,8 @@
 # Headers of Qt and of the language that are read once for a set of flags instead of in every source: half of what
 # a build costs. Who may see which Qt stays as each target links it; a source includes what it uses all the same,
 # and the release, which is built without, fails on one that does not (the tests': attrezzi/inclusioni.py).
-# Only GCC's are known to be right here, and a fuzzer's flags are its own.
-option(LUMIRA_PRECOMPILATI "Read the headers of Qt once for all sources (GCC)" ON)
-if(NOT LUMIRA_PRECOMPILATI OR NOT CMAKE_CXX_COMPILER_ID STREQUAL GNU OR LUMIRA_FUZZ)
+option(LUMIRA_PRECOMPILATI "Read the headers of Qt once for all sources (GCC, clang)" ON)
+if(NOT LUMIRA_PRECOMPILATI OR NOT CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   return()
 endif()
 
@@ -29,9 +28,10 @@ function(lumira_librerie_viste elenco bersaglio)
   set(${elenco} ${viste} PARENT_SCOPE)
 endfunction()
 
-# What the test library gives each folder of tests its name with: it would make one set of flags of every folder.
-function(lumira_senza_cartella_prove bersaglio)
-  target_compile_options(${bersaglio} PRIVATE -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR)
+# One set of flags for all tests: without what the test library gives each folder of them its name with, and left as
+# they are written, for a test runs once where it was built.
+function(lumira_come_prova bersaglio)
+  target_compile_options(${bersaglio} PRIVATE -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR $<$<CONFIG:Release>:-O0>)
 endfunction()
 
 # lumira_precompilati(KIND LIB ...): the read headers of a kind of source.
@@ -50,8 +50,8 @@ lumira_precompilati(finestre Qt6::Widgets)
 if(BUILD_TESTING)
   lumira_precompilati(prove Qt6::Test)
   lumira_precompilati(prove_finestre Qt6::Test Qt6::Widgets)
-  lumira_senza_cartella_prove(precompilati_prove)
-  lumira_senza_cartella_prove(precompilati_prove_finestre)
+  lumira_come_prova(precompilati_prove)
+  lumira_come_prova(precompilati_prove_finestre)
 endif()
 
 # lumira_precompila(TARGET): with the headers of its kind.
@@ -61,14 +61,20 @@ function(lumira_precompila bersaglio)
   if(NOT Qt6::Core IN_LIST viste AND NOT Qt6::Widgets IN_LIST viste AND NOT Qt6::Test IN_LIST viste)
     return() # it has nothing of Qt to read
   endif()
+  get_target_property(con_finestra ${bersaglio} WIN32_EXECUTABLE)
+  if(WIN32 AND con_finestra)
+    return() # of its flags there is one program alone
+  endif()
   set(genere moduli)
   if(Qt6::Test IN_LIST viste)
-    lumira_senza_cartella_prove(${bersaglio})
     # The test library's headers are others where Qt's pictures are at hand without its windows.
     if(Qt6::Widgets IN_LIST viste)
       set(genere prove_finestre)
     elseif(NOT Qt6::Gui IN_LIST viste)
       set(genere prove)
+    endif()
+    if(NOT genere STREQUAL moduli)
+      lumira_come_prova(${bersaglio})
     endif()
   elseif(Qt6::Widgets IN_LIST viste)
     set(genere finestre)

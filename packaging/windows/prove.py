@@ -42,6 +42,13 @@ def leggi_saltate():
     return saltate
 
 
+def prepara(macchina):
+    """Makes what Wine keeps for one machine. @return whether it is there: no program has to wait for it then."""
+    return subprocess.run([WINE, "cmd", "/c", "exit"], env=dict(os.environ, WINEPREFIX=macchina, LC_ALL="C.UTF-8"),
+                          stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                          stderr=subprocess.DEVNULL).returncode == 0
+
+
 def totali(riusciti, falliti, saltati):
     return f"Totals: {riusciti} passed, {falliti} failed, {saltati} skipped"
 
@@ -121,9 +128,13 @@ def prova(exe, macchina, saltate):
 def main():
     saltate = leggi_saltate()
     caratteri.presta(CARATTERI)
+    macchine = [PREFISSO + (f"-{numero + 1}" if numero else "") for numero in range(MACCHINE)]
+    with concurrent.futures.ThreadPoolExecutor(MACCHINE) as insieme:
+        if not all(insieme.map(prepara, macchine)):
+            sys.exit(f"FAIL: Wine makes no machine, see {PREFISSO}.log")
     libere = queue.SimpleQueue()
-    for numero in range(MACCHINE):
-        libere.put(PREFISSO + (f"-{numero + 1}" if numero else ""))
+    for macchina in macchine:
+        libere.put(macchina)
 
     def su_una_macchina(exe):
         macchina = libere.get()

@@ -13,21 +13,24 @@ export WINEPREFIX WINEDEBUG
 # Neither Mono nor Gecko is offered for installation: the program uses none of them.
 export WINEDLLOVERRIDES="mscoree=;mshtml="
 
+MASSIMO=120 # seconds that the making of a machine may take, some ten when nothing else is done
+
 # A Windows machine has the two families of the screens; Wine is told of those of the same widths.
 sostituisci() {
-    wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$1" /t REG_SZ /d "$2" /f
+    timeout "$MASSIMO" wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$1" /t REG_SZ /d "$2" /f
 }
 # A workshop has a network: \\localhost\condivisa, with a folder in it.
 prepara() {
-    wineboot -i && mkdir -p "$WINEPREFIX/dosdevices/unc/localhost/condivisa/cartella" && sostituisci "Arial" "Liberation Sans" && sostituisci "Courier New" "Liberation Mono" &&
-        wineserver -w
+    timeout "$MASSIMO" wineboot -i && mkdir -p "$WINEPREFIX/dosdevices/unc/localhost/condivisa/cartella" &&
+        sostituisci "Arial" "Liberation Sans" && sostituisci "Courier New" "Liberation Mono" &&
+        timeout "$MASSIMO" wineserver -w
 }
 
-# On a busy computer the making of a machine breaks off now and then; half made it is of no use.
+# On a busy computer the making of a machine breaks off now and then, or does not end; half made it is of no use.
 prepara_intero() {
     for _ in 1 2 3; do
         prepara && return
-        wineserver -k || true
+        timeout "$MASSIMO" wineserver -k || true
         rm -rf "$WINEPREFIX"
     done
     return 1
@@ -46,7 +49,8 @@ prepara_lingua() {
     case ${LC_ALL:-} in
         *_*.UTF-8) [ -d "$LOCPATH/$LC_ALL" ] || prepara_lingua ;;
     esac
-    [ -f "$WINEPREFIX/system.reg" ] || prepara_intero
+    # What Wine leaves running does not keep the others waiting: the lock is not handed on.
+    [ -f "$WINEPREFIX/system.reg" ] || prepara_intero 9>&-
 ) 9>"$WINEPREFIX.lock" >"$WINEPREFIX.log" 2>&1
 
 percorso=
