@@ -9,6 +9,7 @@ if(LUMIRA_AVVISI_ERRORI)
   target_compile_options(lumira_opzioni INTERFACE -Werror)
 endif()
 if(LUMIRA_SANITIZZATORI)
+  target_compile_definitions(lumira_opzioni INTERFACE LUMIRA_SANITIZZATORI) # each compiler has its own word for it
   target_compile_options(lumira_opzioni INTERFACE -fsanitize=address,undefined
                          -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   target_link_options(lumira_opzioni INTERFACE -fsanitize=address,undefined)

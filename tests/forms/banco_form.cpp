@@ -9,7 +9,7 @@
 #include <QTest>
 #include <QTimer>
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(LUMIRA_SANITIZZATORI)
 #include <sanitizer/lsan_interface.h>
 #else
 // NOLINTBEGIN(bugprone-reserved-identifier) -- the sanitizer's own names
