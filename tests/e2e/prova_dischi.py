@@ -82,8 +82,14 @@ class Dischi(ProvaStazione):
 
     def dopo_uno_sguardo(self):
         """The list compares what it finds with its last look: it needs one, which comes by itself."""
-        da = time.monotonic() + 1  # the listings of its opening lie before
-        operatore.attendi(lambda: any(nome == "readdir" and inizio > da for nome, _, inizio, _ in self.disco.chiamate()))
+        da = time.monotonic()
+
+        def due_volte():
+            # Where the machine is busy the listings of its opening come late: a beat is what comes again.
+            inizi = [inizio for nome, _, inizio, _ in self.disco.chiamate() if nome == "readdir" and inizio > da + 1]
+            return bool(inizi) and max(inizi) > min(inizi) + 1
+
+        operatore.attendi(due_volte)
 
     def posto_dello_stato(self, programma):
         """Where the state of the folder stands on the screen, as the tools for pictures want it."""
