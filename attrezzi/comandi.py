@@ -13,9 +13,7 @@ from pathlib import Path
 
 RADICE = Path(__file__).resolve().parents[1]
 INCLUSIONE = re.compile(rb'^[ \t]*#[ \t]*include[ \t]*"([^"]+)"', re.M)
-
-
-PRECOMPILATE = re.compile(r"(/\S*)?/cmake_pch\.hxx(\.pch)?$")
+PRECOMPILATE = re.compile(r"/cmake_pch\.hxx(\.pch)?$")
 
 
 def senza_precompilati(comando):

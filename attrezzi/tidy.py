@@ -57,7 +57,7 @@ def dal_piu_recente(sorgenti):
 
 
 def main(argomenti):
-    if not argomenti:
+    if not argomenti or argomenti == ["--recenti"]:
         raise SystemExit(__doc__)
     comandi, noti = leggi_comandi(), {}
     scrivi_elenchi(comandi)

@@ -131,7 +131,7 @@ def main():
     macchine = [PREFISSO + (f"-{numero + 1}" if numero else "") for numero in range(MACCHINE)]
     with concurrent.futures.ThreadPoolExecutor(MACCHINE) as insieme:
         if not all(insieme.map(prepara, macchine)):
-            sys.exit(f"FAIL: Wine makes no machine, see {PREFISSO}.log")
+            sys.exit(f"FAIL: Wine makes no machine, see {PREFISSO}*.log")
     libere = queue.SimpleQueue()
     for macchina in macchine:
         libere.put(macchina)
