@@ -53,8 +53,9 @@ constexpr DWORD EVENTI_ATTESI = EV_BREAK | EV_ERR | EV_CTS | EV_DSR | EV_RLSD | 
 class Operazione
 {
 public:
-    Operazione() : m_evento(CreateEventW(nullptr, TRUE, FALSE, nullptr)), m_avviso(m_evento)
+    Operazione() : m_evento(CreateEventW(nullptr, TRUE, FALSE, nullptr))
     {
+        m_avviso.setHandle(m_evento);
         QObject::connect(&m_avviso, &QWinEventNotifier::activated, &m_avviso, [this] { Arrivata(); });
     }
     ~Operazione()
@@ -72,6 +73,7 @@ public:
         m_stato = {};
         m_stato.hEvent = m_evento;
         ResetEvent(m_evento);
+        m_avviso.setEnabled(true);
         m_inCorso = chiamata(&m_stato) != FALSE || GetLastError() == ERROR_IO_PENDING;
         return m_inCorso;
     }
@@ -87,12 +89,14 @@ public:
         return true;
     }
     /// Gives the call up. The system uses its structure and its bytes until it has ended, so that is waited
-    /// for: it ends at once.
+    /// for: it ends at once. Nobody is told of that end: the notifier goes with its control, and Wine's
+    /// thread that has just seen the event would still call it then.
     void Annulla()
     {
         if (!m_inCorso)
             return;
         DWORD trattati = 0;
+        m_avviso.setEnabled(false);
         CancelIoEx(m_porta, &m_stato);
         GetOverlappedResult(m_porta, &m_stato, &trattati, TRUE);
         m_inCorso = false;
@@ -106,7 +110,7 @@ private:
     void Arrivata()
     {
         if (!m_inCorso)
-            return; // a call given up meanwhile
+            return; // a call that had its end at once
         DWORD trattati = 0;
         const bool riuscita = GetOverlappedResult(m_porta, &m_stato, &trattati, FALSE) != FALSE;
         const DWORD errore = riuscita ? ERROR_SUCCESS : GetLastError();

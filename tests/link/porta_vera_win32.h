@@ -26,6 +26,7 @@ public:
     QList<DWORD> Svuotate;  ///< queues dropped, as PurgeComm names them
     bool Piena = false;     ///< what is written waits until somebody gives it up
     bool Muta = false;      ///< reads and waits for events wait until somebody ends them
+    bool Lenta = false;     ///< to give a call up takes a moment longer than its end
     DWORD CodaIngresso = 0; ///< bytes that the driver was asked to hold
     QStringList Nomi;       ///< of the ports asked for
 

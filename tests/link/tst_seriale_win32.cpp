@@ -31,6 +31,19 @@ constexpr uint STATO_NON_VALIDO = 0xC0000184U; // ERROR_BAD_COMMAND
 constexpr uint RIMOSSO = 0xC00002B6U;          // ERROR_DEVICE_REMOVED
 constexpr uint NON_RIUSCITA = 0xC0000001U;     // ERROR_GEN_FAILURE
 
+/// Counts the ends of calls that the form loop is told of.
+class ContaAvvisi : public QObject
+{
+public:
+    int Avvisi = 0;
+    bool eventFilter(QObject *, QEvent *evento) override
+    {
+        if (evento->type() == QEvent::WinEventAct)
+            ++Avvisi;
+        return false;
+    }
+};
+
 } // namespace
 
 class tst_seriale_win32 : public QObject
@@ -78,6 +91,7 @@ private Q_SLOTS:
     void adattatoreToltoDuranteLApertura();
     void letturaAbbandonataNonPerdeLaLinea();
     void controlloDistruttoNonLasciaManiglie();
+    void chiusaNonAvvisaDiCioCheAbbandona();
 
 private:
     void Apri(qint16 numero = PORTA);
@@ -640,6 +654,30 @@ void tst_seriale_win32::controlloDistruttoNonLasciaManiglie()
     m_porta.reset();
     QCOMPARE(porta.Aperte(), qsizetype(0));
     QCOMPARE(porta.Eventi(), qsizetype(0));
+}
+
+/// A session closes its line and lets go of the control at once: what is told of it then finds no control.
+void tst_seriale_win32::chiusaNonAvvisaDiCioCheAbbandona()
+{
+    ContaAvvisi conta;
+    qApp->installEventFilter(&conta);
+    PortaVera porta;
+    Apri();
+    porta.Muta = true;
+    Verifica_Eco("x");
+    QVERIFY(porta.In_Lettura());
+    QTRY_VERIFY(conta.Avvisi > 0); // of the echo
+    porta.Lenta = true;
+    conta.Avvisi = 0;
+    m_porta->PortOpen(false);
+    const QDeadlineTimer unPo(200);
+    QTRY_VERIFY(unPo.hasExpired());
+    QCOMPARE(conta.Avvisi, 0);
+
+    porta.Muta = false;
+    porta.Lenta = false;
+    Apri();
+    Verifica_Eco("dopo");
 }
 
 QTEST_GUILESS_MAIN(tst_seriale_win32)
