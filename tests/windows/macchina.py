@@ -15,6 +15,7 @@ COSTRUZIONE = RADICE / "build" / "windows"
 CONSEGNA = COSTRUZIONE / "consegna"  # the station folder as it is delivered
 
 TEMPO = 300  # seconds for a program that ends by itself
+MASSIMO_ERRORI = 4000  # bytes of what a failed one has said
 
 
 class Macchina:
@@ -53,16 +54,19 @@ class Macchina:
         """Runs a program to its end.
 
         @returns what it wrote on its standard output.
-        @throws AssertionError when its status is another than this one.
+        @throws AssertionError when its status is another than this one, with what it wrote on both.
         """
-        processo = self.avvia(programma, *argomenti, stdout=subprocess.PIPE, **opzioni)
-        try:
-            uscita = processo.communicate(timeout=TEMPO)[0].decode("utf-8", "replace")
-        finally:
-            operatore.ferma_processo(processo)
-        if processo.returncode != stato:
-            raise AssertionError(f"{programma}: {processo.returncode}\n{uscita}")
-        return uscita
+        with tempfile.TemporaryFile() as errori:  # no pipe: the machine would keep it open
+            processo = self.avvia(programma, *argomenti, **({"stderr": errori} | opzioni), stdout=subprocess.PIPE)
+            try:
+                uscita = processo.communicate(timeout=TEMPO)[0].decode("utf-8", "replace")
+            finally:
+                operatore.ferma_processo(processo)
+            if processo.returncode == stato:
+                return uscita
+            errori.seek(0)
+            detto = errori.read(MASSIMO_ERRORI).decode("utf-8", "replace")
+            raise AssertionError(f"{programma}: {processo.returncode}\n{uscita}{detto}")
 
     def collega_porta(self, numero, dispositivo):
         """Gives the machine a COM port: a terminal device of this computer."""

@@ -32,5 +32,6 @@ class AvvioWindows(ProvaFinestre):
         self.assertEqual(self.ini.read_bytes(), prima)
 
     def test_dove_si_scrive_non_dice_niente(self):
-        self.avvia_stazione(self.stazione)
+        programma = self.avvia_stazione(self.stazione)
         self.resta_senza(AVVISO, 3)
+        self.assertIsNone(programma.poll())
