@@ -121,6 +121,6 @@ class Cartelle(ProvaMacchina):
         attendi(lambda: self.finestre.mostra(AVVISO), cosa="messaggio")
         self.schermo.tasto("Return")
         attendi(lambda: not self.finestre.mostra(AVVISO), cosa="messaggio chiuso")
+        attendi(lambda: self.finestre.mostra("lumira"), cosa="menu")
         self.assertIsNone(programma.poll())
-        self.assertTrue(self.finestre.mostra("lumira"))
         self.ferma(programma)
