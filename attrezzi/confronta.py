@@ -48,7 +48,8 @@ SCENARIO = "[VEICOLO1]\nRiposo=1\nProva=1\nAnabSx=0243O#\nAbbSx=0612OO\nAnabDx=0
 
 
 def misura(nome, unita, aim, nostra, metro=(), metro_nome=""):
-    """One line of the table, in the form in which lumira-confronta prints its own too."""
+    """One line of the table, in the form in which lumira-confronta prints its own too. @param aim None for a ratio that
+    only says what stands behind another line."""
     return {
         "nome": nome, "unita": unita, "aim": aim, "nostra": list(nostra), "metro": list(metro), "metro_nome": metro_nome
     }  # fmt: skip
@@ -174,17 +175,53 @@ class Banco:
         self._strumento.spegni()
 
 
-def misura_verdetti(stazione, schermo, giri, nome):
-    banco = Banco(stazione, schermo)
-    try:
+class Metro:
+    """A plain program that runs already and opens a second window over the whole screen when it is asked to."""
+
+    def __init__(self, programma, modo, schermo):
+        self._occhi = Spettatore(schermo)
+        self.processo = avvia_processo([programma, modo], stdin=subprocess.PIPE, env=schermo.ambiente)
+        self._occhi.attendi_quadro(self._occhi.punti(), self.processo)
+
+    def _chiedi(self):
+        self.processo.stdin.write(b"x")
+        self.processo.stdin.flush()
+
+    def apri(self):
+        """Opens the window and closes it again. @returns seconds to its picture, and how many of them it worked."""
+        inizio, lavorato = time.monotonic(), processore(self.processo)
+        self._chiedi()
+        quadro = self._occhi.attendi_quadro(self._occhi.punti(0.02, 0.4), self.processo)
+        self._chiedi()
+        self._occhi.attendi_quadro(self._occhi.punti(), self.processo)
+        return quadro.istante - inizio, quadro.processore - lavorato
+
+    def chiudi(self):
+        ferma_processo(self.processo)
+
+
+def misura_verdetti(stazione, metri, giri, accessibile):
+    """The station and its yardsticks in turn, each on a screen of its own: all of them cover it."""
+    with contextlib.ExitStack() as fine:
+        schermi = [fine.enter_context(acceso(accessibile)) for _ in range(3)]
+        banco = Banco(stazione, schermi[0])
+        fine.callback(banco.chiudi)
+        fogli = []
+        for modo, schermo in zip(("nudo", "scritto"), schermi[1:]):
+            fogli.append(Metro(metri / "metro-esito", modo, schermo))
+            fine.callback(fogli[-1].chiudi)
         tempi = []
-        for _ in range(giri):
-            tempi.append([1000 * secondi for secondi in banco.porta_al_risultato()])
+        for giro in range(giri + 1):
+            di_tutti = [banco.porta_al_risultato(), *(foglio.apri() for foglio in fogli)]
             banco.tasto("Escape")
-    finally:
-        banco.chiudi()
-    for valori, che in zip(zip(*tempi), ("end of the link to the verdict", "processor of that")):
-        yield misura(f"{che}{nome}", "ms", 10, valori)
+            if giro > 0:  # the first finds no letter drawn before
+                tempi.append(di_tutti)
+    nome = ", accessibility on" if accessibile else ""
+    for i, che in enumerate(("end of the link to the verdict", "processor of that")):
+        nostra, nuda, scritta = ([1000 * uno[i] for uno in di_uno] for di_uno in zip(*tempi))
+        yield misura(f"{che}{nome}", "ms", 10, nostra)
+        yield misura(f"{che}{nome}", "ms", None, nostra, nuda, "bare second window")
+        yield misura(f"{che}{nome}", "ms", None, nostra, scritta, "plain second window, as many words")
 
 
 def misura_stampa(stazione, schermo, giri):
@@ -265,10 +302,9 @@ def misura_tutto(scelte):
             yield from misura_avvii(stazione, schermo, scelte.misure / "metro", scelte.giri)
             if scelte.windows:
                 yield from misura_avvii_wine(scelte.windows, schermo, scelte.giri)
-            yield from misura_verdetti(stazione, schermo, scelte.giri, "")
             yield from misura_stampa(stazione, schermo, scelte.giri)
-        with acceso(accessibile=True) as schermo:
-            yield from misura_verdetti(stazione, schermo, scelte.giri, ", accessibility on")
+        for accessibile in (False, True):
+            yield from misura_verdetti(stazione, scelte.misure / "metro", scelte.giri, accessibile)
         with acceso() as schermo:
             yield from misura_lista(stazione, schermo)
     yield from misure_in_processo(scelte.misure / "lumira-confronta", scelte.giri)
@@ -287,9 +323,12 @@ def valore(m, quale):
 def riga(m):
     metro = f"{cifre(m['metro'])} ({m['metro_nome']})" if m["metro"] else "none"
     medio, minimo = valore(m, statistics.median), valore(m, min)
-    esito = "reached" if medio <= m["aim"] else "no"
+    if m["aim"] is None:
+        aim, esito = "none", ""
+    else:
+        aim, esito = f"{m['aim']:g}", "reached" if medio <= m["aim"] else "no"
     misurata = f"{m['nome']}, {m['unita']}"
-    return f"| {misurata} | {cifre(m['nostra'])} | {metro} | {medio:.3g} ({minimo:.3g}) | {m['aim']:g} | {esito} |"
+    return f"| {misurata} | {cifre(m['nostra'])} | {metro} | {medio:.3g} ({minimo:.3g}) | {aim} | {esito} |"
 
 
 def in_breve(m):

@@ -126,13 +126,12 @@ void QuadroSessione::Mostra_Passo(qint16 passo)
     m_passo = passo;
     for (qint16 i = 0; i < PASSI; ++i) {
         Etichetta &etichetta = lblPasso[i];
-        etichetta.Caption((i < passo ? SPUNTA : QString()) + m_nomiPassi[i]);
         const Tinta fondo = i == passo ? FONDO_PRESENTE : i < passo ? FONDO_PASSATO : FONDO_FUTURO;
-        etichetta.BackColor(Numero_Tinta(fondo));
-        etichetta.ForeColor(i == passo  ? COLORE_BIANCO
-                            : i < passo ? COLORE_NERO
-                                        : Numero_Tinta(SCRITTA_FUTURO));
-        etichetta.Bordo();
+        const quint32 scritta = i == passo  ? COLORE_BIANCO
+                                : i < passo ? COLORE_NERO
+                                            : Numero_Tinta(SCRITTA_FUTURO);
+        etichetta.Cella(scritta, Numero_Tinta(fondo));
+        etichetta.Caption((i < passo ? SPUNTA : QString()) + m_nomiPassi[i]);
     }
 }
 

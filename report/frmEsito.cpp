@@ -123,9 +123,6 @@ void frmEsito::Disegno()
         lblTab.Carica(i).Allineamento(Orizzontale::Centro);
         lblTab[i].FontSize(Punti_Normali() * LETTURA_AUTO);
         lblTab[i].FontBold(true);
-        lblTab[i].Bordo();
-        lblTab[i].BackColor(COLORE_NERO);
-        lblTab[i].ForeColor(COLORE_BIANCO);
         lblTab[i].Visible(true);
     }
     for (qint16 i = PulsanteEsci; i <= PulsanteChiudi; ++i)
@@ -139,6 +136,8 @@ void frmEsito::Load()
     Mostra_Verdetto();
     Campi_Imposta();
     Campi_Crea(gCampiEsito, ULTIMA_RIGA, *this);
+    for (qint16 i = 0; i <= ULTIMA_RIGA; ++i)
+        lbl[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     Campi_Applica(gCampiEsito, ULTIMA_RIGA, *this);
     Riempi();
     cmd[PulsanteStampa].SetFocus();
@@ -162,8 +161,8 @@ void frmEsito::Mostra_Verdetto()
 {
     const bool regolare = Riga_Regolare(FarEsito);
     lblTitolo->Posto(ScalaX(300), ScalaY(200), gScreenW - 2 * ScalaX(300), ScalaY(1000));
-    lblTitolo->Caption(Testo_Mctc(regolare ? MctcEsitoRegolare : MctcEsitoIrregolare));
     lblTitolo->BackColor(regolare ? COLORE_VERDE : COLORE_ROSSO);
+    lblTitolo->Caption(Testo_Mctc(regolare ? MctcEsitoRegolare : MctcEsitoIrregolare));
     Caption(lblTitolo->Caption());
 }
 
@@ -197,8 +196,6 @@ void frmEsito::Riempi()
     Intestazioni_Tabella();
     Celle_Mira();
     Celle_Intensita();
-    for (qint16 i = 0; i <= ULTIMA_RIGA; ++i)
-        lbl[i].Allineamento(Orizzontale::Sinistra, Verticale::Basso);
     Pareggia_Scritte();
     Mostra_Tipo(simmetrico);
     Mostra_Veicolo();
@@ -276,7 +273,6 @@ void frmEsito::Intestazioni_Tabella()
     const bool unaRiga = gLingua == u"IT";
     const qint32 cima = unaRiga ? 2000 : 1800;
     for (qint16 i = 0; i < static_cast<qint16>(std::size(TESTI_PAR)); ++i) {
-        lblPar[i].Caption(Testo_Mctc(TESTI_PAR[i]));
         if (i < COLONNE) {
             lblPar[i].Posto(Meta_Schermo() + i * ScalaX(CELLA_LARGA), ScalaY(cima), ScalaX(CELLA_LARGA),
                             ScalaY(CELLE_Y - cima - 20));
@@ -286,6 +282,7 @@ void frmEsito::Intestazioni_Tabella()
             lblPar[i].Posto(Meta_Schermo() - larghezza - ScalaX(150),
                             ScalaY((i - COLONNE) * CELLA_ALTA + CELLE_Y), larghezza, ScalaY(CELLA_ALTA));
         }
+        lblPar[i].Caption(Testo_Mctc(TESTI_PAR[i]));
     }
     for (qint16 i = 0; i < CELLE; ++i) {
         lblTab[i].Posto(Meta_Schermo() + i % COLONNE * ScalaX(CELLA_LARGA),
@@ -298,8 +295,8 @@ void frmEsito::Celle_Mira()
     for (qint16 i = 0; i < CELLE_MIRA; ++i) {
         const RigheFaro &faro = FARI[i % COLONNE];
         const bool regolare = Riga_Regolare(i < COLONNE ? faro.vert : faro.orizz);
-        lblTab[i].Caption(regolare ? QStringLiteral("SI") : QStringLiteral("NO"));
         Colora_Cella(i, regolare);
+        lblTab[i].Caption(regolare ? QStringLiteral("SI") : QStringLiteral("NO"));
     }
 }
 
@@ -309,20 +306,20 @@ void frmEsito::Celle_Intensita()
         const RigheFaro &faro = FARI[i % COLONNE];
         const QString lux = Far_Valore(faro.lux);
         if (lux.isEmpty()) {
+            lblTab[i].Cella(COLORE_BIANCO, COLORE_NERO);
             lblTab[i].Caption(QStringLiteral(" -"));
             continue;
         }
         const float valore = Numero_Singolo(lux);
-        lblTab[i].Caption(Numero_Testo(valore / 1000));
         Colora_Cella(i, Lux_Regolare(valore, faro.fascio));
+        lblTab[i].Caption(Numero_Testo(valore / 1000));
     }
 }
 
 void frmEsito::Colora_Cella(qint16 cella, bool regolare)
 {
-    lblTab[cella].ForeColor(regolare ? COLORE_VERDE : COLORE_ROSSO);
-    if (!regolare)
-        lblTab[cella].Bordo_Evidente(); // an intensity has no word for it
+    // The border of what is out of order stands out: an intensity has no word for it.
+    lblTab[cella].Cella(regolare ? COLORE_VERDE : COLORE_ROSSO, COLORE_NERO, !regolare);
 }
 
 void frmEsito::Paint()

@@ -55,21 +55,21 @@ void Controllo::Height(qint32 twip)
 
 void Controllo::Posto(qint32 left, qint32 top, qint32 width, qint32 height)
 {
+    const bool nuovo = m_width == 0 || m_height == 0;
     m_left = left;
     m_top = top;
     m_width = width;
     m_height = height;
-    Disponi();
-}
-
-void Controllo::Disponi()
-{
     // Edges are mapped, not sizes, so that neighbours meet without a gap.
-    const int x = Pixel_DaTwip(m_left);
-    const int y = Pixel_DaTwip(m_top);
-    const QSize grandezza(Pixel_DaTwip(m_left + m_width) - x, Pixel_DaTwip(m_top + m_height) - y);
-    Fai([&](QWidget &widget) { widget.setGeometry(QRect(QPoint(x, y), grandezza)); });
-    Adatta();
+    const int x = Pixel_DaTwip(left);
+    const int y = Pixel_DaTwip(top);
+    const QSize grandezza(Pixel_DaTwip(left + width) - x, Pixel_DaTwip(top + height) - y);
+    Fai([&](QWidget &widget) {
+        const QSize prima = widget.size();
+        widget.setGeometry(QRect(QPoint(x, y), grandezza));
+        if (nuovo || widget.size() != prima) // who has only moved fits as before
+            Adatta();
+    });
 }
 
 bool Controllo::Visible() const
@@ -94,8 +94,11 @@ void Controllo::Enabled(bool abilitato)
 
 void Controllo::FontSize(double punti)
 {
+    const bool mostrati = Chiedi(
+        false, [punti](const QWidget &widget) { return widget.font().pixelSize() == Pixel_Interi(punti); });
     m_punti = punti;
-    Adatta();
+    if (!mostrati) // what shows at this size has been found to fit in it
+        Adatta();
 }
 
 void Controllo::Adatta()

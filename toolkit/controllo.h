@@ -76,7 +76,6 @@ protected:
     void Adatta();
 
 private:
-    void Disponi();
     int Maggiore_CheEntra(QWidget &widget, int oltre) const;
 
     QPointer<QWidget> m_widget;

@@ -165,6 +165,14 @@ void Etichetta::Bordo_Evidente()
     Colora();
 }
 
+void Etichetta::Cella(quint32 testo, quint32 fondo, bool evidente)
+{
+    m_testo = testo;
+    m_fondo = fondo;
+    m_bordo = evidente ? Evidente : Sottile;
+    Colora();
+}
+
 void Etichetta::Colora()
 {
     const QColor fondo = m_fondo ? Colore_Da(*m_fondo) : Colore_Tema(Tinta::Sfondo);

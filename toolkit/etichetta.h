@@ -30,6 +30,10 @@ public:
     void Bordo();
     /// A thick one in the colour of the text: it stands out also to eyes that do not tell the colours.
     void Bordo_Evidente();
+    /// Colours and border of a table's cell, in one go: a change of the look costs as much as the label
+    /// itself.
+    /// @param evidente  the border stands out; see Bordo_Evidente.
+    void Cella(quint32 testo, quint32 fondo, bool evidente = false);
     /// Where the text stands in the label's place. At first it stands to the left, in the middle.
     void Allineamento(Orizzontale orizzontale, Verticale verticale = Verticale::Mezzo);
     /// A text without blanks, such as a run of hexadecimal digits, is broken wherever the line ends.

@@ -64,6 +64,8 @@ private Q_SLOTS:
     void etichettaColori();
     void etichettaBordo();
     void etichettaBordoEvidente();
+    void etichettaCella();
+    void etichettaSpostataEPoiStretta();
     void etichettaAltezzaDelTesto();
     void etichettaSpezzaOvunque();
     void etichettaAllineamento();
@@ -681,6 +683,52 @@ void tst_controlli::etichettaBordoEvidente()
     QCOMPARE(Punto(etichetta, 0, 20), Colore_Da(COLORE_ROSSO));
     QCOMPARE(Punto(etichetta, 2, 20), Colore_Da(COLORE_ROSSO));
     QCOMPARE(Punto(etichetta, 50, 20), Colore_Da(COLORE_NERO));
+}
+
+// In one go what the single properties make.
+void tst_controlli::etichettaCella()
+{
+    for (const bool evidente : {false, true}) {
+        Etichetta cella(m_finestra.get(), QStringLiteral("cella"));
+        Etichetta singola(m_finestra.get(), QStringLiteral("singola"));
+        for (Etichetta *etichetta : {&cella, &singola}) {
+            etichetta->Posto(0, 0, 1500, 750);
+            etichetta->Visible(true);
+        }
+        cella.Bordo_Evidente(); // a look of before does not stay
+        cella.Cella(COLORE_ROSSO, COLORE_NERO, evidente);
+        cella.Caption(QStringLiteral("NO"));
+        singola.Caption(QStringLiteral("NO"));
+        singola.ForeColor(COLORE_ROSSO);
+        singola.BackColor(COLORE_NERO);
+        evidente ? singola.Bordo_Evidente() : singola.Bordo();
+        QCOMPARE(cella.Widget()->grab().toImage(), singola.Widget()->grab().toImage());
+        QCOMPARE(Punto(cella, 2, 20), Colore_Da(evidente ? COLORE_ROSSO : COLORE_NERO));
+    }
+}
+
+// A place elsewhere leaves the type alone; a narrower one does not, nor does one back to the first.
+void tst_controlli::etichettaSpostataEPoiStretta()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    const double punti = Punti_Normali() * 2;
+    etichetta.FontSize(punti);
+    etichetta.Posto(0, 0, 6000, 750);
+    etichetta.Caption(QStringLiteral("Orientamento orizzontale"));
+    const auto pixel = [&etichetta] { return etichetta.Widget()->font().pixelSize(); };
+    const int intero = pixel();
+    QCOMPARE(intero, Pixel_Interi(punti));
+    etichetta.Left(1500);
+    etichetta.Top(300);
+    QCOMPARE(pixel(), intero);
+    etichetta.Width(900);
+    const int ridotto = pixel();
+    QVERIFY(ridotto < intero);
+    etichetta.FontSize(ridotto / Pixel_DaPunti(1)); // as it shows already: from now on it does not grow
+    etichetta.Width(6000);
+    QCOMPARE(pixel(), ridotto);
+    etichetta.FontSize(punti);
+    QCOMPARE(pixel(), intero);
 }
 
 void tst_controlli::etichettaAltezzaDelTesto()
