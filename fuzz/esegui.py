@@ -41,10 +41,8 @@ LENTI = {  # what is slow gets one run in so many: all targets together are to t
     "fuzz_far": 100,  # a file made into three tables and into objects, 2 ms
     "fuzz_password": 100,  # a copy and two files put in the place of others, 1 ms
     "fuzz_profilo": 20,  # a profile read four times over, 0.3 ms
-    "fuzz_registrazione": 10,  # a log told over again line by line, 0.4 ms
     "fuzz_risposte": 5,  # each byte behind a full buffer is an error that is thrown
     "fuzz_scenario": 20,  # some hundred values of two profiles, 0.3 ms
-    "fuzz_sintassi": 2,  # each line once more by an expression for each rule, 1 ms
     "fuzz_strumento": 100,  # each text that is written is a file put in the place of another, 1 ms
     "fuzz_struttura": 20,  # two files, and their names counted in lists, 0.3 ms
 }
