@@ -66,6 +66,7 @@ private Q_SLOTS:
     void etichettaBordoEvidente();
     void etichettaCella();
     void etichettaSpostataEPoiStretta();
+    void etichettaPostaGrandeComeNasce();
     void etichettaAltezzaDelTesto();
     void etichettaSpezzaOvunque();
     void etichettaAllineamento();
@@ -729,6 +730,18 @@ void tst_controlli::etichettaSpostataEPoiStretta()
     QCOMPARE(pixel(), ridotto);
     etichetta.FontSize(punti);
     QCOMPARE(pixel(), intero);
+}
+
+// Its first place is looked at, also where it is as large as the widget was already.
+void tst_controlli::etichettaPostaGrandeComeNasce()
+{
+    Etichetta etichetta(m_finestra.get(), QStringLiteral("lbl"));
+    etichetta.FontSize(Punti_Normali() * 4);
+    etichetta.Caption(QStringLiteral("Orientamento orizzontale"));
+    const QSize nata = etichetta.Widget()->size();
+    etichetta.Posto(0, 0, Twip_DaPixel(nata.width()), Twip_DaPixel(nata.height()));
+    QCOMPARE(etichetta.Widget()->size(), nata);
+    QVERIFY(etichetta.Widget()->font().pixelSize() < Pixel_Interi(Punti_Normali() * 4));
 }
 
 void tst_controlli::etichettaAltezzaDelTesto()
