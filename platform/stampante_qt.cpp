@@ -10,6 +10,7 @@
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QHash>
 #include <QPageSize>
 #include <QPagedPaintDevice>
 #include <QPainter>
@@ -70,7 +71,13 @@ public:
 
     void FontTransparent(bool trasparente) override { m_trasparente = trasparente; }
     void ForeColor(quint32 colore) override { m_colore = Colore_Da(colore); }
-    void FontName(const QString &nome) override { m_carattere = Carattere_Disponibile(nome); }
+    void FontName(const QString &nome) override
+    {
+        // The page names its family with each text; whether the machine has it is asked once.
+        if (!m_caratteri.contains(nome))
+            m_caratteri.insert(nome, Carattere_Disponibile(nome));
+        m_carattere = m_caratteri.value(nome);
+    }
     void FontSize(float punti) override { m_punti = punti; }
     void FontBold(bool grassetto) override { m_grassetto = grassetto; }
     qint32 TextWidth(const QString &testo) override
@@ -97,6 +104,7 @@ private:
     mutable QPageSize m_carta; // asked of the queue once
     bool m_trasparente = true;
     QColor m_colore = Qt::black;
+    QHash<QString, QFont> m_caratteri;
     QFont m_carattere;
     float m_punti = 10;
     bool m_grassetto = false;

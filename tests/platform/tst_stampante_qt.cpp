@@ -12,6 +12,7 @@
 #include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -24,6 +25,8 @@ constexpr double PUNTI_2MM = 2 / 25.4 * 72;
 /// Longer than the program waits for any one answer, far shorter than for ever.
 constexpr qint64 PAZIENZA = 30000; // ms
 constexpr int ATTESA_FOGLIO = 30000;
+/// Where the library learns where the system bus is. It keeps what it has learnt.
+constexpr char BUS[] = "DBUS_SYSTEM_BUS_ADDRESS";
 
 struct Esito
 {
@@ -34,6 +37,9 @@ struct Esito
 Esito Esegui(const QString &programma, const QStringList &argomenti)
 {
     QProcess processo;
+    auto ambiente = QProcessEnvironment::systemEnvironment();
+    ambiente.remove(QString::fromLatin1(BUS)); // the scheduler has its own reasons to ask it
+    processo.setProcessEnvironment(ambiente);
     processo.setProcessChannelMode(QProcess::MergedChannels);
     processo.start(programma, argomenti);
     if (!processo.waitForFinished())
@@ -44,7 +50,7 @@ Esito Esegui(const QString &programma, const QStringList &argomenti)
 /// Runs an administration command of the scheduler.
 bool Amministra(const char *comando)
 {
-    QStringList parole = QString::fromLatin1(comando).split(u' ');
+    QStringList parole = QString::fromUtf8(comando).split(u' ');
     const QString programma = parole.takeFirst();
     return Esegui(programma, parole).stato == 0;
 }
@@ -163,6 +169,8 @@ private Q_SLOTS:
         qputenv("CUPS_SERVER", QFile::encodeName(Cartella("cups.sock")));
         qputenv("CUPS_SERVERROOT", QFile::encodeName(Cartella("lavoro")));
         qputenv("HOME", QFile::encodeName(dir.path())); // no printer options of whoever runs this
+        // Whoever asks the bus leaves this file.
+        qputenv(BUS, "unixexec:path=/usr/bin/touch,argv1=" + QFile::encodeName(Cartella("cercato")));
         for (const char *strumento : {"pdftotext", "pdftoppm", "pdfinfo"}) {
             if (QStandardPaths::findExecutable(QString::fromLatin1(strumento)).isEmpty())
                 QSKIP("pdftotext, pdftoppm or pdfinfo is missing (poppler-utils)");
@@ -176,7 +184,11 @@ private Q_SLOTS:
             QSKIP(qPrintable(esito.uscita));
         QVERIFY2(esito.stato == 0, qPrintable(esito.uscita));
     }
-    void cleanup() { Ferma(); }
+    void cleanup()
+    {
+        Ferma();
+        QDir(Cartella(".cups")).removeRecursively(); // what lpoptions has chosen
+    }
 
     // --- queues -------------------------------------------------------------------------------------------
 
@@ -214,6 +226,50 @@ private Q_SLOTS:
         QCOMPARE(sistema.Printer()->DeviceName(), QStringLiteral("Rapporto"));
         QVERIFY(Amministra("cupsaccept Rapporto"));
         QCOMPARE(sistema.Count(), qint16{2});
+    }
+
+    void predefinitaDiChiLavora_data()
+    {
+        QTest::addColumn<QString>("comando");
+        QTest::addColumn<QByteArray>("variabile");
+        QTest::newRow("scelta con lpoptions") << QStringLiteral("lpoptions -d Altra") << QByteArray();
+        QTest::newRow("scelta nell'ambiente") << QStringLiteral("lpstat -r") << QByteArrayLiteral("Altra");
+    }
+    /// It goes before the default of the machine.
+    void predefinitaDiChiLavora()
+    {
+        QFETCH(QString, comando);
+        QFETCH(QByteArray, variabile);
+        QVERIFY(Amministra("lpadmin -p Altra -E -v file:/dev/null"));
+        QVERIFY(Amministra(qUtf8Printable(comando)));
+        if (!variabile.isEmpty())
+            qputenv("LPDEST", variabile);
+        const auto rimetti = qScopeGuard([] { qunsetenv("LPDEST"); });
+        QCOMPARE(Stampante()->DeviceName(), QStringLiteral("Altra"));
+        QCOMPARE(SistemaStampaQt().Count(), qint16{2});
+    }
+
+    /// What was chosen has been taken away since.
+    void predefinitaCheNonCePiu()
+    {
+        QVERIFY(Amministra("lpadmin -p Altra -E -v file:/dev/null"));
+        QVERIFY(Amministra("lpoptions -d Altra"));
+        QVERIFY(Amministra("lpadmin -x Altra"));
+        QVERIFY(Stampante() == nullptr);
+        QCOMPARE(SistemaStampaQt().Count(), qint16{1});
+    }
+
+    /// Looking for printers on the network takes a quarter of a second each time, with the window standing
+    /// still: who looks there asks the system bus for whoever knows of them.
+    void nessunoCercaNellaRete()
+    {
+        QFile::remove(Cartella("cercato")); // of a test whose queue was nowhere else
+        const auto stampante = Stampante();
+        QCOMPARE(SistemaStampaQt().Printers(0)->Width(), 11906);
+        Scrivi(*stampante, TESTI_FOGLIO[0]);
+        stampante->EndDoc();
+        QVERIFY(!Attendi_Foglio().isEmpty());
+        QVERIFY(!QFile::exists(Cartella("cercato")));
     }
 
     void cartaDellaCoda_data()
@@ -336,6 +392,39 @@ private Q_SLOTS:
                 QVERIFY2(qAbs(scarto) <= PUNTI_2MM,
                          qPrintable(QStringLiteral("%1: %2 pt").arg(parola).arg(scarto)));
         }
+    }
+
+    void codaDiOgniNome_data()
+    {
+        QTest::addColumn<QStringList>("comandi");
+        QTest::addColumn<QString>("coda");
+        QTest::addColumn<qint32>("larghezza");
+        const QString strana = QString::fromUtf8("Città%20;&è");
+        const QString crea = QStringLiteral("lpadmin -p %1 -E -v carta:/%2 -o PageSize=Letter -P "
+                                            "/usr/share/ppd/cupsfilters/Generic-PDF_Printer-PDF.ppd");
+        QTest::newRow("lettere di ogni sorta")
+            << QStringList(crea.arg(strana, dir.path())) << strana << 12240;
+        QTest::newRow("una classe") << QStringList{QStringLiteral("lpadmin -p Rapporto -c Officina"),
+                                                   QStringLiteral("cupsaccept Officina"),
+                                                   QStringLiteral("cupsenable Officina")}
+                                    << QStringLiteral("Officina") << 11906; // a class tells no paper
+    }
+    void codaDiOgniNome()
+    {
+        QFETCH(QStringList, comandi);
+        QFETCH(QString, coda);
+        QFETCH(qint32, larghezza);
+        for (const QString &comando : comandi)
+            QVERIFY(Amministra(qUtf8Printable(comando)));
+        QVERIFY(Amministra(qUtf8Printable(QStringLiteral("lpadmin -d ") + coda)));
+        const auto stampante = Stampante();
+        QVERIFY(stampante != nullptr);
+        QCOMPARE(stampante->DeviceName(), coda);
+        QCOMPARE(stampante->Width(), larghezza);
+        QCOMPARE(SistemaStampaQt().Count(), qint16{2});
+        Scrivi(*stampante, TESTI_FOGLIO[0]);
+        stampante->EndDoc();
+        QVERIFY(!Attendi_Foglio().isEmpty());
     }
 
     void lineeStampate()
