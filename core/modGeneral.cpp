@@ -117,7 +117,7 @@ qint32 File_Leggi(const QString &percorso, QString &testo)
 
 QString Lingua_Id(qint16 id)
 {
-    return QStringLiteral("%1").arg(id, 3, 10, QChar(u'0'));
+    return QString::number(id).rightJustified(3, u'0');
 }
 
 void Carica_Lingua(const QString &file, qint16 ultimo, QStringList &tabella)

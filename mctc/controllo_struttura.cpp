@@ -20,8 +20,8 @@ constexpr qsizetype LUNGHEZZA_NOME = 8;
 /// A section head: its places in the text.
 struct Testa
 {
-    qsizetype aperta = -1;
-    qsizetype chiusa = -1;
+    qsizetype aperta;
+    qsizetype chiusa;
 
     QStringView Nome(const QString &testo) const
     {
@@ -32,16 +32,11 @@ struct Testa
 /// The first head from a place on: a "[" and the first "]" behind it, with no other "[" between.
 std::optional<Testa> Prossima_Testa(const QString &testo, qsizetype da)
 {
-    Testa testa;
-    for (qsizetype i = da; i < testo.size(); ++i) {
-        if (testo[i] == u'[') {
-            testa.aperta = i;
-        } else if (testo[i] == u']' && testa.aperta >= 0) {
-            testa.chiusa = i;
-            return testa;
-        }
-    }
-    return std::nullopt;
+    const qsizetype prima = testo.indexOf(u'[', da);
+    const qsizetype chiusa = prima < 0 ? -1 : testo.indexOf(u']', prima);
+    if (chiusa < 0)
+        return std::nullopt;
+    return Testa{testo.lastIndexOf(u'[', chiusa), chiusa};
 }
 
 /// A file that is compared: its text and its section names.

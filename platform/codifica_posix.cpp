@@ -37,13 +37,14 @@ QString Testo_DaAnsi(const QByteArray &byte)
 
 QByteArray Testo_InAnsi(const QString &testo)
 {
-    QByteArray byte;
-    byte.reserve(testo.size());
+    QByteArray byte(testo.size(), Qt::Uninitialized);
+    auto *fine = byte.begin();
     for (qsizetype i = 0; i < testo.size(); ++i) {
         // A pair of surrogates is one character, and so one "?".
         if (testo[i].isHighSurrogate() && i + 1 < testo.size() && testo[i + 1].isLowSurrogate())
             ++i;
-        byte.append(Byte_Di(testo[i].unicode()));
+        *fine++ = Byte_Di(testo[i].unicode());
     }
+    byte.truncate(fine - byte.begin());
     return byte;
 }

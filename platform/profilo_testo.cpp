@@ -67,16 +67,20 @@ QString Nome_DaByte(QByteArrayView nome)
     return Nome_DaAnsi(Senza_Bianchi(nome));
 }
 
-/// A section or key as the caller gives it: it ends at a NUL and loses spaces, only spaces, at both ends.
-QByteArray Nome_Richiesto(const QString &nome)
+/// What a caller gives ends at a NUL.
+QByteArray Byte_Richiesti(const QString &testo)
 {
-    const QByteArray intero = Testo_InAnsi(nome.left(nome.indexOf(QChar(0))));
-    QByteArrayView byte = intero;
-    while (byte.startsWith(' '))
-        byte = byte.sliced(1);
-    while (byte.endsWith(' '))
-        byte.chop(1);
-    return byte.toByteArray();
+    return Testo_InAnsi(testo.left(testo.indexOf(QChar(0))));
+}
+
+/// A section or key that a caller gives loses spaces, only spaces, at both ends.
+QByteArrayView Senza_Spazi(QByteArrayView nome)
+{
+    while (nome.startsWith(' '))
+        nome = nome.sliced(1);
+    while (nome.endsWith(' '))
+        nome.chop(1);
+    return nome;
 }
 
 QString Valore_DaByte(QByteArrayView valore)
@@ -101,8 +105,8 @@ qsizetype Fine_Riga(QByteArrayView byte, qsizetype inizio)
 /// Where the line behind it begins.
 qsizetype Dopo_Riga(QByteArrayView byte, qsizetype fine)
 {
-    const qsizetype segni = byte.sliced(fine).startsWith("\r\n") ? 2 : 1;
-    return std::min(fine + segni, byte.size());
+    const bool due = fine + 1 < byte.size() && byte[fine] == '\r' && byte[fine + 1] == '\n';
+    return std::min(fine + (due ? 2 : 1), byte.size());
 }
 
 Riga Riga_Da(QByteArrayView byte, qsizetype inizio)
@@ -163,26 +167,33 @@ bool Inizio_Riga(QByteArrayView byte, qsizetype posto)
     return posto == 0 || byte[posto - 1] == '\r' || byte[posto - 1] == '\n';
 }
 
+/// Where the blanks in front of a place begin.
+qsizetype Prima_DeiBianchi(QByteArrayView byte, qsizetype posto)
+{
+    while (posto > 0 && Bianco(byte[posto - 1]))
+        --posto;
+    return posto;
+}
+
 } // namespace
 
 QString Nome_DaConfrontare(const QString &nome)
 {
-    return Nome_DaAnsi(Nome_Richiesto(nome));
+    return Nome_DaAnsi(Senza_Spazi(Byte_Richiesti(nome)));
 }
 
 ValoriProfilo::ValoriProfilo(const QByteArray &byte) : m_byte(byte)
 {
     Sezione *aperta = nullptr; // the one that the next head ends: the first of its name
-    for (qsizetype inizio = 0; inizio < byte.size();) {
-        const qsizetype fine = Fine_Riga(byte, inizio);
-        const qsizetype dopo = Dopo_Riga(byte, fine);
-        if (Senza_Bianchi(QByteArrayView(byte).sliced(inizio, fine - inizio)).startsWith('[')) {
-            if (aperta != nullptr)
-                aperta->a = inizio;
-            const QString nome = Riga_Da(byte, inizio).nome;
-            aperta = m_sezioni.contains(nome) ? nullptr : &*m_sezioni.insert(nome, {dopo, byte.size(), {}});
-        }
-        inizio = dopo;
+    for (qsizetype testa = byte.indexOf('['); testa >= 0; testa = byte.indexOf('[', testa + 1)) {
+        const qsizetype inizio = Prima_DeiBianchi(byte, testa);
+        if (!Inizio_Riga(byte, inizio))
+            continue;
+        if (aperta != nullptr)
+            aperta->a = inizio;
+        const Riga riga = Riga_Da(byte, inizio);
+        aperta = m_sezioni.contains(riga.nome) ? nullptr
+                                               : &*m_sezioni.insert(riga.nome, {riga.dopo, byte.size(), {}});
     }
 }
 
@@ -230,15 +241,15 @@ QList<RigaProfilo> Righe_Profilo(QByteArrayView byte)
 QByteArray Profilo_Aggiornato(QByteArray byte, const QString &sezione, const QString &chiave,
                               const QString &valore)
 {
-    const QByteArray nuovo = Testo_InAnsi(valore.left(valore.indexOf(QChar(0))));
+    const QByteArray nuovo = Byte_Richiesti(valore);
     const Posto posto = Posto_Di(byte, Nome_DaConfrontare(sezione), Nome_DaConfrontare(chiave));
     if (posto.chiave) {
         const Riga &riga = *posto.chiave;
         return byte.replace(riga.valore, riga.fine - riga.valore, riga.uguale ? nuovo : '=' + nuovo);
     }
-    QByteArray righe = Nome_Richiesto(chiave) + '=' + nuovo + "\r\n";
+    QByteArray righe = Senza_Spazi(Byte_Richiesti(chiave)).toByteArray() + '=' + nuovo + "\r\n";
     if (!posto.sezione)
-        righe.prepend('[' + Nome_Richiesto(sezione) + "]\r\n");
+        righe.prepend('[' + Senza_Spazi(Byte_Richiesti(sezione)).toByteArray() + "]\r\n");
     const qsizetype dove = posto.sezione ? posto.nuova : byte.size();
     if (!Inizio_Riga(byte, dove))
         righe.prepend("\r\n");
