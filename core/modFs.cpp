@@ -8,6 +8,13 @@
 
 #include <QStringBuilder>
 
+namespace {
+
+/// Files between two turns of the events, where a listing has run them already.
+constexpr qsizetype FIRME_A_TURNO = 200;
+
+} // namespace
+
 Flag Fs_Esiste(const QString &percorso, qint16 attributo)
 {
     if (percorso.isEmpty())
@@ -81,6 +88,8 @@ qint32 Fs_ElencoFirme(const QString &cartella, const QString &maschera, QStringL
         const auto scritturaBassa = static_cast<qint32>(trovato.ftLastWriteTime & 0xFFFFFFFFu);
         firme.append(Fs_TagliaNul(trovato.cFileName) % u" - " % QString::number(accessoAlto) %
                      QString::number(scritturaBassa));
+        if (firme.size() % FIRME_A_TURNO == 0)
+            Eventi_Esegui();
     }
     return Intero32(firme.size() - 1);
 }

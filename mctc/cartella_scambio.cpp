@@ -57,5 +57,6 @@ VeicoliFatti Fatti_Elenca(const QString &cartella, const std::function<void()> &
 
 bool E_Fatto(const VeicoliFatti &fatti, const QString &nomeFile)
 {
-    return fatti.contains(Maiuscole(Fs_Radice(nomeFile)));
+    // A full list asks ten thousand times, and while it does no key is taken up.
+    return !fatti.isEmpty() && fatti.contains(Maiuscole(Fs_Radice(nomeFile)));
 }

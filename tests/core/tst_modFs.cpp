@@ -187,6 +187,21 @@ private Q_SLOTS:
             QVERIFY(QFile::remove(modello.arg(i)));
     }
 
+    /// The poll of a full folder: the keys are taken up between its files, read or written down.
+    void firmeLascianoCorrereGliEventi()
+    {
+        constexpr int QUANTI = 1000;
+        for (int i = 0; i < QUANTI; ++i)
+            m_stazione.Scrivi(QStringLiteral("F\\%1.acc").arg(i), {});
+        QTimer battito;
+        int volte = 0;
+        battito.callOnTimeout([&volte] { ++volte; });
+        battito.start(0);
+        QStringList firme;
+        QCOMPARE(Fs_ElencoFirme(Percorso(u"F\\"), QStringLiteral("*.acc"), firme), QUANTI - 1);
+        QVERIFY2(volte >= 10, qPrintable(QString::number(volte))); // after each two hundred, in both
+    }
+
     void elencoLasciaCorrereGliEventi()
     {
         int eventi = 0;
