@@ -25,6 +25,7 @@ Listen $LAVORO/cups.sock
 Browsing No
 WebInterface No
 LogLevel warn
+AccessLogLevel all
 IdleExitTimeout 0
 <Location />
   Allow all

@@ -24,6 +24,9 @@ inline constexpr QSizeF A4(210, 297);
 /// The queues, none when the print system does not answer within seconds.
 QList<CodaStampa> Code_Elenca();
 
+/// Name of the default queue; empty when there is none. It asks no other queue.
+QString Coda_Predefinita();
+
 /// Default paper of a queue, in millimetres; A4 where the queue does not tell.
 QSizeF Coda_Carta(const QString &nome);
 

@@ -186,6 +186,12 @@ QList<CodaStampa> Code_Elenca()
     return code;
 }
 
+QString Coda_Predefinita()
+{
+    const Collegamento http = Collega();
+    return http ? Predefinita(http) : QString();
+}
+
 QSizeF Coda_Carta(const QString &nome)
 {
     const QByteArray coda = nome.toUtf8();

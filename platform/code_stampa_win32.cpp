@@ -56,13 +56,18 @@ private:
 QList<CodaStampa> Code_Elenca()
 {
     QList<CodaStampa> code;
-    const QString predefinita = QPrinterInfo::defaultPrinterName();
+    const QString predefinita = Coda_Predefinita();
     const QList<QPrinterInfo> trovate = QPrinterInfo::availablePrinters();
     for (const QPrinterInfo &coda : trovate) {
         const QString nome = coda.printerName();
         code.append({nome, nome == predefinita, coda.state() != QPrinter::Error});
     }
     return code;
+}
+
+QString Coda_Predefinita()
+{
+    return QPrinterInfo::defaultPrinterName();
 }
 
 QSizeF Coda_Carta(const QString &nome)

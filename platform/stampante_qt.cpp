@@ -194,20 +194,19 @@ QStringList Code_Pronte()
 
 qint16 SistemaStampaQt::Count() const
 {
-    return Intero16(Code_Pronte().size());
+    m_pronte = Code_Pronte();
+    return Intero16(m_pronte.size());
 }
 
 std::shared_ptr<OggettoStampa> SistemaStampaQt::Printers(qint16 numero) const
 {
-    return std::make_shared<StampanteQt>(Code_Pronte().value(numero));
+    if (numero >= m_pronte.size())
+        m_pronte = Code_Pronte();
+    return std::make_shared<StampanteQt>(m_pronte.value(numero));
 }
 
 std::shared_ptr<OggettoStampa> SistemaStampaQt::Printer() const
 {
-    const QList<CodaStampa> code = Code_Elenca();
-    for (const CodaStampa &coda : code) {
-        if (coda.predefinita)
-            return std::make_shared<StampanteQt>(coda.nome);
-    }
-    return nullptr;
+    const QString nome = Coda_Predefinita();
+    return nome.isEmpty() ? nullptr : std::make_shared<StampanteQt>(nome);
 }

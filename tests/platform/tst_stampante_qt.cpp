@@ -126,6 +126,12 @@ private:
         QFile file(Cartella("lavoro/cupsd.pid"));
         return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().toInt() : -1;
     }
+    /// How often the scheduler has been asked for something.
+    int Volte_Chiesto(QByteArrayView cosa) const
+    {
+        QFile registro(Cartella("lavoro/accessi.log"));
+        return registro.open(QIODevice::ReadOnly) ? static_cast<int>(registro.readAll().count(cosa)) : -1;
+    }
     QStringList Fogli() const
     {
         return QDir(Cartella("uscita")).entryList({QStringLiteral("*.pdf")}, QDir::Files);
@@ -247,6 +253,25 @@ private Q_SLOTS:
         const auto rimetti = qScopeGuard([] { qunsetenv("LPDEST"); });
         QCOMPARE(Stampante()->DeviceName(), QStringLiteral("Altra"));
         QCOMPARE(SistemaStampaQt().Count(), qint16{2});
+    }
+
+    /// A queue may be a printer of another computer, switched off: none is asked twice for one page.
+    void unElencoPerPagina()
+    {
+        constexpr qint16 ALTRE = 5;
+        for (int i = 0; i < ALTRE; ++i)
+            QVERIFY(
+                Amministra(qUtf8Printable(QStringLiteral("lpadmin -p Altra%1 -E -v file:/dev/null").arg(i))));
+        const int prima = Volte_Chiesto("CUPS-Get-Printers");
+        const SistemaStampaQt sistema;
+        QCOMPARE(sistema.Count(), qint16{ALTRE + 1});
+        QCOMPARE(sistema.Printer()->DeviceName(), QStringLiteral("Rapporto"));
+        QStringList nomi;
+        for (qint16 i = 0; i <= ALTRE; ++i)
+            nomi.append(sistema.Printers(i)->DeviceName());
+        QCOMPARE(nomi.count(QStringLiteral("Rapporto")), 1);
+        QCOMPARE(nomi.count(QStringLiteral("Altra4")), 1);
+        QCOMPARE(Volte_Chiesto("CUPS-Get-Printers") - prima, 1);
     }
 
     /// What was chosen has been taken away since.
