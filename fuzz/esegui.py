@@ -74,9 +74,9 @@ Written by `fuzz/esegui.py --scrivi`. Each target gives the system inputs that l
 through the code, from the samples in `fuzz/campioni`, under the address and undefined-behaviour sanitizers. What it
 looks for stands in the first lines of its file: a rule written a second time, or a result read back, not only that
 the program goes on. Coverage: edges of the code that the inputs reach. Left to itself, the command gives ten million
-runs to each target that takes less than 0.2 ms for one; the others, which put whole files through many passes or files
-in the place of others, get the share that stands in `LENTI` in the program, a fifth to a hundredth, or with `--interi` all
-of them. A row is the last run of its target, by whatever number of runs it was asked for.
+runs to each target; the slow ones, which put whole files through many passes or files in the place of others, get the
+share that stands in `LENTI` in the program, a fifth to a hundredth, or with `--interi` all of them. A row is the last
+run of its target, by whatever number of runs it was asked for.
 
 | target | runs | seconds | coverage | samples | crashes |
 |---|---|---|---|---|---|
